@@ -1,0 +1,9 @@
+# QUILLBOX_SANITIZE instruments every target below this folder.
+if(QUILLBOX_SANITIZE)
+    add_compile_options(-fsanitize=${QUILLBOX_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=${QUILLBOX_SANITIZE})
+    if(QUILLBOX_SANITIZE MATCHES "thread")
+        # The resolvers of target_clones run before ThreadSanitizer is ready and crash the program at start.
+        add_compile_definitions(QUILLBOX_NO_FUNCTION_MULTIVERSIONING)
+    endif()
+endif()

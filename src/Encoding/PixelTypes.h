@@ -1,0 +1,97 @@
+#pragma once
+
+#include "Encoding/Bytes.h"
+#include "Encoding/Precondition.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace quillbox {
+
+/// One opaque colour, 8 bits a channel. The key of colour histograms and the element of palettes.
+struct RGBColor {
+    std::uint8_t r = 0;
+    std::uint8_t g = 0;
+    std::uint8_t b = 0;
+
+    constexpr RGBColor() = default;
+    constexpr RGBColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue)
+        : r(red)
+        , g(green)
+        , b(blue)
+    {
+    }
+
+    /// Squared Euclidean distance in RGB, 0…195075; all channels weigh the same.
+    [[nodiscard]] constexpr std::int64_t distanceSquared(RGBColor to) const
+    {
+        const std::int64_t dr = std::int64_t {r} - to.r;
+        const std::int64_t dg = std::int64_t {g} - to.g;
+        const std::int64_t db = std::int64_t {b} - to.b;
+        return dr * dr + dg * dg + db * db;
+    }
+
+    friend constexpr bool operator==(const RGBColor&, const RGBColor&) = default;
+};
+
+/// One picture: `width` × `height` pixels of four bytes (red, green, blue, alpha), rows top-down, no row padding.
+/// A value: compared by content. The pixels are immutable and shared by all copies, so a copy costs a reference count.
+/// Alpha is carried but ignored by everything in Encoding. Thread: any.
+class RGBAFrame {
+public:
+    static constexpr std::int64_t bytesPerPixel = 4;
+
+    /// @param width, height  Pixels; zero is allowed.
+    /// @pre `pixels.size() == width * height * 4`, checked without overflow; a violation ends the process.
+    RGBAFrame(std::int64_t width, std::int64_t height, Bytes pixels);
+
+    [[nodiscard]] std::int64_t width() const { return m_width; }
+    [[nodiscard]] std::int64_t height() const { return m_height; }
+    [[nodiscard]] std::int64_t pixelCount() const { return m_width * m_height; }
+    [[nodiscard]] const Bytes& pixels() const { return *m_pixels; }
+
+    /// Whether both frames hold the same storage (and so are equal without a look at any pixel).
+    [[nodiscard]] bool sharesPixels(const RGBAFrame& other) const { return m_pixels == other.m_pixels; }
+
+    /// Calls `visit(RGBColor)` once a pixel, in storage order.
+    template <typename Visitor>
+    void forEachColor(Visitor&& visit) const
+    {
+        const Bytes& bytes = *m_pixels;
+        for (std::size_t offset = 0; offset + 3 < bytes.size(); offset += bytesPerPixel)
+            visit(RGBColor(bytes[offset], bytes[offset + 1], bytes[offset + 2]));
+    }
+
+    friend bool operator==(const RGBAFrame& a, const RGBAFrame& b);
+
+private:
+    std::int64_t m_width;
+    std::int64_t m_height;
+    std::shared_ptr<const Bytes> m_pixels;
+};
+
+/// A picture reduced to a palette, ready for `GIFEncoder`. Compared by content, delay included.
+struct IndexedFrame {
+    std::int64_t width = 0;  ///< pixels
+    std::int64_t height = 0; ///< pixels
+    std::vector<RGBColor> palette; ///< this frame's own colour table, at most 256 entries
+    Bytes indices; ///< one palette index a pixel, `width * height` of them, rows top-down
+    std::int64_t delayCentiseconds = 0; ///< display time in 1/100 s; the writer clamps it to 1…65535
+
+    friend bool operator==(const IndexedFrame&, const IndexedFrame&) = default;
+};
+
+} // namespace quillbox
+
+template <>
+struct std::hash<quillbox::RGBColor> {
+    std::size_t operator()(quillbox::RGBColor color) const noexcept
+    {
+        return std::hash<std::uint32_t> {}(
+            std::uint32_t {color.r} | std::uint32_t {color.g} << 8U | std::uint32_t {color.b} << 16U);
+    }
+};
