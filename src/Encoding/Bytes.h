@@ -9,22 +9,18 @@ namespace quillbox {
 
 /// Allocates like std::allocator but leaves elements that are made without a value uninitialised, so that a buffer
 /// which is about to be overwritten whole is not written twice.
-template <typename T>
-struct UninitializedAllocator : std::allocator<T> {
-    template <typename U>
-    struct rebind { // NOLINT(readability-identifier-naming): the name is the allocator protocol's
+template <typename T> struct UninitializedAllocator : std::allocator<T> {
+    template <typename U> struct rebind { // NOLINT(readability-identifier-naming): the name is the allocator protocol's
         using other = UninitializedAllocator<U>;
     };
 
     using std::allocator<T>::allocator;
 
-    template <typename U>
-    void construct(U* place) noexcept
+    template <typename U> void construct(U* place) noexcept
     {
         ::new (static_cast<void*>(place)) U; // default-initialised: no store for a byte
     }
-    template <typename U, typename... Arguments>
-    void construct(U* place, Arguments&&... arguments)
+    template <typename U, typename... Arguments> void construct(U* place, Arguments&&... arguments)
     {
         std::construct_at(place, std::forward<Arguments>(arguments)...);
     }

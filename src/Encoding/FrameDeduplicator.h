@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Encoding/Parallel.h"
 #include "Encoding/PixelTypes.h"
 
 #include <cstdint>
@@ -12,29 +11,28 @@ namespace quillbox {
 /// Merges runs of near-identical frames into one that is shown longer. Stateless; thread: any.
 namespace FrameDeduplicator {
 
-    struct Timed {
-        RGBAFrame frame;
-        std::int64_t delayCentiseconds = 0; ///< display time in 1/100 s
+struct Timed {
+    RGBAFrame frame;
+    std::int64_t delayCentiseconds = 0; ///< display time in 1/100 s
 
-        friend bool operator==(const Timed&, const Timed&) = default;
-    };
+    friend bool operator==(const Timed&, const Timed&) = default;
+};
 
-    /// The tolerance that all of Quillbox uses: a squared RGB distance, so 4 in one channel is a change.
-    inline constexpr std::int64_t defaultPerPixelTolerance = 12;
+/// The tolerance that all of Quillbox uses: a squared RGB distance, so 4 in one channel is a change.
+inline constexpr std::int64_t defaultPerPixelTolerance = 12;
 
-    /// Pixels of `a` whose squared RGB distance to the same pixel of `b` exceeds `perPixelTolerance`.
-    /// Frames that share their pixels cost nothing.  @pre same size.
-    [[nodiscard]] std::int64_t changedPixels(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPixelTolerance);
+/// Pixels of `a` whose squared RGB distance to the same pixel of `b` exceeds `perPixelTolerance`.
+/// Frames that share their pixels cost nothing.  @pre same size.
+[[nodiscard]] std::int64_t changedPixels(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPixelTolerance);
 
-    /// `changedPixels` as a share of all pixels, 0.0…1.0. Frames of different size, or without pixels, give 1.0.
-    [[nodiscard]] double fractionChanged(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPixelTolerance);
+/// `changedPixels` as a share of all pixels, 0.0…1.0. Frames of different size, or without pixels, give 1.0.
+[[nodiscard]] double fractionChanged(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPixelTolerance);
 
-    /// Drops each frame that differs from the last one kept in at most `changeThreshold` (0…1) of its pixels, and
-    /// lengthens that one's delay by `perFrameDelayCentiseconds`, to at most 65535. Kept frames share their pixels
-    /// with the input.
-    [[nodiscard]] std::vector<Timed> deduplicate(
-        std::span<const RGBAFrame> frames, std::int64_t perFrameDelayCentiseconds, double changeThreshold,
-        Parallelism parallelism = {});
+/// Drops each frame that differs from the last one kept in at most `changeThreshold` (0…1) of its pixels, and
+/// lengthens that one's delay by `perFrameDelayCentiseconds`, to at most 65535. Kept frames share their pixels
+/// with the input.
+[[nodiscard]] std::vector<Timed> deduplicate(
+    std::span<const RGBAFrame> frames, std::int64_t perFrameDelayCentiseconds, double changeThreshold);
 
 } // namespace FrameDeduplicator
 } // namespace quillbox

@@ -13,25 +13,25 @@ namespace quillbox {
 /// Shrinks pictures with a box filter; never enlarges. Stateless; thread: any.
 namespace FrameResampler {
 
-    struct Size {
-        std::int64_t width = 0;  ///< pixels
-        std::int64_t height = 0; ///< pixels
+struct Size {
+    std::int64_t width = 0;  ///< pixels
+    std::int64_t height = 0; ///< pixels
 
-        friend bool operator==(const Size&, const Size&) = default;
-    };
+    friend bool operator==(const Size&, const Size&) = default;
+};
 
-    /// `size` shrunk to `maxWidth`, the height following as (maxWidth ÷ width) × height in doubles, rounded, at least
-    /// 1. Unchanged when it is narrow enough already, or when `maxWidth` or the height is below 1.
-    [[nodiscard]] Size fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth);
+/// `size` shrunk to `maxWidth`, the height following as (maxWidth ÷ width) × height in doubles, rounded, at least
+/// 1. Unchanged when it is narrow enough already, or when `maxWidth` or the height is below 1.
+[[nodiscard]] Size fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth);
 
-    /// All frames, in order, each shrunk to the size fitted to the first one; one that is not larger than that is
-    /// passed on with its pixels shared.
-    [[nodiscard]] std::vector<RGBAFrame> cappedToWidth(
-        std::span<const RGBAFrame> frames, std::optional<std::int64_t> maxWidth, Parallelism parallelism = {});
+/// All frames, in order, each shrunk to the size fitted to the first one; one that is not larger than that is
+/// passed on with its pixels shared.
+[[nodiscard]] std::vector<RGBAFrame> cappedToWidth(
+    std::span<const RGBAFrame> frames, std::optional<std::int64_t> maxWidth, Parallelism parallelism = {});
 
-    /// Every pixel is the mean of its block of source pixels, truncated, alpha included.
-    /// @pre 1 ≤ size.width ≤ frame.width(), 1 ≤ size.height ≤ frame.height().
-    [[nodiscard]] RGBAFrame boxFiltered(const RGBAFrame& frame, Size size);
+/// Every pixel is the mean of its block of source pixels, truncated, alpha included.
+/// @pre 0 ≤ size.width ≤ frame.width(), 0 ≤ size.height ≤ frame.height().
+[[nodiscard]] RGBAFrame boxFiltered(const RGBAFrame& frame, Size size);
 
 } // namespace FrameResampler
 } // namespace quillbox

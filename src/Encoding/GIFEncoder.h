@@ -39,40 +39,40 @@ private:
 /// @see GIF89a, CompuServe 1990; the looping extension is Netscape's "NETSCAPE2.0".
 namespace GIFEncoder {
 
-    /// The largest width, height and delay that the format can carry.
-    inline constexpr std::int64_t maximumFieldValue = 65535;
+/// The largest width, height and delay that the format can carry.
+inline constexpr std::int64_t maximumFieldValue = 65535;
 
-    struct Options {
-        std::int64_t loopCount = 0; ///< repeats; 0 and below mean for ever. @pre at most 65535
-    };
+struct Options {
+    std::int64_t loopCount = 0; ///< repeats; 0 and below mean for ever. @pre at most 65535
+};
 
-    /// The whole file. No frames give no bytes.
-    /// @throws GIFEncodingError  a frame's width or height is outside 0…65535; nothing is returned.
-    /// @pre every index of a frame fits its padded colour table.
-    [[nodiscard]] Bytes encode(std::span<const IndexedFrame> frames, Options options = {});
+/// The whole file. No frames give no bytes.
+/// @throws GIFEncodingError  a frame's width or height is outside 0…65535; nothing is returned.
+/// @pre every index of a frame fits its padded colour table.
+[[nodiscard]] Bytes encode(std::span<const IndexedFrame> frames, Options options = {});
 
-    /// One frame's part of the file: control extension, image descriptor, colour table and compressed data.
-    /// `encode` is `fileOf` over these parts, which may be made in any order and on any thread.
-    /// @throws GIFEncodingError  as `encode`.
-    [[nodiscard]] Bytes encodeFrame(const IndexedFrame& frame);
+/// One frame's part of the file: control extension, image descriptor, colour table and compressed data.
+/// `encode` is `fileOf` over these parts, which may be made in any order and on any thread.
+/// @throws GIFEncodingError  as `encode`.
+[[nodiscard]] Bytes encodeFrame(const IndexedFrame& frame);
 
-    /// The file made of `frameParts`, which is not empty, on a screen of `width` × `height` pixels (0…65535 each).
-    [[nodiscard]] Bytes fileOf(std::span<const Bytes> frameParts, std::int64_t width, std::int64_t height, Options options);
+/// The file made of `frameParts`, which is not empty, on a screen of `width` × `height` pixels (0…65535 each).
+[[nodiscard]] Bytes fileOf(std::span<const Bytes> frameParts, std::int64_t width, std::int64_t height, Options options);
 
-    /// @throws GIFEncodingError  when a side is outside 0…65535.
-    void checkSize(std::int64_t width, std::int64_t height);
+/// @throws GIFEncodingError  when a side is outside 0…65535.
+void checkSize(std::int64_t width, std::int64_t height);
 
-    /// Bits of a colour table for `count` colours: 1…8, the smallest table that holds them, 8 above 256.
-    [[nodiscard]] int colorTableBits(std::int64_t count);
+/// Bits of a colour table for `count` colours: 1…8, the smallest table that holds them, 8 above 256.
+[[nodiscard]] int colorTableBits(std::int64_t count);
 
-    /// `palette` with exactly 2^`colorTableBits` entries: black is appended, a surplus is cut off.
-    [[nodiscard]] std::vector<RGBColor> padPalette(std::span<const RGBColor> palette);
+/// `palette` with exactly 2^`colorTableBits` entries: black is appended, a surplus is cut off.
+[[nodiscard]] std::vector<RGBColor> padPalette(std::span<const RGBColor> palette);
 
-    /// Appends the low byte, then the high byte.
-    void appendUInt16LE(Bytes& output, std::uint16_t value);
+/// Appends the low byte, then the high byte.
+void appendUInt16LE(Bytes& output, std::uint16_t value);
 
-    /// Appends `data` as sub-blocks of at most 255 bytes, each behind its length, and the zero terminator.
-    void appendAsSubBlocks(Bytes& output, std::span<const std::uint8_t> data);
+/// Appends `data` as sub-blocks of at most 255 bytes, each behind its length, and the zero terminator.
+void appendAsSubBlocks(Bytes& output, std::span<const std::uint8_t> data);
 
 } // namespace GIFEncoder
 } // namespace quillbox

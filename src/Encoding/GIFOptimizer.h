@@ -16,43 +16,43 @@ namespace quillbox {
 /// Pure: the same frames and configuration give the same bytes on any machine with any number of threads.
 namespace GIFOptimizer {
 
-    struct Config {
-        ExportPreset preset = ExportPreset::slack;
-        std::int64_t sourceFPS = 30; ///< rate of the frames handed in, frames per second
-        std::optional<bool> ditheringOverride {}; ///< always, never, or (none) decided for each palette
-    };
+struct Config {
+    ExportPreset preset = ExportPreset::slack;
+    std::int64_t sourceFPS = 30;             ///< rate of the frames handed in, frames per second
+    std::optional<bool> ditheringOverride{}; ///< always, never, or (none) decided for each palette
+};
 
-    struct Result {
-        Bytes data; ///< the complete file
-        std::int64_t byteCount = 0; ///< `data.size()`
-        std::int64_t frameCount = 0; ///< frames in the file
-        std::int64_t sourceFrameCount = 0; ///< frames handed in
-        std::int64_t colorCount = 0; ///< entries of the global palette
-        std::int64_t effectiveFPS = 0; ///< the rate chosen, frames per second
-        bool usedDithering = false;
-        double durationSeconds = 0; ///< sum of all delays
+struct Result {
+    Bytes data;                        ///< the complete file
+    std::int64_t byteCount = 0;        ///< `data.size()`
+    std::int64_t frameCount = 0;       ///< frames in the file
+    std::int64_t sourceFrameCount = 0; ///< frames handed in
+    std::int64_t colorCount = 0;       ///< entries of the global palette
+    std::int64_t effectiveFPS = 0;     ///< the rate chosen, frames per second
+    bool usedDithering = false;
+    double durationSeconds = 0; ///< sum of all delays
 
-        friend bool operator==(const Result&, const Result&) = default;
-    };
+    friend bool operator==(const Result&, const Result&) = default;
+};
 
-    /// How far `optimize` has come.
-    struct Progress {
-        std::int64_t attempt = 0; ///< 1 for the first palette size; 0 while frames are being measured
-        std::int64_t colors = 0; ///< palette size of this attempt
-        std::int64_t framesDone = 0;
-        std::int64_t frameCount = 0;
-    };
+/// How far `optimize` has come.
+struct Progress {
+    std::int64_t attempt = 0; ///< 1 for the first palette size; 0 while frames are being measured
+    std::int64_t colors = 0;  ///< palette size of this attempt
+    std::int64_t framesDone = 0;
+    std::int64_t frameCount = 0;
+};
 
-    /// How the work is carried out; nothing in it changes a byte of the result.
-    struct Execution {
-        Parallelism parallelism {};
-        std::function<void(const Progress&)> progress {}; ///< called now and then, by one thread at a time
-    };
+/// How the work is carried out; nothing in it changes a byte of the result.
+struct Execution {
+    Parallelism parallelism{};
+    std::function<void(const Progress&)> progress{}; ///< called now and then, by one thread at a time
+};
 
-    /// @param frames  Oldest first. @pre not empty; a violation ends the process.
-    /// @return The first attempt within the budget, or the smallest one (of equal ones the first) when none is.
-    /// @throws GIFEncodingError  a side of a frame exceeds 65535 pixels; found before any other work.
-    [[nodiscard]] Result optimize(std::span<const RGBAFrame> frames, const Config& config, const Execution& execution = {});
+/// @param frames  Oldest first. @pre not empty; a violation ends the process.
+/// @return The first attempt within the budget, or the smallest one (of equal ones the first) when none is.
+/// @throws GIFEncodingError  a side of a frame exceeds 65535 pixels; found before any other work.
+[[nodiscard]] Result optimize(std::span<const RGBAFrame> frames, const Config& config, const Execution& execution = {});
 
 } // namespace GIFOptimizer
 } // namespace quillbox

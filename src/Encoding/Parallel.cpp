@@ -11,8 +11,8 @@ namespace quillbox {
 
 int workerCount(Parallelism parallelism, std::int64_t count)
 {
-    const auto wanted = parallelism.threads > 0 ? std::int64_t {parallelism.threads}
-                                                : std::int64_t {std::thread::hardware_concurrency()};
+    const auto wanted = parallelism.threads > 0 ? std::int64_t{parallelism.threads}
+                                                : std::int64_t{std::thread::hardware_concurrency()};
     return static_cast<int>(std::clamp<std::int64_t>(std::min(wanted, count), 1, 256));
 }
 

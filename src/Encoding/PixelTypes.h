@@ -29,9 +29,9 @@ struct RGBColor {
     /// Squared Euclidean distance in RGB, 0…195075; all channels weigh the same.
     [[nodiscard]] constexpr std::int64_t distanceSquared(RGBColor to) const
     {
-        const std::int64_t dr = std::int64_t {r} - to.r;
-        const std::int64_t dg = std::int64_t {g} - to.g;
-        const std::int64_t db = std::int64_t {b} - to.b;
+        const std::int64_t dr = std::int64_t{r} - to.r;
+        const std::int64_t dg = std::int64_t{g} - to.g;
+        const std::int64_t db = std::int64_t{b} - to.b;
         return dr * dr + dg * dg + db * db;
     }
 
@@ -58,8 +58,7 @@ public:
     [[nodiscard]] bool sharesPixels(const RGBAFrame& other) const { return m_pixels == other.m_pixels; }
 
     /// Calls `visit(RGBColor)` once a pixel, in storage order.
-    template <typename Visitor>
-    void forEachColor(Visitor&& visit) const
+    template <typename Visitor> void forEachColor(Visitor&& visit) const
     {
         const Bytes& bytes = *m_pixels;
         for (std::size_t offset = 0; offset + 3 < bytes.size(); offset += bytesPerPixel)
@@ -76,10 +75,10 @@ private:
 
 /// A picture reduced to a palette, ready for `GIFEncoder`. Compared by content, delay included.
 struct IndexedFrame {
-    std::int64_t width = 0;  ///< pixels
-    std::int64_t height = 0; ///< pixels
-    std::vector<RGBColor> palette; ///< this frame's own colour table, at most 256 entries
-    Bytes indices; ///< one palette index a pixel, `width * height` of them, rows top-down
+    std::int64_t width = 0;             ///< pixels
+    std::int64_t height = 0;            ///< pixels
+    std::vector<RGBColor> palette;      ///< this frame's own colour table, at most 256 entries
+    Bytes indices;                      ///< one palette index a pixel, `width * height` of them, rows top-down
     std::int64_t delayCentiseconds = 0; ///< display time in 1/100 s; the writer clamps it to 1…65535
 
     friend bool operator==(const IndexedFrame&, const IndexedFrame&) = default;
@@ -87,11 +86,10 @@ struct IndexedFrame {
 
 } // namespace quillbox
 
-template <>
-struct std::hash<quillbox::RGBColor> {
+template <> struct std::hash<quillbox::RGBColor> {
     std::size_t operator()(quillbox::RGBColor color) const noexcept
     {
-        return std::hash<std::uint32_t> {}(
-            std::uint32_t {color.r} | std::uint32_t {color.g} << 8U | std::uint32_t {color.b} << 16U);
+        return std::hash<std::uint32_t>{}(
+            std::uint32_t{color.r} | std::uint32_t{color.g} << 8U | std::uint32_t{color.b} << 16U);
     }
 };

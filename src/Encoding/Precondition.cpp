@@ -5,10 +5,10 @@
 
 namespace quillbox {
 
-void brokenInvariant(std::string_view rule, std::source_location where)
+void brokenInvariant(std::string_view rule, SourceLine where)
 {
     (void)std::fprintf(stderr, "quillbox: broken invariant: %.*s (%s:%u)\n", static_cast<int>(rule.size()), rule.data(),
-        where.file_name(), static_cast<unsigned>(where.line())); // nothing is left to do if standard error is gone
+        where.file, where.line); // nothing is left to do if standard error is gone
     std::abort();
 }
 

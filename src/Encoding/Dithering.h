@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Encoding/PaletteMapper.h"
+#include "Encoding/PixelTypes.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace quillbox {
+
+/// Dithers the frames of a clip one after another through one table, as `PaletteMapper::mapDithered` does each on its
+/// own, and reuses what a frame has in common with the one before: a band of rows whose pixels and whose incoming
+/// errors are the same as last time has the same indices and the same outgoing errors.
+///
+/// One thread at a time; the table must outlive it. Holds one frame and its indices between calls.
+class Ditherer {
+public:
+    explicit Ditherer(const NearestColorLUT& lut);
+
+    /// The frame's palette indices, rows top-down. @pre the palette is not empty unless the frame is.
+    [[nodiscard]] Bytes indices(const RGBAFrame& frame);
+
+private:
+    /// Errors that a row receives from the one above, for each channel one value a pixel, in 1/1 of a channel level.
+    using ErrorRow = std::array<std::vector<std::int32_t>, 3>;
+
+    void ditherBands(const RGBAFrame& frame, Bytes& indices);
+
+    const NearestColorLUT* m_lut;
+    std::array<std::uint32_t, 256> m_packedPalette{}; ///< red in the low byte, then green, blue
+
+    std::optional<RGBAFrame> m_previous;
+    Bytes m_previousIndices;
+    std::vector<ErrorRow> m_incoming; ///< by band, of the previous frame
+    ErrorRow m_errors;                ///< into the band at hand
+};
+
+} // namespace quillbox

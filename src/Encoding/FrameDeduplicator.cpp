@@ -1,0 +1,93 @@
+#include "Encoding/FrameDeduplicator.h"
+
+#include "Encoding/Multiversion.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+namespace quillbox::FrameDeduplicator {
+namespace {
+
+constexpr std::int64_t largestDelay = 65535; // what a GIF frame can carry
+
+/// Changed pixels among `count` (at most 2^31 − 1).
+QUILLBOX_MULTIVERSION std::int64_t changedAmong(
+    const std::uint8_t* a, const std::uint8_t* b, std::int64_t count, std::int32_t tolerance)
+{
+    std::int32_t changed = 0;
+    for (std::int64_t i = 0; i < count; ++i) {
+        std::uint32_t pa = 0; // loaded whole: four single bytes would not vectorise as well
+        std::uint32_t pb = 0;
+        std::memcpy(&pa, a + 4 * i, sizeof pa);
+        std::memcpy(&pb, b + 4 * i, sizeof pb);
+        // Which byte is which channel doesn't matter, only that alpha (the last in memory) is left out.
+        const auto difference = [pa, pb](unsigned shift) {
+            return static_cast<std::int32_t>(pa >> shift & 255U) - static_cast<std::int32_t>(pb >> shift & 255U);
+        };
+        const std::int32_t dr = difference(0);
+        const std::int32_t dg = difference(8);
+        const std::int32_t db = difference(16);
+        changed += dr * dr + dg * dg + db * db > tolerance ? 1 : 0;
+    }
+    return changed;
+}
+static_assert(std::endian::native == std::endian::little, "alpha is the high byte of a loaded pixel");
+
+constexpr std::int64_t blockPixels = 1024;
+
+/// Changed pixels between two runs of `count` pixels. Equal blocks, the usual case, cost one comparison of memory.
+std::int64_t changedIn(const std::uint8_t* a, const std::uint8_t* b, std::int64_t count, std::int64_t tolerance)
+{
+    constexpr std::int64_t largestDistance = 3 * 255 * 255;
+    if (tolerance < 0)
+        return count; // a distance of zero is above it already
+    const auto limit = static_cast<std::int32_t>(std::min(tolerance, largestDistance));
+    std::int64_t changed = 0;
+    for (std::int64_t done = 0; done < count; done += blockPixels) {
+        const std::int64_t block = std::min(blockPixels, count - done);
+        const std::uint8_t* left = a + 4 * done;
+        const std::uint8_t* right = b + 4 * done;
+        if (std::memcmp(left, right, static_cast<std::size_t>(4 * block)) != 0)
+            changed += changedAmong(left, right, block, limit);
+    }
+    return changed;
+}
+
+} // namespace
+
+std::int64_t changedPixels(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPixelTolerance)
+{
+    precondition(a.width() == b.width() && a.height() == b.height(), "only frames of one size are compared by pixel");
+    if (a.sharesPixels(b) && perPixelTolerance >= 0)
+        return 0;
+    return changedIn(a.pixels().data(), b.pixels().data(), a.pixelCount(), perPixelTolerance);
+}
+
+double fractionChanged(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPixelTolerance)
+{
+    if (a.width() != b.width() || a.height() != b.height() || a.pixelCount() < 1)
+        return 1.0;
+    return static_cast<double>(changedPixels(a, b, perPixelTolerance)) / static_cast<double>(a.pixelCount());
+}
+
+std::vector<Timed> deduplicate(
+    std::span<const RGBAFrame> frames, std::int64_t perFrameDelayCentiseconds, double changeThreshold)
+{
+    std::vector<Timed> kept;
+    for (const RGBAFrame& frame : frames) {
+        const bool isRepeat
+            = !kept.empty() && fractionChanged(kept.back().frame, frame, defaultPerPixelTolerance) <= changeThreshold;
+        if (!isRepeat) {
+            kept.push_back({frame, perFrameDelayCentiseconds});
+            continue;
+        }
+        std::int64_t& delay = kept.back().delayCentiseconds;
+        if (__builtin_add_overflow(delay, perFrameDelayCentiseconds, &delay))
+            delay = largestDelay;
+        delay = std::min(delay, largestDelay);
+    }
+    return kept;
+}
+
+} // namespace quillbox::FrameDeduplicator

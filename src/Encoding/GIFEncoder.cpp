@@ -1,0 +1,171 @@
+#include "Encoding/GIFEncoder.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace quillbox {
+
+GIFEncodingError::GIFEncodingError(DimensionTooLarge size)
+    : m_size(size)
+    , m_message("a frame of " + std::to_string(size.width) + "×" + std::to_string(size.height)
+          + " pixels is too large for a GIF, whose sides have at most 65535")
+{
+}
+
+namespace GIFEncoder {
+namespace {
+
+constexpr std::uint8_t extensionIntroducer = 0x21;
+constexpr std::uint8_t blockTerminator = 0x00;
+constexpr std::int64_t largestSubBlock = 255;
+
+void append(Bytes& output, std::initializer_list<std::uint8_t> bytes)
+{
+    output.insert(output.end(), bytes);
+}
+
+void append(Bytes& output, std::string_view text)
+{
+    output.insert(output.end(), text.begin(), text.end());
+}
+
+bool fitsField(std::int64_t value)
+{
+    return value >= 0 && value <= maximumFieldValue;
+}
+
+/// GIF89a, sections 17 and 18.
+void appendHeaderAndScreen(Bytes& output, std::int64_t width, std::int64_t height)
+{
+    append(output, "GIF89a");
+    appendUInt16LE(output, static_cast<std::uint16_t>(width));
+    appendUInt16LE(output, static_cast<std::uint16_t>(height));
+    append(output,
+        {
+            0x70, // no global colour table, 8 bits per primary
+            0,    // background colour index
+            0,    // pixel aspect ratio: square
+        });
+}
+
+/// The application extension by which Netscape Navigator 2.0 introduced repetition.
+void appendLooping(Bytes& output, Options options)
+{
+    const std::int64_t repeats = std::max<std::int64_t>(options.loopCount, 0);
+    precondition(repeats <= maximumFieldValue, "a loop count fits 16 bits");
+    append(output, {extensionIntroducer, 0xFF, 11});
+    append(output, "NETSCAPE2.0");
+    append(output, {3, 1});
+    appendUInt16LE(output, static_cast<std::uint16_t>(repeats));
+    append(output, {blockTerminator});
+}
+
+/// GIF89a, section 23: disposal 1 (leave in place), no transparency.
+void appendGraphicControl(Bytes& output, std::int64_t delayCentiseconds)
+{
+    append(output, {extensionIntroducer, 0xF9, 4, 0x04});
+    appendUInt16LE(
+        output, static_cast<std::uint16_t>(std::clamp<std::int64_t>(delayCentiseconds, 1, maximumFieldValue)));
+    append(output, {0, blockTerminator});
+}
+
+/// GIF89a, section 20.
+void appendImageDescriptor(Bytes& output, const IndexedFrame& frame, int tableBits)
+{
+    append(output, {',', 0, 0, 0, 0}); // at the top left corner
+    appendUInt16LE(output, static_cast<std::uint16_t>(frame.width));
+    appendUInt16LE(output, static_cast<std::uint16_t>(frame.height));
+    append(output, {static_cast<std::uint8_t>(0x80 | (tableBits - 1))}); // local colour table, not interlaced
+}
+
+} // namespace
+
+void checkSize(std::int64_t width, std::int64_t height)
+{
+    if (!fitsField(width) || !fitsField(height))
+        throw GIFEncodingError(GIFEncodingError::DimensionTooLarge{width, height});
+}
+
+int colorTableBits(std::int64_t count)
+{
+    int bits = 1;
+    while (bits < 8 && count > std::int64_t{1} << bits)
+        ++bits;
+    return bits;
+}
+
+std::vector<RGBColor> padPalette(std::span<const RGBColor> palette)
+{
+    std::vector<RGBColor> table(palette.begin(), palette.end());
+    table.resize(std::size_t{1} << colorTableBits(std::ssize(palette)));
+    return table;
+}
+
+void appendUInt16LE(Bytes& output, std::uint16_t value)
+{
+    output.push_back(static_cast<std::uint8_t>(value & 0xFFU));
+    output.push_back(static_cast<std::uint8_t>(value >> 8U));
+}
+
+void appendAsSubBlocks(Bytes& output, std::span<const std::uint8_t> data)
+{
+    const std::size_t blocks = (data.size() + largestSubBlock - 1) / largestSubBlock;
+    output.reserve(output.size() + data.size() + blocks + 1);
+    while (!data.empty()) {
+        const auto block = data.first(std::min<std::size_t>(data.size(), largestSubBlock));
+        output.push_back(static_cast<std::uint8_t>(block.size()));
+        output.insert(output.end(), block.begin(), block.end());
+        data = data.subspan(block.size());
+    }
+    output.push_back(blockTerminator);
+}
+
+Bytes encodeFrame(const IndexedFrame& frame)
+{
+    checkSize(frame.width, frame.height);
+    const int tableBits = colorTableBits(std::ssize(frame.palette));
+    const int minCodeSize = std::max(tableBits, 2); // LZW has no literals of one bit
+
+    Bytes part;
+    appendGraphicControl(part, frame.delayCentiseconds);
+    appendImageDescriptor(part, frame, tableBits);
+    for (const RGBColor color : padPalette(frame.palette))
+        append(part, {color.r, color.g, color.b});
+    append(part, {static_cast<std::uint8_t>(minCodeSize)});
+    appendAsSubBlocks(part, LZW::encode(frame.indices, minCodeSize));
+    return part;
+}
+
+Bytes fileOf(std::span<const Bytes> frameParts, std::int64_t width, std::int64_t height, Options options)
+{
+    Bytes file;
+    std::size_t size = 64; // header, screen, looping extension and trailer
+    for (const Bytes& part : frameParts)
+        size += part.size();
+    file.reserve(size);
+
+    appendHeaderAndScreen(file, width, height);
+    appendLooping(file, options);
+    for (const Bytes& part : frameParts)
+        file.insert(file.end(), part.begin(), part.end());
+    append(file, {0x3B}); // trailer
+    return file;
+}
+
+Bytes encode(std::span<const IndexedFrame> frames, Options options)
+{
+    if (frames.empty())
+        return {};
+    for (const IndexedFrame& frame : frames)
+        checkSize(frame.width, frame.height);
+
+    std::vector<Bytes> parts;
+    parts.reserve(frames.size());
+    for (const IndexedFrame& frame : frames)
+        parts.push_back(encodeFrame(frame));
+    return fileOf(parts, frames.front().width, frames.front().height, options);
+}
+
+} // namespace GIFEncoder
+} // namespace quillbox
