@@ -3,7 +3,10 @@
 #include "Encoding/Multiversion.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
+#include <type_traits>
+#include <utility>
 
 // Error diffusion is serial: a pixel needs the error of its left neighbour and of three pixels above. But row y + 1 may
 // follow two pixels behind row y, so a band of rows is worked on at once, one vector lane a row, each lane two pixels
@@ -16,178 +19,333 @@
 // last lane writes a row of errors, for the first lane of the next band.
 //
 // Range: the shares of one pixel add up to at most its error, so a row's largest value V(y) obeys
-// V(y) ≤ 255 + 7/16 V(y) + 9/16 V(y−1), hence V(y) ≤ V(y−1) + 454; after 65,535 rows that is below 3·10^7, and seven
-// times that still fits 32 bits. Taller frames are refused.
+// V(y) ≤ 255 + 7/16 V(y) + 9/16 V(y−1), hence V(y) ≤ V(y−1) + 454. Within `largestHeight` rows seven times that fits
+// 32 bits. It is only that large when the palette lies far from the picture; as a rule an error stays within a few
+// hundred, so a band is first tried with 16-bit lanes, which refuse errors above `largestNarrowError`.
 
 namespace quillbox {
 namespace {
 
 constexpr std::int64_t largestHeight = 500'000;
-static_assert(largestHeight * 454 * 8 < std::int64_t{1} << 31U, "eight times the largest error fits 32 bits");
+static_assert((largestHeight * 454 + 255) * 8 < std::int64_t{1} << 31U, "eight times the largest error fits 32 bits");
+constexpr std::int16_t largestNarrowError = 4000;
+static_assert(largestNarrowError * 8 < 1 << 15, "eight times the largest error fits 16 bits");
 
-constexpr int lanesPerVector = 8;
-constexpr int vectorsPerBand = 2; // two independent chains hide each other's latency
-constexpr int bandRows = lanesPerVector * vectorsPerBand;
-constexpr int lag = 2;                     // pixels by which a row trails the one above
-constexpr int skew = lag * (bandRows - 1); // pixels by which the last row of a band trails the first
+constexpr int vectorBytes = 32;
+constexpr int vectorsAtOnce = 2; // two independent chains hide each other's latency
+constexpr int lag = 2;           // pixels by which a row trails the one above
 constexpr int stepsAtOnce = 8;
 
-using Lanes = std::int32_t __attribute__((vector_size(lanesPerVector * sizeof(std::int32_t))));
-using Band = std::array<Lanes, vectorsPerBand>;
+/// How many rows are worked on at once when a lane holds a `Lane`.
+template <typename Lane> constexpr int rowsAtOnce = vectorBytes / static_cast<int>(sizeof(Lane)) * vectorsAtOnce;
 
-/// One picture's rows of a band, and where the indices go.
-struct BandTask {
+constexpr int bandRows = rowsAtOnce<std::int16_t>; // the unit of reuse
+
+template <typename Lane> struct VectorOf {
+    using Type __attribute__((vector_size(vectorBytes))) = Lane;
+};
+template <typename Lane> using Lanes = typename VectorOf<Lane>::Type;
+
+/// One value a row.
+template <typename Lane> using Band = std::array<Lanes<Lane>, vectorsAtOnce>;
+
+/// Some consecutive rows of a picture, and where their indices go.
+struct RowsTask {
     const std::uint8_t* pixels;          ///< first row, RGBA
     std::uint8_t* indices;               ///< first row
     std::int64_t width;                  ///< pixels
-    int rows;                            ///< 1…bandRows
+    int rows;                            ///< 1…rowsAtOnce
     std::array<std::int32_t*, 3> errors; ///< one row of each channel: read as incoming, overwritten as outgoing
-    const std::uint8_t* table;           ///< nearest palette index by 15-bit key
-    const std::uint32_t* palette;        ///< packed colours
+    const std::uint32_t* nearest;        ///< by 15-bit key: red in the low byte, green, blue, and the palette index
 };
 
 /// The values of one channel that travel along the rows.
-struct ChannelState {
-    Band right{};      ///< share for the pixel at hand, from its left neighbour
-    Band below{};      ///< what the pixel below the last one has received so far
-    Band belowRight{}; ///< what the pixel below the one at hand has received so far
-    Band complete{};   ///< what the pixel below the last but one received in all
+template <typename Lane> struct ChannelState {
+    Band<Lane> right{};      ///< share for the pixel at hand, from its left neighbour
+    Band<Lane> below{};      ///< what the pixel below the last one has received so far
+    Band<Lane> belowRight{}; ///< what the pixel below the one at hand has received so far
+    Band<Lane> complete{};   ///< what the pixel below the last but one received in all
 };
 
-[[gnu::always_inline]] inline Lanes splat(std::int32_t value)
+template <typename Lane> [[gnu::always_inline]] inline Lanes<Lane> splat(Lane value)
 {
-    return Lanes{} + value;
+    return Lanes<Lane>{} + value;
 }
 
-[[gnu::always_inline]] inline Lanes clampToByte(Lanes value)
+template <typename Lane> [[gnu::always_inline]] inline Lanes<Lane> clamped(Lanes<Lane> value, Lane lowest, Lane highest)
 {
-    value = value > 0 ? value : Lanes{};
-    return value < 255 ? value : splat(255);
+    value = value > lowest ? value : splat<Lane>(lowest);
+    return value < highest ? value : splat<Lane>(highest);
 }
 
 /// Moves each lane's value to the lane below it; the first lane gets `incoming`.
-[[gnu::always_inline]] inline Band handedDown(const Band& band, std::int32_t incoming)
+[[gnu::always_inline]] inline Band<std::int32_t> handedDown(const Band<std::int32_t>& band, std::int32_t incoming)
 {
-    const Lanes first = splat(incoming);
+    const auto first = splat(incoming);
     return {__builtin_shufflevector(band[0], first, 8, 0, 1, 2, 3, 4, 5, 6),
         __builtin_shufflevector(band[0], band[1], 7, 8, 9, 10, 11, 12, 13, 14)};
 }
+[[gnu::always_inline]] inline Band<std::int16_t> handedDown(const Band<std::int16_t>& band, std::int32_t incoming)
+{
+    const auto first = splat(static_cast<std::int16_t>(incoming));
+    return {__builtin_shufflevector(band[0], first, 16, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14),
+        __builtin_shufflevector(band[0], band[1], 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30)};
+}
+
+/// Red, green and blue of one packed colour a lane.
+[[gnu::always_inline]] inline std::array<Lanes<std::int32_t>, 3> unpacked(
+    const std::uint32_t* colors, std::int32_t /*lane*/)
+{
+    Lanes<std::int32_t> color;
+    std::memcpy(&color, colors, sizeof color);
+    return {color & 255, (color >> 8) & 255, (color >> 16) & 255};
+}
+[[gnu::always_inline]] inline std::array<Lanes<std::int16_t>, 3> unpacked(
+    const std::uint32_t* colors, std::int16_t /*lane*/)
+{
+    Lanes<std::int16_t> first;
+    Lanes<std::int16_t> second;
+    std::memcpy(&first, colors, sizeof first);
+    std::memcpy(&second, colors + 8, sizeof second);
+    const auto redGreen
+        = __builtin_shufflevector(first, second, 0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
+    const auto blue = __builtin_shufflevector(first, second, 1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21, 23, 25, 27, 29, 31);
+    return {redGreen & 255, (redGreen >> 8) & 255, blue & 255};
+}
 
 /// Splits the errors of the pixels at hand among their neighbours, each share truncated toward zero.
-[[gnu::always_inline]] inline void spread(ChannelState& state, int vector, Lanes error)
+template <typename Lane>
+[[gnu::always_inline]] inline void spread(ChannelState<Lane>& state, std::size_t vector, Lanes<Lane> error)
 {
-    const Lanes doubled = error + error;
-    const Lanes quadrupled = doubled + doubled;
+    const Lanes<Lane> doubled = error + error;
+    const Lanes<Lane> quadrupled = doubled + doubled;
     // (x + 15) >> 4 for a negative x, x >> 4 otherwise: all shares have the error's sign
-    const Lanes rounded = error + ((error >> 31) & 15);
-    const auto v = static_cast<std::size_t>(vector);
-    state.right[v] = (quadrupled + doubled + rounded) >> 4;
-    state.complete[v] = state.below[v] + ((doubled + rounded) >> 4);
-    state.below[v] = state.belowRight[v] + ((quadrupled + rounded) >> 4);
-    state.belowRight[v] = rounded >> 4;
+    const Lanes<Lane> rounded = error + ((error >> (8 * sizeof(Lane) - 1)) & 15);
+    state.right[vector] = (quadrupled + doubled + rounded) >> 4;
+    state.complete[vector] = state.below[vector] + ((doubled + rounded) >> 4);
+    state.below[vector] = state.belowRight[vector] + ((quadrupled + rounded) >> 4);
+    state.belowRight[vector] = rounded >> 4;
 }
 
-/// Gathers the pixels that the lanes visit in `stepsAtOnce` steps from `firstStep` on; zero outside the rows.
-[[gnu::always_inline]] inline void loadPixels(
-    const BandTask& task, std::int64_t firstStep, std::uint32_t (&pixels)[stepsAtOnce][bandRows])
+/// For each of `stepsAtOnce` steps one packed colour a row.
+template <typename Lane>
+using ColorBlock = std::array<std::array<std::uint32_t, std::size_t{rowsAtOnce<Lane>}>, stepsAtOnce>;
+
+using Colors = std::uint32_t __attribute__((vector_size(vectorBytes)));
+static_assert(sizeof(Colors) == stepsAtOnce * sizeof(std::uint32_t), "a vector holds one row's block of colours");
+
+/// Swaps the rows and columns of an 8 × 8 square.
+[[gnu::always_inline]] inline void transpose(std::array<Colors, 8>& square)
 {
-    for (int row = 0; row < bandRows; ++row) {
-        const std::int64_t x = firstStep - lag * row;
-        const std::int64_t rowStart = row * task.width;
-        if (row < task.rows && x >= 0 && x + stepsAtOnce <= task.width) {
-            for (int step = 0; step < stepsAtOnce; ++step)
-                std::memcpy(&pixels[step][row], task.pixels + 4 * (rowStart + x + step), sizeof(std::uint32_t));
-            continue;
+    std::array<Colors, 8> pairs;
+    for (std::size_t i = 0; i < 8; i += 2) {
+        pairs[i] = __builtin_shufflevector(square[i], square[i + 1], 0, 8, 1, 9, 4, 12, 5, 13);
+        pairs[i + 1] = __builtin_shufflevector(square[i], square[i + 1], 2, 10, 3, 11, 6, 14, 7, 15);
+    }
+    std::array<Colors, 8> fours;
+    for (std::size_t i = 0; i < 8; i += 4) {
+        for (std::size_t k = 0; k < 2; ++k) {
+            fours[i + 2 * k] = __builtin_shufflevector(pairs[i + k], pairs[i + k + 2], 0, 1, 8, 9, 4, 5, 12, 13);
+            fours[i + 2 * k + 1] = __builtin_shufflevector(pairs[i + k], pairs[i + k + 2], 2, 3, 10, 11, 6, 7, 14, 15);
         }
-        for (int step = 0; step < stepsAtOnce; ++step) {
+    }
+    for (std::size_t i = 0; i < 4; ++i) {
+        square[i] = __builtin_shufflevector(fours[i], fours[i + 4], 0, 1, 2, 3, 8, 9, 10, 11);
+        square[i + 4] = __builtin_shufflevector(fours[i], fours[i + 4], 4, 5, 6, 7, 12, 13, 14, 15);
+    }
+}
+
+/// Whether all rows of a full band visit pixels of theirs in all of the steps from `firstStep` on.
+template <typename Lane> [[gnu::always_inline]] inline bool allInside(const RowsTask& task, std::int64_t firstStep)
+{
+    return task.rows == rowsAtOnce<Lane> && firstStep >= lag * (rowsAtOnce<Lane> - 1)
+        && firstStep + stepsAtOnce <= task.width;
+}
+
+/// Gathers the pixels that the rows visit from `firstStep` on; zero outside the rows.
+template <typename Lane>
+[[gnu::always_inline]] inline void loadPixels(const RowsTask& task, std::int64_t firstStep, ColorBlock<Lane>& pixels)
+{
+    const std::int64_t rowBytes = 4 * task.width;
+    if (allInside<Lane>(task, firstStep)) {
+        const std::uint8_t* source = task.pixels + 4 * firstStep;
+        for (std::size_t row = 0; row < rowsAtOnce<Lane>; row += 8) {
+            std::array<Colors, 8> square;
+            for (Colors& colors : square) {
+                std::memcpy(&colors, source, sizeof colors);
+                source += rowBytes - 4 * lag;
+            }
+            transpose(square);
+            for (std::size_t step = 0; step < stepsAtOnce; ++step)
+                std::memcpy(&pixels[step][row], &square[step], sizeof square[step]);
+        }
+        return;
+    }
+    for (std::size_t row = 0; row < rowsAtOnce<Lane>; ++row) {
+        for (std::size_t step = 0; step < stepsAtOnce; ++step) {
+            const std::int64_t x = firstStep + static_cast<std::int64_t>(step) - lag * static_cast<std::int64_t>(row);
             pixels[step][row] = 0;
-            if (row < task.rows && x + step >= 0 && x + step < task.width)
-                std::memcpy(&pixels[step][row], task.pixels + 4 * (rowStart + x + step), sizeof(std::uint32_t));
+            if (std::cmp_less(row, task.rows) && x >= 0 && x < task.width)
+                std::memcpy(&pixels[step][row], task.pixels + static_cast<std::int64_t>(row) * rowBytes + 4 * x, 4);
         }
     }
 }
 
-[[gnu::always_inline]] inline void storeIndices(
-    const BandTask& task, std::int64_t firstStep, const std::uint8_t (&indices)[stepsAtOnce][bandRows])
+/// `storeIndices` for a block inside a full band of 32 rows: bytes are regrouped in registers, eight steps of a row
+/// become one store.
+[[gnu::always_inline]] inline void storeWholeBlock(
+    const RowsTask& task, std::int64_t firstStep, const ColorBlock<std::int16_t>& chosen)
 {
-    for (int row = 0; row < task.rows; ++row) {
-        const std::int64_t x = firstStep - lag * row;
-        const std::int64_t rowStart = row * task.width;
-        const auto begin = static_cast<int>(std::clamp<std::int64_t>(-x, 0, stepsAtOnce));
-        const auto end = static_cast<int>(std::clamp<std::int64_t>(task.width - x, 0, stepsAtOnce));
-        for (int step = begin; step < end; ++step)
-            task.indices[rowStart + x + step] = indices[step][row];
+    // One byte a row: row r in the low byte of lane r, then rows r + 8, r + 16, r + 24.
+    std::array<Colors, 8> square;
+    for (std::size_t step = 0; step < stepsAtOnce; ++step) {
+        std::array<Colors, 4> group;
+        std::memcpy(&group, &chosen[step], sizeof group);
+        square[step] = group[0] >> 24U | (group[1] >> 24U) << 8U | (group[2] >> 24U) << 16U | group[3] >> 24U << 24U;
+    }
+    transpose(square); // now a vector holds eight steps of four rows
+    for (std::size_t row = 0; row < 8; ++row) {
+        using Indices = std::uint8_t __attribute__((vector_size(vectorBytes)));
+        const auto bytes = std::bit_cast<Indices>(square[row]);
+        const auto fours = std::bit_cast<Colors>(__builtin_shufflevector(bytes, bytes, 0, 4, 8, 12, 1, 5, 9, 13, 2, 6,
+            10, 14, 3, 7, 11, 15, 16, 20, 24, 28, 17, 21, 25, 29, 18, 22, 26, 30, 19, 23, 27, 31));
+        const auto eights = std::bit_cast<std::array<std::uint64_t, 4>>(
+            __builtin_shufflevector(fours, fours, 0, 4, 1, 5, 2, 6, 3, 7));
+        for (std::size_t group = 0; group < 4; ++group) {
+            const auto y = static_cast<std::int64_t>(row + 8 * group);
+            std::memcpy(task.indices + y * task.width + firstStep - lag * y, &eights[group], stepsAtOnce);
+        }
     }
 }
 
-QUILLBOX_MULTIVERSION void ditherBand(const BandTask& task)
+/// Writes the indices of the colours that were chosen for the pixels of `loadPixels`.
+template <typename Lane>
+[[gnu::always_inline]] inline void storeIndices(
+    const RowsTask& task, std::int64_t firstStep, const ColorBlock<Lane>& chosen)
 {
-    std::array<ChannelState, 3> state{};
-    const Lanes laneNumber{0, 1, 2, 3, 4, 5, 6, 7};
+    if constexpr (rowsAtOnce<Lane> == 32) {
+        if (allInside<Lane>(task, firstStep))
+            return storeWholeBlock(task, firstStep, chosen);
+    }
+    for (int row = 0; row < task.rows; ++row) {
+        for (std::size_t step = 0; step < stepsAtOnce; ++step) {
+            const std::int64_t x = firstStep + static_cast<std::int64_t>(step) - lag * row;
+            if (x >= 0 && x < task.width)
+                task.indices[row * task.width + x]
+                    = static_cast<std::uint8_t>(chosen[step][static_cast<std::size_t>(row)] >> 24U);
+        }
+    }
+}
+
+/// All ones in the lanes whose row is at one of its pixels at step `t`.
+template <typename Lane>
+[[gnu::always_inline]] inline Lanes<Lane> insideMask(const RowsTask& task, std::int64_t t, std::size_t vector)
+{
+    Lanes<Lane> mask{};
+    constexpr int lanes = rowsAtOnce<Lane> / vectorsAtOnce;
+    for (int lane = 0; lane < lanes; ++lane) {
+        const int row = static_cast<int>(vector) * lanes + lane;
+        const std::int64_t x = t - lag * row;
+        mask[lane] = row < task.rows && x >= 0 && x < task.width ? -1 : 0;
+    }
+    return mask;
+}
+
+/// @return whether all errors stayed in the range of `Lane`; if not, the output is worthless.
+template <typename Lane> [[gnu::always_inline]] inline bool ditherRows(const RowsTask& task)
+{
+    constexpr bool isNarrow = std::is_same_v<Lane, std::int16_t>;
+    constexpr int rows = rowsAtOnce<Lane>;
+    constexpr std::size_t lanes = rows / vectorsAtOnce;
+    constexpr std::int64_t skew = lag * (rows - 1); // pixels by which the last row trails the first
+
+    std::array<ChannelState<Lane>, 3> state{};
+    Lanes<Lane> outOfRange{};
     const std::int64_t steps = task.width + skew + 1; // one more: the last share of the last row's last pixel
     for (std::int64_t firstStep = 0; firstStep < steps; firstStep += stepsAtOnce) {
-        alignas(64) std::uint32_t pixels[stepsAtOnce][bandRows];
-        alignas(64) std::uint8_t indices[stepsAtOnce][bandRows];
-        loadPixels(task, firstStep, pixels);
-        // Outside its row a lane must not spread anything; inside the picture no lane is.
-        const bool allInside = task.rows == bandRows && firstStep >= skew && firstStep + stepsAtOnce <= task.width;
+        alignas(64) ColorBlock<Lane> pixels;
+        alignas(64) ColorBlock<Lane> chosen;
+        loadPixels<Lane>(task, firstStep, pixels);
+        const bool isInside = allInside<Lane>(task, firstStep);
 
-        for (int step = 0; step < stepsAtOnce; ++step) {
-            const std::int64_t t = firstStep + step;
-            std::array<Band, 3> value;
+        for (std::size_t step = 0; step < stepsAtOnce; ++step) {
+            const std::int64_t t = firstStep + static_cast<std::int64_t>(step);
+            std::array<Band<Lane>, 3> value;
             for (std::size_t channel = 0; channel < 3; ++channel)
                 value[channel] = handedDown(state[channel].complete, t < task.width ? task.errors[channel][t] : 0);
 
-            alignas(32) std::int32_t keys[bandRows];
-            alignas(32) std::uint32_t chosen[bandRows];
-            for (std::size_t v = 0; v < vectorsPerBand; ++v) {
-                Lanes pixel;
-                std::memcpy(&pixel, &pixels[step][v * lanesPerVector], sizeof pixel);
-                value[0][v] += state[0].right[v] + (pixel & 255);
-                value[1][v] += state[1].right[v] + ((pixel >> 8) & 255);
-                value[2][v] += state[2].right[v] + ((pixel >> 16) & 255);
-                const Lanes key = (clampToByte(value[0][v]) & 0xF8) << 7 | (clampToByte(value[1][v]) & 0xF8) << 2
-                    | clampToByte(value[2][v]) >> 3;
-                std::memcpy(&keys[v * lanesPerVector], &key, sizeof key);
+            alignas(vectorBytes) std::array<std::make_unsigned_t<Lane>, std::size_t{rows}> keys;
+            for (std::size_t v = 0; v < vectorsAtOnce; ++v) {
+                const auto pixel = unpacked(&pixels[step][v * lanes], Lane{});
+                for (std::size_t channel = 0; channel < 3; ++channel)
+                    value[channel][v] += state[channel].right[v] + pixel[channel];
+                const Lanes<Lane> key = (clamped<Lane>(value[0][v], 0, 255) & 0xF8) << 7
+                    | (clamped<Lane>(value[1][v], 0, 255) & 0xF8) << 2 | clamped<Lane>(value[2][v], 0, 255) >> 3;
+                std::memcpy(&keys[v * lanes], &key, sizeof key);
             }
-            for (int lane = 0; lane < bandRows; ++lane) {
-                const std::uint8_t index = task.table[keys[lane]];
-                indices[step][lane] = index;
-                chosen[lane] = task.palette[index];
-            }
-            for (std::size_t v = 0; v < vectorsPerBand; ++v) {
-                Lanes color;
-                std::memcpy(&color, &chosen[v * lanesPerVector], sizeof color);
-                Lanes inside = splat(-1);
-                if (!allInside) {
-                    const Lanes row = laneNumber + static_cast<std::int32_t>(v) * lanesPerVector;
-                    const Lanes x = splat(static_cast<std::int32_t>(t)) - row * lag;
-                    inside = (x >= 0) & (x < splat(static_cast<std::int32_t>(task.width))) & (row < task.rows);
-                }
+            for (std::size_t row = 0; row < rows; ++row)
+                chosen[step][row] = task.nearest[keys[row]];
+            for (std::size_t v = 0; v < vectorsAtOnce; ++v) {
+                const auto color = unpacked(&chosen[step][v * lanes], Lane{});
                 for (std::size_t channel = 0; channel < 3; ++channel) {
-                    const Lanes level = (color >> static_cast<int>(8 * channel)) & 255;
-                    spread(state[channel], static_cast<int>(v), (value[channel][v] - level) & inside);
+                    Lanes<Lane> error = value[channel][v] - color[channel];
+                    if (!isInside) // a row spreads nothing while it is outside the picture
+                        error &= insideMask<Lane>(task, t, v);
+                    if constexpr (isNarrow) {
+                        const auto bounded = clamped<Lane>(error, -largestNarrowError, largestNarrowError);
+                        outOfRange |= bounded ^ error;
+                        error = bounded;
+                    }
+                    spread(state[channel], v, error);
                 }
             }
-            // The last lane trails the first, so the incoming value was read long before it is overwritten.
+            // The last row trails the first, so the incoming value was read long before it is overwritten.
             const std::int64_t finished = t - skew - 1;
             if (finished >= 0 && finished < task.width) {
                 for (std::size_t channel = 0; channel < 3; ++channel)
-                    task.errors[channel][finished] = state[channel].complete[vectorsPerBand - 1][lanesPerVector - 1];
+                    task.errors[channel][finished] = state[channel].complete[vectorsAtOnce - 1][lanes - 1];
             }
         }
-        storeIndices(task, firstStep, indices);
+        storeIndices<Lane>(task, firstStep, chosen);
     }
+    bool inRange = true;
+    for (std::size_t lane = 0; lane < lanes; ++lane)
+        inRange = inRange && outOfRange[lane] == 0;
+    return inRange;
+}
+
+QUILLBOX_MULTIVERSION bool ditherNarrow(const RowsTask& task)
+{
+    return ditherRows<std::int16_t>(task);
+}
+QUILLBOX_MULTIVERSION void ditherWide(const RowsTask& task)
+{
+    (void)ditherRows<std::int32_t>(task);
+} // always in range
+
+bool fitsNarrow(const std::array<std::vector<std::int32_t>, 3>& errors)
+{
+    std::int32_t largest = 0;
+    for (const auto& channel : errors) {
+        for (const std::int32_t error : channel)
+            largest = std::max(largest, error < 0 ? -error : error);
+    }
+    return largest <= largestNarrowError;
 }
 
 } // namespace
 
 Ditherer::Ditherer(const NearestColorLUT& lut)
-    : m_lut(&lut)
+    : m_nearest(Color15::keyCount)
 {
-    std::ranges::transform(lut.palette(), m_packedPalette.begin(), [](RGBColor color) {
-        return std::uint32_t{color.r} | std::uint32_t{color.g} << 8U | std::uint32_t{color.b} << 16U;
+    if (lut.palette().empty())
+        return;
+    std::ranges::transform(lut.table(), m_nearest.begin(), [&lut](std::uint8_t index) {
+        const RGBColor color = lut.palette()[index];
+        return std::uint32_t{color.r} | std::uint32_t{color.g} << 8U | std::uint32_t{color.b} << 16U
+            | std::uint32_t{index} << 24U;
     });
+    m_hasColors = true;
 }
 
 Bytes Ditherer::indices(const RGBAFrame& frame)
@@ -195,8 +353,8 @@ Bytes Ditherer::indices(const RGBAFrame& frame)
     Bytes indices(static_cast<std::size_t>(frame.pixelCount()));
     if (indices.empty())
         return indices;
-    precondition(!m_lut->palette().empty(), "a picture is dithered with at least one colour");
-    precondition(frame.height() <= largestHeight && frame.width() <= largestHeight, "dithering errors fit 32 bits");
+    precondition(m_hasColors, "a picture is dithered with at least one colour");
+    precondition(frame.height() <= largestHeight, "dithering errors fit 32 bits");
 
     if (m_previous && (m_previous->width() != frame.width() || m_previous->height() != frame.height()))
         m_previous.reset();
@@ -229,9 +387,30 @@ void Ditherer::ditherBands(const RGBAFrame& frame, Bytes& indices)
             continue;
         }
         m_incoming[band] = m_errors;
-        ditherBand({pixels, &indices[firstPixel], frame.width(), static_cast<int>(rows),
-            {m_errors[0].data(), m_errors[1].data(), m_errors[2].data()}, m_lut->table().data(),
-            m_packedPalette.data()});
+        ditherBand(pixels, &indices[firstPixel], frame.width(), static_cast<int>(rows), m_incoming[band]);
+    }
+}
+
+void Ditherer::ditherBand(
+    const std::uint8_t* pixels, std::uint8_t* indices, std::int64_t width, int rows, const ErrorRow& incoming)
+{
+    RowsTask task{.pixels = pixels,
+        .indices = indices,
+        .width = width,
+        .rows = rows,
+        .errors = {m_errors[0].data(), m_errors[1].data(), m_errors[2].data()},
+        .nearest = m_nearest.data()};
+    if (fitsNarrow(incoming)) {
+        if (ditherNarrow(task))
+            return;
+        for (std::size_t channel = 0; channel < 3; ++channel)
+            std::ranges::copy(incoming[channel], m_errors[channel].begin());
+    }
+    for (int row = 0; row < rows; row += rowsAtOnce<std::int32_t>) {
+        task.pixels = pixels + 4 * row * width;
+        task.indices = indices + row * width;
+        task.rows = std::min(rowsAtOnce<std::int32_t>, rows - row);
+        ditherWide(task);
     }
 }
 

@@ -14,7 +14,7 @@ namespace quillbox {
 /// own, and reuses what a frame has in common with the one before: a band of rows whose pixels and whose incoming
 /// errors are the same as last time has the same indices and the same outgoing errors.
 ///
-/// One thread at a time; the table must outlive it. Holds one frame and its indices between calls.
+/// One thread at a time. Holds one frame and its indices between calls.
 class Ditherer {
 public:
     explicit Ditherer(const NearestColorLUT& lut);
@@ -27,9 +27,13 @@ private:
     using ErrorRow = std::array<std::vector<std::int32_t>, 3>;
 
     void ditherBands(const RGBAFrame& frame, Bytes& indices);
+    /// Turns `m_errors`, which equal `incoming`, into the errors that leave the band's last row.
+    void ditherBand(
+        const std::uint8_t* pixels, std::uint8_t* indices, std::int64_t width, int rows, const ErrorRow& incoming);
 
-    const NearestColorLUT* m_lut;
-    std::array<std::uint32_t, 256> m_packedPalette{}; ///< red in the low byte, then green, blue
+    /// By 15-bit key: the nearest colour, red in the low byte, then green, blue, and its palette index.
+    std::vector<std::uint32_t> m_nearest;
+    bool m_hasColors = false;
 
     std::optional<RGBAFrame> m_previous;
     Bytes m_previousIndices;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
 
 namespace quillbox::FrameResampler {
 namespace {
@@ -24,39 +25,85 @@ Span sourceSpan(std::int64_t output, std::int64_t sourceLength, std::int64_t out
     return {begin, std::max(begin + 1, end)};
 }
 
+/// A pixel's four channels, each summed over a block.
+using ChannelSums = std::uint32_t __attribute__((vector_size(16)));
+using ChannelBytes = std::uint8_t __attribute__((vector_size(4)));
+
 /// Divides sums of `count` bytes by `count` exactly, by one multiplication.
 ///
-/// With M = ⌈2^40 ÷ count⌉ the result of (sum · M) ≫ 40 is off by less than sum · count ÷ 2^40 ÷ count, which is
-/// below 1 ÷ count, and so rounds down rightly, while 255 · count² < 2^40. Larger blocks divide plainly.
-class Divider {
-public:
-    explicit Divider(std::int64_t count)
-        : m_count(static_cast<std::uint64_t>(count))
-        , m_multiplier(count <= largestCount ? ((std::uint64_t{1} << 40U) + m_count - 1) / m_count : 0)
+/// With M = ⌈2^23 ÷ count⌉ the quotient sum · M ÷ 2^23 is too large by less than sum · count ÷ 2^23 ÷ count, which
+/// stays below 1 ÷ count, and so rounds down rightly, while 255 · count² < 2^23. The product fits 32 bits.
+struct SmallDivider {
+    static constexpr std::int64_t largestCount = 181;
+    static_assert(255 * largestCount * largestCount < 1 << 23U);
+
+    std::uint32_t multiplier = 0;
+
+    explicit SmallDivider(std::int64_t count)
+        : multiplier(static_cast<std::uint32_t>(((1 << 23U) + count - 1) / count))
     {
     }
-
-    [[nodiscard]] std::uint8_t operator()(std::uint64_t sum) const
-    {
-        return static_cast<std::uint8_t>(m_multiplier != 0 ? sum * m_multiplier >> 40U : sum / m_count);
-    }
-
-private:
-    static constexpr std::int64_t largestCount = 65'000; // 255 · 65000² is 1.08 · 10^12; 2^40 is 1.10 · 10^12
-    static_assert(255 * largestCount * largestCount < std::int64_t{1} << 40U);
-
-    std::uint64_t m_count;
-    std::uint64_t m_multiplier;
+    [[gnu::always_inline]] ChannelSums operator()(ChannelSums sums) const { return sums * multiplier >> 23U; }
 };
 
-constexpr std::int64_t largestSpan = 0xFFFF'FFFF / 255; ///< rows whose bytes a 32-bit sum can hold
+/// Divides plainly.
+struct LargeDivider {
+    std::uint32_t count = 0;
 
-/// Adds a row of bytes to a row of sums.
-QUILLBOX_MULTIVERSION void addRow(const std::uint8_t* row, std::size_t count, std::uint32_t* sums)
+    explicit LargeDivider(std::int64_t blockCount)
+        : count(static_cast<std::uint32_t>(blockCount))
+    {
+    }
+    [[gnu::always_inline]] ChannelSums operator()(ChannelSums sums) const { return sums / count; }
+};
+
+/// One output row's work.
+struct RowTask {
+    const std::uint8_t* source;    ///< first source row
+    std::size_t rowBytes;          ///< of a source row
+    std::int64_t rows;             ///< source rows to average
+    std::span<const Span> columns; ///< one an output pixel
+    std::int64_t shortestColumn;   ///< every column is this long or one longer
+    std::uint32_t* sums;           ///< scratch, one a source byte of a row
+    std::uint8_t* output;
+};
+
+template <typename Divider> [[gnu::always_inline]] inline void filterRow(const RowTask& task)
 {
-    for (std::size_t i = 0; i < count; ++i)
-        sums[i] += row[i];
+    for (std::size_t i = 0; i < task.rowBytes; ++i)
+        task.sums[i] = task.source[i];
+    for (std::int64_t row = 1; row < task.rows; ++row) {
+        const std::uint8_t* source = task.source + static_cast<std::size_t>(row) * task.rowBytes;
+        for (std::size_t i = 0; i < task.rowBytes; ++i)
+            task.sums[i] += source[i];
+    }
+
+    const std::array dividers{Divider(task.shortestColumn * task.rows), Divider((task.shortestColumn + 1) * task.rows)};
+    std::uint8_t* output = task.output;
+    for (const Span column : task.columns) {
+        ChannelSums total{};
+        for (std::int64_t x = column.begin; x < column.end; ++x) {
+            ChannelSums pixel;
+            std::memcpy(&pixel, task.sums + 4 * x, sizeof pixel);
+            total += pixel;
+        }
+        const ChannelSums mean = dividers[static_cast<std::size_t>(column.length() - task.shortestColumn)](total);
+        const ChannelBytes bytes = __builtin_convertvector(mean, ChannelBytes);
+        std::memcpy(output, &bytes, sizeof bytes);
+        output += sizeof bytes;
+    }
 }
+
+QUILLBOX_MULTIVERSION void filterRowOfSmallBlocks(const RowTask& task)
+{
+    filterRow<SmallDivider>(task);
+}
+void filterRowOfLargeBlocks(const RowTask& task)
+{
+    filterRow<LargeDivider>(task);
+}
+
+constexpr std::int64_t largestBlock = 0xFFFF'FFFF / 255; ///< pixels whose channels a 32-bit sum can hold
 
 } // namespace
 
@@ -76,7 +123,9 @@ RGBAFrame boxFiltered(const RGBAFrame& frame, Size size)
         "the box filter only shrinks");
     if (size.width == 0 || size.height == 0)
         return {size.width, size.height, {}};
-    precondition(sourceHeight / size.height < largestSpan, "a column of a block is summed in 32 bits");
+    const std::int64_t shortestColumn = sourceWidth / size.width;
+    const std::int64_t blockBound = checkedMul(shortestColumn + 1, sourceHeight / size.height + 1);
+    precondition(blockBound <= largestBlock, "the sum of a block fits 32 bits");
 
     std::vector<Span> columns;
     columns.reserve(static_cast<std::size_t>(size.width));
@@ -86,26 +135,19 @@ RGBAFrame boxFiltered(const RGBAFrame& frame, Size size)
     Bytes output(static_cast<std::size_t>(checkedMul(checkedMul(size.width, size.height), RGBAFrame::bytesPerPixel)));
     const auto rowBytes = static_cast<std::size_t>(sourceWidth * RGBAFrame::bytesPerPixel);
     std::vector<std::uint32_t> sums(rowBytes);
-    std::uint8_t* next = output.data();
     for (std::int64_t y = 0; y < size.height; ++y) {
         const Span rows = sourceSpan(y, sourceHeight, size.height);
-        std::ranges::fill(sums, 0U);
-        for (std::int64_t row = rows.begin; row < rows.end; ++row)
-            addRow(frame.pixels().data() + static_cast<std::size_t>(row) * rowBytes, rowBytes, sums.data());
-
-        // Neighbouring spans differ in length by at most one, so two dividers serve a whole row.
-        const std::int64_t shortest = sourceWidth / size.width;
-        const std::array dividers{Divider(shortest * rows.length()), Divider((shortest + 1) * rows.length())};
-        for (const Span column : columns) {
-            std::array<std::uint64_t, 4> total{};
-            for (std::int64_t x = column.begin; x < column.end; ++x) {
-                for (std::size_t channel = 0; channel < 4; ++channel)
-                    total[channel] += sums[static_cast<std::size_t>(4 * x) + channel];
-            }
-            const Divider& divided = dividers[static_cast<std::size_t>(column.length() - shortest)];
-            for (std::size_t channel = 0; channel < 4; ++channel)
-                *next++ = divided(total[channel]);
-        }
+        const RowTask task{.source = frame.pixels().data() + static_cast<std::size_t>(rows.begin) * rowBytes,
+            .rowBytes = rowBytes,
+            .rows = rows.length(),
+            .columns = columns,
+            .shortestColumn = shortestColumn,
+            .sums = sums.data(),
+            .output = output.data() + static_cast<std::size_t>(y * size.width * RGBAFrame::bytesPerPixel)};
+        if (blockBound <= SmallDivider::largestCount)
+            filterRowOfSmallBlocks(task);
+        else
+            filterRowOfLargeBlocks(task);
     }
     return {size.width, size.height, std::move(output)};
 }
