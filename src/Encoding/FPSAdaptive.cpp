@@ -1,34 +1,56 @@
 #include "Encoding/FPSAdaptive.h"
 
-#include "Encoding/FrameDeduplicator.h"
-
+#include <algorithm>
 #include <cmath>
-#include <numeric>
 
 namespace quillbox::FPSAdaptive {
 
-double averageActivity(std::span<const RGBAFrame> frames, Parallelism parallelism)
+void ActivityMeter::append(const RGBAFrame& frame, FrameComparisons& comparisons)
 {
-    if (frames.size() < 2)
-        return 0.0;
-    std::vector<double> fractions(frames.size() - 1);
-    parallelFor(parallelism, std::ssize(fractions), [&](std::int64_t item, int) {
-        const auto i = static_cast<std::size_t>(item);
-        fractions[i]
-            = FrameDeduplicator::fractionChanged(frames[i], frames[i + 1], FrameDeduplicator::defaultPerPixelTolerance);
-    });
-    return std::accumulate(fractions.begin(), fractions.end(), 0.0) / static_cast<double>(fractions.size());
+    if (m_previous) {
+        m_sum += comparisons.fractionChangedSince(*m_previous);
+        ++m_pairs;
+    }
+    m_previous = frame;
+}
+
+double ActivityMeter::average() const
+{
+    return m_pairs == 0 ? 0.0 : m_sum / static_cast<double>(m_pairs);
+}
+
+Resampler::Resampler(std::int64_t sourceFPS, std::int64_t targetFPS)
+{
+    if (sourceFPS >= 1 && targetFPS >= 1 && sourceFPS > targetFPS)
+        m_step = static_cast<double>(sourceFPS) / static_cast<double>(targetFPS);
+}
+
+bool Resampler::keepsNext()
+{
+    const bool keeps = static_cast<double>(m_index) == std::floor(m_position);
+    if (keeps)
+        m_position += m_step; // summed rather than multiplied: the rounding of the sum decides which frame is kept
+    ++m_index;
+    return keeps;
+}
+
+double averageActivity(std::span<const RGBAFrame> frames)
+{
+    ActivityMeter meter;
+    FrameComparisons comparisons;
+    for (const RGBAFrame& frame : frames) {
+        comparisons.turnTo(frame);
+        meter.append(frame, comparisons);
+    }
+    return meter.average();
 }
 
 std::vector<RGBAFrame> resample(std::span<const RGBAFrame> frames, std::int64_t sourceFPS, std::int64_t targetFPS)
 {
-    if (sourceFPS < 1 || targetFPS < 1 || sourceFPS <= targetFPS || frames.size() < 2)
-        return {frames.begin(), frames.end()};
-    const double step = static_cast<double>(sourceFPS) / static_cast<double>(targetFPS);
+    Resampler resampler(sourceFPS, targetFPS);
     std::vector<RGBAFrame> kept;
-    // Summed rather than multiplied, frame by frame: the rounding of the sum decides which frame is taken.
-    for (double position = 0.0; position < static_cast<double>(frames.size()); position += step)
-        kept.push_back(frames[static_cast<std::size_t>(std::floor(position))]);
+    std::ranges::copy_if(
+        frames, std::back_inserter(kept), [&resampler](const RGBAFrame& /*frame*/) { return resampler.keepsNext(); });
     return kept;
 }
 

@@ -1,5 +1,6 @@
 #include "Encoding/FrameDeduplicator.h"
 
+#include "Encoding/FrameComparisons.h"
 #include "Encoding/Multiversion.h"
 
 #include <algorithm>
@@ -71,23 +72,34 @@ double fractionChanged(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perP
     return static_cast<double>(changedPixels(a, b, perPixelTolerance)) / static_cast<double>(a.pixelCount());
 }
 
+Deduplicator::Deduplicator(std::int64_t perFrameDelayCentiseconds, double changeThreshold)
+    : m_delayCentiseconds(perFrameDelayCentiseconds)
+    , m_changeThreshold(changeThreshold)
+{
+}
+
+void Deduplicator::append(const RGBAFrame& frame, FrameComparisons& comparisons)
+{
+    if (m_kept.empty() || comparisons.fractionChangedSince(m_kept.back().frame) > m_changeThreshold) {
+        m_kept.push_back({frame, m_delayCentiseconds});
+        return;
+    }
+    std::int64_t& delay = m_kept.back().delayCentiseconds;
+    if (__builtin_add_overflow(delay, m_delayCentiseconds, &delay))
+        delay = largestDelay;
+    delay = std::min(delay, largestDelay);
+}
+
 std::vector<Timed> deduplicate(
     std::span<const RGBAFrame> frames, std::int64_t perFrameDelayCentiseconds, double changeThreshold)
 {
-    std::vector<Timed> kept;
+    Deduplicator deduplicator(perFrameDelayCentiseconds, changeThreshold);
+    FrameComparisons comparisons;
     for (const RGBAFrame& frame : frames) {
-        const bool isRepeat
-            = !kept.empty() && fractionChanged(kept.back().frame, frame, defaultPerPixelTolerance) <= changeThreshold;
-        if (!isRepeat) {
-            kept.push_back({frame, perFrameDelayCentiseconds});
-            continue;
-        }
-        std::int64_t& delay = kept.back().delayCentiseconds;
-        if (__builtin_add_overflow(delay, perFrameDelayCentiseconds, &delay))
-            delay = largestDelay;
-        delay = std::min(delay, largestDelay);
+        comparisons.turnTo(frame);
+        deduplicator.append(frame, comparisons);
     }
-    return kept;
+    return deduplicator.kept();
 }
 
 } // namespace quillbox::FrameDeduplicator

@@ -8,7 +8,9 @@
 
 namespace quillbox {
 
-/// Merges runs of near-identical frames into one that is shown longer. Stateless; thread: any.
+class FrameComparisons;
+
+/// Merges runs of near-identical frames into one that is shown longer. Thread: any; an object, one at a time.
 namespace FrameDeduplicator {
 
 struct Timed {
@@ -28,9 +30,26 @@ inline constexpr std::int64_t defaultPerPixelTolerance = 12;
 /// `changedPixels` as a share of all pixels, 0.0…1.0. Frames of different size, or without pixels, give 1.0.
 [[nodiscard]] double fractionChanged(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPixelTolerance);
 
-/// Drops each frame that differs from the last one kept in at most `changeThreshold` (0…1) of its pixels, and
-/// lengthens that one's delay by `perFrameDelayCentiseconds`, to at most 65535. Kept frames share their pixels
-/// with the input.
+/// Takes frames in order and drops each one that differs from the last one kept in at most a threshold of its pixels,
+/// lengthening that one's delay instead, to at most 65535. Kept frames share their pixels with the input.
+class Deduplicator {
+public:
+    /// @param perFrameDelayCentiseconds  Display time of each frame, 1/100 s.
+    /// @param changeThreshold            Share of the pixels, 0…1.
+    Deduplicator(std::int64_t perFrameDelayCentiseconds, double changeThreshold);
+
+    /// @pre `comparisons` has turned to `frame`.
+    void append(const RGBAFrame& frame, FrameComparisons& comparisons);
+
+    [[nodiscard]] const std::vector<Timed>& kept() const { return m_kept; }
+
+private:
+    std::int64_t m_delayCentiseconds;
+    double m_changeThreshold;
+    std::vector<Timed> m_kept;
+};
+
+/// What `Deduplicator` keeps of all frames.
 [[nodiscard]] std::vector<Timed> deduplicate(
     std::span<const RGBAFrame> frames, std::int64_t perFrameDelayCentiseconds, double changeThreshold);
 

@@ -1,15 +1,14 @@
 #include "Encoding/GIFOptimizer.h"
 
 #include "Encoding/Dithering.h"
-#include "Encoding/FPSAdaptive.h"
 #include "Encoding/FrameDeduplicator.h"
+#include "Encoding/FrameIntake.h"
 #include "Encoding/FrameResampler.h"
 #include "Encoding/GIFEncoder.h"
 #include "Encoding/PaletteMapper.h"
 #include "Encoding/PaletteQuantizer.h"
 
 #include <algorithm>
-#include <cmath>
 #include <mutex>
 #include <utility>
 #include <vector>
@@ -18,25 +17,6 @@ namespace quillbox::GIFOptimizer {
 namespace {
 
 using FrameDeduplicator::Timed;
-
-constexpr double duplicateThreshold = 0.01; // share of pixels
-
-/// The GIF's frame rate for a recording in which `activity` (0…1) of the pixels change from frame to frame.
-std::int64_t chosenFPS(double activity, ExportPreset preset)
-{
-    if (activity < 0.005)
-        return std::min<std::int64_t>(5, preset.maxFPS());
-    if (activity < 0.05)
-        return std::min<std::int64_t>(10, preset.maxFPS());
-    if (activity < 0.2)
-        return std::min<std::int64_t>(15, preset.maxFPS());
-    return preset.maxFPS();
-}
-
-std::int64_t delayForFPS(std::int64_t fps)
-{
-    return std::max<std::int64_t>(std::llround(100.0 / static_cast<double>(fps)), 1);
-}
 
 /// What all attempts have in common.
 struct Material {
@@ -59,15 +39,13 @@ std::vector<Timed> cappedToWidth(
     return timed;
 }
 
-Material prepare(std::span<const RGBAFrame> frames, const Config& config, Parallelism parallelism)
+Material prepare(const FrameIntake& intake, ExportPreset preset, Parallelism parallelism)
 {
+    FrameIntake::Selection selection = intake.selection(preset);
     Material material;
-    material.sourceFrameCount = std::ssize(frames);
-    material.fps = chosenFPS(FPSAdaptive::averageActivity(frames, parallelism), config.preset);
-    const auto reduced = FPSAdaptive::resample(frames, config.sourceFPS, material.fps);
-    material.frames
-        = cappedToWidth(FrameDeduplicator::deduplicate(reduced, delayForFPS(material.fps), duplicateThreshold),
-            config.preset.maxWidth(), parallelism);
+    material.sourceFrameCount = intake.frameCount();
+    material.fps = selection.fps;
+    material.frames = cappedToWidth(std::move(selection.frames), preset.maxWidth(), parallelism);
 
     std::vector<RGBAFrame> pictures;
     std::int64_t centiseconds = 0;
@@ -165,11 +143,16 @@ Result attempt(const Material& material, std::int64_t colors, const Config& conf
 
 Result optimize(std::span<const RGBAFrame> frames, const Config& config, const Execution& execution)
 {
-    precondition(!frames.empty(), "there is a frame to optimise");
+    FrameIntake intake(config.sourceFPS, std::span(&config.preset, 1));
     for (const RGBAFrame& frame : frames)
-        GIFEncoder::checkSize(frame.width(), frame.height());
+        intake.append(frame);
+    return optimize(intake, config, execution);
+}
 
-    const Material material = prepare(frames, config, execution.parallelism);
+Result optimize(const FrameIntake& intake, const Config& config, const Execution& execution)
+{
+    precondition(intake.sourceFPS() == config.sourceFPS, "the frames were taken at the source's rate");
+    const Material material = prepare(intake, config.preset, execution.parallelism);
     std::optional<Result> best;
     Progress progress{.attempt = 0, .colors = 0, .framesDone = 0, .frameCount = std::ssize(material.frames)};
     for (std::optional colors = config.preset.maxColors(); colors;

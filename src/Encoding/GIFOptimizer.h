@@ -11,6 +11,8 @@
 
 namespace quillbox {
 
+class FrameIntake;
+
 /// Turns the frames of a recording into a GIF that fits a preset's byte budget: frame rate from the activity, runs of
 /// equal frames merged, width capped, one global palette, and smaller palettes until a file fits.
 /// Pure: the same frames and configuration give the same bytes on any machine with any number of threads.
@@ -49,9 +51,14 @@ struct Execution {
     std::function<void(const Progress&)> progress{}; ///< called now and then, by one thread at a time
 };
 
-/// @param frames  Oldest first. @pre not empty; a violation ends the process.
+/// @param intake  The frames, taken at `config.sourceFPS` for `config.preset` (and perhaps others).
+/// @pre at least one frame was taken; a violation ends the process.
 /// @return The first attempt within the budget, or the smallest one (of equal ones the first) when none is.
 /// @throws GIFEncodingError  a side of a frame exceeds 65535 pixels; found before any other work.
+[[nodiscard]] Result optimize(const FrameIntake& intake, const Config& config, const Execution& execution = {});
+
+/// The same for frames that are all at hand.
+/// @param frames  Oldest first. @pre not empty.
 [[nodiscard]] Result optimize(std::span<const RGBAFrame> frames, const Config& config, const Execution& execution = {});
 
 } // namespace GIFOptimizer

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Encoding/PixelTypes.h"
+
+#include <optional>
+#include <vector>
+
+namespace quillbox {
+
+/// Answers how much the frame at hand differs from frames before it. Several askers who kept the same frame cost one
+/// comparison, and a frame that shares its pixels with the one before costs none.
+/// A value; one thread at a time.
+class FrameComparisons {
+public:
+    /// Makes `frame` the frame at hand.
+    void turnTo(const RGBAFrame& frame);
+
+    /// `FrameDeduplicator::fractionChanged` of `earlier` and the frame at hand, at the default tolerance.
+    /// @pre there is a frame at hand.
+    [[nodiscard]] double fractionChangedSince(const RGBAFrame& earlier);
+
+private:
+    struct Answer {
+        RGBAFrame earlier;
+        double fraction = 0;
+    };
+
+    std::optional<RGBAFrame> m_frame;
+    std::vector<Answer> m_answers;
+};
+
+} // namespace quillbox

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "Encoding/FPSAdaptive.h"
+#include "Encoding/FrameComparisons.h"
+#include "Encoding/FrameDeduplicator.h"
+#include "Encoding/GIFEncoder.h"
+#include "Encoding/PixelTypes.h"
+#include "Encoding/Presets.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace quillbox {
+
+/// Takes a recording's frames one by one and does at once what need not wait for the last: it measures the activity
+/// and, for every frame rate that one of the presets may end up with, drops the frames that a GIF of that rate would
+/// not show. Frames that no rate keeps are let go of, so a long input never lies in memory whole.
+///
+/// A value; one thread at a time.
+class FrameIntake {
+public:
+    /// @param sourceFPS  Rate of the frames to come, frames per second.
+    /// @param presets    Those that may be asked for in the end; not empty.
+    FrameIntake(std::int64_t sourceFPS, std::span<const ExportPreset> presets);
+
+    /// Takes the next frame. Its pixels are shared, not copied.
+    void append(const RGBAFrame& frame);
+
+    [[nodiscard]] std::int64_t sourceFPS() const { return m_sourceFPS; }
+    /// Frames taken so far.
+    [[nodiscard]] std::int64_t frameCount() const { return m_frameCount; }
+
+    /// What a GIF of the recording shows.
+    struct Selection {
+        std::int64_t fps = 0;                         ///< the rate chosen from the activity, frames per second
+        std::vector<FrameDeduplicator::Timed> frames; ///< at their captured size, at least one
+    };
+
+    /// @throws GIFEncodingError  the first frame a side of which exceeds 65535 pixels.
+    /// @pre at least one frame was taken; `preset` is one of the constructor's.
+    [[nodiscard]] Selection selection(ExportPreset preset) const;
+
+private:
+    /// A frame rate that may be chosen, and the frames that a GIF of this rate would show.
+    struct Candidate {
+        std::int64_t fps;
+        FPSAdaptive::Resampler resampler;
+        FrameDeduplicator::Deduplicator deduplicator;
+    };
+
+    std::int64_t m_sourceFPS;
+    std::int64_t m_frameCount = 0;
+    std::vector<Candidate> m_candidates;
+    FPSAdaptive::ActivityMeter m_activity;
+    FrameComparisons m_comparisons;
+    std::optional<GIFEncodingError> m_tooLarge; ///< of the first frame that is
+};
+
+} // namespace quillbox
