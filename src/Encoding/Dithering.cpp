@@ -335,24 +335,25 @@ bool fitsNarrow(const std::array<std::vector<std::int32_t>, 3>& errors)
 
 } // namespace
 
-Ditherer::Ditherer(const NearestColorLUT& lut)
-    : m_nearest(Color15::keyCount)
+void Ditherer::use(const NearestColorLUT& lut)
 {
-    if (lut.palette().empty())
+    m_previous.reset();
+    m_nearest.resize(Color15::keyCount);
+    m_hasColors = !lut.palette().empty();
+    if (!m_hasColors)
         return;
     std::ranges::transform(lut.table(), m_nearest.begin(), [&lut](std::uint8_t index) {
         const RGBColor color = lut.palette()[index];
         return std::uint32_t{color.r} | std::uint32_t{color.g} << 8U | std::uint32_t{color.b} << 16U
             | std::uint32_t{index} << 24U;
     });
-    m_hasColors = true;
 }
 
-Bytes Ditherer::indices(const RGBAFrame& frame)
+void Ditherer::dither(const RGBAFrame& frame, Bytes& indices)
 {
-    Bytes indices(static_cast<std::size_t>(frame.pixelCount()));
+    indices.resize(static_cast<std::size_t>(frame.pixelCount()));
     if (indices.empty())
-        return indices;
+        return;
     precondition(m_hasColors, "a picture is dithered with at least one colour");
     precondition(frame.height() <= largestHeight, "dithering errors fit 32 bits");
 
@@ -361,7 +362,6 @@ Bytes Ditherer::indices(const RGBAFrame& frame)
     ditherBands(frame, indices);
     m_previous = frame;
     m_previousIndices = indices;
-    return indices;
 }
 
 void Ditherer::ditherBands(const RGBAFrame& frame, Bytes& indices)

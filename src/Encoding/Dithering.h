@@ -17,10 +17,12 @@ namespace quillbox {
 /// One thread at a time. Holds one frame and its indices between calls.
 class Ditherer {
 public:
-    explicit Ditherer(const NearestColorLUT& lut);
+    /// Turns to a table and forgets the frames before.
+    void use(const NearestColorLUT& lut);
 
-    /// The frame's palette indices, rows top-down. @pre the palette is not empty unless the frame is.
-    [[nodiscard]] Bytes indices(const RGBAFrame& frame);
+    /// Sets `indices` to the frame's palette indices, rows top-down.
+    /// @pre a table is in use; its palette is not empty unless the frame is.
+    void dither(const RGBAFrame& frame, Bytes& indices);
 
 private:
     /// Errors that a row receives from the one above, for each channel one value a pixel, in 1/1 of a channel level.

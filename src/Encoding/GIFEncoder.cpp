@@ -20,14 +20,20 @@ constexpr std::uint8_t extensionIntroducer = 0x21;
 constexpr std::uint8_t blockTerminator = 0x00;
 constexpr std::int64_t largestSubBlock = 255;
 
+constexpr std::int64_t headerAndScreenSize = 13; // bytes
+constexpr std::int64_t loopingSize = 19;
+constexpr std::int64_t trailerSize = 1;
+
 void append(Bytes& output, std::initializer_list<std::uint8_t> bytes)
 {
-    output.insert(output.end(), bytes);
+    for (const std::uint8_t byte : bytes)
+        output.push_back(byte);
 }
 
 void append(Bytes& output, std::string_view text)
 {
-    output.insert(output.end(), text.begin(), text.end());
+    for (const char letter : text)
+        output.push_back(static_cast<std::uint8_t>(letter));
 }
 
 bool fitsField(std::int64_t value)
@@ -121,7 +127,7 @@ void appendAsSubBlocks(Bytes& output, std::span<const std::uint8_t> data)
     output.push_back(blockTerminator);
 }
 
-Bytes encodeFrame(const IndexedFrame& frame)
+Bytes encodeFrame(const IndexedFrame& frame, LZW::Encoder& compressor)
 {
     checkSize(frame.width, frame.height);
     const int tableBits = colorTableBits(std::ssize(frame.palette));
@@ -133,17 +139,22 @@ Bytes encodeFrame(const IndexedFrame& frame)
     for (const RGBColor color : padPalette(frame.palette))
         append(part, {color.r, color.g, color.b});
     append(part, {static_cast<std::uint8_t>(minCodeSize)});
-    appendAsSubBlocks(part, LZW::encode(frame.indices, minCodeSize));
+    appendAsSubBlocks(part, compressor.encode(frame.indices, minCodeSize));
     return part;
+}
+
+std::int64_t fileSize(std::span<const Bytes> frameParts)
+{
+    std::int64_t size = headerAndScreenSize + loopingSize + trailerSize;
+    for (const Bytes& part : frameParts)
+        size = checkedAdd(size, std::ssize(part));
+    return size;
 }
 
 Bytes fileOf(std::span<const Bytes> frameParts, std::int64_t width, std::int64_t height, Options options)
 {
     Bytes file;
-    std::size_t size = 64; // header, screen, looping extension and trailer
-    for (const Bytes& part : frameParts)
-        size += part.size();
-    file.reserve(size);
+    file.reserve(static_cast<std::size_t>(fileSize(frameParts)));
 
     appendHeaderAndScreen(file, width, height);
     appendLooping(file, options);
@@ -160,10 +171,11 @@ Bytes encode(std::span<const IndexedFrame> frames, Options options)
     for (const IndexedFrame& frame : frames)
         checkSize(frame.width, frame.height);
 
+    LZW::Encoder compressor;
     std::vector<Bytes> parts;
     parts.reserve(frames.size());
     for (const IndexedFrame& frame : frames)
-        parts.push_back(encodeFrame(frame));
+        parts.push_back(encodeFrame(frame, compressor));
     return fileOf(parts, frames.front().width, frames.front().height, options);
 }
 

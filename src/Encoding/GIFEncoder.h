@@ -54,7 +54,10 @@ struct Options {
 /// One frame's part of the file: control extension, image descriptor, colour table and compressed data.
 /// `encode` is `fileOf` over these parts, which may be made in any order and on any thread.
 /// @throws GIFEncodingError  as `encode`.
-[[nodiscard]] Bytes encodeFrame(const IndexedFrame& frame);
+[[nodiscard]] Bytes encodeFrame(const IndexedFrame& frame, LZW::Encoder& compressor);
+
+/// The size of the file that `fileOf` makes, in bytes.
+[[nodiscard]] std::int64_t fileSize(std::span<const Bytes> frameParts);
 
 /// The file made of `frameParts`, which is not empty, on a screen of `width` × `height` pixels (0…65535 each).
 [[nodiscard]] Bytes fileOf(std::span<const Bytes> frameParts, std::int64_t width, std::int64_t height, Options options);

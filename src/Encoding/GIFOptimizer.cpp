@@ -89,54 +89,93 @@ private:
     std::mutex m_mutex;
 };
 
-/// Maps and compresses all frames with one table. Runs of consecutive frames stay on one thread, where a frame can
-/// reuse the dithering of the one before.
-std::vector<Bytes> encodedFrames(const std::vector<Timed>& frames, const NearestColorLUT& lut, bool dither,
-    Parallelism parallelism, ProgressReport& report)
-{
-    constexpr std::int64_t largestRun = 16;
-    const std::int64_t count = std::ssize(frames);
-    const std::int64_t workers = workerCount(parallelism, count);
-    const std::int64_t run = std::clamp<std::int64_t>(count / (4 * workers), 1, largestRun);
+/// What a worker keeps from frame to frame and from attempt to attempt, so that its memory is made once.
+struct Worker {
+    Ditherer ditherer;
+    LZW::Encoder compressor;
+    IndexedFrame indexed;
+};
 
-    std::vector<Bytes> parts(frames.size());
-    parallelFor(parallelism, (count + run - 1) / run, [&](std::int64_t item, int) {
-        Ditherer ditherer(lut);
-        const std::int64_t end = std::min(count, (item + 1) * run);
-        for (std::int64_t i = item * run; i < end; ++i) {
-            const auto& [frame, delay] = frames[static_cast<std::size_t>(i)];
-            IndexedFrame indexed{.width = frame.width(),
-                .height = frame.height(),
-                .palette = lut.palette(),
-                .indices = {},
-                .delayCentiseconds = delay};
-            indexed.indices = dither ? ditherer.indices(frame) : PaletteMapper::map(frame, lut, delay).indices;
-            parts[static_cast<std::size_t>(i)] = GIFEncoder::encodeFrame(indexed);
-            report.frameDone();
+/// One palette size's result, its file not yet put together.
+struct Attempt {
+    std::vector<Bytes> frameParts;
+    std::int64_t byteCount = 0; ///< of the file
+    std::int64_t colorCount = 0;
+    bool usedDithering = false;
+};
+
+/// Makes the attempts for one clip.
+class Attempts {
+public:
+    Attempts(const Material& material, const Config& config, const Execution& execution)
+        : m_material(material)
+        , m_config(config)
+        , m_execution(execution)
+        , m_workers(static_cast<std::size_t>(workerCount(execution.parallelism, std::ssize(material.frames))))
+    {
+    }
+
+    Attempt make(std::int64_t colors, ProgressReport& report)
+    {
+        const NearestColorLUT lut(PaletteQuantizer::quantize(m_material.histogram, colors));
+        Attempt attempt;
+        attempt.colorCount = std::ssize(lut.palette());
+        attempt.usedDithering
+            = m_config.ditheringOverride.value_or(attempt.colorCount * 3 < m_material.histogram.size());
+        attempt.frameParts = encodedFrames(lut, attempt.usedDithering, report);
+        attempt.byteCount = GIFEncoder::fileSize(attempt.frameParts);
+        return attempt;
+    }
+
+private:
+    /// Maps and compresses all frames with one table. Runs of consecutive frames stay on one thread, where a frame can
+    /// reuse the dithering of the one before.
+    std::vector<Bytes> encodedFrames(const NearestColorLUT& lut, bool dither, ProgressReport& report)
+    {
+        constexpr std::int64_t largestRun = 16;
+        const std::int64_t count = std::ssize(m_material.frames);
+        const std::int64_t run = std::clamp<std::int64_t>(count / (4 * std::ssize(m_workers)), 1, largestRun);
+        for (Worker& worker : m_workers) {
+            worker.indexed.palette = lut.palette();
+            worker.ditherer.use(lut);
         }
-    });
-    return parts;
-}
+        std::vector<Bytes> parts(m_material.frames.size());
+        parallelFor(m_execution.parallelism, (count + run - 1) / run, [&](std::int64_t item, int workerNumber) {
+            auto& [ditherer, compressor, indexed] = m_workers[static_cast<std::size_t>(workerNumber)];
+            const std::int64_t end = std::min(count, (item + 1) * run);
+            for (std::int64_t i = item * run; i < end; ++i) {
+                const auto& [frame, delay] = m_material.frames[static_cast<std::size_t>(i)];
+                indexed.width = frame.width();
+                indexed.height = frame.height();
+                indexed.delayCentiseconds = delay;
+                if (dither)
+                    ditherer.dither(frame, indexed.indices);
+                else
+                    PaletteMapper::mapInto(indexed.indices, frame, lut);
+                parts[static_cast<std::size_t>(i)] = GIFEncoder::encodeFrame(indexed, compressor);
+                report.frameDone();
+            }
+        });
+        return parts;
+    }
 
-Result attempt(const Material& material, std::int64_t colors, const Config& config, const Execution& execution,
-    ProgressReport& report)
+    const Material& m_material;
+    const Config& m_config;
+    const Execution& m_execution;
+    std::vector<Worker> m_workers;
+};
+
+Result resultOf(const Attempt& attempt, const Material& material)
 {
-    const NearestColorLUT lut(PaletteQuantizer::quantize(material.histogram, colors));
-    const std::int64_t colorCount = std::ssize(lut.palette());
-    const bool dither = config.ditheringOverride.value_or(colorCount * 3 < material.histogram.size());
-    const auto parts = encodedFrames(material.frames, lut, dither, execution.parallelism, report);
     const RGBAFrame& first = material.frames.front().frame;
-
-    Result result;
-    result.data = GIFEncoder::fileOf(parts, first.width(), first.height(), {.loopCount = 0});
-    result.byteCount = std::ssize(result.data);
-    result.frameCount = std::ssize(material.frames);
-    result.sourceFrameCount = material.sourceFrameCount;
-    result.colorCount = colorCount;
-    result.effectiveFPS = material.fps;
-    result.usedDithering = dither;
-    result.durationSeconds = material.durationSeconds;
-    return result;
+    return {.data = GIFEncoder::fileOf(attempt.frameParts, first.width(), first.height(), {.loopCount = 0}),
+        .byteCount = attempt.byteCount,
+        .frameCount = std::ssize(material.frames),
+        .sourceFrameCount = material.sourceFrameCount,
+        .colorCount = attempt.colorCount,
+        .effectiveFPS = material.fps,
+        .usedDithering = attempt.usedDithering,
+        .durationSeconds = material.durationSeconds};
 }
 
 } // namespace
@@ -153,21 +192,22 @@ Result optimize(const FrameIntake& intake, const Config& config, const Execution
 {
     precondition(intake.sourceFPS() == config.sourceFPS, "the frames were taken at the source's rate");
     const Material material = prepare(intake, config.preset, execution.parallelism);
-    std::optional<Result> best;
+    Attempts attempts(material, config, execution);
+    std::optional<Attempt> best;
     Progress progress{.attempt = 0, .colors = 0, .framesDone = 0, .frameCount = std::ssize(material.frames)};
     for (std::optional colors = config.preset.maxColors(); colors;
          colors = PresetMath::nextColorStep(*colors, config.preset)) {
         ++progress.attempt;
         progress.colors = *colors;
         ProgressReport report(execution, progress);
-        Result candidate = attempt(material, *colors, config, execution, report);
-        const bool fits = candidate.byteCount <= config.preset.targetBytes();
-        if (fits || !best || candidate.byteCount < best->byteCount)
-            best = std::move(candidate);
+        Attempt attempt = attempts.make(*colors, report);
+        const bool fits = attempt.byteCount <= config.preset.targetBytes();
+        if (fits || !best || attempt.byteCount < best->byteCount)
+            best = std::move(attempt);
         if (fits)
             break;
     }
-    return *std::move(best);
+    return resultOf(*best, material);
 }
 
 } // namespace quillbox::GIFOptimizer

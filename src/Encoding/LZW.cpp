@@ -141,7 +141,19 @@ std::size_t outputBound(std::size_t count)
 
 } // namespace
 
-Bytes encode(std::span<const std::uint8_t> indices, int minCodeSize)
+struct Encoder::Tables {
+    Dictionary dictionary;
+};
+
+Encoder::Encoder()
+    : m_tables(std::make_unique<Tables>())
+{
+}
+Encoder::Encoder(Encoder&&) noexcept = default;
+Encoder& Encoder::operator=(Encoder&&) noexcept = default;
+Encoder::~Encoder() = default;
+
+std::span<const std::uint8_t> Encoder::encode(std::span<const std::uint8_t> indices, int minCodeSize)
 {
     precondition(minCodeSize >= 2 && minCodeSize <= 8, "LZW literals have 2 to 8 bits");
     const int clearCode = 1 << minCodeSize;
@@ -151,14 +163,12 @@ Bytes encode(std::span<const std::uint8_t> indices, int minCodeSize)
         usedBits |= index;
     precondition(usedBits < static_cast<unsigned>(clearCode), "every index is below 2^minCodeSize");
 
-    thread_local Dictionary dictionary; // four megabytes that a thread clears once, not once a picture
-    thread_local Bytes output;
-    output.resize(std::max(output.size(), outputBound(indices.size())));
-
+    m_output.resize(std::max(m_output.size(), outputBound(indices.size())));
+    Dictionary& dictionary = m_tables->dictionary;
     dictionary.begin(minCodeSize);
     int codeSize = minCodeSize + 1;
     int nextCode = clearCode + 2;
-    BitWriter writer(output.data());
+    BitWriter writer(m_output.data());
     writer.write(static_cast<std::uint32_t>(clearCode), codeSize);
 
     const std::size_t count = indices.size();
@@ -206,7 +216,14 @@ Bytes encode(std::span<const std::uint8_t> indices, int minCodeSize)
         }
     }
     writer.write(static_cast<std::uint32_t>(endCode), codeSize);
-    return {output.data(), writer.finish()};
+    return {m_output.data(), writer.finish()};
+}
+
+Bytes encode(std::span<const std::uint8_t> indices, int minCodeSize)
+{
+    Encoder encoder;
+    const auto codes = encoder.encode(indices, minCodeSize);
+    return {codes.begin(), codes.end()};
 }
 
 } // namespace quillbox::LZW

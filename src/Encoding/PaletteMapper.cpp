@@ -115,16 +115,26 @@ int nearestIndexLinear(RGBColor color, std::span<const RGBColor> palette)
     return palette.empty() ? 0 : static_cast<int>(nearest - palette.begin());
 }
 
+void mapInto(Bytes& indices, const RGBAFrame& frame, const NearestColorLUT& lut)
+{
+    indices.resize(static_cast<std::size_t>(frame.pixelCount()));
+    mapPixels(frame.pixels().data(), indices.size(), lut.table().data(), indices.data());
+}
+
 IndexedFrame map(const RGBAFrame& frame, const NearestColorLUT& lut, std::int64_t delayCentiseconds)
 {
-    Bytes indices(static_cast<std::size_t>(frame.pixelCount()));
-    mapPixels(frame.pixels().data(), indices.size(), lut.table().data(), indices.data());
+    Bytes indices;
+    mapInto(indices, frame, lut);
     return indexedFrame(frame, lut, std::move(indices), delayCentiseconds);
 }
 
 IndexedFrame mapDithered(const RGBAFrame& frame, const NearestColorLUT& lut, std::int64_t delayCentiseconds)
 {
-    return indexedFrame(frame, lut, Ditherer(lut).indices(frame), delayCentiseconds);
+    Ditherer ditherer;
+    Bytes indices;
+    ditherer.use(lut);
+    ditherer.dither(frame, indices);
+    return indexedFrame(frame, lut, std::move(indices), delayCentiseconds);
 }
 
 } // namespace PaletteMapper

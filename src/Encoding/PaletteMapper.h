@@ -37,6 +37,9 @@ namespace PaletteMapper {
 /// Index of the palette entry nearest to `color`; the lowest one of several; 0 for an empty palette.
 [[nodiscard]] int nearestIndexLinear(RGBColor color, std::span<const RGBColor> palette);
 
+/// Sets `indices` to each pixel's table entry, rows top-down.
+void mapInto(Bytes& indices, const RGBAFrame& frame, const NearestColorLUT& lut);
+
 /// Each pixel's table entry. The delay (1/100 s) is passed on as it is.
 [[nodiscard]] IndexedFrame map(const RGBAFrame& frame, const NearestColorLUT& lut, std::int64_t delayCentiseconds);
 

@@ -6,11 +6,22 @@
 namespace quillbox {
 
 RGBAFrame::RGBAFrame(std::int64_t width, std::int64_t height, Bytes pixels)
+    : RGBAFrame(std::make_shared<const Bytes>(std::move(pixels)), width, height)
+{
+}
+
+RGBAFrame RGBAFrame::sharing(std::int64_t width, std::int64_t height, std::shared_ptr<const Bytes> pixels)
+{
+    return {std::move(pixels), width, height};
+}
+
+RGBAFrame::RGBAFrame(std::shared_ptr<const Bytes> pixels, std::int64_t width, std::int64_t height)
     : m_width(width)
     , m_height(height)
+    , m_pixels(std::move(pixels))
 {
-    precondition(std::ssize(pixels) == checkedMul(checkedMul(width, height), bytesPerPixel), "four bytes per pixel");
-    m_pixels = std::make_shared<const Bytes>(std::move(pixels));
+    precondition(m_pixels != nullptr, "a frame has pixels, if only none");
+    precondition(std::ssize(*m_pixels) == checkedMul(checkedMul(width, height), bytesPerPixel), "four bytes per pixel");
 }
 
 bool operator==(const RGBAFrame& a, const RGBAFrame& b)

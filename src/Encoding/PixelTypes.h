@@ -48,6 +48,9 @@ public:
     /// @param width, height  Pixels; zero is allowed.
     /// @pre `pixels.size() == width * height * 4`, checked without overflow; a violation ends the process.
     RGBAFrame(std::int64_t width, std::int64_t height, Bytes pixels);
+    /// The same for pixels that somebody else's `shared_ptr` looks after. @pre `pixels` is not null.
+    [[nodiscard]] static RGBAFrame sharing(
+        std::int64_t width, std::int64_t height, std::shared_ptr<const Bytes> pixels);
 
     [[nodiscard]] std::int64_t width() const { return m_width; }
     [[nodiscard]] std::int64_t height() const { return m_height; }
@@ -68,6 +71,8 @@ public:
     friend bool operator==(const RGBAFrame& a, const RGBAFrame& b);
 
 private:
+    RGBAFrame(std::shared_ptr<const Bytes> pixels, std::int64_t width, std::int64_t height);
+
     std::int64_t m_width;
     std::int64_t m_height;
     std::shared_ptr<const Bytes> m_pixels;

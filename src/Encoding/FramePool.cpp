@@ -1,0 +1,64 @@
+#include "Encoding/FramePool.h"
+
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace quillbox {
+
+/// Buffers that wait to be used again.
+class FramePool::Spares {
+public:
+    Bytes take()
+    {
+        const std::scoped_lock lock(m_mutex);
+        if (m_buffers.empty())
+            return {};
+        Bytes buffer = std::move(m_buffers.back()); // the one most likely to be in the cache still
+        m_buffers.pop_back();
+        return buffer;
+    }
+
+    void put(Bytes buffer)
+    {
+        const std::scoped_lock lock(m_mutex);
+        if (m_buffers.size() < largestCount)
+            m_buffers.push_back(std::move(buffer));
+    }
+
+private:
+    static constexpr std::size_t largestCount = 8; // more than a reader and its consumer have under way
+
+    std::mutex m_mutex;
+    std::vector<Bytes> m_buffers;
+};
+
+FramePool::FramePool()
+    : m_spares(std::make_shared<Spares>())
+{
+}
+
+Bytes FramePool::take(std::int64_t byteCount)
+{
+    Bytes buffer = m_spares->take();
+    buffer.resize(static_cast<std::size_t>(byteCount));
+    return buffer;
+}
+
+RGBAFrame FramePool::frame(std::int64_t width, std::int64_t height, Bytes pixels)
+{
+    auto giveBack = [spares = std::weak_ptr(m_spares)](Bytes* buffer) {
+        const std::unique_ptr<Bytes> owned(buffer);
+        if (const auto pool = spares.lock())
+            pool->put(std::move(*owned));
+    };
+    return RGBAFrame::sharing(
+        width, height, std::shared_ptr<const Bytes>(new Bytes(std::move(pixels)), std::move(giveBack)));
+}
+
+void FramePool::giveBack(Bytes pixels)
+{
+    m_spares->put(std::move(pixels));
+}
+
+} // namespace quillbox

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Encoding/PixelTypes.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace quillbox {
+
+/// Makes frames whose memory is used again for later frames once nobody holds them any more: memory that the system
+/// has to provide anew costs more than copying a picture into it.
+/// Thread: any; frames may outlive the pool.
+class FramePool {
+public:
+    FramePool();
+
+    /// A buffer of `byteCount` bytes with undefined contents.
+    [[nodiscard]] Bytes take(std::int64_t byteCount);
+
+    /// A frame whose buffer comes back here in the end. @pre as for RGBAFrame's constructor.
+    [[nodiscard]] RGBAFrame frame(std::int64_t width, std::int64_t height, Bytes pixels);
+
+    /// Gives back a buffer that became no frame.
+    void giveBack(Bytes pixels);
+
+private:
+    class Spares;
+    std::shared_ptr<Spares> m_spares;
+};
+
+} // namespace quillbox

@@ -1,0 +1,134 @@
+#include "Encoding/FrameIntake.h"
+
+#include "Encoding/GIFOptimizer.h"
+#include "reference/GIFOptimizer.h"
+#include "support/Iterations.h"
+#include "support/Pictures.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace quillbox {
+namespace {
+
+using support::gray;
+using support::Random;
+
+const std::vector<ExportPreset> allPresets{ExportPreset::slack, ExportPreset::github, ExportPreset::docs};
+
+FrameIntake intakeOf(const std::vector<RGBAFrame>& frames, std::int64_t sourceFPS)
+{
+    FrameIntake intake(sourceFPS, allPresets);
+    for (const RGBAFrame& frame : frames)
+        intake.append(frame);
+    return intake;
+}
+
+TEST(FrameIntake, CountsWhatItTakes)
+{
+    FrameIntake intake(24, allPresets);
+    EXPECT_EQ(intake.sourceFPS(), 24);
+    EXPECT_EQ(intake.frameCount(), 0);
+    intake.append(support::solid(2, 2, gray(0)));
+    intake.append(support::solid(2, 2, gray(0)));
+    EXPECT_EQ(intake.frameCount(), 2);
+}
+
+TEST(FrameIntake, SelectsForEachPresetFromTheSameFrames)
+{
+    // Every pixel changes in every frame: 12, 20 and 24 frames a second, so of 30 frames the 0th, 2nd, 5th, …;
+    // the 0th, 1st, 3rd, …; the 0th, 1st, 2nd, 3rd, 5th, …
+    std::vector<RGBAFrame> frames;
+    for (int i = 0; i < 30; ++i)
+        frames.push_back(support::solid(2, 2, gray(i * 8)));
+    const FrameIntake intake = intakeOf(frames, 30);
+    const auto slack = intake.selection(ExportPreset::slack);
+    EXPECT_EQ(slack.fps, 12);
+    ASSERT_EQ(slack.frames.size(), 12U);
+    EXPECT_EQ(slack.frames[1], (FrameDeduplicator::Timed{frames[2], 8}));
+    const auto github = intake.selection(ExportPreset::github);
+    EXPECT_EQ(github.fps, 20);
+    ASSERT_EQ(github.frames.size(), 20U);
+    EXPECT_EQ(github.frames[2], (FrameDeduplicator::Timed{frames[3], 5}));
+    const auto docs = intake.selection(ExportPreset::docs);
+    EXPECT_EQ(docs.fps, 24);
+    ASSERT_EQ(docs.frames.size(), 24U);
+    EXPECT_EQ(docs.frames[4], (FrameDeduplicator::Timed{frames[5], 4}));
+}
+
+TEST(FrameIntake, MayBeAskedBetweenFrames)
+{
+    FrameIntake intake(30, allPresets);
+    intake.append(support::solid(2, 2, gray(0)));
+    EXPECT_EQ(intake.selection(ExportPreset::slack).frames.size(), 1U);
+    intake.append(support::solid(2, 2, gray(100)));
+    intake.append(support::solid(2, 2, gray(200)));
+    EXPECT_EQ(intake.selection(ExportPreset::slack).frames.size(), 2U);
+}
+
+TEST(FrameIntake, LetsGoOfFramesThatNoRateKeeps)
+{
+    // 60 to 24 and below keeps neither the 1st nor the 3rd frame of any preset.
+    FrameIntake intake(60, allPresets);
+    const RGBAFrame dropped = support::solid(2, 2, gray(8));
+    intake.append(support::solid(2, 2, gray(0)));
+    intake.append(dropped);
+    intake.append(support::solid(2, 2, gray(16)));
+    intake.append(support::solid(2, 2, gray(24)));
+    for (const ExportPreset preset : allPresets) {
+        for (const auto& timed : intake.selection(preset).frames)
+            EXPECT_FALSE(timed.frame.sharesPixels(dropped));
+    }
+}
+
+TEST(FrameIntake, SharesThePixelsOfWhatItKeeps)
+{
+    const RGBAFrame frame = support::solid(2, 2, gray(0));
+    EXPECT_TRUE(intakeOf({frame}, 30).selection(ExportPreset::docs).frames.at(0).frame.sharesPixels(frame));
+}
+
+TEST(FrameIntake, NamesTheFirstFrameThatIsTooLargeWhenAsked)
+{
+    const FrameIntake intake
+        = intakeOf({support::solid(2, 2, gray(0)), RGBAFrame(65536, 0, Bytes()), RGBAFrame(0, 70'000, Bytes())}, 30);
+    try {
+        (void)intake.selection(ExportPreset::slack);
+        FAIL() << "nothing was thrown";
+    } catch (const GIFEncodingError& error) {
+        EXPECT_EQ(error, GIFEncodingError({65536, 0}));
+    }
+}
+
+TEST(FrameIntakeDeathTest, NeedsAFrameAndAKnownPreset)
+{
+    EXPECT_DEATH((void)FrameIntake(30, allPresets).selection(ExportPreset::slack), "there is a frame");
+    EXPECT_DEATH(FrameIntake(30, {}), "at least one preset");
+}
+
+TEST(FrameIntakeDeathTest, TheSourceRateMustBeTheOneOfTheConfiguration)
+{
+    const FrameIntake intake = intakeOf({support::solid(1, 1, gray(0))}, 30);
+    EXPECT_DEATH(
+        (void)GIFOptimizer::optimize(intake, {.preset = ExportPreset::slack, .sourceFPS = 24}), "source's rate");
+}
+
+TEST(FrameIntake, OneIntakeForAllPresetsGivesTheFilesOfTheReference)
+{
+    Random random(131);
+    for (std::int64_t i = support::iterations(150); i > 0; --i) {
+        std::vector<RGBAFrame> frames{support::randomPicture(random.below(30), random.below(30), random)};
+        for (std::int64_t count = random.below(40); count > 0; --count)
+            frames.push_back(support::randomSuccessor(frames.back(), random));
+        const std::int64_t sourceFPS = random.pick<std::int64_t>({30, 60, 25, 10, 0});
+        const FrameIntake intake = intakeOf(frames, sourceFPS);
+        for (const ExportPreset preset : allPresets) {
+            const GIFOptimizer::Config config{.preset = preset, .sourceFPS = sourceFPS};
+            ASSERT_EQ(GIFOptimizer::optimize(intake, config), reference::optimize(frames, config).result);
+        }
+    }
+}
+
+} // namespace
+} // namespace quillbox

@@ -1,0 +1,54 @@
+#include "Encoding/FramePool.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <utility>
+
+namespace quillbox {
+namespace {
+
+TEST(FramePool, GivesTheMemoryOfAForgottenFrameToTheNext)
+{
+    FramePool pool;
+    std::optional frame = pool.frame(2, 1, Bytes(8, 1));
+    const auto* const storage = frame->pixels().data();
+    std::optional copy = frame;
+    frame.reset();
+    EXPECT_NE(pool.take(8).data(), storage) << "a copy still holds it";
+    copy.reset();
+    EXPECT_EQ(pool.take(8).data(), storage);
+}
+
+TEST(FramePool, TakesBackABufferThatBecameNoFrame)
+{
+    FramePool pool;
+    Bytes buffer = pool.take(8);
+    const auto* const storage = buffer.data();
+    pool.giveBack(std::move(buffer));
+    EXPECT_EQ(pool.take(4).data(), storage) << "a smaller buffer fits too";
+}
+
+TEST(FramePool, CopiesShareTheirBuffers)
+{
+    FramePool pool;
+    FramePool copy = pool;
+    const auto* const storage = copy.frame(2, 1, Bytes(8, 1)).pixels().data();
+    EXPECT_EQ(pool.take(8).data(), storage);
+}
+
+TEST(FramePool, MayGoBeforeItsFrames)
+{
+    std::optional<FramePool> pool(std::in_place);
+    const RGBAFrame frame = pool->frame(1, 1, Bytes{1, 2, 3, 4});
+    pool.reset();
+    EXPECT_EQ(frame.pixels(), (Bytes{1, 2, 3, 4}));
+}
+
+TEST(FramePoolDeathTest, RejectsAMissingByte)
+{
+    EXPECT_DEATH((void)FramePool().frame(1, 1, Bytes(3)), "four bytes per pixel");
+}
+
+} // namespace
+} // namespace quillbox

@@ -1,0 +1,159 @@
+#include "Encoding/GIFOptimizer.h"
+
+#include "reference/GIFOptimizer.h"
+#include "support/GifDecoding.h"
+#include "support/Pictures.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <vector>
+
+// Noise compresses to about as many bytes a pixel as its palette has bits, so the number of pixels decides which
+// palette is the first to fit a budget.
+
+namespace quillbox {
+namespace {
+
+using GIFOptimizer::Config;
+using GIFOptimizer::optimize;
+using GIFOptimizer::Progress;
+using GIFOptimizer::Result;
+using support::Random;
+using testing::ElementsAre;
+
+/// Frames of noise with `pixels` pixels in all, none alike.
+std::vector<RGBAFrame> noiseClip(std::int64_t pixels)
+{
+    Random random(101);
+    std::vector<RGBAFrame> frames;
+    for (std::int64_t rest = pixels; rest > 0; rest -= 400 * 400)
+        frames.push_back(
+            support::noise(400, std::min<std::int64_t>(400, std::max<std::int64_t>(rest / 400, 1)), random));
+    return frames;
+}
+
+struct Outcome {
+    Result result;
+    std::vector<std::int64_t> attemptedColors;
+};
+
+Outcome optimizeNoting(const std::vector<RGBAFrame>& frames, const Config& config)
+{
+    Outcome outcome;
+    std::int64_t attempt = 0;
+    outcome.result = optimize(frames, config, {.parallelism = {}, .progress = [&](const Progress& progress) {
+                                                   if (progress.attempt > attempt)
+                                                       outcome.attemptedColors.push_back(progress.colors);
+                                                   attempt = progress.attempt;
+                                               }});
+    return outcome;
+}
+
+TEST(GIFOptimizerBudget, AFileWithinTheBudgetEndsTheSearchAtOnce)
+{
+    const Outcome outcome = optimizeNoting(noiseClip(1'700'000), {.preset = ExportPreset::slack, .sourceFPS = 12});
+    EXPECT_THAT(outcome.attemptedColors, ElementsAre(64));
+    EXPECT_GT(outcome.result.byteCount, 1'400'000);
+    EXPECT_LE(outcome.result.byteCount, 2'000'000);
+    EXPECT_EQ(outcome.result.colorCount, 64);
+}
+
+TEST(GIFOptimizerBudget, SmallerPalettesAreTriedUntilAFileFits)
+{
+    const std::vector<RGBAFrame> frames = noiseClip(2'900'000);
+    const Config config{.preset = ExportPreset::slack, .sourceFPS = 12};
+    const Outcome outcome = optimizeNoting(frames, config);
+    const reference::OptimizedClip expected = reference::optimize(frames, config);
+    EXPECT_EQ(outcome.attemptedColors, expected.attemptedColors);
+    ASSERT_GT(outcome.attemptedColors.size(), 1U) << "the clip is meant to need several attempts";
+    EXPECT_LE(outcome.result.byteCount, 2'000'000);
+    EXPECT_EQ(outcome.result, expected.result);
+    EXPECT_EQ(support::differenceSeenByGiflib(outcome.result.data, expected.frames), "");
+}
+
+TEST(GIFOptimizerBudget, TheSmallestFileIsReturnedWhenNoneFits)
+{
+    const std::vector<RGBAFrame> frames = noiseClip(4'200'000);
+    const Config config{.preset = ExportPreset::slack, .sourceFPS = 12, .ditheringOverride = false};
+    const Outcome outcome = optimizeNoting(frames, config);
+    EXPECT_THAT(outcome.attemptedColors, ElementsAre(64, 48, 32, 24, 16));
+    EXPECT_GT(outcome.result.byteCount, 2'000'000);
+    EXPECT_EQ(outcome.result.colorCount, 16);
+}
+
+TEST(GIFOptimizerBudget, GitHubGoesDownItsWholeLadder)
+{
+    const Outcome outcome = optimizeNoting(noiseClip(18'000'000), {.preset = ExportPreset::github, .sourceFPS = 20});
+    EXPECT_THAT(outcome.attemptedColors, ElementsAre(128, 96, 64, 48, 32));
+    EXPECT_GT(outcome.result.byteCount, 10'000'000);
+    EXPECT_EQ(outcome.result.colorCount, 32);
+}
+
+TEST(GIFOptimizerBudget, DocsGoesDownItsWholeLadder)
+{
+    const Outcome outcome = optimizeNoting(noiseClip(7'500'000), {.preset = ExportPreset::docs, .sourceFPS = 24});
+    EXPECT_THAT(outcome.attemptedColors, ElementsAre(256, 192, 128, 96, 64));
+    EXPECT_GT(outcome.result.byteCount, 5'000'000);
+    EXPECT_EQ(outcome.result.colorCount, 64);
+}
+
+/// A clip whose GIF has 33 + 271 + 215 · 9300 + `onePixelFrames` bytes, as long as its palette has 64 colours.
+///
+/// Header, screen, looping extension and trailer have 6 + 7 + 19 + 1 bytes. A frame has 8 for its control, 10 for its
+/// descriptor, 192 for its table and 1 for the code size, then sub-blocks. The first picture shows each of the 64
+/// colours once: clear and 63 literals of 7 bits (the 63rd assigns 128), then a literal and the end of 8 bits, which
+/// is 58 bytes and, with length and terminator, 60. A frame without pixels has two codes of 7 bits: 2 + 2 bytes; one
+/// of a single pixel has a code more: 3 + 2 bytes. Frames of different size, or without pixels, are never merged.
+std::vector<RGBAFrame> clipOfKnownSize(std::int64_t onePixelFrames)
+{
+    std::vector<RGBAFrame> frames{support::picture(64, 1, [](std::int64_t x, std::int64_t) {
+        return RGBColor(static_cast<std::uint8_t>(x * 4 / 8 * 8), static_cast<std::uint8_t>(x % 2 * 8), 0);
+    })};
+    for (std::int64_t i = 0; i < 9300; ++i)
+        frames.push_back(
+            i % 2 == 1 && i / 2 < onePixelFrames ? support::solid(1, 1, support::gray(0)) : RGBAFrame(0, 0, Bytes()));
+    return frames;
+}
+
+TEST(GIFOptimizerBudget, AFileOfExactlyTheBudgetIsAccepted)
+{
+    const Outcome outcome = optimizeNoting(clipOfKnownSize(196), {.preset = ExportPreset::slack, .sourceFPS = 12});
+    EXPECT_EQ(outcome.result.byteCount, 2'000'000); // 33 + 271 + 215 · 9300 + 196
+    EXPECT_EQ(outcome.result.colorCount, 64);
+    EXPECT_THAT(outcome.attemptedColors, ElementsAre(64));
+}
+
+TEST(GIFOptimizerBudget, AFileOfOneByteMoreIsNot)
+{
+    const Outcome outcome = optimizeNoting(clipOfKnownSize(197), {.preset = ExportPreset::slack, .sourceFPS = 12});
+    EXPECT_THAT(outcome.attemptedColors, ElementsAre(64, 48, 32)); // 48 colours need tables of 64 entries as well
+    EXPECT_EQ(outcome.result.colorCount, 32);
+}
+
+TEST(GIFOptimizerBudget, ALaterButLargerFileIsNotReturned)
+{
+    // 150 colours in runs of six pixels. At 64 colours they are not dithered (192 is not less than 150), and the
+    // runs compress; from 48 colours on they are (144 is), and dithering breaks the runs up.
+    Random random(103);
+    std::vector<RGBAFrame> frames;
+    for (int i = 0; i < 10; ++i) {
+        RGBColor color;
+        frames.push_back(support::picture(960, 960, [&](std::int64_t x, std::int64_t) {
+            if (x % 6 == 0) {
+                const std::int64_t number = random.below(150);
+                color = RGBColor(static_cast<std::uint8_t>(number % 6 * 48),
+                    static_cast<std::uint8_t>(number / 6 % 5 * 48), static_cast<std::uint8_t>(number / 30 * 48));
+            }
+            return color;
+        }));
+    }
+    const Outcome outcome = optimizeNoting(frames, {.preset = ExportPreset::slack, .sourceFPS = 12});
+    EXPECT_THAT(outcome.attemptedColors, ElementsAre(64, 48, 32, 24, 16));
+    EXPECT_GT(outcome.result.byteCount, 2'000'000);
+    EXPECT_EQ(outcome.result.colorCount, 64);
+    EXPECT_FALSE(outcome.result.usedDithering);
+}
+
+} // namespace
+} // namespace quillbox

@@ -1,0 +1,128 @@
+#include "support/ForeignDecoders.h"
+
+#include "support/Subprocess.h"
+#include "support/TemporaryFolder.h"
+
+#include <sstream>
+
+namespace quillbox::support {
+
+namespace {
+
+/// Runs a program that must succeed without a word on standard error; returns its standard output.
+std::string outputOf(const std::vector<std::string>& command)
+{
+    const ProcessResult result = runProcess(command);
+    if (result.exitStatus != 0 || !result.errors.empty()) {
+        throw ForeignDecoderError(
+            command[0] + " ended with " + std::to_string(result.exitStatus) + ": " + result.errors);
+    }
+    return result.output;
+}
+
+std::vector<std::vector<RGBColor>> picturesFrom(const std::string& rgb, std::int64_t width, std::int64_t height)
+{
+    const auto pictureBytes = static_cast<std::size_t>(width * height * 3);
+    if (rgb.size() % pictureBytes != 0)
+        throw ForeignDecoderError(std::to_string(rgb.size()) + " bytes are no whole number of pictures");
+    std::vector<std::vector<RGBColor>> pictures;
+    for (std::size_t start = 0; start < rgb.size(); start += pictureBytes) {
+        std::vector<RGBColor>& picture = pictures.emplace_back();
+        for (std::size_t offset = start; offset < start + pictureBytes; offset += 3) {
+            picture.emplace_back(static_cast<std::uint8_t>(rgb[offset]), static_cast<std::uint8_t>(rgb[offset + 1]),
+                static_cast<std::uint8_t>(rgb[offset + 2]));
+        }
+    }
+    return pictures;
+}
+
+std::vector<std::int64_t> numbersFrom(const std::string& text)
+{
+    std::istringstream stream(text);
+    std::vector<std::int64_t> numbers;
+    for (std::int64_t number = 0; stream >> number;)
+        numbers.push_back(number);
+    return numbers;
+}
+
+/// The file's path in a folder that lives as long as the object.
+class FileOnDisk {
+public:
+    explicit FileOnDisk(std::span<const std::uint8_t> bytes) { writeFile(path(), bytes); }
+    [[nodiscard]] std::string path() const { return m_folder.path() / "clip.gif"; }
+
+private:
+    TemporaryFolder m_folder;
+};
+
+// A line with the loop count (-1 for none) and the delays in milliseconds, then all pictures as RGB.
+constexpr auto pillowProgram = R"(
+import sys
+from PIL import Image, ImageSequence
+image = Image.open(sys.argv[1])
+delays, pictures = [], []
+for frame in ImageSequence.Iterator(image):
+    delays.append(frame.info["duration"])
+    pictures.append(frame.convert("RGB").tobytes())
+print(image.info.get("loop", -1), *delays, flush=True)
+for picture in pictures:
+    sys.stdout.buffer.write(picture)
+)";
+
+} // namespace
+
+ShownGif decodeWithFFmpeg(std::span<const std::uint8_t> file, std::int64_t width, std::int64_t height)
+{
+    const FileOnDisk clip(file);
+    ShownGif shown;
+    // Without -min_delay FFmpeg turns delays of 1 into 10, as browsers do.
+    shown.pictures = picturesFrom(outputOf({"ffmpeg", "-v", "error", "-min_delay", "0", "-i", clip.path(), "-fps_mode",
+                                      "passthrough", "-f", "rawvideo", "-pix_fmt", "rgb24", "-"}),
+        width, height);
+    shown.delaysCentiseconds = numbersFrom(outputOf({"ffprobe", "-v", "error", "-min_delay", "0", "-show_entries",
+        "packet=duration", "-of", "csv=print_section=0", clip.path()}));
+    return shown;
+}
+
+ShownGif decodeWithPillow(std::span<const std::uint8_t> file, std::int64_t width, std::int64_t height)
+{
+    const FileOnDisk clip(file);
+    const std::string output = outputOf({"/usr/bin/python3", "-c", pillowProgram, clip.path()});
+    const std::size_t endOfLine = output.find('\n');
+    std::vector<std::int64_t> numbers = numbersFrom(output.substr(0, endOfLine));
+    ShownGif shown;
+    shown.loopCount = numbers.at(0);
+    for (std::size_t i = 1; i < numbers.size(); ++i)
+        shown.delaysCentiseconds.push_back(numbers[i] / 10);
+    shown.pictures = picturesFrom(output.substr(endOfLine + 1), width, height);
+    return shown;
+}
+
+ShownGif decodeWithImageMagick(std::span<const std::uint8_t> file, std::int64_t width, std::int64_t height)
+{
+    const FileOnDisk clip(file);
+    ShownGif shown;
+    shown.pictures
+        = picturesFrom(outputOf({"convert", clip.path(), "-coalesce", "-depth", "8", "rgb:-"}), width, height);
+    shown.delaysCentiseconds = numbersFrom(outputOf({"identify", "-format", "%T\n", clip.path()}));
+    return shown;
+}
+
+std::string faultsFoundByGifsicle(std::span<const std::uint8_t> file)
+{
+    const FileOnDisk clip(file);
+    std::string faults;
+    // --info alone does not decompress the pictures; writing them interlaced makes gifsicle do so. The warnings left
+    // out there are about what it writes: that it takes local colour tables.
+    const std::vector<std::vector<std::string>> commands{{"gifsicle", "--info", clip.path()},
+        {"gifsicle", "--no-warnings", "--interlace", clip.path(), "-o", "/dev/null"}};
+    for (const std::vector<std::string>& command : commands) {
+        const ProcessResult result = runProcess(command);
+        faults += result.errors;
+        if (result.exitStatus != 0)
+            faults += "exit status " + std::to_string(result.exitStatus);
+    }
+    return faults;
+}
+
+} // namespace quillbox::support
