@@ -1,0 +1,36 @@
+#pragma once
+
+#include <exception>
+#include <string>
+#include <utility>
+
+namespace quillbox {
+
+/// Why a screen can't be captured, or can't be captured any longer. Copyable; thread: any.
+class CaptureError : public std::exception {
+public:
+    enum class Reason {
+        NoDisplay,      ///< there is no display to connect to
+        Unavailable,    ///< this kind of desktop, or the named back end, can't be captured
+        OutsideDisplay, ///< no part of the region lies on the main display
+        Unreadable,     ///< the display refuses its pixels, or lays them out in a way that can't be read
+        DisplayGone,    ///< the connection to the display broke
+        Stopped,        ///< the stream was stopped or destroyed before it had started
+    };
+
+    /// @param sentence  One sentence for the user, UTF-8, without a full stop.
+    CaptureError(Reason reason, std::string sentence)
+        : m_reason(reason)
+        , m_sentence(std::move(sentence))
+    {
+    }
+
+    [[nodiscard]] Reason reason() const { return m_reason; }
+    [[nodiscard]] const char* what() const noexcept override { return m_sentence.c_str(); }
+
+private:
+    Reason m_reason;
+    std::string m_sentence;
+};
+
+} // namespace quillbox

@@ -1,0 +1,70 @@
+#include "Capture/FrameTimeline.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quillbox {
+
+namespace {
+
+constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
+
+std::int64_t frameNanoseconds(FrameTimeline::TimePoint from, FrameTimeline::TimePoint to)
+{
+    const auto elapsed = std::chrono::duration_cast<std::chrono::nanoseconds>(to - from).count();
+    return checkedMul<std::int64_t>(elapsed, FrameTimeline::framesPerSecond);
+}
+
+/// The tick that `time` falls into. A thirtieth of a second is no whole number of nanoseconds: a time that is less
+/// than one nanosecond short of a tick's beginning is that beginning, rounded down.
+std::int64_t tickAt(FrameTimeline::TimePoint zero, FrameTimeline::TimePoint time)
+{
+    constexpr std::int64_t oneNanosecond = FrameTimeline::framesPerSecond;
+    return (frameNanoseconds(zero, time) + oneNanosecond - 1) / nanosecondsPerSecond;
+}
+
+std::int64_t roundedTicks(FrameTimeline::TimePoint zero, FrameTimeline::TimePoint time)
+{
+    return (frameNanoseconds(zero, time) + nanosecondsPerSecond / 2) / nanosecondsPerSecond;
+}
+
+} // namespace
+
+void FrameTimeline::deliver(RGBAFrame frame, TimePoint time)
+{
+    if (m_finished) {
+        m_frames.push_back(std::move(frame));
+        return;
+    }
+    if (!m_latest) {
+        m_zero = time;
+        m_lastDelivery = time;
+    }
+    m_lastDelivery = std::max(m_lastDelivery, time);
+    fillUpTo(tickAt(m_zero, m_lastDelivery));
+    m_latest = std::move(frame);
+}
+
+void FrameTimeline::finish(TimePoint time)
+{
+    if (m_finished)
+        return;
+    fillUpTo(frameCount(time));
+    m_finished = true;
+}
+
+std::int64_t FrameTimeline::frameCount(TimePoint time) const
+{
+    const std::int64_t complete = std::ssize(m_frames);
+    if (m_finished || !m_latest)
+        return complete;
+    return std::max({complete, roundedTicks(m_zero, std::max(time, m_lastDelivery)), std::int64_t{1}});
+}
+
+void FrameTimeline::fillUpTo(std::int64_t count)
+{
+    while (std::ssize(m_frames) < count)
+        m_frames.push_back(*m_latest);
+}
+
+} // namespace quillbox

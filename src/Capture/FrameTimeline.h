@@ -1,0 +1,47 @@
+#pragma once
+
+#include "Encoding/PixelTypes.h"
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace quillbox {
+
+/// Turns pictures that arrive whenever the screen changes into a steady list of 30 frames a second. Time zero is the
+/// first picture's moment. Frame k shows the latest picture delivered before (k + 1) ÷ 30 s; where nothing new arrived
+/// it repeats the frame before it and shares its pixels. Gaps are filled in by the next delivery or by finish(), so
+/// that a still screen costs nothing. Not for use from two threads at once.
+class FrameTimeline {
+public:
+    using TimePoint = std::chrono::steady_clock::time_point;
+    static constexpr std::int64_t framesPerSecond = 30;
+
+    /// Adds a picture that was on the screen at `time`. A time before the latest one counts as the latest one. After
+    /// finish() the picture is appended as one frame of its own.
+    void deliver(RGBAFrame frame, TimePoint time);
+
+    /// Ends the list at `time`, or at the last delivery if that was later: it then holds round(30 × duration in
+    /// seconds) frames, halves away from zero, and at least one if there was any picture. A second call does nothing.
+    void finish(TimePoint time);
+
+    [[nodiscard]] bool isFinished() const { return m_finished; }
+
+    /// How many frames finish(time) would leave; once finished, how many there are.
+    [[nodiscard]] std::int64_t frameCount(TimePoint time) const;
+
+    /// The frames so far, oldest first. Until finish() the latest picture and its repetitions may be missing.
+    [[nodiscard]] const std::vector<RGBAFrame>& frames() const { return m_frames; }
+
+private:
+    void fillUpTo(std::int64_t count);
+
+    std::vector<RGBAFrame> m_frames;   // complete ticks only
+    std::optional<RGBAFrame> m_latest; // not yet in m_frames as a tick of its own
+    TimePoint m_zero;
+    TimePoint m_lastDelivery;
+    bool m_finished = false;
+};
+
+} // namespace quillbox

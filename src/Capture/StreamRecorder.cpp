@@ -1,0 +1,136 @@
+#include "Capture/StreamRecorder.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QMetaObject>
+#include <QPointer>
+
+#include <algorithm>
+#include <utility>
+
+namespace quillbox {
+
+StreamRecorder::StreamRecorder(StreamFactory makeStream, Now now, QObject* parent)
+    : QObject(parent)
+    , m_makeStream(std::move(makeStream))
+    , m_now(std::move(now))
+    , m_session(std::make_shared<Session>())
+{
+}
+
+StreamRecorder::~StreamRecorder()
+{
+    // While this object is whole: a stream may call its sink until its destructor returns.
+    m_starting.clear();
+    m_stream.reset();
+}
+
+QCoro::Task<> StreamRecorder::start(CaptureRegion region)
+{
+    if (m_isRecording)
+        co_return;
+    const QPointer self(this);
+    auto session = std::make_shared<Session>();
+    session->recorder = this;
+    m_starting.push_back(m_makeStream());
+    CaptureStream* const stream = m_starting.back().get();
+    try {
+        auto starting = stream->start(region.normalized(), sinkFor(session));
+        co_await starting;
+    } catch (const CaptureError& error) {
+        if (self)
+            (void)takeStarting(stream); // it never ran
+        if (error.reason() == CaptureError::Reason::NoDisplay)
+            throw RecorderError(RecorderError::noDisplay);
+        throw;
+    } catch (...) {
+        if (self)
+            (void)takeStarting(stream);
+        throw;
+    }
+    if (!self)
+        co_return; // the stream went with the recorder
+    m_stream = takeStarting(stream);
+    m_session = std::move(session); // what arrived before this moment belongs to the recording
+    setRecording(true);
+    if (self && !m_session->interruption.isEmpty()) // it ended before we were told that it had begun
+        Q_EMIT interrupted(m_session->interruption);
+}
+
+QCoro::Task<std::vector<RGBAFrame>> StreamRecorder::stop()
+{
+    const auto session = m_session;
+    if (!m_isRecording)
+        co_return session->timeline.frames();
+    const QPointer self(this);
+    const auto stoppedAt = m_now();
+    try {
+        auto stopping = m_stream->stop();
+        co_await stopping;
+    } catch (const std::exception&) { // the frames are here already; a capture that can't be ended costs nothing more
+    }
+    if (self)
+        // Pictures that the stream handed over before it ended are still in this thread's queue.
+        QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+    session->timeline.finish(stoppedAt);
+    if (self && m_isRecording && m_session == session) { // unless another stop() was faster
+        m_stream.reset();
+        setRecording(false);
+    }
+    co_return session->timeline.frames();
+}
+
+std::int64_t StreamRecorder::frameCount() const
+{
+    return m_session->timeline.frameCount(m_now());
+}
+
+std::unique_ptr<CaptureStream> StreamRecorder::takeStarting(const CaptureStream* stream)
+{
+    const auto place = std::find_if(m_starting.begin(), m_starting.end(),
+        [stream](const std::unique_ptr<CaptureStream>& candidate) { return candidate.get() == stream; });
+    precondition(place != m_starting.end(), "a stream that is starting is kept");
+    auto taken = std::move(*place);
+    m_starting.erase(place);
+    return taken;
+}
+
+FrameSink StreamRecorder::sinkFor(const std::shared_ptr<Session>& session)
+{
+    // Both run on the stream's thread, which ends before this object does. What is still queued then is dropped.
+    FrameSink sink;
+    sink.frame = [session](RGBAFrame frame, CaptureClock::time_point shownAt) {
+        const auto append = [session, frame = std::move(frame), shownAt] {
+            session->timeline.deliver(frame, shownAt);
+        };
+        if (session->recorder)
+            (void)QMetaObject::invokeMethod(session->recorder, append, Qt::QueuedConnection); // always invokable
+    };
+    sink.ended = [session, now = m_now](CaptureError reason) {
+        const auto endedAt = now();
+        const auto finish = [session, endedAt, reason = std::move(reason)] {
+            session->recorder->end(session, endedAt, reason);
+        };
+        if (session->recorder)
+            (void)QMetaObject::invokeMethod(session->recorder, finish, Qt::QueuedConnection);
+    };
+    return sink;
+}
+
+void StreamRecorder::end(
+    const std::shared_ptr<Session>& session, CaptureClock::time_point time, const CaptureError& reason)
+{
+    session->timeline.finish(time);
+    session->interruption = QString::fromUtf8(reason.what());
+    if (session == m_session && m_isRecording)
+        Q_EMIT interrupted(session->interruption);
+}
+
+void StreamRecorder::setRecording(bool next)
+{
+    Q_EMIT isRecordingAboutToChange(next);
+    m_isRecording = next;
+    Q_EMIT isRecordingChanged();
+}
+
+} // namespace quillbox

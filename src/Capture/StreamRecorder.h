@@ -1,0 +1,98 @@
+#pragma once
+
+#include "Capture/CaptureStream.h"
+#include "Capture/FrameTimeline.h"
+#include "Capture/RecorderControlling.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+#include <cstddef>
+#include <cstdint>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace quillbox {
+
+/// Records a region of the main display into memory, 30 frames a second, until told to stop. There is no limit on the
+/// number of frames. Thread: main; pictures are converted on the stream's thread and appended here.
+class StreamRecorder : public QObject, public RecorderControlling {
+    Q_OBJECT
+
+public:
+    /// What only a recorder can fail with. A value; it has no text for the user.
+    class RecorderError : public std::exception {
+    public:
+        enum class Case { noDisplay };
+        static constexpr Case noDisplay = Case::noDisplay;
+
+        RecorderError(
+            Case which) // NOLINT(google-explicit-constructor): `throw RecorderError(noDisplay)` and comparisons
+            : m_case(which)
+        {
+        }
+        [[nodiscard]] Case which() const { return m_case; }
+        [[nodiscard]] const char* what() const noexcept override { return "no display"; }
+        friend bool operator==(const RecorderError& a, const RecorderError& b) { return a.m_case == b.m_case; }
+
+    private:
+        Case m_case;
+    };
+
+    using StreamFactory = std::function<std::unique_ptr<CaptureStream>()>;
+    using Now = std::function<CaptureClock::time_point()>;
+
+    /// @param makeStream  Makes the stream of each recording.
+    /// @param now         The clock that ends a recording; called from any thread.
+    explicit StreamRecorder(
+        StreamFactory makeStream = &makeCaptureStream, Now now = &CaptureClock::now, QObject* parent = nullptr);
+    ~StreamRecorder() override;
+
+    [[nodiscard]] bool isRecording() const override { return m_isRecording; }
+    QCoro::Task<> start(CaptureRegion region) override;
+    QCoro::Task<std::vector<RGBAFrame>> stop() override;
+
+    /// How many frames stop() would return now.
+    [[nodiscard]] std::int64_t frameCount() const;
+
+Q_SIGNALS:
+    /// Announced before isRecording() becomes `next`.
+    void isRecordingAboutToChange(bool next);
+    /// Announced after isRecording() has changed.
+    void isRecordingChanged();
+    /// The screen can't be captured any longer, for `reason` (one sentence without a full stop). isRecording() stays
+    /// true, no frame follows, and stop() returns those recorded so far.
+    void interrupted(const QString& reason);
+
+private:
+    /// The list of one recording, successful or not; shared by the stop() that waits for its end.
+    struct Session {
+        QPointer<StreamRecorder> recorder;
+        FrameTimeline timeline;
+        QString interruption; // empty unless the source went away
+    };
+
+    std::unique_ptr<CaptureStream> takeStarting(const CaptureStream* stream);
+    FrameSink sinkFor(const std::shared_ptr<Session>& session);
+    void end(const std::shared_ptr<Session>& session, CaptureClock::time_point time, const CaptureError& reason);
+    void setRecording(bool next);
+
+    StreamFactory m_makeStream;
+    Now m_now;
+    bool m_isRecording = false;
+    std::shared_ptr<Session> m_session;                     // of the last successful start
+    std::unique_ptr<CaptureStream> m_stream;                // the running one
+    std::vector<std::unique_ptr<CaptureStream>> m_starting; // usually empty or one
+};
+
+} // namespace quillbox
+
+template <> struct std::hash<quillbox::StreamRecorder::RecorderError> {
+    std::size_t operator()(const quillbox::StreamRecorder::RecorderError& error) const noexcept
+    {
+        return std::hash<int>{}(static_cast<int>(error.which()));
+    }
+};

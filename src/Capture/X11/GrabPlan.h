@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Capture/CaptureRegion.h"
+#include "Capture/X11/PixelRect.h"
+#include "Encoding/FrameResampler.h"
+
+#include <optional>
+
+namespace quillbox {
+
+/// Which device pixels make the frames of a region.
+struct GrabPlan {
+    PixelRect source;            ///< what to grab, in the coordinates of the display's rectangle
+    FrameResampler::Size output; ///< the frames' size: one pixel a point
+
+    friend bool operator==(const GrabPlan&, const GrabPlan&) = default;
+};
+
+/// The size of `display` in points, rounded, at least 1 × 1.
+/// @param scale  Device pixels a point, above 0.
+[[nodiscard]] FrameResampler::Size sizeInPoints(PixelRect display, double scale);
+
+/// Cuts `region` to the display and finds its device pixels, edges rounded to the nearest pixel; at least one pixel.
+/// @param display  The main display, in device pixels of the whole screen.
+/// @param scale    Device pixels a point, above 0.
+/// @return Nothing if no part of the region lies on the display.
+[[nodiscard]] std::optional<GrabPlan> planGrab(CaptureRegion region, PixelRect display, double scale);
+
+/// `frame` at `size`: shrunk with a box filter, or, where a side must grow, by repeating the nearest pixel. A frame
+/// that has the size already is passed on with its pixels shared.
+/// @pre Both sizes at least 1 × 1.
+[[nodiscard]] RGBAFrame scaledTo(const RGBAFrame& frame, FrameResampler::Size size);
+
+} // namespace quillbox

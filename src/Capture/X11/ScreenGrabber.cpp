@@ -1,0 +1,125 @@
+#include "Capture/X11/ScreenGrabber.h"
+
+#include "Capture/CaptureError.h"
+
+#include <string>
+
+namespace quillbox {
+
+namespace {
+
+GrabPlan planFor(const X11Display& display, CaptureRegion region)
+{
+    const PixelRect monitor = display.mainMonitor();
+    const double scale = display.scale();
+    const auto plan = planGrab(region, monitor, scale);
+    if (!plan) {
+        const auto size = sizeInPoints(monitor, scale);
+        throw CaptureError(CaptureError::Reason::OutsideDisplay,
+            "The region lies outside the main display, which is " + std::to_string(size.width) + "×"
+                + std::to_string(size.height));
+    }
+    return *plan;
+}
+
+} // namespace
+
+ScreenGrabber::ScreenGrabber(const X11Display& display, CaptureRegion region)
+    : m_display(display)
+    , m_plan(planFor(display, region))
+    , m_picture(display, m_plan.source)
+    , m_damage(display)
+    , m_pointer(display)
+    , m_screen(display.wholeScreen())
+    , m_stale(m_plan.source)
+{
+    const std::uint32_t wantedEvents = XCB_EVENT_MASK_STRUCTURE_NOTIFY; // the root window's size is the screen's
+    xcb_change_window_attributes(display.connection(), display.root(), XCB_CW_EVENT_MASK, &wantedEvents);
+}
+
+std::optional<RGBAFrame> ScreenGrabber::grab()
+{
+    m_pointer.askForPosition();
+    readEvents();
+    m_pointer.askForImage();
+    const bool changed = updatePicture();
+    m_display.checkConnection();
+
+    const PointerState pointer = pointerToDraw();
+    if (!changed && pointer == m_drawn)
+        return std::nullopt;
+    m_drawn = pointer;
+    return compose();
+}
+
+void ScreenGrabber::readEvents()
+{
+    while (const XCBPointer<xcb_generic_event_t> event{xcb_poll_for_event(m_display.connection())}) {
+        m_damage.note(*event);
+        m_pointer.note(*event);
+        noteScreenSize(*event);
+    }
+}
+
+void ScreenGrabber::noteScreenSize(const xcb_generic_event_t& event)
+{
+    if (event.response_type != XCB_CONFIGURE_NOTIFY) // not one that a client has sent
+        return;
+    const auto& change = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+    const PixelRect screen{0, 0, change.width, change.height};
+    if (change.window != m_display.root() || screen == m_screen)
+        return;
+    m_screen = screen;
+    m_picture.blacken();
+    m_stale = m_plan.source;
+    m_mustDeliver = true;
+}
+
+/// @return whether there is a new picture to deliver.
+bool ScreenGrabber::updatePicture()
+{
+    const PixelRect visible = m_plan.source.intersected(m_screen); // the server refuses what lies outside
+    const PixelRect suspect = m_damage.isWorking() ? m_damage.take(visible) : visible;
+    PixelRect box = suspect.united(m_stale).intersected(visible);
+    if (!box.isEmpty()) {
+        const bool isMostOfIt = box.area() > visible.area() / 2;
+        if (isMostOfIt)
+            box = visible; // straight into the picture, if nothing is cut off
+        const bool mayOverwrite = isMostOfIt && m_damage.isWorking();
+        switch (m_picture.fetch(box, mayOverwrite)) {
+        case ScreenPicture::Outcome::Refused:
+            m_stale = box; // the next tick tries again
+            return false;
+        case ScreenPicture::Outcome::Updated:
+            m_mustDeliver = true;
+            break;
+        case ScreenPicture::Outcome::Unchanged:
+            break;
+        }
+    }
+    m_stale = {};
+    const bool deliver = m_mustDeliver;
+    m_mustDeliver = false;
+    return deliver;
+}
+
+ScreenGrabber::PointerState ScreenGrabber::pointerToDraw() const
+{
+    const PixelRect place = m_pointer.place().relativeTo(m_plan.source);
+    if (place.intersected(extent()).isEmpty())
+        return {};
+    return {place, m_pointer.generation()};
+}
+
+RGBAFrame ScreenGrabber::compose()
+{
+    const PointerImage none;
+    const bool hasPointer = !m_drawn.place.isEmpty();
+    const DrawnPointer drawn(m_picture.data(), m_picture.stride(), extent(), hasPointer ? m_pointer.image() : none,
+        hasPointer ? m_drawn.place : PixelRect{});
+    const auto frame = PixelBufferAdapter::makeFrame(m_picture.buffer());
+    precondition(frame.has_value(), "our own picture has an address");
+    return scaledTo(*frame, m_plan.output);
+}
+
+} // namespace quillbox
