@@ -1,0 +1,26 @@
+#pragma once
+
+#include "App/FrameSources/FrameSize.h"
+#include "Capture/CaptureRegion.h"
+
+#include <optional>
+#include <string_view>
+
+namespace quillbox {
+
+/// Reads what users write as arguments. Stateless; thread: any.
+namespace ArgumentText {
+
+/// "WIDTHxHEIGHT": two numbers without signs. Numbers that don't fit 64 bits become the largest that does, so that
+/// an absurd size is reported as a size and not as bad spelling. None when it is written otherwise.
+[[nodiscard]] std::optional<FrameSize> size(std::string_view text);
+
+/// "X,Y,WIDTHxHEIGHT": X and Y may be negative; width and height are at least 1; all fit 32 bits.
+/// None when it is written otherwise.
+[[nodiscard]] std::optional<CaptureRegion> region(std::string_view text);
+
+/// A number of seconds above 0 and at most 86400, with or without a fraction. None when it is written otherwise.
+[[nodiscard]] std::optional<double> duration(std::string_view text);
+
+} // namespace ArgumentText
+} // namespace quillbox

@@ -1,0 +1,50 @@
+#include "App/CommandLine/ClipOutput.h"
+
+#include "PostCapture/OutputFile.h"
+
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+namespace quillbox {
+namespace {
+
+OutputFile::IfExists ifExists(bool force)
+{
+    return force ? OutputFile::IfExists::Replace : OutputFile::IfExists::Refuse;
+}
+
+} // namespace
+
+ClipOutput::ClipOutput(std::string output, bool force)
+    : m_output(std::move(output))
+    , m_force(force)
+{
+}
+
+void ClipOutput::check() const
+{
+    if (!isStandardOutput())
+        OutputFile::check(m_output, ifExists(m_force));
+    else if (::isatty(STDOUT_FILENO) == 1)
+        throw UsageError("standard output is a terminal, which can't show a GIF; redirect it, or name a file with -o");
+}
+
+void ClipOutput::save(std::span<const std::uint8_t> gif) const
+{
+    if (isStandardOutput())
+        OutputFile::write(STDOUT_FILENO, gif, "standard output");
+    else
+        OutputFile::save(m_output, gif, ifExists(m_force));
+}
+
+void ClipOutput::report(const std::string& line) const
+{
+    const std::vector<std::uint8_t> bytes(line.begin(), line.end());
+    if (isStandardOutput())
+        OutputFile::write(STDERR_FILENO, bytes, "standard error");
+    else
+        OutputFile::write(STDOUT_FILENO, bytes, "standard output");
+}
+
+} // namespace quillbox

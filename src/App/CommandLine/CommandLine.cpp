@@ -1,0 +1,33 @@
+#include "App/CommandLine/CommandLine.h"
+
+#include "App/CommandLine/EncodeCommand.h"
+#include "App/CommandLine/ErrorReport.h"
+#include "App/CommandLine/RecordCommand.h"
+
+#include <exception>
+
+namespace quillbox {
+namespace {
+
+struct CarryOut {
+    int operator()(const CommandLine::Finished& finished) const { return finished.exitCode; }
+    int operator()(const EncodeOptions& options) const { return EncodeCommand::run(options); }
+    int operator()(const RecordOptions& options) const { return RecordCommand::run(options); }
+};
+
+} // namespace
+
+int CommandLine::run(int argc, const char* const* argv)
+{
+    try {
+        return std::visit(CarryOut{}, parse(argc, argv));
+    } catch (const UsageError& error) {
+        ErrorReport::print(error.what());
+        return ExitCode::usage;
+    } catch (const std::exception& error) {
+        ErrorReport::print(ErrorReport::messageFor(error));
+        return ExitCode::failure;
+    }
+}
+
+} // namespace quillbox

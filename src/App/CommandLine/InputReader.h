@@ -1,0 +1,16 @@
+#pragma once
+
+#include "App/CommandLine/Options.h"
+#include "App/FrameSources/FrameReceiver.h"
+
+namespace quillbox {
+
+/// Reads whatever `quillbox encode` is given, telling its kind by its first bytes.
+namespace InputReader {
+
+/// Hands over at least one frame.
+/// @throws UsageError  the inputs don't go together.  @throws FrameReadError
+void read(const EncodeOptions& options, FrameReceiver& receiver);
+
+} // namespace InputReader
+} // namespace quillbox

@@ -1,0 +1,76 @@
+#include "App/CommandLine/ProgressLine.h"
+
+#include <array>
+#include <csignal>
+#include <unistd.h>
+
+namespace quillbox {
+namespace {
+
+constexpr std::array endingSignals{SIGINT, SIGTERM, SIGHUP};
+
+volatile std::sig_atomic_t lineIsShown = 0;
+
+/// Ends the line and lets the signal do what it does by default.
+extern "C" void endLineAndDie(int signal)
+{
+    if (lineIsShown != 0)
+        (void)!::write(STDERR_FILENO, "\n", 1);
+    std::raise(signal); // SA_RESETHAND has put the default action back
+}
+
+void writeToTerminal(std::string_view text)
+{
+    (void)!::write(STDERR_FILENO, text.data(), text.size()); // a terminal that has gone away needs no progress
+}
+
+} // namespace
+
+ProgressLine::ProgressLine()
+    : m_isTerminal(::isatty(STDERR_FILENO) == 1)
+{
+    if (!m_isTerminal)
+        return;
+    struct sigaction action { };
+    action.sa_handler = endLineAndDie;
+    action.sa_flags = static_cast<int>(SA_RESETHAND | SA_NODEFER);
+    for (const int signal : endingSignals) {
+        struct sigaction before { };
+        ::sigaction(signal, nullptr, &before);
+        if (before.sa_handler != SIG_IGN) // nohup stays in force
+            ::sigaction(signal, &action, nullptr);
+    }
+}
+
+ProgressLine::~ProgressLine()
+{
+    clear();
+    if (!m_isTerminal)
+        return;
+    for (const int signal : endingSignals) {
+        struct sigaction before { };
+        ::sigaction(signal, nullptr, &before);
+        if (before.sa_handler == endLineAndDie)
+            std::signal(signal, SIG_DFL);
+    }
+}
+
+void ProgressLine::show(std::string_view text)
+{
+    if (!m_isTerminal || text == m_shown)
+        return;
+    m_shown = text;
+    lineIsShown = 1;
+    writeToTerminal("\r" + m_shown + "\x1b[K"); // and clear what is left of the line before
+}
+
+void ProgressLine::clear()
+{
+    if (m_shown.empty())
+        return;
+    m_shown.clear();
+    writeToTerminal("\r\x1b[K");
+    lineIsShown = 0;
+}
+
+} // namespace quillbox

@@ -1,0 +1,164 @@
+#include "App/CommandLine/RecordCommand.h"
+
+#include "App/CommandLine/ClipOutput.h"
+#include "App/CommandLine/CoreApplication.h"
+#include "App/CommandLine/ErrorReport.h"
+#include "App/CommandLine/OptimizerProgress.h"
+#include "App/CommandLine/ProgressLine.h"
+#include "App/CommandLine/RecordingEnd.h"
+#include "App/CommandLine/ResultReport.h"
+#include "Capture/StreamRecorder.h"
+#include "Encoding/GIFEncoder.h"
+#include "Encoding/GIFOptimizer.h"
+#include "PostCapture/ClipboardExporter.h"
+#include "PostCapture/OutputFile.h"
+
+#include <QCoro/QCoroFuture>
+#include <QCoro/QCoroTask>
+#include <QFile>
+#include <QtConcurrent/QtConcurrentRun>
+
+#include <cmath>
+#include <exception>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace quillbox {
+namespace {
+
+using Frames = std::vector<RGBAFrame>;
+
+std::string startMessage(const std::exception& error)
+{
+    const auto* const recorderError = dynamic_cast<const StreamRecorder::RecorderError*>(&error);
+    const std::string reason = recorderError != nullptr
+        ? "There is no display to record. Set DISPLAY to an X11 display, such as :0"
+        : std::string(error.what());
+    return "Couldn't start recording: " + reason + '.';
+}
+
+std::string saveMessage(const std::exception& error)
+{
+    if (const auto* const tooLarge = dynamic_cast<const GIFEncodingError*>(&error)) {
+        const auto& size = tooLarge->dimensionTooLarge();
+        return "Region too large to encode (" + std::to_string(size.width) + "×" + std::to_string(size.height)
+            + "). Max is 65535 per side.";
+    }
+    return "Couldn't save clip: " + ErrorReport::messageFor(error);
+}
+
+/// Records into `recorder` until `end`, and says on `line` how long it has been.
+/// @return the reason, where the screen could not be captured to the end.
+QCoro::Task<QString> record(StreamRecorder& recorder, RecordingEnd& end, CaptureRegion region, ProgressLine& line)
+{
+    co_await recorder.start(region);
+    end.startClock();
+    QTimer display;
+    const auto show = [&recorder, &line] {
+        const auto frames = recorder.frameCount();
+        line.show("recording " + std::to_string(frames / FrameTimeline::framesPerSecond) + " s, "
+            + std::to_string(frames) + " frames; Ctrl-C stops");
+    };
+    if (line.isVisible()) {
+        QObject::connect(&display, &QTimer::timeout, &display, show);
+        display.start(std::chrono::milliseconds(200));
+        show();
+    }
+    const auto ended = end.future();
+    co_return co_await ended;
+}
+
+/// The frames of the recording, none if it could not be made; errors have been reported then.
+QCoro::Task<Frames> recordFrames(RecordOptions options, ProgressLine& line)
+{
+    StreamRecorder recorder;
+    RecordingEnd end(recorder, options.durationSeconds);
+    QString interruption;
+    std::string failure;
+    try {
+        interruption = co_await record(recorder, end, options.region, line);
+    } catch (const std::exception& error) {
+        failure = startMessage(error);
+    }
+    Frames frames = co_await recorder.stop();
+    line.clear();
+    if (!failure.empty()) {
+        ErrorReport::print(failure);
+        co_return Frames();
+    }
+    if (options.durationSeconds) { // a timer may be late, the clip need not show it
+        const auto wanted = std::max(1LL, std::llround(*options.durationSeconds * FrameTimeline::framesPerSecond));
+        frames.erase(frames.begin() + std::min<std::ptrdiff_t>(wanted, std::ssize(frames)), frames.end());
+    }
+    if (frames.empty()) {
+        ErrorReport::print(
+            interruption.isEmpty() ? "No frames captured." : "No frames captured. " + interruption.toStdString() + '.');
+    } else if (!interruption.isEmpty()) {
+        ErrorReport::print("The recording ended early: " + interruption.toStdString() + ". What was recorded is kept.");
+    }
+    co_return frames;
+}
+
+GIFOptimizer::Result encode(
+    const Frames& frames, ExportPreset preset, const std::function<void(const GIFOptimizer::Progress&)>& progress)
+{
+    leaveEndingSignalsToMainThread();
+    const GIFOptimizer::Config config{
+        .preset = preset, .sourceFPS = FrameTimeline::framesPerSecond, .ditheringOverride = std::nullopt};
+    return GIFOptimizer::optimize(frames, config, {.progress = progress});
+}
+
+std::string defaultOutput()
+{
+    const auto name = ClipboardExporter::fileName(QDateTime::currentDateTime(), QStringLiteral("gif"), QCalendar());
+    return QFile::encodeName(ClipboardExporter::clipsDirectory() + QLatin1Char('/') + name).toStdString();
+}
+
+void save(const GIFOptimizer::Result& result, const OutputOptions& options, ProgressLine& line)
+{
+    const ClipOutput output(options.output.value_or(defaultOutput()), options.force);
+    line.show("saving");
+    output.save(result.data);
+    line.clear();
+    const ResultReport::Clip saved{result, options.preset, output.name()};
+    output.report(options.json ? ResultReport::jsonLine(saved) : ResultReport::humanLine(saved));
+}
+
+QCoro::Task<int> recordAndSave(RecordOptions options)
+{
+    ProgressLine line;
+    Frames frames = co_await recordFrames(options, line);
+    if (frames.empty())
+        co_return ExitCode::failure;
+    std::string failure;
+    try {
+        auto job = QtConcurrent::run(&encode, std::move(frames), options.out.preset, progressOn(line));
+        const auto result = co_await job;
+        save(result, options.out, line);
+        co_return ExitCode::success;
+    } catch (const QUnhandledException& error) { // what the worker threw arrives wrapped
+        try {
+            std::rethrow_exception(error.exception());
+        } catch (const std::exception& inner) {
+            failure = saveMessage(inner);
+        }
+    } catch (const std::exception& error) {
+        failure = saveMessage(error);
+    }
+    line.clear();
+    ErrorReport::print(failure);
+    co_return ExitCode::failure;
+}
+
+} // namespace
+
+int RecordCommand::run(const RecordOptions& options)
+{
+    if (options.out.output)
+        ClipOutput(*options.out.output, options.out.force).check();
+    const CoreApplication application;
+    return QCoro::waitFor(recordAndSave(options));
+}
+
+} // namespace quillbox

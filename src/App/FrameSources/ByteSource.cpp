@@ -1,0 +1,163 @@
+#include "App/FrameSources/ByteSource.h"
+
+#include "App/FrameSources/FrameReadError.h"
+#include "Encoding/Precondition.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace quillbox {
+
+ByteSource::ByteSource(std::string name)
+    : m_name(std::move(name))
+{
+}
+
+std::span<const std::uint8_t> ByteSource::peek(std::size_t count)
+{
+    precondition(count <= lookaheadSize, "a look ahead stays within its buffer");
+    auto held = m_lookahead.size() - m_lookaheadBegin;
+    if (held < count) {
+        m_lookahead.erase(m_lookahead.begin(), m_lookahead.end() - static_cast<std::ptrdiff_t>(held));
+        m_lookaheadBegin = 0;
+        m_lookahead.resize(lookaheadSize);
+        while (held < count) {
+            const auto got = readSome(std::span(m_lookahead).subspan(held));
+            if (got == 0)
+                break;
+            held += got;
+        }
+        m_lookahead.resize(held);
+    }
+    return std::span(m_lookahead).subspan(m_lookaheadBegin, std::min(held, count));
+}
+
+std::size_t ByteSource::read(std::span<std::uint8_t> into)
+{
+    const auto held = std::span(m_lookahead).subspan(m_lookaheadBegin);
+    auto done = std::min(held.size(), into.size());
+    std::copy_n(held.begin(), done, into.begin());
+    m_lookaheadBegin += done;
+    while (done < into.size()) {
+        const auto got = readSome(into.subspan(done));
+        if (got == 0)
+            break;
+        done += got;
+    }
+    return done;
+}
+
+ByteSource::Line ByteSource::readLine()
+{
+    for (std::size_t searched = 0, wanted = 64;; wanted = std::min(wanted * 4, lookaheadSize)) {
+        const auto bytes = peek(wanted);
+        const auto newline = std::find(bytes.begin() + static_cast<std::ptrdiff_t>(searched), bytes.end(), '\n');
+        const auto length = static_cast<std::size_t>(newline - bytes.begin());
+        const bool complete = newline != bytes.end();
+        if (complete || bytes.size() < wanted || wanted == lookaheadSize) {
+            Line line{std::string(bytes.begin(), newline), complete};
+            m_lookaheadBegin += length + (complete ? 1 : 0);
+            return line;
+        }
+        searched = bytes.size();
+    }
+}
+
+std::optional<std::int64_t> ByteSource::remaining() const
+{
+    auto below = remainingBelow();
+    if (below)
+        *below += static_cast<std::int64_t>(m_lookahead.size() - m_lookaheadBegin);
+    return below;
+}
+
+MemoryByteSource::MemoryByteSource(std::string name, std::span<const std::uint8_t> bytes)
+    : ByteSource(std::move(name))
+    , m_bytes(bytes)
+{
+}
+
+std::size_t MemoryByteSource::readSome(std::span<std::uint8_t> into)
+{
+    const auto count = std::min(into.size(), m_bytes.size());
+    std::copy_n(m_bytes.begin(), count, into.begin());
+    m_bytes = m_bytes.subspan(count);
+    return count;
+}
+
+std::optional<std::int64_t> MemoryByteSource::remainingBelow() const
+{
+    return std::ssize(m_bytes);
+}
+
+FileByteSource::FileByteSource(const std::string& path)
+    : ByteSource(path)
+    , m_descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY))
+    , m_closes(true)
+{
+    if (m_descriptor < 0)
+        throw FrameReadError(path, FrameReadError::CannotOpen{errno});
+    try {
+        examine();
+    } catch (...) {
+        ::close(m_descriptor);
+        throw;
+    }
+}
+
+FileByteSource::FileByteSource(std::string name, int descriptor)
+    : ByteSource(std::move(name))
+    , m_descriptor(descriptor)
+{
+    examine();
+}
+
+FileByteSource::~FileByteSource()
+{
+    if (m_closes)
+        ::close(m_descriptor);
+}
+
+void FileByteSource::examine()
+{
+    struct stat status { };
+    if (::fstat(m_descriptor, &status) != 0)
+        throw FrameReadError(name(), FrameReadError::CannotOpen{errno});
+    if (S_ISDIR(status.st_mode))
+        throw FrameReadError(name(), FrameReadError::CannotOpen{EISDIR});
+    m_isRegularFile = S_ISREG(status.st_mode);
+    m_size = status.st_size;
+    // Both only make reading faster; where they are refused, nothing is lost.
+    if (m_isRegularFile)
+        (void)::posix_fadvise(m_descriptor, 0, 0, POSIX_FADV_SEQUENTIAL);
+    else if (S_ISFIFO(status.st_mode))
+        (void)::fcntl(m_descriptor, F_SETPIPE_SZ, 1 << 20);
+}
+
+std::size_t FileByteSource::readSome(std::span<std::uint8_t> into)
+{
+    for (;;) {
+        const auto got = ::read(m_descriptor, into.data(), into.size()); // the kernel reads at most 2 GB at once
+        if (got >= 0)
+            return static_cast<std::size_t>(got);
+        if (errno != EINTR)
+            throw FrameReadError(name(), FrameReadError::CannotRead{errno});
+    }
+}
+
+std::optional<std::int64_t> FileByteSource::remainingBelow() const
+{
+    if (!m_isRegularFile || m_size == 0) // files made by the kernel as they are read have no size
+        return std::nullopt;
+    const auto position = ::lseek(m_descriptor, 0, SEEK_CUR);
+    if (position < 0)
+        return std::nullopt;
+    return std::max<std::int64_t>(0, m_size - position);
+}
+
+} // namespace quillbox

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "Encoding/Bytes.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+
+namespace quillbox {
+
+/// A stream of bytes that is read once, from front to back. Large reads go straight to where they are wanted.
+/// One thread at a time.
+class ByteSource {
+public:
+    /// The most that `peek` shows and `readLine` finds, bytes.
+    static constexpr std::size_t lookaheadSize = 4096;
+
+    /// @param name  The input as the user knows it, for messages.
+    explicit ByteSource(std::string name);
+    ByteSource(const ByteSource&) = delete;
+    ByteSource& operator=(const ByteSource&) = delete;
+    virtual ~ByteSource() = default;
+
+    [[nodiscard]] const std::string& name() const { return m_name; }
+
+    /// The next bytes, which stay unread: `count` of them (at most `lookaheadSize`), or fewer where the input ends.
+    /// Valid until the next call. @throws FrameReadError
+    [[nodiscard]] std::span<const std::uint8_t> peek(std::size_t count);
+
+    /// Fills `into`, or less of it where the input ends. @return bytes read. @throws FrameReadError
+    [[nodiscard]] std::size_t read(std::span<std::uint8_t> into);
+
+    struct Line {
+        std::string text;      ///< without its newline
+        bool complete = false; ///< whether the newline was there, within `lookaheadSize` bytes
+    };
+    /// Takes the bytes up to and including the next newline; if none is near, what `peek` would show.
+    /// At the end of the input the line is empty and incomplete. @throws FrameReadError
+    [[nodiscard]] Line readLine();
+
+    /// Bytes that are still to be read, if that is known before reading them.
+    [[nodiscard]] std::optional<std::int64_t> remaining() const;
+
+protected:
+    /// Reads at least one byte, at most `into.size()`; 0 only at the end of the input. @throws FrameReadError
+    [[nodiscard]] virtual std::size_t readSome(std::span<std::uint8_t> into) = 0;
+    /// Bytes that `readSome` is still going to give, if known.
+    [[nodiscard]] virtual std::optional<std::int64_t> remainingBelow() const = 0;
+
+private:
+    std::string m_name;
+    Bytes m_lookahead; ///< read from below but not yet handed out
+    std::size_t m_lookaheadBegin = 0;
+};
+
+/// Bytes that lie in memory and outlive the source.
+class MemoryByteSource final : public ByteSource {
+public:
+    MemoryByteSource(std::string name, std::span<const std::uint8_t> bytes);
+
+private:
+    std::size_t readSome(std::span<std::uint8_t> into) override;
+    std::optional<std::int64_t> remainingBelow() const override;
+
+    std::span<const std::uint8_t> m_bytes;
+};
+
+/// A file, pipe or device.
+class FileByteSource final : public ByteSource {
+public:
+    /// Opens `path` for reading. @throws FrameReadError  it can't be opened, or is a folder.
+    explicit FileByteSource(const std::string& path);
+    /// Reads on from `descriptor`, which stays open afterwards. @throws FrameReadError  it is a folder, or not open.
+    FileByteSource(std::string name, int descriptor);
+    ~FileByteSource() override;
+
+    [[nodiscard]] int descriptor() const { return m_descriptor; }
+    /// Whether this is a file whose bytes can be read in any order, rather than a pipe or a device.
+    [[nodiscard]] bool isRegularFile() const { return m_isRegularFile; }
+
+private:
+    void examine();
+    std::size_t readSome(std::span<std::uint8_t> into) override;
+    std::optional<std::int64_t> remainingBelow() const override;
+
+    int m_descriptor = -1;
+    bool m_closes = false;
+    bool m_isRegularFile = false;
+    std::int64_t m_size = 0; ///< of a regular file, when it was opened
+};
+
+} // namespace quillbox

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "App/FrameSources/FrameSize.h"
+#include "Encoding/FramePool.h"
+#include "Encoding/PixelTypes.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace quillbox {
+
+/// Makes a clip's frames out of buffers. A frame that equals the one before it shares that one's pixels, and buffers
+/// are used again, so that a still screen needs the memory of a few frames. One thread at a time.
+class FrameMaker {
+public:
+    /// A buffer of `byteCount` bytes with undefined contents, to read the next frame into.
+    [[nodiscard]] Bytes takeBuffer(std::int64_t byteCount) { return m_pool.take(byteCount); }
+
+    /// @pre `pixels` holds four bytes for each pixel of `size`.
+    [[nodiscard]] RGBAFrame frame(FrameSize size, Bytes pixels);
+
+private:
+    FramePool m_pool;
+    std::optional<RGBAFrame> m_previous;
+};
+
+} // namespace quillbox

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "App/FrameSources/FrameSize.h"
+#include "App/FrameSources/YUVConversion.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillbox {
+
+/// The first line of a YUV4MPEG2 stream.
+/// @see yuv4mpeg(5) of the mjpegtools; the tag XCOLORRANGE is FFmpeg's.
+struct Y4MHeader {
+    /// The word that every stream starts with.
+    static constexpr std::string_view magic = "YUV4MPEG2";
+
+    FrameSize size;
+    ChromaSubsampling subsampling = ChromaSubsampling::yuv420;
+    YUVRange range = YUVRange::limited;
+    std::optional<std::int64_t> framesPerSecond; ///< rounded to a whole number, at least 1; none when it is unknown
+
+    /// @param input  The stream's name, for messages.
+    /// @param line   The line without its newline.
+    /// @throws FrameReadError  a tag is missing, malformed, or asks for what Quillbox doesn't read.
+    [[nodiscard]] static Y4MHeader parse(const std::string& input, std::string_view line);
+
+    friend bool operator==(const Y4MHeader&, const Y4MHeader&) = default;
+};
+
+} // namespace quillbox

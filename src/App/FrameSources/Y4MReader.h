@@ -1,0 +1,22 @@
+#pragma once
+
+#include "App/FrameSources/ByteSource.h"
+#include "App/FrameSources/FrameReceiver.h"
+
+namespace quillbox {
+
+/// Reads YUV4MPEG2 streams, as FFmpeg's yuv4mpegpipe writes them.
+/// @see yuv4mpeg(5) of the mjpegtools.
+namespace Y4MReader {
+
+/// Whether the input starts like a YUV4MPEG2 stream. Nothing is consumed. @throws FrameReadError
+[[nodiscard]] bool recognizes(ByteSource& source);
+
+/// Hands over the stream's rate and every frame up to the end of the input. Reading and conversion overlap; a picture
+/// that equals the one before it is not converted again and shares its pixels. Only a few pictures are held unconverted
+/// at a time.
+/// @throws FrameReadError  something that isn't understood, no frame, or an end inside a frame.
+void read(ByteSource& source, FrameReceiver& receiver);
+
+} // namespace Y4MReader
+} // namespace quillbox

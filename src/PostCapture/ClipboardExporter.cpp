@@ -1,0 +1,26 @@
+#include "PostCapture/ClipboardExporter.h"
+
+#include <QDir>
+#include <QLocale>
+#include <QStandardPaths>
+
+namespace quillbox {
+
+QString ClipboardExporter::clipsDirectory()
+{
+    auto parent = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
+    if (!QDir::isAbsolutePath(parent)) // none, or a user-dirs.dirs that names a folder relative to anywhere
+        parent = QDir::homePath();
+    const auto folder = QDir(parent).filePath(QStringLiteral("Quillbox"));
+    (void)QDir().mkpath(folder); // a folder that can't be made is reported by the save that follows
+    return folder;
+}
+
+QString ClipboardExporter::fileName(const QDateTime& date, const QString& ext, QCalendar calendar)
+{
+    const auto format = QStringLiteral("yyyy-MM-dd 'at' HH.mm.ss");
+    const auto moment = QLocale::c().toString(date.toLocalTime(), format, calendar);
+    return QStringLiteral("Quillbox ") + moment + QLatin1Char('.') + ext;
+}
+
+} // namespace quillbox

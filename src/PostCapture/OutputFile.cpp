@@ -1,0 +1,236 @@
+#include "PostCapture/OutputFile.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <optional>
+#include <string>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace quillbox {
+namespace {
+
+namespace fs = std::filesystem;
+using OutputFile::IfExists;
+
+/// An open file.
+class Descriptor {
+public:
+    explicit Descriptor(int descriptor)
+        : m_descriptor(descriptor)
+    {
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor()
+    {
+        if (m_descriptor >= 0)
+            (void)::close(m_descriptor); // what was written has been checked by then
+    }
+    [[nodiscard]] int get() const { return m_descriptor; }
+
+private:
+    int m_descriptor;
+};
+
+/// While it lives, this thread is not interrupted by the signals that end a program from outside.
+class SignalsHeld {
+public:
+    SignalsHeld()
+    {
+        sigset_t held;
+        sigemptyset(&held);
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+            sigaddset(&held, signal);
+        ::pthread_sigmask(SIG_BLOCK, &held, &m_before);
+    }
+    SignalsHeld(const SignalsHeld&) = delete;
+    SignalsHeld& operator=(const SignalsHeld&) = delete;
+    ~SignalsHeld() { ::pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
+
+private:
+    sigset_t m_before{};
+};
+
+/// Removes a file that did not become what it was meant for.
+class Leftover {
+public:
+    explicit Leftover(fs::path path)
+        : m_path(std::move(path))
+    {
+    }
+    Leftover(const Leftover&) = delete;
+    Leftover& operator=(const Leftover&) = delete;
+    ~Leftover()
+    {
+        if (!m_path.empty())
+            (void)::unlink(m_path.c_str()); // the failure that led here is the one to report
+    }
+    [[nodiscard]] const fs::path& path() const { return m_path; }
+    void keep() { m_path.clear(); }
+
+private:
+    fs::path m_path;
+};
+
+OutputFileError failure(const fs::path& path)
+{
+    return OutputFileError::fromErrorNumber(path, errno);
+}
+
+std::optional<struct stat> statusOf(const fs::path& path)
+{
+    struct stat status { };
+    if (::stat(path.c_str(), &status) != 0)
+        return std::nullopt;
+    return status;
+}
+
+fs::path folderOf(const fs::path& path)
+{
+    return path.has_parent_path() ? path.parent_path() : fs::path(".");
+}
+
+/// Puts `bytes` and the permissions of the file that is replaced into an open, still invisible file.
+void fill(
+    int descriptor, std::span<const std::uint8_t> bytes, const fs::path& path, const std::optional<struct stat>& old)
+{
+    OutputFile::write(descriptor, bytes, path);
+    if (old)
+        (void)::fchmod(descriptor, old->st_mode & 07777U); // a file system without permissions has none to lose
+    if (::fdatasync(descriptor) != 0)
+        throw failure(path);
+}
+
+/// Gives the finished file `temporary` its name.
+void moveInto(Leftover& temporary, const fs::path& path, IfExists ifExists)
+{
+    const char* const from = temporary.path().c_str();
+    if (ifExists == IfExists::Replace) {
+        if (::rename(from, path.c_str()) != 0)
+            throw failure(path);
+    } else if (::renameat2(AT_FDCWD, from, AT_FDCWD, path.c_str(), RENAME_NOREPLACE) != 0) {
+        if (errno != EINVAL && errno != ENOSYS)
+            throw failure(path);
+        if (::link(from, path.c_str()) != 0) // file systems that can't do it in one step
+            throw failure(path);
+        return; // and the temporary name is removed
+    }
+    temporary.keep();
+}
+
+/// Saves through a file that has no name until it is whole, so that not even a kill leaves anything.
+/// @return false where the file system has no such files; nothing has happened then.
+bool saveUnnamed(
+    const fs::path& path, std::span<const std::uint8_t> bytes, IfExists ifExists, const std::optional<struct stat>& old)
+{
+    const Descriptor file(::open(folderOf(path).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666));
+    if (file.get() < 0)
+        return false; // a true error comes back from the attempt with a name
+    fill(file.get(), bytes, path, old);
+
+    const auto self = "/proc/self/fd/" + std::to_string(file.get());
+    const SignalsHeld held;
+    if (::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0)
+        return true;
+    if (errno != EEXIST)
+        return false;
+    if (ifExists == IfExists::Refuse)
+        throw failure(path);
+    // A link can't replace a file, only a rename can: a second name is needed for a moment.
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        const auto name = folderOf(path) / (".quillbox-" + std::to_string(::getpid()) + '-' + std::to_string(attempt));
+        if (::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
+            Leftover temporary(name);
+            moveInto(temporary, path, ifExists);
+            return true;
+        }
+        if (errno != EEXIST)
+            break;
+    }
+    throw failure(path);
+}
+
+void saveNamed(
+    const fs::path& path, std::span<const std::uint8_t> bytes, IfExists ifExists, const std::optional<struct stat>& old)
+{
+    const SignalsHeld held;
+    auto name = (folderOf(path) / ".quillbox-XXXXXX").string();
+    const Descriptor file(::mkostemp(name.data(), O_CLOEXEC));
+    if (file.get() < 0)
+        throw failure(path);
+    Leftover temporary(name);
+    const auto mask = ::umask(0); // can only be read by setting it
+    ::umask(mask);
+    (void)::fchmod(file.get(), 0666U & ~mask); // mkstemp makes it private
+    fill(file.get(), bytes, path, old);
+    moveInto(temporary, path, ifExists);
+}
+
+/// `path`, or what it points to when it is a symbolic link: then the link's target is replaced and not the link.
+fs::path resolved(const fs::path& path)
+{
+    std::error_code error; // a link to nowhere stays what it is
+    if (!fs::is_symlink(path, error))
+        return path;
+    auto target = fs::canonical(path, error);
+    return error ? path : target;
+}
+
+} // namespace
+
+void OutputFile::check(const std::filesystem::path& path, IfExists ifExists)
+{
+    if (const auto status = statusOf(path)) {
+        if (S_ISDIR(status->st_mode))
+            throw OutputFileError(path, OutputFileError::Reason::IsFolder);
+        if (!S_ISREG(status->st_mode))
+            return;
+        if (ifExists == IfExists::Refuse)
+            throw OutputFileError(path, OutputFileError::Reason::AlreadyExists);
+    }
+    if (!path.has_filename())
+        throw OutputFileError(path, OutputFileError::Reason::IsFolder);
+    const auto folder = folderOf(resolved(path));
+    const auto status = statusOf(folder);
+    if (!status || !S_ISDIR(status->st_mode))
+        throw OutputFileError(path, OutputFileError::Reason::FolderMissing);
+    if (::access(folder.c_str(), W_OK | X_OK) != 0)
+        throw failure(path);
+}
+
+void OutputFile::save(const std::filesystem::path& path, std::span<const std::uint8_t> bytes, IfExists ifExists)
+{
+    check(path, ifExists);
+    const auto target = resolved(path);
+    const auto old = statusOf(target);
+    if (old && !S_ISREG(old->st_mode)) {
+        const Descriptor device(::open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
+        if (device.get() < 0)
+            throw failure(path);
+        write(device.get(), bytes, path);
+        return;
+    }
+    if (!saveUnnamed(target, bytes, ifExists, old))
+        saveNamed(target, bytes, ifExists, old);
+}
+
+void OutputFile::write(int descriptor, std::span<const std::uint8_t> bytes, const std::filesystem::path& path)
+{
+    while (!bytes.empty()) {
+        const auto written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0) {
+            if (errno == EINTR)
+                continue;
+            throw failure(path);
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(written));
+    }
+}
+
+} // namespace quillbox

@@ -1,0 +1,58 @@
+#include "PostCapture/OutputFile.h"
+
+#include <cerrno>
+#include <string>
+#include <system_error>
+#include <utility>
+
+namespace quillbox {
+namespace {
+
+std::string descriptionOf(const std::filesystem::path& path, OutputFileError::Reason reason, int errorNumber)
+{
+    switch (reason) {
+    case OutputFileError::Reason::AlreadyExists:
+        return "the file exists already; use --force to replace it";
+    case OutputFileError::Reason::FolderMissing:
+        return "there is no folder " + path.parent_path().string() + "; create it first";
+    case OutputFileError::Reason::IsFolder:
+        return "it is a folder; name a file";
+    case OutputFileError::Reason::IsInput:
+        return "it is an input itself; name another file with -o";
+    case OutputFileError::Reason::NoSpace:
+        return "no space left; free some or save elsewhere";
+    case OutputFileError::Reason::Refused:
+        break;
+    }
+    return std::generic_category().message(errorNumber);
+}
+
+} // namespace
+
+OutputFileError::OutputFileError(std::filesystem::path path, Reason reason, int errorNumber)
+    : m_path(std::move(path))
+    , m_reason(reason)
+    , m_description(descriptionOf(m_path, reason, errorNumber))
+    , m_message(m_path.string() + ": can't be saved: " + m_description)
+{
+}
+
+OutputFileError OutputFileError::fromErrorNumber(const std::filesystem::path& path, int errorNumber)
+{
+    switch (errorNumber) {
+    case EEXIST:
+        return {path, Reason::AlreadyExists};
+    case ENOENT:
+    case ENOTDIR:
+        return {path, Reason::FolderMissing};
+    case EISDIR:
+        return {path, Reason::IsFolder};
+    case ENOSPC:
+    case EDQUOT:
+        return {path, Reason::NoSpace};
+    default:
+        return {path, Reason::Refused, errorNumber};
+    }
+}
+
+} // namespace quillbox

@@ -1,0 +1,132 @@
+#include "App/CommandLine/CommandLine.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace quillbox {
+namespace {
+
+CommandLine::Request parse(std::vector<const char*> arguments)
+{
+    arguments.insert(arguments.begin(), "quillbox");
+    return CommandLine::parse(static_cast<int>(arguments.size()), arguments.data());
+}
+
+EncodeOptions parseEncode(std::vector<const char*> arguments)
+{
+    arguments.insert(arguments.begin(), "encode");
+    return std::get<EncodeOptions>(parse(std::move(arguments)));
+}
+
+RecordOptions parseRecord(std::vector<const char*> arguments)
+{
+    arguments.insert(arguments.begin(), "record");
+    return std::get<RecordOptions>(parse(std::move(arguments)));
+}
+
+std::string complaintAbout(std::vector<const char*> arguments)
+{
+    try {
+        (void)parse(std::move(arguments));
+    } catch (const UsageError& error) {
+        return error.what();
+    }
+    return "none";
+}
+
+TEST(CommandLineParser, GivesEncodeItsDefaults)
+{
+    const auto options = parseEncode({"a.png"});
+    EXPECT_EQ(options.inputs, (std::vector<std::string>{"a.png"}));
+    EXPECT_EQ(options.out.preset, ExportPreset::slack);
+    EXPECT_EQ(options.out.output, std::nullopt);
+    EXPECT_EQ(options.sourceFPS, std::nullopt);
+    EXPECT_EQ(options.dithering, std::nullopt);
+    EXPECT_EQ(options.raw, std::nullopt);
+    EXPECT_FALSE(options.out.json);
+    EXPECT_FALSE(options.out.force);
+}
+
+TEST(CommandLineParser, ReadsEveryOptionOfEncode)
+{
+    const auto options = parseEncode({"--preset", "docs", "--source-fps", "25", "--dither", "never", "--raw", "64x48",
+        "--json", "--force", "-o", "out.gif", "-"});
+    EXPECT_EQ(options.inputs, (std::vector<std::string>{"-"}));
+    EXPECT_EQ(options.out.preset, ExportPreset::docs);
+    EXPECT_EQ(options.out.output, "out.gif");
+    EXPECT_EQ(options.sourceFPS, 25);
+    EXPECT_EQ(options.dithering, false);
+    EXPECT_EQ(options.raw, (FrameSize{64, 48}));
+    EXPECT_TRUE(options.out.json);
+    EXPECT_TRUE(options.out.force);
+    EXPECT_EQ(parseEncode({"--dither", "always", "a"}).dithering, true);
+    EXPECT_EQ(parseEncode({"--dither", "auto", "a"}).dithering, std::nullopt);
+}
+
+TEST(CommandLineParser, KeepsTheOrderOfTheInputsWhereverOptionsStand)
+{
+    const auto options = parseEncode({"b.png", "-o", "x.gif", "a.png", "c.png"});
+    EXPECT_EQ(options.inputs, (std::vector<std::string>{"b.png", "a.png", "c.png"}));
+}
+
+TEST(CommandLineParser, TakesNamesThatLookLikeOptionsAfterTwoDashes)
+{
+    EXPECT_EQ(parseEncode({"--", "--json"}).inputs, (std::vector<std::string>{"--json"}));
+}
+
+TEST(CommandLineParser, TakesADashForStandardOutput)
+{
+    EXPECT_EQ(parseEncode({"-o", "-", "a.png"}).out.output, "-");
+}
+
+TEST(CommandLineParser, GivesRecordItsDefaults)
+{
+    const auto options = parseRecord({"--region", "1,2,3x4"});
+    EXPECT_EQ(options.region, (CaptureRegion{1, 2, 3, 4}));
+    EXPECT_EQ(options.durationSeconds, std::nullopt);
+    EXPECT_EQ(options.out.preset, ExportPreset::slack);
+}
+
+TEST(CommandLineParser, ReadsEveryOptionOfRecord)
+{
+    const auto options = parseRecord(
+        {"--region", "-1,2,3x4", "--duration", "1.5", "--preset", "github", "-o", "x.gif", "--json", "--force"});
+    EXPECT_EQ(options.region, (CaptureRegion{-1, 2, 3, 4}));
+    EXPECT_EQ(options.durationSeconds, 1.5);
+    EXPECT_EQ(options.out.preset, ExportPreset::github);
+    EXPECT_EQ(options.out.output, "x.gif");
+    EXPECT_TRUE(options.out.json);
+    EXPECT_TRUE(options.out.force);
+}
+
+TEST(CommandLineParser, SaysWhatIsWrongAndWhatToDo)
+{
+    EXPECT_EQ(complaintAbout({"encode"}), "INPUT is required; see quillbox encode --help");
+    EXPECT_EQ(complaintAbout({"record"}), "--region is required; see quillbox record --help");
+    EXPECT_EQ(complaintAbout({"dance"}), "The following argument was not expected: dance; see quillbox --help");
+    EXPECT_EQ(complaintAbout({"encode", "a", "--preset", "Slack"}),
+        "--preset: there is no preset \"Slack\"; use slack, github or docs");
+    EXPECT_EQ(complaintAbout({"encode", "a", "--source-fps", "0"}),
+        "--source-fps: use a whole number of frames per second from 1 to 1000");
+    EXPECT_EQ(
+        complaintAbout({"encode", "a", "--dither", "yes"}), "--dither: there is no \"yes\"; use auto, always or never");
+    EXPECT_EQ(complaintAbout({"encode", "a", "--raw", "640"}), "--raw: \"640\" is not a size; write it like 1280x720");
+    EXPECT_EQ(
+        complaintAbout({"encode", "a", "-o", ""}), "-o: the name is empty; name a file, or - for standard output");
+    EXPECT_EQ(complaintAbout({"record", "--region", "all"}),
+        "--region: \"all\" is not a region; write it like 100,50,640x480 (left, top, size)");
+    EXPECT_EQ(complaintAbout({"record", "--region", "0,0,9x9", "--duration", "0"}),
+        "--duration: \"0\" is not a number of seconds above 0, at most 86400");
+}
+
+TEST(CommandLineParser, RefusesNumbersThatAreNone)
+{
+    EXPECT_NE(complaintAbout({"encode", "a", "--source-fps", "fast"}), "none");
+    EXPECT_NE(complaintAbout({"encode", "a", "--source-fps", "99999999999999999999"}), "none");
+    EXPECT_NE(complaintAbout({"encode", "a", "--source-fps", "2.5"}), "none");
+}
+
+} // namespace
+} // namespace quillbox

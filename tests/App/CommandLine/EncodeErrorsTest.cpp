@@ -1,0 +1,192 @@
+#include "ProgramFixture.h"
+
+#include "Encoding/GIFEncoder.h"
+#include "support/Pictures.h"
+
+#include <QImage>
+
+#include <fstream>
+
+namespace quillbox {
+namespace {
+
+class EncodeErrors : public ProgramFixture {
+protected:
+    void SetUp() override
+    {
+        writeRaw("two.rgba", {support::solid(2, 2, support::gray(1)), support::solid(2, 2, support::gray(2))});
+        std::ofstream(path("notes.txt")) << "hello\n";
+        std::ofstream(path("empty"));
+        ASSERT_TRUE(QImage(4, 4, QImage::Format_RGB32).save(QString::fromStdString(path("a.png"))));
+        std::filesystem::copy_file(path("a.png"), path("cut.png"));
+        std::filesystem::resize_file(path("cut.png"), 60);
+        std::ofstream(path("cut.y4m")) << "YUV4MPEG2 W2 H2 Cmono\nFRAME\nabcdFRAME\nab";
+        std::ofstream(path("taken.gif")) << "precious";
+        m_before = fileNames();
+    }
+
+    /// Exactly this one line on standard error, nothing on standard output, and the folder as it was.
+    void expectError(int exitStatus, const std::string& script, const std::string& message) const
+    {
+        const auto result = shell(script);
+        EXPECT_EQ(result.exitStatus, exitStatus) << script;
+        EXPECT_EQ(result.errors, "quillbox: " + message + "\n") << script;
+        EXPECT_EQ(result.output, "") << script;
+        EXPECT_EQ(fileNames(), m_before) << script;
+        EXPECT_EQ(support::readFile(path("taken.gif")), "precious") << script;
+    }
+
+    /// The same, where part of the message is another program's or depends on the system.
+    void expectErrorContaining(int exitStatus, const std::string& script, const std::string& part) const
+    {
+        const auto result = shell(script);
+        EXPECT_EQ(result.exitStatus, exitStatus) << script;
+        EXPECT_NE(result.errors.find(part), std::string::npos) << script << '\n' << result.errors;
+        EXPECT_EQ(lineCount(result.errors), 1) << script << '\n' << result.errors;
+        EXPECT_EQ(result.output, "") << script;
+        EXPECT_EQ(fileNames(), m_before) << script;
+    }
+
+private:
+    std::set<std::string> m_before;
+};
+
+TEST_F(EncodeErrors, NameTheOptionThatIsWrongAndExitWithTwo)
+{
+    expectError(2, "quillbox encode", "INPUT is required; see quillbox encode --help");
+    expectError(
+        2, "quillbox encode a.png --preset tiny", "--preset: there is no preset \"tiny\"; use slack, github or docs");
+    expectError(2, "quillbox encode a.png --raw 2", "--raw: \"2\" is not a size; write it like 1280x720");
+    expectError(
+        2, "quillbox encode a.png --dither maybe", "--dither: there is no \"maybe\"; use auto, always or never");
+    expectError(2, "quillbox encode a.png --source-fps 0",
+        "--source-fps: use a whole number of frames per second from 1 to 1000");
+    expectErrorContaining(2, "quillbox encode a.png --colour", "not expected: --colour");
+    expectErrorContaining(2, "quillbox compress a.png", "not expected: ");
+}
+
+TEST_F(EncodeErrors, TellWhichInputsDoNotGoTogether)
+{
+    expectError(2, "quillbox encode -", "this INPUT gives the GIF no name; add one, like -o clip.gif");
+    expectError(2, "quillbox encode -o x.gif a.png -", "standard input must be the only INPUT");
+    expectError(2, "quillbox encode -o x.gif --raw 2x2 two.rgba two.rgba",
+        "--raw: give one INPUT with all frames, one after another");
+    expectError(2, "quillbox encode -o x.gif a.png cut.y4m", "cut.y4m is a YUV4MPEG2 stream; give it alone");
+}
+
+TEST_F(EncodeErrors, TellWhereRawFramesEnd)
+{
+    expectError(1, "quillbox encode --raw 3x2 two.rgba",
+        "two.rgba: frame 2 ends after 8 of 24 bytes; is --raw 3x2 its true size?");
+    expectError(1, "cat two.rgba | quillbox encode --raw 3x2 -o x.gif -",
+        "standard input: frame 2 ends after 8 of 24 bytes; is --raw 3x2 its true size?");
+}
+
+TEST_F(EncodeErrors, TellWhereAStreamEnds)
+{
+    expectError(1, "quillbox encode cut.y4m", "cut.y4m: frame 2 ends after 2 of 4 bytes; write the stream again");
+    expectError(1, "cat cut.y4m | quillbox encode -o x.gif -",
+        "standard input: frame 2 ends after 2 of 4 bytes; write the stream again");
+}
+
+TEST_F(EncodeErrors, RefuseAbsurdSizes)
+{
+    const std::string rule = "; each side must be 1 to 65535 pixels";
+    expectError(1, "quillbox encode --raw 0x0 two.rgba", "two.rgba: frame 1 is 0×0" + rule);
+    expectError(1, "quillbox encode --raw 65536x1 two.rgba", "two.rgba: frame 1 is 65536×1" + rule);
+    expectError(1, "quillbox encode --raw 99999999999999999999x4 two.rgba",
+        "two.rgba: frame 1 is 9223372036854775807×4" + rule);
+    expectError(1, "printf 'YUV4MPEG2 W70000 H2 Cmono\\n' | quillbox encode -o x.gif -",
+        "standard input: frame 1 is 70000×2" + rule);
+}
+
+TEST_F(EncodeErrors, RefuseInputsThatCannotBeRead)
+{
+    expectError(1, "quillbox encode missing.png", "missing.png: can't be opened: No such file or directory");
+    expectError(1, "quillbox encode a.png missing.png", "missing.png: can't be opened: No such file or directory");
+    expectError(1, "quillbox encode -o x.gif .", ".: can't be opened: Is a directory");
+    expectErrorContaining(1, "quillbox encode notes.txt", "notes.txt: is not an image that can be read; expected PNG");
+    expectErrorContaining(1, "quillbox encode cut.png", "cut.png: frame 1 can't be decoded: ");
+    expectErrorContaining(1, "quillbox encode -o x.gif a.png cut.png", "cut.png: frame 2 can't be decoded: ");
+}
+
+TEST_F(EncodeErrors, RefuseInputsWithoutFrames)
+{
+    expectError(1, "quillbox encode empty", "empty: holds no frame; at least one is needed");
+    expectError(1, "quillbox encode --raw 2x2 empty", "empty: holds no frame; at least one is needed");
+    expectError(1, "quillbox encode -o x.gif - < empty", "standard input: holds no frame; at least one is needed");
+    expectError(1, "printf 'YUV4MPEG2 W2 H2\\n' | quillbox encode -o x.gif -",
+        "standard input: holds no frame; at least one is needed");
+}
+
+TEST_F(EncodeErrors, RefuseAStreamOfAnotherKindOnStandardInput)
+{
+    expectErrorContaining(1, "quillbox encode -o x.gif - < notes.txt", "expected a YUV4MPEG2 stream");
+}
+
+TEST_F(EncodeErrors, SpareAFileThatExists)
+{
+    expectError(1, "quillbox encode -o taken.gif a.png",
+        "taken.gif: can't be saved: the file exists already; use --force to replace it");
+}
+
+TEST_F(EncodeErrors, SpareTheInputUnderWhateverName)
+{
+    const std::string rule = ": can't be saved: it is an input itself; name another file with -o";
+    expectError(1, "quillbox encode --force taken.gif", "taken.gif" + rule);
+    expectError(1, "quillbox encode --force -o ./a.png a.png", "./a.png" + rule);
+    expectError(1, "quillbox encode --force --raw 2x2 -o two.rgba - < two.rgba", "two.rgba" + rule);
+}
+
+TEST_F(EncodeErrors, NameAFolderThatIsMissing)
+{
+    expectError(1, "quillbox encode -o nowhere/x.gif a.png",
+        "nowhere/x.gif: can't be saved: there is no folder nowhere; create it first");
+    expectError(1, "quillbox encode -o a.png/x.gif a.png",
+        "a.png/x.gif: can't be saved: there is no folder a.png; create it first");
+    expectError(1, "quillbox encode -o . a.png", ".: can't be saved: it is a folder; name a file");
+}
+
+TEST_F(EncodeErrors, ReportAFullDevice)
+{
+    expectError(1, "quillbox encode -o - a.png > /dev/full",
+        "standard output: can't be saved: no space left; free some or save elsewhere");
+    expectError(1, "quillbox encode -o /dev/full a.png",
+        "/dev/full: can't be saved: no space left; free some or save elsewhere");
+}
+
+TEST_F(EncodeErrors, ReportAFullDiskAndLeaveNothingOnIt)
+{
+    if (support::runProcess({"unshare", "-rm", "mount", "-t", "tmpfs", "none", folder().string()}).exitStatus != 0)
+        GTEST_SKIP() << "this user may not mount a small disk";
+    support::Random random(1);
+    writeRaw("noise.rgba", {support::noise(300, 300, random)}); // a GIF of more than 64 KiB
+    const auto result = shell("mkdir small && unshare -rm sh -c 'mount -t tmpfs -o size=64k none small && "
+                              "echo precious > small/old.gif && "
+                              "\"$0\" encode --raw 300x300 -o small/x.gif noise.rgba; echo $?; "
+                              "\"$0\" encode --raw 300x300 --force -o small/old.gif noise.rgba; echo $?; "
+                              "ls -A small; cat small/old.gif' \"$program\"");
+    EXPECT_EQ(result.output, "1\n1\nold.gif\nprecious\n");
+    EXPECT_EQ(result.errors,
+        "quillbox: small/x.gif: can't be saved: no space left; free some or save elsewhere\n"
+        "quillbox: small/old.gif: can't be saved: no space left; free some or save elsewhere\n");
+}
+
+TEST_F(EncodeErrors, StayOnOneLineWhateverTheFileIsCalled)
+{
+    const auto result = shell("quillbox encode \"$(printf 'a\\nb\\033[2J')\"");
+    EXPECT_EQ(result.exitStatus, 1);
+    EXPECT_EQ(result.errors, "quillbox: a?b?[2J: can't be opened: No such file or directory\n");
+}
+
+TEST_F(EncodeErrors, ExplainALackOfMemory)
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    GTEST_SKIP() << "a sanitizer needs more address space than the limit leaves";
+#endif
+    expectError(1, "ulimit -v 400000; cat two.rgba | quillbox encode --raw 20000x20000 -o x.gif -",
+        "there is not enough memory for these frames; use fewer or smaller ones");
+}
+
+} // namespace
+} // namespace quillbox

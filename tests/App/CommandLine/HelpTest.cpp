@@ -1,0 +1,44 @@
+#include "ProgramFixture.h"
+
+namespace quillbox {
+namespace {
+
+class Help : public ProgramFixture { };
+
+TEST_F(Help, IsPrintedWhenNothingIsAskedFor)
+{
+    const auto result = shell("quillbox");
+    EXPECT_EQ(result.exitStatus, 0);
+    EXPECT_EQ(result.output, shell("quillbox --help").output);
+    EXPECT_EQ(result.errors, "");
+}
+
+TEST_F(Help, ShowsExamplesForEveryCommand)
+{
+    for (const char* command : {"quillbox --help", "quillbox encode --help", "quillbox record --help"}) {
+        const auto result = shell(command);
+        EXPECT_EQ(result.exitStatus, 0) << command;
+        EXPECT_NE(result.output.find("Examples:\n  "), std::string::npos) << command;
+        EXPECT_EQ(result.errors, "") << command;
+    }
+}
+
+TEST_F(Help, NamesEveryOption)
+{
+    const auto encode = shell("quillbox encode --help").output;
+    for (const char* option : {"--preset", "--source-fps", "--dither", "--raw", "--json", "--force", "-o", "INPUT"})
+        EXPECT_NE(encode.find(option), std::string::npos) << option;
+    const auto record = shell("quillbox record --help").output;
+    for (const char* option : {"--preset", "--region", "--duration", "--json", "--force", "-o"})
+        EXPECT_NE(record.find(option), std::string::npos) << option;
+}
+
+TEST_F(Help, TellsTheVersion)
+{
+    const auto result = shell("quillbox --version");
+    EXPECT_EQ(result.exitStatus, 0);
+    EXPECT_EQ(result.output, std::string("quillbox ") + QUILLBOX_VERSION + "\n");
+}
+
+} // namespace
+} // namespace quillbox

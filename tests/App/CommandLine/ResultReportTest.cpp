@@ -1,0 +1,98 @@
+#include "App/CommandLine/ResultReport.h"
+
+#include "App/CommandLine/ErrorReport.h"
+#include "App/CommandLine/OptimizerProgress.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+#include <string>
+
+namespace quillbox {
+namespace {
+
+GIFOptimizer::Result result(std::int64_t byteCount)
+{
+    GIFOptimizer::Result result;
+    result.data = {'G', 'I', 'F', '8', '9', 'a', 0xC0, 0x03, 0x1C, 0x02}; // 960×540
+    result.byteCount = byteCount;
+    result.frameCount = 40;
+    result.sourceFrameCount = 90;
+    result.colorCount = 64;
+    result.effectiveFPS = 12;
+    result.usedDithering = true;
+    result.durationSeconds = 3.25;
+    return result;
+}
+
+TEST(ResultReport, PutsTheFieldsOfTheJSONObjectInTheirOrder)
+{
+    const auto report = ResultReport::jsonLine({result(1234567), ExportPreset::slack, "a \"b\".gif"});
+    EXPECT_EQ(report,
+        R"({"byteCount":1234567,"frameCount":40,"sourceFrameCount":90,"colorCount":64,"effectiveFPS":12,)"
+        R"("usedDithering":true,"durationSeconds":3.25,"output":"a \"b\".gif","width":960,"height":540,)"
+        R"("overBudget":false})"
+        "\n");
+}
+
+TEST(ResultReport, WritesJSONEvenForANameThatIsNoText)
+{
+    const auto report = ResultReport::jsonLine({result(1), ExportPreset::slack, "\xff.gif"});
+    EXPECT_NE(report.find("\"output\":\"\xEF\xBF\xBD.gif\""), std::string::npos) << report;
+}
+
+TEST(ResultReport, SaysItInOneHumanLine)
+{
+    EXPECT_EQ(ResultReport::humanLine({result(1234567), ExportPreset::slack, "a.gif"}),
+        "a.gif: 1.2 MB, 40 frames, 64 colours, 12 fps, 3.2 s, dithered\n");
+}
+
+TEST(ResultReport, UsesTheSingularForOne)
+{
+    auto one = result(999);
+    one.frameCount = 1;
+    one.colorCount = 1;
+    one.usedDithering = false;
+    EXPECT_EQ(ResultReport::humanLine({one, ExportPreset::slack, "a.gif"}),
+        "a.gif: 999 B, 1 frame, 1 colour, 12 fps, 3.2 s, not dithered\n");
+}
+
+TEST(ResultReport, WarnsOfAFileOverItsBudgetByOneByte)
+{
+    EXPECT_FALSE(ResultReport::isOverBudget({result(2'000'000), ExportPreset::slack, "a.gif"}));
+    EXPECT_TRUE(ResultReport::isOverBudget({result(2'000'001), ExportPreset::slack, "a.gif"}));
+    EXPECT_EQ(ResultReport::humanLine({result(10'400'000), ExportPreset::github, "a.gif"}),
+        "a.gif: 10.4 MB, 40 frames, 64 colours, 12 fps, 3.2 s, dithered; over the 10 MB budget of GitHub: record less, "
+        "or "
+        "a smaller part of the screen\n");
+}
+
+TEST(ResultReport, RoundsKilobytesToWholeOnes)
+{
+    EXPECT_EQ(ResultReport::humanLine({result(1501), ExportPreset::slack, "a"}).substr(0, 8), "a: 2 KB,");
+    EXPECT_EQ(ResultReport::humanLine({result(999'999), ExportPreset::slack, "a"}).substr(0, 11), "a: 1000 KB,");
+}
+
+TEST(ErrorReport, KeepsAMessageOnOneLine)
+{
+    EXPECT_EQ(ErrorReport::oneLine("a\nb\x1b[2Jc\x7F"), "a?b?[2Jc?");
+    EXPECT_EQ(ErrorReport::oneLine("größe 1×2"), "größe 1×2");
+}
+
+TEST(ErrorReport, ExplainsALackOfMemory)
+{
+    EXPECT_EQ(ErrorReport::messageFor(std::bad_alloc()),
+        "there is not enough memory for these frames; use fewer or smaller ones");
+}
+
+TEST(OptimizerProgress, NamesTheAttemptItsColoursAndThePercentage)
+{
+    EXPECT_EQ(
+        progressText({.attempt = 2, .colors = 48, .framesDone = 10, .frameCount = 40}), "attempt 2: 48 colours, 25 %");
+    EXPECT_EQ(
+        progressText({.attempt = 0, .colors = 0, .framesDone = 1, .frameCount = 3}), "looking at the frames, 33 %");
+    EXPECT_EQ(progressText({}), "looking at the frames, 0 %");
+}
+
+} // namespace
+} // namespace quillbox

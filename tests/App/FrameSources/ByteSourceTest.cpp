@@ -1,0 +1,145 @@
+#include "App/FrameSources/ByteSource.h"
+
+#include "App/FrameSources/FrameReadError.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace quillbox {
+namespace {
+
+std::vector<std::uint8_t> bytesOf(const std::string& text)
+{
+    return {text.begin(), text.end()};
+}
+
+std::string textOf(std::span<const std::uint8_t> bytes)
+{
+    return {bytes.begin(), bytes.end()};
+}
+
+std::string readText(ByteSource& source, std::size_t count)
+{
+    std::vector<std::uint8_t> bytes(count);
+    bytes.resize(source.read(bytes));
+    return textOf(bytes);
+}
+
+TEST(ByteSource, PeekingLeavesTheBytesUnread)
+{
+    const auto bytes = bytesOf("abcdef");
+    MemoryByteSource source("memory", bytes);
+    EXPECT_EQ(textOf(source.peek(3)), "abc");
+    EXPECT_EQ(textOf(source.peek(2)), "ab");
+    EXPECT_EQ(readText(source, 4), "abcd");
+    EXPECT_EQ(textOf(source.peek(10)), "ef");
+}
+
+TEST(ByteSource, ReadsAcrossTheEndOfItsLookahead)
+{
+    std::vector<std::uint8_t> bytes(3 * ByteSource::lookaheadSize + 7);
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        bytes[i] = static_cast<std::uint8_t>(i % 251);
+    MemoryByteSource source("memory", bytes);
+    EXPECT_EQ(source.peek(ByteSource::lookaheadSize).size(), ByteSource::lookaheadSize);
+    std::vector<std::uint8_t> got(bytes.size() + 1);
+    EXPECT_EQ(source.read(got), bytes.size());
+    EXPECT_TRUE(std::equal(bytes.begin(), bytes.end(), got.begin()));
+}
+
+TEST(ByteSource, TellsHowMuchIsLeftIncludingWhatWasPeekedAt)
+{
+    const auto bytes = bytesOf("abcdef");
+    MemoryByteSource source("memory", bytes);
+    (void)source.peek(3);
+    EXPECT_EQ(source.remaining(), 6);
+    EXPECT_EQ(readText(source, 2), "ab");
+    EXPECT_EQ(source.remaining(), 4);
+}
+
+TEST(ByteSource, TakesOneLineAtATime)
+{
+    const auto bytes = bytesOf("first\n\nthird");
+    MemoryByteSource source("memory", bytes);
+    auto line = source.readLine();
+    EXPECT_EQ(line.text, "first");
+    EXPECT_TRUE(line.complete);
+    line = source.readLine();
+    EXPECT_EQ(line.text, "");
+    EXPECT_TRUE(line.complete);
+    line = source.readLine();
+    EXPECT_EQ(line.text, "third");
+    EXPECT_FALSE(line.complete);
+    line = source.readLine();
+    EXPECT_EQ(line.text, "");
+    EXPECT_FALSE(line.complete);
+}
+
+TEST(ByteSource, FindsANewlineAtTheVeryEndOfItsLookahead)
+{
+    auto bytes = std::vector<std::uint8_t>(ByteSource::lookaheadSize - 1, 'x');
+    bytes.push_back('\n');
+    MemoryByteSource source("memory", bytes);
+    const auto line = source.readLine();
+    EXPECT_TRUE(line.complete);
+    EXPECT_EQ(line.text.size(), ByteSource::lookaheadSize - 1);
+}
+
+TEST(ByteSource, GivesUpOnALineThatIsTooLong)
+{
+    auto bytes = std::vector<std::uint8_t>(ByteSource::lookaheadSize, 'x');
+    bytes.push_back('\n');
+    MemoryByteSource source("memory", bytes);
+    EXPECT_FALSE(source.readLine().complete);
+}
+
+TEST(FileByteSource, KnowsTheLengthOfAFile)
+{
+    const support::TemporaryFolder folder;
+    const auto path = (folder.path() / "six").string();
+    support::writeFile(path, bytesOf("abcdef"));
+    FileByteSource source(path);
+    EXPECT_TRUE(source.isRegularFile());
+    EXPECT_EQ(source.remaining(), 6);
+    EXPECT_EQ(readText(source, 100), "abcdef");
+    EXPECT_EQ(source.remaining(), 0);
+}
+
+TEST(FileByteSource, ReadsAPipeToItsEndInWhateverPiecesItComes)
+{
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    ASSERT_EQ(write(ends[1], "abc", 3), 3);
+    FileByteSource source("standard input", ends[0]);
+    EXPECT_EQ(source.remaining(), std::nullopt);
+    EXPECT_EQ(textOf(source.peek(2)), "ab");
+    ASSERT_EQ(write(ends[1], "def", 3), 3);
+    close(ends[1]);
+    EXPECT_EQ(readText(source, 100), "abcdef");
+    close(ends[0]);
+}
+
+TEST(FileByteSource, NamesAFileThatIsNotThere)
+{
+    try {
+        const FileByteSource source("/nonexistent/clip.y4m");
+        FAIL() << "opened a file that isn't there";
+    } catch (const FrameReadError& error) {
+        EXPECT_STREQ(error.what(), "/nonexistent/clip.y4m: can't be opened: No such file or directory");
+        EXPECT_TRUE(std::holds_alternative<FrameReadError::CannotOpen>(error.reason()));
+    }
+}
+
+TEST(FileByteSource, RefusesAFolder)
+{
+    const support::TemporaryFolder folder;
+    EXPECT_THROW(FileByteSource source(folder.path().string()), FrameReadError);
+}
+
+} // namespace
+} // namespace quillbox

@@ -1,0 +1,220 @@
+#include "PostCapture/OutputFile.h"
+
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+namespace quillbox {
+namespace {
+
+namespace fs = std::filesystem;
+using OutputFile::IfExists;
+
+class OutputFileTest : public testing::Test {
+protected:
+    [[nodiscard]] fs::path path(const std::string& name) const { return m_folder.path() / name; }
+    [[nodiscard]] std::string contents(const std::string& name) const { return support::readFile(path(name)); }
+    [[nodiscard]] std::ptrdiff_t fileCount() const
+    {
+        return std::distance(fs::directory_iterator(m_folder.path()), fs::directory_iterator());
+    }
+    void put(const std::string& name, const std::string& text) const { std::ofstream(path(name)) << text; }
+    static std::vector<std::uint8_t> bytes(const std::string& text) { return {text.begin(), text.end()}; }
+
+    static std::optional<OutputFileError::Reason> reasonOf(const std::function<void()>& action)
+    {
+        try {
+            action();
+        } catch (const OutputFileError& error) {
+            return error.reason();
+        }
+        return std::nullopt;
+    }
+
+private:
+    support::TemporaryFolder m_folder;
+};
+
+TEST_F(OutputFileTest, WritesANewFile)
+{
+    OutputFile::save(path("a"), bytes("hello"), IfExists::Refuse);
+    EXPECT_EQ(contents("a"), "hello");
+    EXPECT_EQ(fileCount(), 1);
+}
+
+TEST_F(OutputFileTest, WritesAnEmptyFile)
+{
+    OutputFile::save(path("a"), {}, IfExists::Refuse);
+    EXPECT_EQ(contents("a"), "");
+    EXPECT_EQ(fileCount(), 1);
+}
+
+TEST_F(OutputFileTest, GivesANewFileTheUsualPermissions)
+{
+    const auto before = ::umask(027);
+    OutputFile::save(path("a"), bytes("hello"), IfExists::Refuse);
+    ::umask(before);
+    EXPECT_EQ(fs::status(path("a")).permissions(), fs::perms(0640));
+}
+
+TEST_F(OutputFileTest, RefusesToReplaceAFile)
+{
+    put("a", "old");
+    EXPECT_EQ(reasonOf([&] { OutputFile::save(path("a"), bytes("new"), IfExists::Refuse); }),
+        OutputFileError::Reason::AlreadyExists);
+    EXPECT_EQ(contents("a"), "old");
+    EXPECT_EQ(fileCount(), 1);
+}
+
+TEST_F(OutputFileTest, ReplacesAFileWhenAskedAndKeepsItsPermissions)
+{
+    put("a", "old");
+    fs::permissions(path("a"), fs::perms(0600));
+    OutputFile::save(path("a"), bytes("new"), IfExists::Replace);
+    EXPECT_EQ(contents("a"), "new");
+    EXPECT_EQ(fs::status(path("a")).permissions(), fs::perms(0600));
+    EXPECT_EQ(fileCount(), 1);
+}
+
+TEST_F(OutputFileTest, LeavesOtherNamesOfAReplacedFileAlone)
+{
+    put("a", "old");
+    fs::create_hard_link(path("a"), path("b"));
+    OutputFile::save(path("a"), bytes("new"), IfExists::Replace);
+    EXPECT_EQ(contents("b"), "old") << "replaced in one step, not written over";
+}
+
+TEST_F(OutputFileTest, FollowsASymbolicLink)
+{
+    put("target", "old");
+    fs::create_symlink("target", path("link"));
+    OutputFile::save(path("link"), bytes("new"), IfExists::Replace);
+    EXPECT_TRUE(fs::is_symlink(path("link")));
+    EXPECT_EQ(contents("target"), "new");
+}
+
+TEST_F(OutputFileTest, DoesNotWriteThroughALinkToNowhere)
+{
+    fs::create_symlink("nowhere", path("link"));
+    EXPECT_EQ(reasonOf([&] { OutputFile::save(path("link"), bytes("new"), IfExists::Refuse); }),
+        OutputFileError::Reason::AlreadyExists);
+    EXPECT_FALSE(fs::exists(path("nowhere")));
+}
+
+TEST_F(OutputFileTest, ReportsAMissingFolder)
+{
+    const auto reason = reasonOf([&] { OutputFile::save(path("no/a"), bytes("new"), IfExists::Refuse); });
+    EXPECT_EQ(reason, OutputFileError::Reason::FolderMissing);
+    EXPECT_FALSE(fs::exists(path("no")));
+}
+
+TEST_F(OutputFileTest, ReportsAFileInThePlaceOfAFolder)
+{
+    put("a", "old");
+    EXPECT_EQ(reasonOf([&] { OutputFile::save(path("a/b"), bytes("new"), IfExists::Replace); }),
+        OutputFileError::Reason::FolderMissing);
+}
+
+TEST_F(OutputFileTest, ReportsAFolderOfThatName)
+{
+    fs::create_directory(path("folder"));
+    EXPECT_EQ(reasonOf([&] { OutputFile::save(path("folder"), bytes("new"), IfExists::Replace); }),
+        OutputFileError::Reason::IsFolder);
+    EXPECT_EQ(reasonOf([&] { OutputFile::save(path("new/"), bytes("new"), IfExists::Replace); }),
+        OutputFileError::Reason::IsFolder);
+}
+
+TEST_F(OutputFileTest, ReportsAFullDevice)
+{
+    EXPECT_EQ(reasonOf([&] { OutputFile::save("/dev/full", bytes("new"), IfExists::Refuse); }),
+        OutputFileError::Reason::NoSpace);
+}
+
+TEST_F(OutputFileTest, CheckingCreatesNothing)
+{
+    OutputFile::check(path("a"), IfExists::Refuse);
+    EXPECT_EQ(fileCount(), 0);
+}
+
+TEST_F(OutputFileTest, CheckingFindsWhatSavingWouldFind)
+{
+    put("a", "old");
+    EXPECT_EQ(
+        reasonOf([&] { OutputFile::check(path("a"), IfExists::Refuse); }), OutputFileError::Reason::AlreadyExists);
+    EXPECT_EQ(reasonOf([&] { OutputFile::check(path("a"), IfExists::Replace); }), std::nullopt);
+    EXPECT_EQ(
+        reasonOf([&] { OutputFile::check(path("no/a"), IfExists::Replace); }), OutputFileError::Reason::FolderMissing);
+    EXPECT_EQ(reasonOf([&] { OutputFile::check("/dev/full", IfExists::Refuse); }), std::nullopt);
+}
+
+TEST_F(OutputFileTest, WritesNothingShortIntoAPipe)
+{
+    const std::vector<std::uint8_t> much(1 << 20, 7); // more than a pipe holds
+    std::array<int, 2> ends{};
+    ASSERT_EQ(::pipe(ends.data()), 0);
+    const auto reader = ::fork();
+    if (reader == 0) {
+        ::close(ends[1]);
+        std::size_t total = 0;
+        std::array<char, 1000> buffer{};
+        for (ssize_t got = 0; (got = ::read(ends[0], buffer.data(), buffer.size())) > 0;)
+            total += static_cast<std::size_t>(got);
+        ::_exit(total == (1 << 20) ? 0 : 1);
+    }
+    ::close(ends[0]);
+    OutputFile::write(ends[1], much, "pipe");
+    ::close(ends[1]);
+    int status = 0;
+    ::waitpid(reader, &status, 0);
+    EXPECT_EQ(status, 0);
+}
+
+TEST_F(OutputFileTest, LeavesNothingWhenKilledAtAnyMoment)
+{
+    const std::vector<std::uint8_t> much(8 << 20, 7);
+    for (int round = 0; round < 20; ++round) {
+        put("a", "old");
+        std::array<int, 2> ends{};
+        ASSERT_EQ(::pipe(ends.data()), 0);
+        const auto child = ::fork();
+        if (child == 0) {
+            (void)!::write(ends[1], "x", 1); // about to begin
+            OutputFile::save(path("a"), much, IfExists::Replace);
+            ::_exit(0);
+        }
+        char ready = 0;
+        ASSERT_EQ(::read(ends[0], &ready, 1), 1);
+        for (int i = 0; i < round * 1000; ++i) // a little later each time
+            (void)::getppid();
+        ::kill(child, SIGTERM);
+        ::waitpid(child, nullptr, 0);
+        ::close(ends[0]);
+        ::close(ends[1]);
+        const auto size = fs::file_size(path("a"));
+        EXPECT_TRUE(size == 3 || size == much.size()) << "neither the old file nor the whole new one: " << size;
+        EXPECT_EQ(fileCount(), 1);
+    }
+}
+
+TEST(OutputFileError, SaysWhatToDo)
+{
+    EXPECT_STREQ(OutputFileError("a/b.gif", OutputFileError::Reason::FolderMissing).what(),
+        "a/b.gif: can't be saved: there is no folder a; create it first");
+    EXPECT_STREQ(OutputFileError::fromErrorNumber("b.gif", ENOSPC).what(),
+        "b.gif: can't be saved: no space left; free some or save elsewhere");
+    EXPECT_STREQ(OutputFileError::fromErrorNumber("b.gif", EACCES).what(), "b.gif: can't be saved: Permission denied");
+}
+
+} // namespace
+} // namespace quillbox
