@@ -1,0 +1,46 @@
+#include "App/FrameSources/FrameReadError.h"
+#include "App/FrameSources/RawReader.h"
+#include "App/FrameSources/SourceClip.h"
+#include "Encoding/Precondition.h"
+#include "FuzzInput.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+using namespace quillbox;
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    fuzz::Input input(data, size);
+    const bool anySize = input.byte() >= 128;
+    const FrameSize frameSize
+        = anySize ? FrameSize{input.number16() * 2, input.number16() * 2} : FrameSize{input.below(9), input.below(9)};
+    const Bytes bytes = input.rest(1 << 16);
+    const std::int64_t frameBytes = frameSize.width * frameSize.height * 4;
+    const bool sidesFit
+        = std::min(frameSize.width, frameSize.height) >= 1 && std::max(frameSize.width, frameSize.height) <= 65535;
+    const bool isReadable = sidesFit && !bytes.empty() && std::ssize(bytes) % frameBytes == 0;
+
+    MemoryByteSource source("input", bytes);
+    std::optional<std::vector<RGBAFrame>> frames;
+    try {
+        SourceClip clip;
+        RawReader::read(source, frameSize, clip);
+        frames = std::move(clip.frames);
+    } catch (const FrameReadError&) {
+        precondition(!isReadable, "whole frames of a possible size are read");
+        return 0;
+    }
+    precondition(isReadable, "nothing else is read");
+    precondition(std::ssize(*frames) * frameBytes == std::ssize(bytes), "every frame is there");
+    auto place = bytes.begin();
+    for (std::size_t i = 0; i < frames->size(); ++i) {
+        const RGBAFrame& frame = (*frames)[i];
+        precondition(std::equal(frame.pixels().begin(), frame.pixels().end(), place), "frames hold the input's bytes");
+        place += frameBytes;
+        if (i > 0)
+            precondition((frame == (*frames)[i - 1]) == frame.sharesPixels((*frames)[i - 1]), "equal neighbours share");
+    }
+    return 0;
+}

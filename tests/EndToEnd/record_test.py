@@ -1,0 +1,176 @@
+#!/usr/bin/python3
+"""The real program records a real X server. Run by CTest, one test a session: record_test.py RecordTest.NAME"""
+
+import json
+import os
+import pathlib
+import re
+import signal
+import tempfile
+import unittest
+
+from recording import BusyProcessors, Recording, ffmpeg_frames, ffmpeg_seconds, pillow_frames, run
+from screen import BLOCK_SIDE, BLOCKS, PAPER, Screen
+
+AREA = (101, 57, 322, 238)  # odd numbers: nothing is aligned by chance
+REGION = "101,57,322x238"
+FRAMES_A_STEP = 20  # at 30 a second; a GIF at 5 a second still shows each step three times
+
+
+class RecordTest(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.gif = os.path.join(folder.name, "clip.gif")
+
+    def play(self, screen, recording, steps):
+        """Shows the steps while the recording runs; the pictures that the server showed."""
+        shown = []
+        for step in steps:
+            screen.show(step)
+            shown.append(screen.picture(*AREA))
+            recording.wait_for_more_frames(FRAMES_A_STEP)
+        return shown
+
+    def assert_shows(self, path, expected):
+        """The GIF's frames are exactly the expected pictures in that order, however often each is repeated."""
+        frames = [picture for picture, _ in pillow_frames(path)]
+        others = ffmpeg_frames(path, frames[0].size)
+        self.assertTrue([f.tobytes() for f in frames] == [f.tobytes() for f in others], "two decoders agree")
+        distinct = [frame for at, frame in enumerate(frames) if at == 0 or frame.tobytes() != frames[at - 1].tobytes()]
+        self.assertEqual([frame.size for frame in distinct], [picture.size for picture in expected])
+        for at, (frame, picture) in enumerate(zip(distinct, expected)):
+            self.assertTrue(frame.tobytes() == picture.tobytes(), f"picture {at} is right")
+
+    def test_shows_every_step_of_an_animation_pixel_for_pixel(self):
+        screen = Screen(*AREA)
+        screen.show(0)
+        with Recording("--region", REGION, "-o", self.gif) as recording:
+            recording.wait_for_more_frames(1)
+            shown = self.play(screen, recording, range(0, 7))
+            recording.stop()
+            status, _, said = recording.result()
+        self.assertEqual(status, 0, said)
+        for step, picture in enumerate(shown):  # the steps themselves look as they should
+            left, top, color = screen.block(step)
+            self.assertEqual(picture.getpixel((left, top)), color)
+            self.assertEqual(picture.getpixel((left + BLOCK_SIDE - 1, top + BLOCK_SIDE - 1)), color)
+            self.assertIn(BLOCKS[step % len(BLOCKS)], [c for _, c in picture.getcolors()])
+            self.assertEqual(picture.getpixel((AREA[2] - 1, 0)), PAPER)
+        self.assert_shows(self.gif, shown)
+
+    def test_shows_the_pointer_where_it_is(self):
+        screen = Screen(*AREA)
+        screen.show(1)
+        drawn = screen.show_pointer(250, 190)
+        with Recording("--region", REGION, "-o", self.gif) as recording:
+            recording.wait_for_more_frames(FRAMES_A_STEP)
+            recording.stop()
+            status, _, said = recording.result()
+        self.assertEqual(status, 0, said)
+        self.assert_shows(self.gif, [drawn(screen.picture(*AREA), *AREA[:2])])
+
+    def test_shows_the_part_of_the_pointer_that_reaches_into_the_region(self):
+        screen = Screen(*AREA)
+        screen.show(1)
+        drawn = screen.show_pointer(AREA[0] + 2, AREA[1] + 1)
+        with Recording("--region", REGION, "-o", self.gif) as recording:
+            recording.wait_for_more_frames(FRAMES_A_STEP)
+            recording.stop()
+            recording.result()
+        self.assert_shows(self.gif, [drawn(screen.picture(*AREA), *AREA[:2])])
+
+    def ten_seconds(self):
+        screen = Screen(*AREA)
+        screen.show(3)
+        done = run("record", "--region", REGION, "--duration", "10", "--json", "-o", self.gif)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        result = json.loads(done.stdout)
+        self.assertAlmostEqual(result["sourceFrameCount"], 300, delta=1)
+        self.assertAlmostEqual(result["durationSeconds"], 10, delta=0.21)  # a frame of the GIF and a rounded count
+        self.assertAlmostEqual(sum(ms for _, ms in pillow_frames(self.gif)) / 1000, result["durationSeconds"], delta=0.005)
+        self.assertAlmostEqual(ffmpeg_seconds(self.gif), result["durationSeconds"], delta=0.005)
+
+    def test_records_thirty_frames_a_second_while_the_machine_is_loaded(self):
+        with BusyProcessors():
+            self.ten_seconds()
+
+    def test_ends_after_the_given_duration_and_reports_as_json(self):
+        Screen(*AREA).show(3)
+        done = run("record", "--region", REGION, "--duration", "1", "--json", "-o", self.gif)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        result = json.loads(done.stdout)
+        self.assertEqual((result["width"], result["height"], result["frameCount"]), (322, 238, 1))
+        self.assertEqual(result["byteCount"], os.path.getsize(self.gif))
+        self.assertEqual(result["output"], self.gif)
+        self.assertFalse(result["overBudget"])
+
+    def stops_and_saves(self, by):
+        screen = Screen(*AREA)
+        screen.show(2)
+        with Recording("--region", REGION, "-o", self.gif) as recording:
+            recording.wait_for_more_frames(FRAMES_A_STEP)
+            recording.stop(by)
+            status, _, said = recording.result()
+        self.assertEqual(status, 0, said)
+        self.assert_shows(self.gif, [screen.picture(*AREA)])
+
+    def test_saves_what_it_has_when_interrupted(self):
+        self.stops_and_saves(signal.SIGINT)
+
+    def test_saves_what_it_has_when_terminated(self):
+        self.stops_and_saves(signal.SIGTERM)
+
+    def test_saves_what_it_has_when_the_server_dies_and_says_so(self):
+        screen = Screen(*AREA)
+        screen.show(4)
+        picture = screen.picture(*AREA)
+        with Recording("--region", REGION, "-o", self.gif) as recording:
+            recording.wait_for_more_frames(FRAMES_A_STEP)
+            os.kill(int(os.environ["XSERVER_PID"]), signal.SIGKILL)
+            status, _, said = recording.result()
+        self.assertEqual(status, 0, said)  # there is a clip
+        self.assertRegex(said, r"quillbox: The recording ended early: .*display")
+        self.assert_shows(self.gif, [picture])
+
+    def test_cuts_the_region_to_the_screen(self):
+        screen = Screen(1700, 900, 220, 180)
+        screen.show(2)
+        done = run("record", "--region", "1750,950,400x400", "--duration", "1", "-o", self.gif)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assert_shows(self.gif, [screen.picture(1750, 950, 170, 130)])
+
+    def test_names_the_clip_by_the_time_and_puts_it_into_the_clips_folder(self):
+        Screen(*AREA).show(0)
+        done = run("record", "--region", REGION, "--duration", "1", "--json")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        folder = pathlib.Path.home() / "Videos" / "Quillbox"
+        (clip,) = folder.iterdir()
+        self.assertRegex(clip.name, re.compile(r"^Quillbox \d{4}-\d\d-\d\d at \d\d\.\d\d\.\d\d\.gif$"))
+        self.assertEqual(json.loads(done.stdout)["output"], str(clip))
+        self.assertEqual(pillow_frames(clip)[0][0].size, AREA[2:])
+
+    def test_keeps_an_existing_file_unless_forced(self):
+        Screen(*AREA).show(0)
+        before = b"not to be lost"
+        pathlib.Path(self.gif).write_bytes(before)
+        arguments = ("record", "--region", REGION, "--duration", "1", "-o", self.gif)
+        refused = run(*arguments)
+        self.assertEqual(refused.returncode, 1)
+        self.assertIn(self.gif, refused.stderr)
+        self.assertEqual(len(refused.stderr.splitlines()), 1)
+        self.assertEqual(pathlib.Path(self.gif).read_bytes(), before)
+        self.assertEqual(run(*arguments, "--force").returncode, 0)
+        self.assertEqual(pillow_frames(self.gif)[0][0].size, AREA[2:])
+
+    def test_says_in_one_line_that_there_is_no_display(self):
+        environment = {name: value for name, value in os.environ.items() if name != "DISPLAY"}
+        done = run("record", "--region", REGION, "--duration", "1", "-o", self.gif, environment=environment)
+        self.assertEqual(done.returncode, 1)
+        self.assertEqual(len(done.stderr.splitlines()), 1)
+        self.assertIn("display", done.stderr)
+        self.assertFalse(os.path.exists(self.gif))
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,130 @@
+"""Starts `quillbox record` as a person in a terminal does, follows what it says, and decodes what it saved."""
+
+import json
+import os
+import pty
+import re
+import select
+import signal
+import subprocess
+import time
+
+from PIL import Image, ImageSequence
+
+LIMIT_SECONDS = 120  # a recording that says nothing for so long has failed; no test depends on it otherwise
+FRAMES = re.compile(rb"(\d+) frames?\b")
+
+
+def program():
+    return os.environ["QUILLBOX_PROGRAM"]
+
+
+def run(*arguments, environment=None):
+    """Runs the program to its end, without a terminal."""
+    return subprocess.run([program(), *arguments], stdin=subprocess.DEVNULL, capture_output=True, text=True,
+                          timeout=LIMIT_SECONDS, env=environment)
+
+
+def heed_interrupts():
+    """A shell makes what it starts in the background ignore Ctrl-C; a terminal does not."""
+    signal.signal(signal.SIGINT, signal.SIG_DFL)
+
+
+class Recording:
+    """A running `quillbox record` whose standard error is a terminal, so that it tells how far it is."""
+
+    def __init__(self, *arguments):
+        self.said = b""
+        ours, theirs = pty.openpty()
+        self.process = subprocess.Popen([program(), "record", *arguments], stdin=subprocess.DEVNULL,
+                                        stdout=subprocess.PIPE, stderr=theirs, preexec_fn=heed_interrupts)
+        os.close(theirs)
+        self.terminal = ours
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        if self.process.poll() is None:
+            self.process.kill()
+            self.process.wait()
+        self.process.stdout.close()
+        os.close(self.terminal)
+
+    def frames(self):
+        """The number of frames that the program last said it has."""
+        counts = FRAMES.findall(self.said)
+        return int(counts[-1]) if counts else 0
+
+    def listen(self):
+        """Waits for the program to say something more. False when it has ended."""
+        ready, _, _ = select.select([self.terminal], [], [], LIMIT_SECONDS)
+        if not ready:
+            raise AssertionError(f"the program says nothing any more; so far: {self.said[-500:]!r}")
+        try:
+            more = os.read(self.terminal, 65536)
+        except OSError:  # what a terminal says whose other side is closed
+            more = b""
+        self.said += more
+        return bool(more)
+
+    def wait_for_more_frames(self, count):
+        """Until it has recorded `count` frames more than now."""
+        goal = self.frames() + count
+        while self.frames() < goal:
+            if not self.listen():
+                raise AssertionError(f"the recording ended at frame {self.frames()} of {goal}: {self.said[-500:]!r}")
+
+    def stop(self, by=signal.SIGINT):
+        self.process.send_signal(by)
+
+    def result(self):
+        """Waits for the end. @return exit status, standard output, standard error."""
+        while self.listen():
+            pass
+        output = self.process.stdout.read().decode()
+        return self.process.wait(LIMIT_SECONDS), output, self.said.decode(errors="replace")
+
+
+def pillow_frames(path):
+    """(picture, milliseconds) of every frame, as Pillow decodes them."""
+    with Image.open(path) as gif:
+        return [(frame.convert("RGB"), frame.info["duration"]) for frame in ImageSequence.Iterator(gif)]
+
+
+def ffmpeg_frames(path, size):
+    """The pictures of every frame, as FFmpeg decodes them."""
+    raw = subprocess.run(["ffmpeg", "-v", "error", "-i", path, "-fps_mode", "passthrough", "-f", "rawvideo",
+                          "-pix_fmt", "rgb24", "-"], stdin=subprocess.DEVNULL, capture_output=True, check=True).stdout
+    length = size[0] * size[1] * 3
+    return [Image.frombytes("RGB", size, raw[at:at + length]) for at in range(0, len(raw), length)]
+
+
+def ffmpeg_seconds(path):
+    """How long a file plays, by FFmpeg's count."""
+    shown = subprocess.run(["ffprobe", "-v", "error", "-select_streams", "v", "-show_entries",
+                            "packet=duration_time", "-of", "json", path], stdin=subprocess.DEVNULL,
+                           capture_output=True, check=True).stdout
+    return sum(float(packet["duration_time"]) for packet in json.loads(shown)["packets"])
+
+
+class BusyProcessors:
+    """Keeps two processors busy for as long as the block lasts."""
+
+    def __enter__(self):
+        self.loops = [subprocess.Popen(["/usr/bin/python3", "-c", "while True: pass"]) for _ in range(2)]
+        return self
+
+    def __exit__(self, *_):
+        for loop in self.loops:
+            loop.kill()
+            loop.wait()
+
+
+def until(condition, what):
+    """Waits for something that other programs bring about."""
+    end = time.monotonic() + LIMIT_SECONDS
+    while not condition():
+        if time.monotonic() > end:
+            raise AssertionError(f"never happened: {what}")
+        time.sleep(0.01)
