@@ -51,6 +51,14 @@ QFont letters(int pixels)
     return font;
 }
 
+/// Letters of one colour without grades: few colours make a small file.
+QFont plainLetters(int pixels)
+{
+    QFont font = letters(pixels);
+    font.setStyleStrategy(QFont::NoAntialias);
+    return font;
+}
+
 /// A window with a title bar. @return the part of it that is free.
 QRectF drawFrame(QPainter& painter, const QRectF& frame, const QString& title)
 {
@@ -69,7 +77,7 @@ QRectF drawFrame(QPainter& painter, const QRectF& frame, const QString& title)
         painter.drawEllipse(QPointF(frame.left() + 16 + 16 * i, frame.top() + barHeight / 2), 4.5, 4.5);
     }
     painter.setPen(ink());
-    painter.setFont(letters(12));
+    painter.setFont(plainLetters(12));
     painter.drawText(QRectF(frame.topLeft(), QSizeF(frame.width(), barHeight)), Qt::AlignCenter, title);
     return frame.adjusted(14, barHeight + 10, -14, -12);
 }
@@ -91,7 +99,6 @@ void DemoWindow::paintEvent(QPaintEvent* /*event*/)
 {
     const double seconds = std::fmod(static_cast<double>(m_clock.elapsed()) / 1000, periodSeconds);
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(QRect(QPoint(), size()), desktop());
     drawShell(painter, {20, 20, 370, 360}, seconds);
     drawBars(painter, {410, 20, 210, 190}, seconds);
@@ -111,20 +118,20 @@ void DemoWindow::drawShell(QPainter& painter, const QRectF& frame, double second
     static const QStringList lines{QStringLiteral("$ echo This window is being recorded."),
         QStringLiteral("This window is being recorded."), QStringLiteral("$ quillbox record \\"),
         QStringLiteral("    --region %1,%2,%3x%4 \\").arg(x()).arg(y()).arg(width()).arg(height()),
-        QStringLiteral("    --duration 5 -o demo.gif"), QString(), QStringLiteral("Seconds later it is a GIF,"),
+        QStringLiteral("    --duration 4 -o demo.gif"), QString(), QStringLiteral("Seconds later it is a GIF,"),
         QStringLiteral("small enough for a chat.")};
     static const QStringList typed{lines[0], lines[2], lines[3], lines[4]};
 
     const QRectF inside = drawFrame(painter, frame, QStringLiteral("quillbox"));
     painter.setFont(letters(14));
     const double lineHeight = 22;
-    constexpr double lettersPerSecond = 38;
+    constexpr double lettersPerSecond = 42;
     auto budget = static_cast<int>(seconds * lettersPerSecond);
     double y = inside.top() + 14;
     for (const QString& line : lines) {
         const bool isTyped = typed.contains(line);
         const int shown = isTyped ? std::min(budget, static_cast<int>(line.size())) : static_cast<int>(line.size());
-        painter.setPen(isTyped ? ink() : accent(1));
+        painter.setPen(ink());
         painter.drawText(QPointF(inside.left(), y), line.left(shown));
         budget -= isTyped ? shown : 0;
         if (isTyped && (budget == 0 || shown < line.size())) {
@@ -166,7 +173,7 @@ void DemoWindow::drawRing(QPainter& painter, const QRectF& frame, double seconds
     painter.setPen(QPen(accent(0), 11, Qt::SolidLine, Qt::RoundCap));
     painter.drawArc(circle, fullCircle / 4, -static_cast<int>(share * fullCircle));
     painter.setPen(ink());
-    painter.setFont(letters(20));
+    painter.setFont(plainLetters(20));
     painter.drawText(circle, Qt::AlignCenter, QStringLiteral("%1 %").arg(static_cast<int>(share * 100)));
 }
 

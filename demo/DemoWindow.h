@@ -11,7 +11,7 @@ namespace quillbox::demo {
 /// Everything repeats after `periodSeconds`.
 class DemoWindow final : public QRasterWindow {
 public:
-    static constexpr double periodSeconds = 5.0;
+    static constexpr double periodSeconds = 4.0;
 
     /// @param place  Where the window stands on the screen, pixels.
     explicit DemoWindow(const QRect& place);

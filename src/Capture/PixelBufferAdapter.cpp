@@ -49,6 +49,7 @@ void populate(Bytes& pixels)
     const auto end = (reinterpret_cast<std::uintptr_t>(pixels.data()) + pixels.size()) / page * page;
     constexpr std::size_t worthACall = 64 * 1024;
     if (end > begin && end - begin >= worthACall)
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): rounded to whole pages, as the call wants it
         (void)::madvise(reinterpret_cast<void*>(begin), end - begin, MADV_POPULATE_WRITE); // only a hint
 #endif
 }

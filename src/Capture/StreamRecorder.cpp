@@ -1,19 +1,67 @@
 #include "Capture/StreamRecorder.h"
 
 #include <QCoreApplication>
-#include <QEvent>
-#include <QMetaObject>
 #include <QPointer>
 
 #include <algorithm>
+#include <mutex>
 #include <utility>
+#include <variant>
 
 namespace quillbox {
+
+namespace {
+
+QEvent::Type deliveryEvent()
+{
+    static const int type = QEvent::registerEventType();
+    return static_cast<QEvent::Type>(type);
+}
+
+} // namespace
+
+/// Where the streams' threads leave what the main thread then takes. An event tells that there is something.
+class StreamRecorder::Inbox {
+public:
+    struct Delivery {
+        std::shared_ptr<Session> session;
+        CaptureClock::time_point time;
+        std::variant<RGBAFrame, CaptureError> content; // a picture, or why there won't be another
+    };
+
+    /// @param recorder  Who to tell, as long as it exists.
+    explicit Inbox(StreamRecorder* recorder)
+        : m_recorder(recorder)
+    {
+    }
+
+    void put(Delivery delivery)
+    {
+        {
+            const std::scoped_lock lock(m_mutex);
+            m_deliveries.push_back(std::move(delivery));
+        }
+        if (m_recorder)
+            QCoreApplication::postEvent(m_recorder, new QEvent(deliveryEvent())); // the event queue owns it
+    }
+
+    [[nodiscard]] std::vector<Delivery> takeAll()
+    {
+        const std::scoped_lock lock(m_mutex);
+        return std::exchange(m_deliveries, {});
+    }
+
+private:
+    QPointer<StreamRecorder> m_recorder;
+    std::mutex m_mutex;
+    std::vector<Delivery> m_deliveries;
+};
 
 StreamRecorder::StreamRecorder(StreamFactory makeStream, Now now, QObject* parent)
     : QObject(parent)
     , m_makeStream(std::move(makeStream))
     , m_now(std::move(now))
+    , m_inbox(std::make_shared<Inbox>(this))
     , m_session(std::make_shared<Session>())
 {
 }
@@ -31,7 +79,6 @@ QCoro::Task<> StreamRecorder::start(CaptureRegion region)
         co_return;
     const QPointer self(this);
     auto session = std::make_shared<Session>();
-    session->recorder = this;
     m_starting.push_back(m_makeStream());
     CaptureStream* const stream = m_starting.back().get();
     try {
@@ -70,8 +117,7 @@ QCoro::Task<std::vector<RGBAFrame>> StreamRecorder::stop()
     } catch (const std::exception&) { // the frames are here already; a capture that can't be ended costs nothing more
     }
     if (self)
-        // Pictures that the stream handed over before it ended are still in this thread's queue.
-        QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+        takeDeliveries(); // what the stream handed over before it ended
     session->timeline.finish(stoppedAt);
     if (self && m_isRecording && m_session == session) { // unless another stop() was faster
         m_stream.reset();
@@ -97,24 +143,31 @@ std::unique_ptr<CaptureStream> StreamRecorder::takeStarting(const CaptureStream*
 
 FrameSink StreamRecorder::sinkFor(const std::shared_ptr<Session>& session)
 {
-    // Both run on the stream's thread, which ends before this object does. What is still queued then is dropped.
+    // Both run on the stream's thread, which ends before this object does.
     FrameSink sink;
-    sink.frame = [session](RGBAFrame frame, CaptureClock::time_point shownAt) {
-        const auto append = [session, frame = std::move(frame), shownAt] {
-            session->timeline.deliver(frame, shownAt);
-        };
-        if (session->recorder)
-            (void)QMetaObject::invokeMethod(session->recorder, append, Qt::QueuedConnection); // always invokable
+    sink.frame = [session, inbox = m_inbox](RGBAFrame frame, CaptureClock::time_point shownAt) {
+        inbox->put({session, shownAt, std::move(frame)});
     };
-    sink.ended = [session, now = m_now](CaptureError reason) {
-        const auto endedAt = now();
-        const auto finish = [session, endedAt, reason = std::move(reason)] {
-            session->recorder->end(session, endedAt, reason);
-        };
-        if (session->recorder)
-            (void)QMetaObject::invokeMethod(session->recorder, finish, Qt::QueuedConnection);
+    sink.ended = [session, inbox = m_inbox, now = m_now](CaptureError reason) {
+        inbox->put({session, now(), std::move(reason)});
     };
     return sink;
+}
+
+void StreamRecorder::customEvent(QEvent* event)
+{
+    if (event->type() == deliveryEvent())
+        takeDeliveries();
+}
+
+void StreamRecorder::takeDeliveries()
+{
+    for (Inbox::Delivery& delivery : m_inbox->takeAll()) {
+        if (auto* const frame = std::get_if<RGBAFrame>(&delivery.content))
+            delivery.session->timeline.deliver(std::move(*frame), delivery.time);
+        else
+            end(delivery.session, delivery.time, std::get<CaptureError>(delivery.content));
+    }
 }
 
 void StreamRecorder::end(

@@ -4,8 +4,8 @@
 #include "Capture/FrameTimeline.h"
 #include "Capture/RecorderControlling.h"
 
+#include <QEvent>
 #include <QObject>
-#include <QPointer>
 #include <QString>
 
 #include <cstddef>
@@ -67,22 +67,27 @@ Q_SIGNALS:
     /// true, no frame follows, and stop() returns those recorded so far.
     void interrupted(const QString& reason);
 
+protected:
+    void customEvent(QEvent* event) override;
+
 private:
-    /// The list of one recording, successful or not; shared by the stop() that waits for its end.
+    /// One recording, successful or not; shared by the stop() that waits for its end.
     struct Session {
-        QPointer<StreamRecorder> recorder;
         FrameTimeline timeline;
         QString interruption; // empty unless the source went away
     };
+    class Inbox;
 
     std::unique_ptr<CaptureStream> takeStarting(const CaptureStream* stream);
     FrameSink sinkFor(const std::shared_ptr<Session>& session);
+    void takeDeliveries();
     void end(const std::shared_ptr<Session>& session, CaptureClock::time_point time, const CaptureError& reason);
     void setRecording(bool next);
 
     StreamFactory m_makeStream;
     Now m_now;
     bool m_isRecording = false;
+    std::shared_ptr<Inbox> m_inbox;
     std::shared_ptr<Session> m_session;                     // of the last successful start
     std::unique_ptr<CaptureStream> m_stream;                // the running one
     std::vector<std::unique_ptr<CaptureStream>> m_starting; // usually empty or one

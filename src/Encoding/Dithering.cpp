@@ -252,6 +252,7 @@ template <typename Lane>
 }
 
 /// @return whether all errors stayed in the range of `Lane`; if not, the output is worthless.
+// NOLINTNEXTLINE(readability-function-cognitive-complexity): one loop over inlined steps; split, it would not inline
 template <typename Lane> [[gnu::always_inline]] inline bool ditherRows(const RowsTask& task)
 {
     constexpr bool isNarrow = std::is_same_v<Lane, std::int16_t>;

@@ -67,7 +67,7 @@ void FrameIntake::append(const RGBAFrame& frame)
     try {
         GIFEncoder::checkSize(frame.width(), frame.height());
     } catch (const GIFEncodingError& error) {
-        m_tooLarge = error;
+        m_tooLarge = error.dimensionTooLarge();
         return;
     }
     m_comparisons.turnTo(frame);
@@ -82,7 +82,7 @@ FrameIntake::Selection FrameIntake::selection(ExportPreset preset) const
 {
     precondition(m_frameCount > 0, "there is a frame to optimise");
     if (m_tooLarge)
-        throw *m_tooLarge;
+        throw GIFEncodingError(*m_tooLarge);
     const std::int64_t fps = chosenFPS(m_activity.average(), preset);
     const auto candidate = std::ranges::find(m_candidates, fps, &Candidate::fps);
     precondition(candidate != m_candidates.end(), "the preset is one of those the frames were taken for");

@@ -55,7 +55,7 @@ private:
     std::vector<Candidate> m_candidates;
     FPSAdaptive::ActivityMeter m_activity;
     FrameComparisons m_comparisons;
-    std::optional<GIFEncodingError> m_tooLarge; ///< of the first frame that is
+    std::optional<GIFEncodingError::DimensionTooLarge> m_tooLarge; ///< the first frame that is
 };
 
 } // namespace quillbox

@@ -2,14 +2,15 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <string_view>
 
 namespace quillbox {
 
 GIFEncodingError::GIFEncodingError(DimensionTooLarge size)
-    : m_size(size)
-    , m_message("a frame of " + std::to_string(size.width) + "×" + std::to_string(size.height)
-          + " pixels is too large for a GIF, whose sides have at most 65535")
+    : std::runtime_error("a frame of " + std::to_string(size.width) + "×" + std::to_string(size.height)
+        + " pixels is too large for a GIF, whose sides have at most 65535")
+    , m_size(size)
 {
 }
 

@@ -4,15 +4,14 @@
 #include "Encoding/PixelTypes.h"
 
 #include <cstdint>
-#include <exception>
 #include <span>
-#include <string>
+#include <stdexcept>
 #include <vector>
 
 namespace quillbox {
 
 /// Why frames cannot become a GIF.
-class GIFEncodingError : public std::exception {
+class GIFEncodingError : public std::runtime_error {
 public:
     /// A side of a frame does not fit the format's unsigned 16-bit fields.
     struct DimensionTooLarge {
@@ -25,13 +24,11 @@ public:
     explicit GIFEncodingError(DimensionTooLarge size);
 
     [[nodiscard]] const DimensionTooLarge& dimensionTooLarge() const { return m_size; }
-    [[nodiscard]] const char* what() const noexcept override { return m_message.c_str(); }
 
     friend bool operator==(const GIFEncodingError& a, const GIFEncodingError& b) { return a.m_size == b.m_size; }
 
 private:
     DimensionTooLarge m_size;
-    std::string m_message;
 };
 
 /// Writes indexed frames as an animated GIF89a: no global colour table, one local table a frame, every frame at the

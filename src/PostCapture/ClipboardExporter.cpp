@@ -11,7 +11,7 @@ QString ClipboardExporter::clipsDirectory()
     auto parent = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
     if (!QDir::isAbsolutePath(parent)) // none, or a user-dirs.dirs that names a folder relative to anywhere
         parent = QDir::homePath();
-    const auto folder = QDir(parent).filePath(QStringLiteral("Quillbox"));
+    auto folder = QDir(parent).filePath(QStringLiteral("Quillbox"));
     (void)QDir().mkpath(folder); // a folder that can't be made is reported by the save that follows
     return folder;
 }

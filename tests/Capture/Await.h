@@ -17,10 +17,10 @@ namespace quillbox::test {
 /// Long enough for the slowest machine; only a test that fails waits that long.
 inline constexpr std::chrono::seconds patience{30};
 
-/// Turns the event loop until `condition` holds. @return false when patience ran out.
-inline bool eventually(const std::function<bool()>& condition)
+/// Turns the event loop until `condition` holds. @return false when the time ran out.
+inline bool eventually(const std::function<bool()>& condition, std::chrono::seconds limit = patience)
 {
-    const QDeadlineTimer deadline(patience);
+    const QDeadlineTimer deadline(limit);
     while (!condition()) {
         if (deadline.hasExpired())
             return false;

@@ -4,22 +4,22 @@
 
 namespace quillbox {
 
-int CoreApplication::s_argumentCount = 1; // the command line has been read; Qt wants none of it
-char CoreApplication::s_name[] = "quillbox";
-char* CoreApplication::s_arguments[] = {s_name, nullptr};
+int CoreApplication::argumentCount = 1; // the command line has been read; Qt wants none of it
+char CoreApplication::programName[] = "quillbox";
+char* CoreApplication::arguments[] = {programName, nullptr};
 
 namespace {
 
-int& silenced(int& argumentCount)
+int& silenced(int& count)
 {
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    return argumentCount;
+    return count;
 }
 
 } // namespace
 
 CoreApplication::CoreApplication()
-    : m_application(silenced(s_argumentCount), s_arguments) // already its constructor may remark on the locale
+    : m_application(silenced(argumentCount), arguments) // already its constructor may remark on the locale
 {
 }
 

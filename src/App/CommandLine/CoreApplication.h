@@ -12,9 +12,9 @@ public:
     CoreApplication();
 
 private:
-    static int s_argumentCount;
-    static char s_name[];
-    static char* s_arguments[];
+    static int argumentCount;
+    static char programName[];
+    static char* arguments[];
     QCoreApplication m_application;
 };
 

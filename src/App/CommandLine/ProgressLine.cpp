@@ -11,17 +11,18 @@ constexpr std::array endingSignals{SIGINT, SIGTERM, SIGHUP};
 
 volatile std::sig_atomic_t lineIsShown = 0;
 
+void writeToTerminal(std::string_view text)
+{
+    // A terminal that has gone away needs no progress.
+    [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, text.data(), text.size());
+}
+
 /// Ends the line and lets the signal do what it does by default.
 extern "C" void endLineAndDie(int signal)
 {
     if (lineIsShown != 0)
-        (void)!::write(STDERR_FILENO, "\n", 1);
-    std::raise(signal); // SA_RESETHAND has put the default action back
-}
-
-void writeToTerminal(std::string_view text)
-{
-    (void)!::write(STDERR_FILENO, text.data(), text.size()); // a terminal that has gone away needs no progress
+        writeToTerminal("\n");
+    (void)std::raise(signal); // SA_RESETHAND has put the default action back
 }
 
 } // namespace
@@ -51,7 +52,7 @@ ProgressLine::~ProgressLine()
         struct sigaction before { };
         ::sigaction(signal, nullptr, &before);
         if (before.sa_handler == endLineAndDie)
-            std::signal(signal, SIG_DFL);
+            (void)std::signal(signal, SIG_DFL); // a valid signal; nothing to go back to
     }
 }
 

@@ -117,7 +117,7 @@ std::string defaultOutput()
 
 void save(const GIFOptimizer::Result& result, const OutputOptions& options, ProgressLine& line)
 {
-    const ClipOutput output(options.output.value_or(defaultOutput()), options.force);
+    const ClipOutput output(options.output ? *options.output : defaultOutput(), options.force); // which makes a folder
     line.show("saving");
     output.save(result.data);
     line.clear();

@@ -23,12 +23,12 @@ static_assert(std::atomic<int>::is_always_lock_free, "a signal handler can't wai
 extern "C" void passOn(int signal)
 {
     if (receivedCount.fetch_add(1) > 0) {
-        std::signal(signal, SIG_DFL);
-        std::raise(signal); // takes effect when this handler returns
+        (void)std::signal(signal, SIG_DFL); // a valid signal; nothing to go back to
+        (void)std::raise(signal); // takes effect when this handler returns
         return;
     }
     const int savedError = errno;
-    (void)!::write(selfPipe[1], "", 1); // an empty pipe takes a byte
+    [[maybe_unused]] const ssize_t written = ::write(selfPipe[1], "", 1); // an empty pipe takes a byte
     errno = savedError;
 }
 
@@ -51,7 +51,8 @@ StopRequest::StopRequest()
     action.sa_flags = SA_RESTART;
     for (std::size_t i = 0; i < endingSignals.size(); ++i) {
         ::sigaction(endingSignals[i], nullptr, &m_before[i]);
-        if (m_before[i].sa_handler != SIG_IGN) // nohup stays in force
+        // nohup stays in force. A shell script's background job ignores SIGINT too, but there it is sent on purpose.
+        if (endingSignals[i] != SIGHUP || m_before[i].sa_handler != SIG_IGN)
             ::sigaction(endingSignals[i], &action, nullptr);
     }
 }

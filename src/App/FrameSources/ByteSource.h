@@ -62,7 +62,7 @@ public:
 
 private:
     std::size_t readSome(std::span<std::uint8_t> into) override;
-    std::optional<std::int64_t> remainingBelow() const override;
+    [[nodiscard]] std::optional<std::int64_t> remainingBelow() const override;
 
     std::span<const std::uint8_t> m_bytes;
 };
@@ -83,7 +83,7 @@ public:
 private:
     void examine();
     std::size_t readSome(std::span<std::uint8_t> into) override;
-    std::optional<std::int64_t> remainingBelow() const override;
+    [[nodiscard]] std::optional<std::int64_t> remainingBelow() const override;
 
     int m_descriptor = -1;
     bool m_closes = false;

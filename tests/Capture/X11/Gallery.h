@@ -4,7 +4,6 @@
 
 #include "../Await.h"
 
-#include <functional>
 #include <mutex>
 #include <utility>
 #include <vector>
@@ -45,12 +44,10 @@ public:
         return m_ends;
     }
 
-    /// Waits until the latest picture is `expected`, calling `nudge` again and again. @return false when patience ran
-    /// out.
-    [[nodiscard]] bool shows(const RGBAFrame& expected, const std::function<void()>& nudge) const
+    /// Waits until the latest picture is `expected`. @return false when patience ran out.
+    [[nodiscard]] bool shows(const RGBAFrame& expected) const
     {
         return eventually([&] {
-            nudge();
             const std::scoped_lock lock(m_mutex);
             return !m_frames.empty() && m_frames.back() == expected;
         });

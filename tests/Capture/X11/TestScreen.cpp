@@ -84,15 +84,6 @@ void TestScreen::movePointer(std::int32_t x, std::int32_t y)
     sync();
 }
 
-void TestScreen::wakeCompositor()
-{
-    const xcb_window_t unseen = xcb_generate_id(m_connection.get());
-    xcb_create_window(m_connection.get(), XCB_COPY_FROM_PARENT, unseen, m_screen->root, 0, 0, 1, 1, 0,
-        XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
-    xcb_destroy_window(m_connection.get(), unseen);
-    xcb_flush(m_connection.get());
-}
-
 void TestScreen::setPointer(std::int32_t side, std::int32_t hotSpot, RGBColor color)
 {
     defineCursor(side, hotSpot, color, true);
@@ -156,6 +147,22 @@ RGBAFrame TestScreen::expected(PixelRect area) const
             pixels.insert(pixels.end(), {color.r, color.g, color.b, 255});
         }
     }
+    return RGBAFrame(area.width, area.height, std::move(pixels));
+}
+
+RGBAFrame TestScreen::screenshot(PixelRect area) const
+{
+    xcb_connection_t* const c = m_connection.get();
+    const xcb_rectangle_t box = rectangleOf(area);
+    const XCBPointer<xcb_get_image_reply_t> reply(xcb_get_image_reply(c,
+        xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, m_screen->root, box.x, box.y, box.width, box.height, ~0U),
+        nullptr));
+    if (!reply)
+        throw std::runtime_error("the display refuses its pixels");
+    const std::uint8_t* const data = xcb_get_image_data(reply.get());
+    Bytes pixels;
+    for (std::int64_t i = 0; i < area.area(); ++i)
+        pixels.insert(pixels.end(), {data[i * 4 + 2], data[i * 4 + 1], data[i * 4], 255});
     return RGBAFrame(area.width, area.height, std::move(pixels));
 }
 

@@ -27,9 +27,6 @@ public:
     /// Fills several rectangles with one request: the server draws them all or none.
     void fill(const std::vector<PixelRect>& areas, RGBColor color);
     void movePointer(std::int32_t x, std::int32_t y);
-    /// Makes an event that changes no pixel. A compositor sometimes falls asleep over an event it has already received,
-    /// and draws only when the next one comes.
-    void wakeCompositor();
     /// Gives the pointer a picture: a filled square in one colour, its hot spot at (hotSpot, hotSpot). Side up to 16.
     void setPointer(std::int32_t side, std::int32_t hotSpot, RGBColor color);
     /// No picture: a pointer without a visible pixel.
@@ -41,6 +38,9 @@ public:
 
     /// What was drawn there, opaque, as far as it lies on the screen; black elsewhere.
     [[nodiscard]] RGBAFrame expected(PixelRect area) const;
+
+    /// What the screen shows there, without a pointer, by the plainest request; at depth 24 only.
+    [[nodiscard]] RGBAFrame screenshot(PixelRect area) const;
 
 private:
     struct Disconnect {
