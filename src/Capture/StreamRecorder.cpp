@@ -10,16 +10,6 @@
 
 namespace quillbox {
 
-namespace {
-
-QEvent::Type deliveryEvent()
-{
-    static const int type = QEvent::registerEventType();
-    return static_cast<QEvent::Type>(type);
-}
-
-} // namespace
-
 /// Where the streams' threads leave what the main thread then takes. An event tells that there is something.
 class StreamRecorder::Inbox {
 public:
@@ -42,7 +32,7 @@ public:
             m_deliveries.push_back(std::move(delivery));
         }
         if (m_recorder)
-            QCoreApplication::postEvent(m_recorder, new QEvent(deliveryEvent())); // the event queue owns it
+            QCoreApplication::postEvent(m_recorder, new QEvent(QEvent::User)); // the event queue owns it
     }
 
     [[nodiscard]] std::vector<Delivery> takeAll()
@@ -154,10 +144,9 @@ FrameSink StreamRecorder::sinkFor(const std::shared_ptr<Session>& session)
     return sink;
 }
 
-void StreamRecorder::customEvent(QEvent* event)
+void StreamRecorder::customEvent(QEvent* /*event*/)
 {
-    if (event->type() == deliveryEvent())
-        takeDeliveries();
+    takeDeliveries(); // the only event of our own; one too many does no harm
 }
 
 void StreamRecorder::takeDeliveries()

@@ -14,7 +14,6 @@
 namespace quillbox {
 namespace {
 
-using GIFOptimizer::Config;
 using GIFOptimizer::optimize;
 using GIFOptimizer::Progress;
 using GIFOptimizer::Result;

@@ -32,7 +32,7 @@ public:
     {
         Bytes bytes((m_bits.size() + 7) / 8, 0);
         for (std::size_t i = 0; i < m_bits.size(); ++i)
-            bytes[i / 8] = static_cast<std::uint8_t>(bytes[i / 8] | unsigned{m_bits[i]} << i % 8);
+            bytes[i / 8] = static_cast<std::uint8_t>(bytes[i / 8] | (m_bits[i] ? 1U : 0U) << i % 8);
         return bytes;
     }
 

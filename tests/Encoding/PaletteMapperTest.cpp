@@ -350,7 +350,8 @@ TEST(PaletteMapper, EqualsTheReferenceWhenErrorsGrowWithoutEnd)
 {
     // Every pixel is white and every colour black (or the reverse), so each row inherits all errors of the rows above:
     // after 1500 rows they are hundreds of thousands of levels large. The stripe shows the moment they are used.
-    for (const auto& [picture, wrong] : {std::pair{gray(255), gray(0)}, std::pair{gray(0), gray(255)}}) {
+    for (const RGBColor picture : {gray(255), gray(0)}) {
+        const RGBColor wrong = gray(255 - picture.r);
         for (const std::int64_t width : {2, 3, 17, 40})
             expectReference(support::solid(width, 1500, picture), {wrong, gray(wrong.r == 0 ? 1 : 254)});
         const RGBAFrame striped = support::picture(24, 900, [&](std::int64_t x, std::int64_t y) {

@@ -24,7 +24,7 @@ extern "C" void passOn(int signal)
 {
     if (receivedCount.fetch_add(1) > 0) {
         (void)std::signal(signal, SIG_DFL); // a valid signal; nothing to go back to
-        (void)std::raise(signal); // takes effect when this handler returns
+        (void)std::raise(signal);           // takes effect when this handler returns
         return;
     }
     const int savedError = errno;
