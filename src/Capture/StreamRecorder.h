@@ -29,8 +29,8 @@ public:
         enum class Case { noDisplay };
         static constexpr Case noDisplay = Case::noDisplay;
 
-        RecorderError(
-            Case which) // NOLINT(google-explicit-constructor): `throw RecorderError(noDisplay)` and comparisons
+        // NOLINTNEXTLINE(google-explicit-constructor): an error can be compared with its case
+        RecorderError(Case which)
             : m_case(which)
         {
         }

@@ -1,3 +1,4 @@
+// One long file: Qt Test wants all cases of a subject in one class.
 #include "Capture/StreamRecorder.h"
 
 #include "Await.h"

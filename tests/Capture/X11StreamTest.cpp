@@ -1,4 +1,5 @@
 // Runs on a real X server that the caller starts: see CMakeLists.txt beside it for the servers and what runs on each.
+// One long file: many short suites share one fixture.
 #include "Capture/X11Stream.h"
 
 #include "Capture/StreamRecorder.h"
