@@ -19,7 +19,8 @@ protected:
     static int receivedBy(StopRequest& request)
     {
         int count = 0;
-        QObject::connect(&request, &StopRequest::received, &request, [&count] { ++count; });
+        QObject context; // the connection ends with it
+        QObject::connect(&request, &StopRequest::received, &context, [&count] { ++count; });
         QCoreApplication::processEvents();
         QCoreApplication::processEvents();
         return count;
@@ -46,9 +47,6 @@ TEST_F(StopRequestTest, ReportsNothingWhereNothingWasSent)
 
 TEST_F(StopRequestTest, ForgetsWhatAnEarlierOneReceived)
 {
-#ifdef __SANITIZE_THREAD__
-    GTEST_SKIP() << "ThreadSanitizer delivers a raised signal later than the kernel does";
-#endif
     {
         StopRequest request;
         std::raise(SIGINT);
