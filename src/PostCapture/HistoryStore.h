@@ -1,0 +1,55 @@
+#pragma once
+
+#include "PostCapture/ClipEntry.h"
+
+#include <QObject>
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace quillbox {
+
+/// The clips made lately, newest first, mirrored to a file. Never touches the clips themselves. Nothing here reports an
+/// error: a list that can't be written is still the list. Reads and writes in the caller's thread. Thread: main.
+class HistoryStore : public QObject {
+    Q_OBJECT
+
+public:
+    /// How many clips are kept.
+    static constexpr std::int64_t cap = 20;
+
+    /// "history.json" in the folder "Quillbox" of the user's data folder, which is created if needed.
+    /// @pre the user has a data folder; without one the process ends.
+    [[nodiscard]] static QString defaultURL();
+
+    /// Reads the list: as it stands in the file, however long. No file gives an empty list, and so does one that can't
+    /// be understood; its bytes are then kept beside it as "history.corrupt.json".
+    /// @param fileURL  A path; none for `defaultURL()`.
+    explicit HistoryStore(std::optional<QString> fileURL = std::nullopt, QObject* parent = nullptr);
+
+    [[nodiscard]] const std::vector<ClipEntry>& entries() const { return m_entries; }
+    [[nodiscard]] const QString& fileURL() const { return m_fileURL; }
+
+    /// Puts `entry` in front, lets go of all but the first `cap` entries, and writes the file.
+    void record(ClipEntry entry);
+    /// Forgets all clips and writes the file.
+    void clear();
+
+Q_SIGNALS:
+    /// Announced before entries() becomes `next`.
+    void entriesAboutToChange(const std::vector<quillbox::ClipEntry>& next);
+    /// Announced after entries() has changed.
+    void entriesChanged();
+
+private:
+    void load();
+    void save() const;
+    void setEntries(std::vector<ClipEntry> next);
+
+    std::vector<ClipEntry> m_entries;
+    QString m_fileURL;
+};
+
+} // namespace quillbox
