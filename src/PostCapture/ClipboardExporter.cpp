@@ -1,5 +1,7 @@
 #include "PostCapture/ClipboardExporter.h"
 
+#include "PostCapture/Pasteboard.h"
+
 #include <QDir>
 #include <QLocale>
 #include <QStandardPaths>
@@ -21,6 +23,11 @@ QString ClipboardExporter::fileName(const QDateTime& date, const QString& ext, Q
     const auto format = QStringLiteral("yyyy-MM-dd 'at' HH.mm.ss");
     const auto moment = QLocale::c().toString(date.toLocalTime(), format, calendar);
     return QStringLiteral("Quillbox ") + moment + QLatin1Char('.') + ext;
+}
+
+void ClipboardExporter::copyToPasteboard(const QUrl& fileURL, const std::optional<QByteArray>& gifData)
+{
+    makePasteboard()->setClip(fileURL, gifData);
 }
 
 } // namespace quillbox

@@ -1,0 +1,138 @@
+#include "App/RecordingCoordinator.h"
+
+#include "App/ClipExport.h"
+#include "App/FlowMessages.h"
+#include "App/TaskSink.h"
+#include "Capture/RegionSelector.h"
+#include "Capture/StreamRecorder.h"
+#include "Encoding/Precondition.h"
+#include "PostCapture/ClipboardExporter.h"
+#include "PostCapture/HistoryStore.h"
+
+#include <QCoro/QCoroFuture>
+#include <QPointer>
+#include <QtConcurrent/QtConcurrentRun>
+
+#include <exception>
+#include <optional>
+#include <utility>
+
+namespace quillbox {
+namespace {
+
+ClipEntry entryFor(const ClipExport::Saved& saved, ExportPreset preset, std::int64_t width, std::int64_t height)
+{
+    const auto title = preset.title();
+    return {
+        .date = QDateTime::currentDateTimeUtc(),
+        .format = QStringLiteral("GIF"),
+        .preset = QString::fromUtf8(title.data(), std::ssize(title)),
+        .outputPath = saved.path,
+        .byteCount = saved.result.byteCount,
+        .durationSeconds = saved.result.durationSeconds,
+        .width = width,
+        .height = height,
+    };
+}
+
+QByteArray bytesOf(const GIFOptimizer::Result& result)
+{
+    return {reinterpret_cast<const char*>(result.data.data()), std::ssize(result.data)};
+}
+
+} // namespace
+
+RecordingCoordinator::RecordingCoordinator(std::shared_ptr<RecorderControlling> recorder,
+    std::shared_ptr<RegionSelector> selector, std::shared_ptr<HistoryStore> history)
+    : m_recorder(recorder ? std::move(recorder) : std::make_shared<StreamRecorder>())
+    , m_selector(selector ? std::move(selector) : std::make_shared<RegionSelector>())
+    , m_history(std::move(history))
+{
+    precondition(m_history != nullptr, "a coordinator is given a history");
+}
+
+RecordingCoordinator::~RecordingCoordinator() = default;
+
+void RecordingCoordinator::setPreset(ExportPreset preset)
+{
+    Q_EMIT presetAboutToChange(preset);
+    m_preset = preset;
+    Q_EMIT presetChanged();
+}
+
+void RecordingCoordinator::setPhase(Phase next)
+{
+    Q_EMIT phaseAboutToChange(next);
+    m_phase = std::move(next);
+    Q_EMIT phaseChanged();
+}
+
+void RecordingCoordinator::beginFlow()
+{
+    if (!isIn<Idle>())
+        return; // a second press of the hotkey, or a flow that has ended
+    setPhase(SelectingRegion{});
+    m_selector->present([self = QPointer(this)](std::optional<CaptureRegion> region) {
+        if (!self)
+            return;
+        if (region)
+            TaskSink::keep(self->record(*region));
+        else
+            self->setPhase(Idle{});
+    });
+}
+
+QCoro::Task<> RecordingCoordinator::record(CaptureRegion region)
+{
+    const QPointer self(this);
+    const auto recorder = m_recorder; // it outlives a coordinator that ends meanwhile
+    std::optional<QString> failure;
+    try {
+        co_await recorder->start(region);
+    } catch (const std::exception& error) {
+        failure = FlowMessages::couldNotStart(error);
+    }
+    if (!self)
+        co_return;
+    if (failure)
+        setPhase(Failed{*failure});
+    else
+        setPhase(Recording{});
+}
+
+QCoro::Task<> RecordingCoordinator::stopAndExport()
+{
+    if (!isIn<Recording>())
+        co_return; // a second click
+    const QPointer self(this);
+    setPhase(Processing{});
+    if (!self)
+        co_return;
+    const auto recorder = m_recorder;
+    auto frames = co_await recorder->stop();
+    if (!self)
+        co_return;
+    if (frames.empty()) {
+        setPhase(Failed{FlowMessages::noFrames()});
+        co_return;
+    }
+    const auto width = frames.front().width();
+    const auto height = frames.front().height();
+    const auto preset = m_preset; // read once: a later change belongs to the next clip
+    std::optional<QString> failure;
+    try {
+        auto job = QtConcurrent::run(&ClipExport::run, std::move(frames), preset);
+        const auto saved = co_await job;
+        if (!self)
+            co_return;
+        ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(saved.path), bytesOf(saved.result));
+        m_history->record(entryFor(saved, preset, width, height));
+        setPhase(Done{saved.path, saved.result.byteCount});
+    } catch (const std::exception& error) {
+        failure = FlowMessages::couldNotSave(error);
+    }
+    if (failure && self)
+        setPhase(Failed{*failure});
+}
+
+} // namespace quillbox

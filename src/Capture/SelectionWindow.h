@@ -1,0 +1,56 @@
+#pragma once
+
+#include "Capture/CaptureRegion.h"
+
+#include <QPixmap>
+#include <QPointF>
+#include <QRect>
+#include <QRectF>
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+namespace quillbox {
+
+/// The dimmed overlay: one drag of the mouse selects, Escape cancels, every other key is ignored. In front of
+/// everything on its screen, with the keyboard. Serves one gesture and deletes itself then. Thread: main.
+class SelectionWindow : public QWidget {
+    Q_OBJECT
+
+public:
+    using ResultCallback = std::function<void(std::optional<CaptureRegion>)>;
+
+    /// @param screenFrame  The main display, in the window system's coordinates.
+    /// @param backdrop     What to show dimmed; null to let the desktop show through.
+    /// @param onResult     Called once, after the window has left the screen.
+    SelectionWindow(const QRect& screenFrame, QPixmap backdrop, ResultCallback onResult);
+    ~SelectionWindow() override;
+
+    /// Shows the window in front and takes the keyboard.
+    void makeKeyAndOrderFront();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void finish(std::optional<CaptureRegion> region);
+    void report(std::optional<CaptureRegion> region);
+    void drawSelection(QPainter& painter) const;
+    [[nodiscard]] QString sizeText() const;
+    [[nodiscard]] QRectF sizeTag() const;
+    [[nodiscard]] QRect drawnArea() const;
+
+    ResultCallback m_onResult; // empty once it was called
+    std::optional<QPointF> m_startPoint;
+    QRectF m_selection; // drawn only; may leave the screen
+    QPixmap m_backdrop;
+    bool m_isFinished = false;
+};
+
+} // namespace quillbox

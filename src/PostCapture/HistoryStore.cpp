@@ -1,0 +1,96 @@
+#include "PostCapture/HistoryStore.h"
+
+#include "Encoding/Precondition.h"
+#include "PostCapture/HistoryFile.h"
+#include "PostCapture/OutputFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <cstddef>
+#include <exception>
+#include <utility>
+
+namespace quillbox {
+namespace {
+
+/// Nobody is told of a failure, as nobody could do anything about it here.
+void saveIfPossible(const QString& path, const QByteArray& bytes)
+{
+    try {
+        const auto* const first = reinterpret_cast<const std::uint8_t*>(bytes.constData());
+        OutputFile::save(QFile::encodeName(path).toStdString(),
+            std::span(first, static_cast<std::size_t>(bytes.size())), OutputFile::IfExists::Replace);
+    } catch (const std::exception&) { // NOLINT(bugprone-empty-catch): see above
+    }
+}
+
+} // namespace
+
+QString HistoryStore::defaultURL()
+{
+    auto data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    if (!QDir::isAbsolutePath(data)) // a relative XDG_DATA_HOME is to be ignored
+        data = QDir::home().filePath(QStringLiteral(".local/share"));
+    precondition(QDir::isAbsolutePath(data), "the user has a data folder");
+    const auto folder = QDir(data).filePath(QStringLiteral("Quillbox"));
+    (void)QDir().mkpath(folder); // the list is then just not kept
+    return QDir(folder).filePath(QStringLiteral("history.json"));
+}
+
+HistoryStore::HistoryStore(std::optional<QString> fileURL, QObject* parent)
+    : QObject(parent)
+    , m_fileURL(fileURL ? *std::move(fileURL) : defaultURL())
+{
+    load();
+}
+
+void HistoryStore::load()
+{
+    QFile file(m_fileURL);
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    const auto bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return;
+    if (auto entries = HistoryFile::decode(bytes)) {
+        m_entries = *std::move(entries);
+        return;
+    }
+    const QFileInfo info(m_fileURL);
+    saveIfPossible(info.dir().filePath(info.completeBaseName() + QStringLiteral(".corrupt.json")), bytes);
+}
+
+void HistoryStore::record(ClipEntry entry)
+{
+    auto next = m_entries;
+    next.insert(next.begin(), std::move(entry));
+    setEntries(next);
+    if (std::ssize(next) > cap) {
+        next.erase(next.begin() + cap, next.end());
+        setEntries(std::move(next));
+    }
+    save();
+}
+
+void HistoryStore::clear()
+{
+    setEntries({});
+    save();
+}
+
+void HistoryStore::setEntries(std::vector<ClipEntry> next)
+{
+    Q_EMIT entriesAboutToChange(next);
+    m_entries = std::move(next);
+    Q_EMIT entriesChanged();
+}
+
+void HistoryStore::save() const
+{
+    saveIfPossible(m_fileURL, HistoryFile::encode(m_entries));
+}
+
+} // namespace quillbox
