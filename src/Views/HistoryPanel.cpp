@@ -1,0 +1,163 @@
+#include "Views/HistoryPanel.h"
+
+#include "Views/FlatButton.h"
+#include "Views/HistoryRow.h"
+#include "Views/SymbolLabel.h"
+#include "Views/TextLabel.h"
+
+#include <QHBoxLayout>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace quillbox {
+namespace {
+
+constexpr double fewestRows = 3; // an empty list is as high as this many
+constexpr double mostRows = 4.5; // half a row shows that there is more
+constexpr int rowSideInset = 10; // of a row's contents, as in HistoryRow
+constexpr int emptySymbolSize = 36;
+
+} // namespace
+
+HistoryPanel::HistoryPanel(HistoryStore& store, FileReveal& fileReveal, QWidget* parent)
+    : QWidget(parent)
+    , m_store(store)
+    , m_fileReveal(fileReveal)
+{
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, Theme::tightSpacing, 0, Theme::tightSpacing);
+    column->setSpacing(2);
+    column->addWidget(makeHeader());
+    m_contents = new QStackedWidget(this);
+    m_emptyState = makeEmptyState();
+    m_list = makeList();
+    m_contents->addWidget(m_emptyState);
+    m_contents->addWidget(m_list);
+    column->addWidget(m_contents, 1);
+
+    connect(&m_store, &HistoryStore::entriesChanged, this, &HistoryPanel::showEntries);
+    showEntries();
+}
+
+QWidget* HistoryPanel::makeHeader()
+{
+    auto* header = new QWidget(this);
+    auto* row = new QHBoxLayout(header);
+    row->setContentsMargins(Theme::margin, 0, Theme::margin - Theme::focusRing, 0);
+    row->addWidget(
+        new TextLabel(tr("Recent Clips"), TextStyle::Headline, Role::Primary, TextLabel::Overflow::None, header));
+    row->addStretch();
+    m_clear = new FlatButton(FlatButton::Kind::Small, tr("Clear"), std::nullopt, header);
+    connect(m_clear, &FlatButton::clicked, &m_store, &HistoryStore::clear);
+    row->addWidget(m_clear);
+    header->setMinimumHeight(m_clear->sizeHint().height()); // nothing moves when the button goes
+    return header;
+}
+
+QWidget* HistoryPanel::makeEmptyState()
+{
+    using Overflow = TextLabel::Overflow;
+    auto* empty = new QWidget(this);
+    auto* column = new QVBoxLayout(empty);
+    column->setContentsMargins(Theme::margin, 0, Theme::margin, Theme::spacing);
+    column->setSpacing(Theme::tightSpacing);
+    auto* symbol = new SymbolLabel(Symbol::RectangleOnRectangleAngled, Role::Tertiary, emptySymbolSize, empty);
+    auto* title = new TextLabel(tr("No clips yet"), TextStyle::Headline, Role::Primary, Overflow::Wrap, empty);
+    auto* description = new TextLabel(
+        tr("Your recorded clips will show up here."), TextStyle::Callout, Role::Secondary, Overflow::Wrap, empty);
+    title->setAlignment(Qt::AlignCenter);
+    description->setAlignment(Qt::AlignCenter);
+    column->addStretch();
+    column->addWidget(symbol, 0, Qt::AlignHCenter);
+    column->addWidget(title);
+    column->addWidget(description);
+    column->addStretch();
+    return empty;
+}
+
+QScrollArea* HistoryPanel::makeList()
+{
+    auto* list = new QScrollArea(this);
+    list->setFrameShape(QFrame::NoFrame);
+    list->setWidgetResizable(true);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list->setFocusPolicy(Qt::NoFocus); // its buttons have it, and scroll into view
+    list->setAccessibleName(tr("Recent Clips"));
+    auto* rows = new QWidget;
+    m_rowLayout = new QVBoxLayout(rows);
+    m_rowLayout->setContentsMargins(Theme::margin - rowSideInset, 0, Theme::margin - rowSideInset, Theme::tightSpacing);
+    m_rowLayout->setSpacing(0);
+    m_rowLayout->addStretch();
+    list->setWidget(rows);
+    rows->setAutoFillBackground(false); // the panel's surface shows through
+    list->viewport()->setAutoFillBackground(false);
+    list->verticalScrollBar()->setStyleSheet(QStringLiteral(
+        "QScrollBar:vertical { background: transparent; width: 10px; margin: 0; }"
+        "QScrollBar::handle:vertical { background: rgba(128, 128, 128, 190); border-radius: 3px; margin: 2px;"
+        " min-height: 24px; }"
+        "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
+        "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }"));
+    return list;
+}
+
+void HistoryPanel::showEntries()
+{
+    const std::vector<ClipEntry>& entries = m_store.entries();
+    // A row stays with its entry, so that the keyboard stays where it is when a clip comes in above.
+    std::vector<HistoryRow*> known = std::exchange(m_rows, {});
+    for (const ClipEntry& entry : entries) {
+        const auto same = std::find_if(
+            known.begin(), known.end(), [&entry](const HistoryRow* row) { return row->id() == entry.id; });
+        HistoryRow* row = nullptr;
+        if (same != known.end()) {
+            row = *same;
+            known.erase(same);
+            row->setEntry(entry);
+        } else {
+            row = new HistoryRow(entry);
+            connect(row, &HistoryRow::revealRequested, this, [this, row] { reveal(row); });
+        }
+        const int place = static_cast<int>(m_rows.size());
+        if (m_rowLayout->indexOf(row) != place)
+            m_rowLayout->insertWidget(place, row);
+        m_rows.push_back(row);
+    }
+    for (HistoryRow* gone : known) {
+        gone->hide();
+        gone->deleteLater(); // its button may be what was pressed
+        m_rowLayout->removeWidget(gone);
+    }
+    QWidget* before = m_clear;
+    for (HistoryRow* row : m_rows) {
+        auto* button = row->findChild<FlatButton*>();
+        setTabOrder(before, button);
+        before = button;
+    }
+    m_clear->setVisible(!entries.empty());
+    m_contents->setCurrentWidget(entries.empty() ? m_emptyState : m_list);
+    updateGeometry();
+}
+
+void HistoryPanel::reveal(const HistoryRow* row) const
+{
+    const auto place = std::find(m_rows.begin(), m_rows.end(), row) - m_rows.begin();
+    const ClipEntry& entry = m_store.entries().at(static_cast<std::size_t>(place));
+    if (entry.outputPath)
+        m_fileReveal.reveal(*entry.outputPath);
+}
+
+QSize HistoryPanel::sizeHint() const
+{
+    const QFontMetrics title(Theme::font(TextStyle::Body));
+    const QFontMetrics details(Theme::font(TextStyle::Callout));
+    const int rowHeight = m_rows.empty() ? title.height() + details.height() + 13 : m_rows.front()->sizeHint().height();
+    const double rows = std::clamp(static_cast<double>(m_rows.size()), fewestRows, mostRows);
+    const int contents = std::max(static_cast<int>(rows * rowHeight), m_emptyState->sizeHint().height());
+    return QSize(layout()->sizeHint().width(), m_clear->sizeHint().height() + contents + 3 * Theme::tightSpacing);
+}
+
+} // namespace quillbox

@@ -1,0 +1,190 @@
+#include "Views/Panel.h"
+
+#include "Views/Card.h"
+#include "Views/HistoryPanel.h"
+#include "Views/PanelPlacement.h"
+#include "Views/RecorderHUD.h"
+#include "Views/SymbolLabel.h"
+#include "Views/TextLabel.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace quillbox {
+namespace {
+
+constexpr int usualWidth = 344; // wide enough for the idle status in one line; longer texts widen it
+
+Panel::Corners usualCorners()
+{
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland")) ? Panel::Corners::Rounded
+                                                                                : Panel::Corners::Square;
+}
+
+} // namespace
+
+Panel::Panel(CurrentCoordinator& coordinator, UpdaterController& updater, HistoryStore& store, FileReveal& fileReveal,
+    Clock clock)
+    : m_clock(std::move(clock))
+    , m_corners(usualCorners())
+    , m_hud(new RecorderHUD(coordinator, updater, this))
+    , m_history(new HistoryPanel(store, fileReveal, this))
+{
+    setWindowTitle(tr("Quillbox"));
+    setAttribute(Qt::WA_QuitOnClose, false); // the tray icon stays
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(1, 1, 1, 1); // the outline
+    column->setSpacing(0);
+    column->setSizeConstraint(QLayout::SetNoConstraint); // fit() decides
+    column->addWidget(m_hud);
+    column->addWidget(new Divider(this));
+    column->addWidget(m_history, 1);
+    column->addWidget(makeNotice());
+    becomeA(Form::Popup);
+
+    connect(m_hud, &RecorderHUD::settingsRequested, this, &Panel::settingsRequested);
+    connect(m_hud, &RecorderHUD::quitRequested, this, &Panel::quitRequested);
+    connect(
+        &coordinator, &CurrentCoordinator::phaseAboutToChange, this, [this](const RecordingCoordinator::Phase& next) {
+            if (std::holds_alternative<RecordingCoordinator::SelectingRegion>(next))
+                hide();
+        });
+}
+
+QWidget* Panel::makeNotice()
+{
+    m_noticeArea = new QWidget(this);
+    auto* column = new QVBoxLayout(m_noticeArea);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(new Divider(m_noticeArea));
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(Theme::margin, 8, Theme::margin, 8);
+    row->setSpacing(Theme::tightSpacing);
+    m_notice
+        = new TextLabel(QString(), TextStyle::SmallCaption, Role::Secondary, TextLabel::Overflow::Wrap, m_noticeArea);
+    row->addWidget(
+        new SymbolLabel(Symbol::InfoCircle, Role::Secondary, Theme::symbolSize - 2, m_noticeArea), 0, Qt::AlignTop);
+    row->addWidget(m_notice, 1);
+    column->addLayout(row);
+    m_noticeArea->hide();
+    return m_noticeArea;
+}
+
+void Panel::setNotice(const QString& notice)
+{
+    m_notice->setText(notice);
+    m_noticeArea->setVisible(!notice.isEmpty());
+}
+
+void Panel::becomeA(Form form)
+{
+    const bool rounded = form == Form::Popup && m_corners == Corners::Rounded;
+    const auto flags = form == Form::Popup ? Qt::Tool | Qt::FramelessWindowHint : Qt::WindowFlags(Qt::Window);
+    if (testAttribute(Qt::WA_WState_Created) && (form != m_form || rounded != m_rounded))
+        destroy(); // a window's kind and its translucency are settled when the window system creates it
+    m_form = form;
+    m_rounded = rounded;
+    setAttribute(Qt::WA_TranslucentBackground, rounded);
+    if (windowFlags() != flags)
+        setWindowFlags(flags);
+}
+
+void Panel::openNear(const QRect& anchor, const QRect& availableGeometry)
+{
+    if (!isVisible())
+        becomeA(Form::Popup);
+    m_anchor = anchor;
+    m_available = availableGeometry;
+    present();
+}
+
+void Panel::openAsWindow()
+{
+    if (!isVisible())
+        becomeA(Form::Window);
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    m_anchor = QRect();
+    m_available = screen ? screen->availableGeometry() : QRect();
+    present();
+}
+
+void Panel::present()
+{
+    fit();
+    show();
+    raise();
+    activateWindow();
+    m_hud->focusMainButton();
+}
+
+void Panel::fit()
+{
+    ensurePolished();
+    layout()->activate();
+    const int width = std::max(usualWidth, layout()->totalMinimumSize().width());
+    int height = layout()->totalHeightForWidth(width);
+    if (m_available.isValid())
+        height = std::min(height, m_available.height() - 2 * PanelPlacement::gap);
+    const QSize size(width, height);
+    if (m_form == Form::Window) {
+        setMinimumSize(width, 0);
+        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        if (!isVisible() || this->height() < height)
+            resize(size);
+        return;
+    }
+    const QScreen* screen = QGuiApplication::screenAt(m_available.center());
+    setFixedSize(size);
+    move(PanelPlacement::place(size, m_anchor, m_available, screen ? screen->geometry() : m_available).topLeft());
+}
+
+bool Panel::wasJustClosed() const
+{
+    return m_deactivated != std::chrono::steady_clock::time_point() && m_clock() - m_deactivated < justNow;
+}
+
+bool Panel::event(QEvent* event)
+{
+    const bool handled = QWidget::event(event);
+    if (event->type() == QEvent::WindowDeactivate && m_form == Form::Popup && isVisible()) {
+        m_deactivated = m_clock();
+        hide();
+    } else if (event->type() == QEvent::LayoutRequest && isVisible()) {
+        fit(); // a longer status, another clip
+    }
+    return handled;
+}
+
+void Panel::paintEvent(QPaintEvent* /*event*/)
+{
+    const Theme theme(palette());
+    QPainter painter(this);
+    if (m_form == Form::Window) {
+        painter.fillRect(rect(), theme.surface());
+        return;
+    }
+    const qreal radius = m_rounded ? Theme::panelRadius : 0;
+    painter.setRenderHint(QPainter::Antialiasing, m_rounded);
+    painter.setPen(QPen(theme.border(), 1));
+    painter.setBrush(theme.surface());
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+}
+
+void Panel::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Cancel) || event->matches(QKeySequence::Close))
+        close();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+} // namespace quillbox

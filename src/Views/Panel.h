@@ -1,0 +1,89 @@
+#pragma once
+
+#include "App/CurrentCoordinator.h"
+#include "App/UpdaterController.h"
+#include "PostCapture/FileReveal.h"
+#include "PostCapture/HistoryStore.h"
+
+#include <QRect>
+#include <QWidget>
+
+#include <chrono>
+#include <functional>
+
+namespace quillbox {
+
+class HistoryPanel;
+class RecorderHUD;
+class TextLabel;
+
+/// What the tray icon opens: the recorder above the history. Closes when another window becomes active, on Escape, and
+/// before a region is selected, so that it is in no clip. Hidden until opened. Thread: main.
+class Panel : public QWidget {
+    Q_OBJECT
+
+public:
+    /// How the panel's outline is drawn when it has no window frame.
+    enum class Corners {
+        Rounded, ///< needs a compositing manager
+        Square,
+    };
+    using Clock = std::function<std::chrono::steady_clock::time_point()>;
+
+    /// A click on the tray icon that closed the panel arrives within this time.
+    static constexpr std::chrono::milliseconds justNow{400};
+
+    /// @param clock  What wasJustClosed() goes by.
+    /// @pre All four outlive the panel.
+    Panel(CurrentCoordinator& coordinator, UpdaterController& updater, HistoryStore& store, FileReveal& fileReveal,
+        Clock clock = &std::chrono::steady_clock::now);
+
+    /// Opens the panel next to the tray icon, wholly on the screen, and takes the keyboard.
+    /// @param anchor             The icon, global coordinates; empty where the desktop does not tell.
+    /// @param availableGeometry  Of the icon's screen, or of the primary one.
+    void openNear(const QRect& anchor, const QRect& availableGeometry);
+    /// Opens it as a titled window, for desktops without a tray. It then stays until it is closed.
+    void openAsWindow();
+
+    /// Whether the panel was closed a moment ago because another window became active: a click on the tray icon that
+    /// comes now was meant to close it.
+    [[nodiscard]] bool wasJustClosed() const;
+
+    /// Square where windows can't be translucent, as on X11 without a compositing manager. Takes effect at the next
+    /// opening. Rounded on Wayland and square elsewhere unless told otherwise.
+    void setCorners(Corners corners) { m_corners = corners; }
+
+    /// A line below everything, such as why the shortcut does not work; none when empty.
+    void setNotice(const QString& notice);
+
+Q_SIGNALS:
+    void settingsRequested();
+    void quitRequested();
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    enum class Form { Popup, Window };
+
+    QWidget* makeNotice();
+    void becomeA(Form form);
+    void fit();
+    void present();
+
+    Clock m_clock;
+    Form m_form = Form::Popup;
+    Corners m_corners;
+    bool m_rounded = false; // as it is shown now
+    QRect m_anchor;
+    QRect m_available;
+    std::chrono::steady_clock::time_point m_deactivated;
+    RecorderHUD* m_hud;
+    HistoryPanel* m_history;
+    QWidget* m_noticeArea = nullptr;
+    TextLabel* m_notice = nullptr;
+};
+
+} // namespace quillbox

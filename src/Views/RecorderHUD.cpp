@@ -1,0 +1,212 @@
+#include "Views/RecorderHUD.h"
+
+#include "Views/ByteFormat.h"
+#include "Views/Card.h"
+#include "Views/FlatButton.h"
+#include "Views/SegmentedPicker.h"
+#include "Views/SymbolLabel.h"
+#include "Views/TextLabel.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <string>
+
+namespace quillbox {
+namespace {
+
+/// For translators: what `ExportPreset` says of its cases.
+[[maybe_unused]] constexpr const char* presetTexts[] = {
+    QT_TRANSLATE_NOOP("ExportPreset", "Slack"),
+    QT_TRANSLATE_NOOP("ExportPreset", "Tiny GIF under 2 MB"),
+    QT_TRANSLATE_NOOP("ExportPreset", "GitHub"),
+    QT_TRANSLATE_NOOP("ExportPreset", "GIF under 10 MB"),
+    QT_TRANSLATE_NOOP("ExportPreset", "Docs"),
+    QT_TRANSLATE_NOOP("ExportPreset", "Crisp, balanced quality"),
+};
+
+QString translated(std::string_view presetText)
+{
+    return QCoreApplication::translate("ExportPreset", std::string(presetText).c_str());
+}
+
+/// How one phase looks in the status row.
+struct Status {
+    QString text;
+    Symbol symbol;
+    Role role;
+};
+
+struct StatusOf {
+    Status operator()(const RecordingCoordinator::Idle&) const
+    {
+        return {RecorderHUD::tr("Press ⌘⇧2 or Record to capture a region."), Symbol::InfoCircle, Role::Secondary};
+    }
+    Status operator()(const RecordingCoordinator::SelectingRegion&) const
+    {
+        return {RecorderHUD::tr("Drag to select a region…"), Symbol::RectangleDashed, Role::Primary};
+    }
+    Status operator()(const RecordingCoordinator::Recording&) const
+    {
+        return {RecorderHUD::tr("Recording…"), Symbol::RecordCircle, Role::Red};
+    }
+    Status operator()(const RecordingCoordinator::Processing&) const
+    {
+        return {RecorderHUD::tr("Optimizing GIF…"), Symbol::WandAndStars, Role::Primary};
+    }
+    Status operator()(const RecordingCoordinator::Done& done) const
+    {
+        return {RecorderHUD::tr("Copied — %1 · %2")
+                    .arg(ByteFormat::shortText(done.byteCount), QFileInfo(done.path).fileName()),
+            Symbol::CheckmarkCircleFill, Role::Green};
+    }
+    Status operator()(const RecordingCoordinator::Failed& failed) const
+    {
+        return {failed.message, Symbol::ExclamationmarkTriangleFill, Role::Red};
+    }
+};
+
+QHBoxLayout* rowIn(QWidget* parent)
+{
+    auto* row = new QHBoxLayout(parent);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(Theme::tightSpacing);
+    return row;
+}
+
+} // namespace
+
+RecorderHUD::RecorderHUD(CurrentCoordinator& coordinator, UpdaterController& updater, QWidget* parent)
+    : QWidget(parent)
+    , m_coordinator(coordinator)
+    , m_updater(updater)
+{
+    m_mainButton = new FlatButton(FlatButton::Kind::Prominent, QString(), std::nullopt, this);
+    connect(m_mainButton, &FlatButton::clicked, this, [this] {
+        if (m_coordinator.get().isIn<RecordingCoordinator::Recording>())
+            m_coordinator.stop();
+        else
+            m_coordinator.begin();
+    });
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(Theme::margin, Theme::margin - 2, Theme::margin, Theme::spacing);
+    column->setSpacing(Theme::spacing);
+    column->addWidget(makeHeader());
+    column->addWidget(makePresetPicker());
+    column->addWidget(new Divider(this));
+    column->addWidget(makeStatusRow());
+    column->addWidget(new Divider(this));
+    column->addWidget(m_mainButton);
+    column->addWidget(new Divider(this));
+    column->addWidget(makeFooter());
+
+    setTabOrder(m_presets, m_mainButton);
+    setTabOrder(m_mainButton, m_updateButton);
+    connect(&m_coordinator, &CurrentCoordinator::phaseChanged, this, &RecorderHUD::showPhase);
+    connect(&m_coordinator, &CurrentCoordinator::presetChanged, this, &RecorderHUD::showPreset);
+    connect(&m_updater, &UpdaterController::canCheckForUpdatesChanged, this, &RecorderHUD::showUpdater);
+    showPhase();
+    showUpdater();
+}
+
+void RecorderHUD::focusMainButton()
+{
+    m_mainButton->setFocus(Qt::ActiveWindowFocusReason);
+}
+
+QWidget* RecorderHUD::makeHeader()
+{
+    auto* header = new QWidget(this);
+    auto* row = rowIn(header);
+    row->setSpacing(8);
+    row->addWidget(new SymbolLabel(Symbol::RectangleDashedBadgeRecord, Role::Accent, 20, header));
+    row->addWidget(
+        new TextLabel(tr("Quillbox"), TextStyle::Headline, Role::Primary, TextLabel::Overflow::None, header));
+    row->addStretch();
+    return header;
+}
+
+QWidget* RecorderHUD::makePresetPicker()
+{
+    auto* section = new QWidget(this);
+    std::vector<QString> titles;
+    for (const ExportPreset preset : ExportPreset::allCases)
+        titles.push_back(translated(preset.title()));
+    const QString title = tr("Preset");
+    m_presets = new SegmentedPicker(title, titles, section);
+    connect(m_presets, &SegmentedPicker::chosen, this, [this](int index) {
+        m_coordinator.get().setPreset(ExportPreset::allCases.at(static_cast<std::size_t>(index)));
+    });
+    m_subtitle = new TextLabel(QString(), TextStyle::Caption, Role::Secondary, TextLabel::Overflow::Wrap, section);
+
+    auto* column = new QVBoxLayout(section);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(Theme::tightSpacing);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(Theme::spacing);
+    row->addWidget(new TextLabel(title, TextStyle::Callout, Role::Primary, TextLabel::Overflow::None, section));
+    row->addWidget(m_presets, 1);
+    column->addLayout(row);
+    column->addWidget(m_subtitle);
+    return section;
+}
+
+QWidget* RecorderHUD::makeStatusRow()
+{
+    auto* status = new QWidget(this);
+    auto* row = rowIn(status);
+    m_statusSymbol = new SymbolLabel(Symbol::InfoCircle, Role::Secondary, Theme::symbolSize, status);
+    m_statusText = new TextLabel(QString(), TextStyle::Caption, Role::Secondary, TextLabel::Overflow::Wrap, status);
+    row->addWidget(m_statusSymbol, 0, Qt::AlignTop);
+    row->addWidget(m_statusText, 1, Qt::AlignVCenter);
+    return status;
+}
+
+QWidget* RecorderHUD::makeFooter()
+{
+    auto* footer = new QWidget(this);
+    auto* row = rowIn(footer);
+    m_updateButton = new FlatButton(FlatButton::Kind::Small, tr("Check for Updates…"), std::nullopt, footer);
+    auto* settings = new FlatButton(FlatButton::Kind::Link, tr("Settings"), std::nullopt, footer);
+    auto* quit = new FlatButton(FlatButton::Kind::Small, tr("Quit"), std::nullopt, footer);
+    row->addWidget(m_updateButton);
+    row->addStretch();
+    row->addWidget(settings);
+    row->addWidget(quit);
+    connect(m_updateButton, &FlatButton::clicked, &m_updater, &UpdaterController::checkForUpdates);
+    connect(settings, &FlatButton::clicked, this, &RecorderHUD::settingsRequested);
+    connect(quit, &FlatButton::clicked, this, &RecorderHUD::quitRequested);
+    return footer;
+}
+
+void RecorderHUD::showPhase()
+{
+    const Status status = std::visit(StatusOf{}, m_coordinator.get().phase());
+    m_statusSymbol->setSymbol(status.symbol, status.role);
+    m_statusText->setText(status.text);
+    m_statusText->setRole(status.role);
+    if (m_coordinator.get().isIn<RecordingCoordinator::Recording>())
+        m_mainButton->setLabel(tr("Stop & Copy"), Symbol::StopCircleFill);
+    else
+        m_mainButton->setLabel(tr("Record Region"), Symbol::RectangleDashedBadgeRecord);
+    showPreset(); // another coordinator may have another one
+}
+
+void RecorderHUD::showPreset()
+{
+    const ExportPreset preset = m_coordinator.get().preset();
+    const auto& all = ExportPreset::allCases;
+    m_presets->setChoice(static_cast<int>(std::find(all.begin(), all.end(), preset) - all.begin()));
+    m_subtitle->setText(translated(preset.subtitle()));
+}
+
+void RecorderHUD::showUpdater()
+{
+    m_updateButton->setEnabled(m_updater.canCheckForUpdates());
+}
+
+} // namespace quillbox

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "App/CurrentCoordinator.h"
+#include "App/UpdaterController.h"
+
+#include <QWidget>
+
+namespace quillbox {
+
+class FlatButton;
+class SegmentedPicker;
+class SymbolLabel;
+class TextLabel;
+
+/// The upper part of the panel: what to record for, how it stands, and the buttons. Holds no state: it shows what the
+/// coordinator and the updater say, whenever they announce a change. Thread: main.
+class RecorderHUD : public QWidget {
+    Q_OBJECT
+
+public:
+    /// @pre Both outlive the view.
+    RecorderHUD(CurrentCoordinator& coordinator, UpdaterController& updater, QWidget* parent = nullptr);
+
+    /// Gives the keyboard to the button that records and stops.
+    void focusMainButton();
+
+Q_SIGNALS:
+    void settingsRequested();
+    void quitRequested();
+
+private:
+    QWidget* makeHeader();
+    QWidget* makePresetPicker();
+    QWidget* makeStatusRow();
+    QWidget* makeFooter();
+    void showPhase();
+    void showPreset();
+    void showUpdater();
+
+    CurrentCoordinator& m_coordinator;
+    UpdaterController& m_updater;
+    SegmentedPicker* m_presets = nullptr;
+    TextLabel* m_subtitle = nullptr;
+    SymbolLabel* m_statusSymbol = nullptr;
+    TextLabel* m_statusText = nullptr;
+    FlatButton* m_mainButton = nullptr;
+    FlatButton* m_updateButton = nullptr;
+};
+
+} // namespace quillbox

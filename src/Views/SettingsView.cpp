@@ -1,0 +1,111 @@
+#include "Views/SettingsView.h"
+
+#include "Views/Card.h"
+#include "Views/Icons.h"
+#include "Views/SymbolLabel.h"
+#include "Views/TextLabel.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace quillbox {
+namespace {
+
+constexpr int usualWidth = 440; // of the window, device-independent pixels
+constexpr int widest = 640;     // with a long footer notice, which wraps beyond
+constexpr int rowPadding = 6;   // around the row of the shortcut
+constexpr int cardSpacing = 14;
+
+} // namespace
+
+SettingsView::SettingsView(const QString& footerNotice, QWidget* parent)
+    : QWidget(parent, Qt::Window)
+{
+    setWindowTitle(tr("Settings"));
+    setAttribute(Qt::WA_QuitOnClose, false); // the tray icon stays
+    auto* tabs = new QTabWidget(this);
+    tabs->setDocumentMode(true);
+    tabs->setAccessibleName(tr("Settings"));
+    m_footer = new TextLabel(footerNotice, TextStyle::SmallCaption, Role::Tertiary, TextLabel::Overflow::Wrap);
+    tabs->addTab(makeGeneralTab(), Icons::icon(Symbol::Gearshape, Role::Primary), tr("General"));
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, Theme::tightSpacing, 0, 0);
+    column->addWidget(tabs);
+    fit();
+}
+
+void SettingsView::setFooterNotice(const QString& notice)
+{
+    m_footer->setText(notice);
+    fit();
+}
+
+QWidget* SettingsView::makeGeneralTab()
+{
+    auto* general = new QWidget(this);
+    auto* column = new QVBoxLayout(general);
+    column->setContentsMargins(Theme::margin + 4, Theme::margin, Theme::margin + 4, Theme::margin);
+    column->setSpacing(cardSpacing);
+    column->addWidget(makeCaptureCard(general));
+    column->addWidget(makePrivacyCard(general));
+    column->addStretch();
+    column->addWidget(m_footer);
+    return general;
+}
+
+QWidget* SettingsView::makeCaptureCard(QWidget* parent)
+{
+    auto* card = new Card(tr("Capture"), parent);
+    auto* row = new QHBoxLayout(card);
+    row->setContentsMargins(rowPadding + 4, rowPadding, rowPadding + 4, rowPadding);
+    row->addWidget(new TextLabel(tr("Global hotkey"), TextStyle::Body, Role::Primary, TextLabel::Overflow::None, card));
+    row->addStretch();
+    auto* shortcut = new TextLabel(tr("⌘⇧2"), TextStyle::Monospaced, Role::Secondary, TextLabel::Overflow::None, card);
+    row->addWidget(shortcut);
+    return card;
+}
+
+QWidget* SettingsView::makePrivacyCard(QWidget* parent)
+{
+    auto* card = new Card(tr("Privacy"), parent);
+    auto* row = new QHBoxLayout(card);
+    row->setContentsMargins(rowPadding + 4, rowPadding, rowPadding + 4, rowPadding);
+    row->setSpacing(Theme::spacing);
+    row->addWidget(new SymbolLabel(Symbol::LockShield, Role::Secondary, 20, card), 0, Qt::AlignTop);
+    row->addWidget(new TextLabel(tr("Everything stays on your Mac. No cloud, no telemetry, no account."),
+                       TextStyle::Callout, Role::Secondary, TextLabel::Overflow::Wrap, card),
+        1, Qt::AlignVCenter);
+    return card;
+}
+
+void SettingsView::fit()
+{
+    ensurePolished();
+    const int oneLine = m_footer->fontMetrics().horizontalAdvance(m_footer->text()) + 2 * (Theme::margin + 6);
+    const int wanted = std::max(std::clamp(oneLine, usualWidth, widest), layout()->totalMinimumSize().width());
+    setMinimumWidth(wanted);
+    const int height = std::max(layout()->totalSizeHint().height(), layout()->totalHeightForWidth(wanted));
+    resize(wanted, height);
+}
+
+void SettingsView::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter(this).fillRect(rect(), Theme(palette()).surface());
+}
+
+void SettingsView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Cancel) || event->matches(QKeySequence::Close))
+        close();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+} // namespace quillbox

@@ -1,0 +1,142 @@
+#include "Views/Theme.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quillbox {
+namespace {
+
+/// Relative luminance, 0…1, as WCAG 2 defines it.
+double luminance(const QColor& color)
+{
+    const auto linear = [](double channel) {
+        return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+/// `share` of the way from one colour to the other.
+QColor mix(const QColor& from, const QColor& to, float share)
+{
+    const auto between = [share](float a, float b) {
+        return a + (b - a) * share;
+    };
+    return QColor::fromRgbF(
+        between(from.redF(), to.redF()), between(from.greenF(), to.greenF()), between(from.blueF(), to.blueF()));
+}
+
+/// `color`, moved toward black or white, whichever is farther from `background`, until the contrast is reached.
+QColor readable(const QColor& color, const QColor& background, double contrast)
+{
+    const QColor extreme
+        = Theme::contrast(Qt::white, background) > Theme::contrast(Qt::black, background) ? Qt::white : Qt::black;
+    for (int step = 0; step < 20; ++step) {
+        const QColor candidate = mix(color, extreme, static_cast<float>(step) / 20);
+        if (Theme::contrast(candidate, background) >= contrast)
+            return candidate;
+    }
+    return extreme;
+}
+
+} // namespace
+
+Theme::Theme(const QPalette& palette)
+{
+    const QColor window = palette.color(QPalette::Active, QPalette::Window);
+    const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
+    const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
+    m_dark = window.lightnessF() < 0.5F;
+    m_surface = m_dark ? window : mix(window, Qt::white, 0.6F);
+    m_primary = readable(text, m_surface, 7);
+    m_secondary = readable(mix(m_primary, m_surface, 0.32F), m_surface, 4.6);
+    m_tertiary = readable(mix(m_primary, m_surface, 0.45F), m_surface, 3.2);
+    m_raised = m_dark ? mix(m_surface, m_primary, 0.16F) : QColor(Qt::white);
+    m_sunken = mix(m_surface, m_primary, 0.07F);
+    m_hovered = mix(m_surface, m_primary, 0.06F);
+    m_pressed = mix(m_surface, m_primary, 0.13F);
+    m_border = mix(m_surface, m_primary, m_dark ? 0.24F : 0.18F);
+    m_divider = mix(m_surface, m_primary, m_dark ? 0.16F : 0.11F);
+    m_accent = readable(highlight, m_surface, 4.5);
+    // White on the accent is what people know; a very light accent gets dark text instead.
+    m_onAccent = contrast(Qt::white, highlight) >= 2.5 ? QColor(Qt::white) : QColor(0x10, 0x10, 0x10);
+    m_accentFill = readable(highlight, m_onAccent, 4.6);
+    m_red = readable(QColor(0xd9, 0x2c, 0x2c), m_surface, 4.6);
+    m_green = readable(QColor(0x1f, 0x9d, 0x4c), m_surface, 4.6);
+}
+
+QColor Theme::color(Role role) const
+{
+    switch (role) {
+    case Role::Primary:
+        return m_primary;
+    case Role::Secondary:
+        return m_secondary;
+    case Role::Tertiary:
+        return m_tertiary;
+    case Role::Accent:
+        return m_accent;
+    case Role::Red:
+        return m_red;
+    case Role::Green:
+        return m_green;
+    case Role::OnAccent:
+        return m_onAccent;
+    }
+    return m_primary;
+}
+
+QFont Theme::font(TextStyle style)
+{
+    QFont font = QApplication::font();
+    const auto scale = [&font](double factor) {
+        // A desktop may give its font in points or in pixels; below these sizes nobody reads it.
+        if (font.pointSizeF() > 0)
+            font.setPointSizeF(std::max(font.pointSizeF() * factor, std::min(font.pointSizeF(), 7.5)));
+        else
+            font.setPixelSize(std::max(static_cast<int>(std::lround(font.pixelSize() * factor)), 10));
+    };
+    switch (style) {
+    case TextStyle::Headline:
+        font.setWeight(QFont::DemiBold);
+        break;
+    case TextStyle::Body:
+        break;
+    case TextStyle::Callout:
+        scale(0.95);
+        break;
+    case TextStyle::Caption:
+        scale(0.9);
+        break;
+    case TextStyle::SmallCaption:
+        scale(0.84);
+        break;
+    case TextStyle::Monospaced:
+        font.setFamilies(QFontDatabase::systemFont(QFontDatabase::FixedFont).families());
+        font.setStyleHint(QFont::Monospace);
+        break;
+    }
+    return font;
+}
+
+double Theme::contrast(const QColor& one, const QColor& other)
+{
+    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+void Theme::drawFocusRing(QPainter& painter, const QRectF& bounds, qreal radius) const
+{
+    constexpr qreal width = 2;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(m_accent, width));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(bounds.adjusted(width / 2, width / 2, -width / 2, -width / 2), radius, radius);
+    painter.restore();
+}
+
+} // namespace quillbox

@@ -1,0 +1,102 @@
+#include "Desk.h"
+
+#include <QTest>
+
+#include <utility>
+
+namespace quillbox::test {
+
+QCoro::Task<> ScriptedRecorder::start(CaptureRegion /*region*/)
+{
+    ++starts;
+    if (refusal)
+        throw CaptureError(CaptureError::Reason::Unavailable, *refusal);
+    m_recording = true;
+    co_return;
+}
+
+QCoro::Task<std::vector<RGBAFrame>> ScriptedRecorder::stop()
+{
+    ++stops;
+    m_recording = false;
+    co_return frames;
+}
+
+void ScriptedSelector::finish(std::optional<CaptureRegion> region)
+{
+    const Completion completion = std::exchange(m_completion, nullptr);
+    completion(region);
+}
+
+void ScriptedUpdates::setAvailable(bool available)
+{
+    m_available = available;
+    Q_EMIT canCheckForUpdatesChanged();
+}
+
+namespace {
+
+std::unique_ptr<ScriptedUpdates> remembered(std::unique_ptr<ScriptedUpdates> service, ScriptedUpdates*& place)
+{
+    place = service.get();
+    return service;
+}
+
+} // namespace
+
+Desk::Desk()
+    : history(std::make_shared<HistoryStore>(folder.filePath(QStringLiteral("history.json"))))
+    , coordinator(std::make_unique<RecordingCoordinator>(recorder, selector, history))
+    , updates(nullptr)
+    , updater(remembered(std::make_unique<ScriptedUpdates>(), updates))
+{
+}
+
+void Desk::select()
+{
+    coordinator.begin();
+    QVERIFY(isIn<RecordingCoordinator::SelectingRegion>());
+}
+
+void Desk::record()
+{
+    select();
+    selector->finish(CaptureRegion{0, 0, 20, 10});
+    QTRY_VERIFY(isIn<RecordingCoordinator::Recording>());
+}
+
+void Desk::process()
+{
+    record();
+    coordinator.stop();
+    QVERIFY(isIn<RecordingCoordinator::Processing>());
+}
+
+void Desk::finish()
+{
+    process();
+    QTRY_VERIFY(isIn<RecordingCoordinator::Done>());
+}
+
+void Desk::fail(const std::string& reason)
+{
+    recorder->refusal = reason;
+    select();
+    selector->finish(CaptureRegion{0, 0, 20, 10});
+    QTRY_VERIFY(isIn<RecordingCoordinator::Failed>());
+    recorder->refusal.reset();
+}
+
+ClipEntry clip(const QString& path, std::int64_t byteCount, double seconds)
+{
+    return {.date = QDateTime::fromSecsSinceEpoch(1'794'000'000),
+        .format = QStringLiteral("GIF"),
+        .preset = QStringLiteral("Slack"),
+        .outputPath = path,
+        .byteCount = byteCount,
+        .durationSeconds = seconds,
+        .width = 640,
+        .height = 360};
+}
+
+} // namespace quillbox::test

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "App/CurrentCoordinator.h"
+#include "App/UpdaterController.h"
+#include "Capture/CaptureError.h"
+#include "Capture/RecorderControlling.h"
+#include "Capture/RegionSelector.h"
+#include "PostCapture/FileReveal.h"
+#include "PostCapture/HistoryStore.h"
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillbox::test {
+
+/// A recorder that does as it is told.
+class ScriptedRecorder : public RecorderControlling {
+public:
+    std::optional<std::string> refusal;                            ///< why the next start fails
+    std::vector<RGBAFrame> frames{RGBAFrame(2, 1, Bytes(8, 200))}; ///< what the next stop returns
+    int starts = 0;
+    int stops = 0;
+
+    [[nodiscard]] bool isRecording() const override { return m_recording; }
+    QCoro::Task<> start(CaptureRegion region) override;
+    QCoro::Task<std::vector<RGBAFrame>> stop() override;
+
+private:
+    bool m_recording = false;
+};
+
+/// A selection that the test makes.
+class ScriptedSelector : public RegionSelector {
+public:
+    void present(Completion completion) override { m_completion = std::move(completion); }
+    /// The user is done with the overlay.
+    void finish(std::optional<CaptureRegion> region);
+    [[nodiscard]] bool isPresented() const { return m_completion != nullptr; }
+
+private:
+    Completion m_completion;
+};
+
+class ScriptedUpdates : public UpdateService {
+public:
+    int checks = 0;
+
+    void start() override { }
+    [[nodiscard]] bool canCheckForUpdates() const override { return m_available; }
+    void checkForUpdates() override { ++checks; }
+    void setAvailable(bool available);
+
+private:
+    bool m_available = true;
+};
+
+class RememberingReveal : public FileReveal {
+public:
+    QStringList revealed;
+
+    void reveal(const QString& path) override { revealed.append(path); }
+};
+
+/// What the views show: real objects, around a recorder, a selection and services that the test directs.
+class Desk {
+public:
+    Desk();
+
+    // The user's way to each phase, from a fresh desk.
+    void select();
+    void record();
+    /// Ends in `Processing`; the event loop then goes on to `Done`.
+    void process();
+    void finish();
+    void fail(const std::string& reason);
+
+    [[nodiscard]] const RecordingCoordinator::Phase& phase() const { return coordinator.get().phase(); }
+    template <typename P> [[nodiscard]] bool isIn() const { return coordinator.get().isIn<P>(); }
+
+    QTemporaryDir folder;
+    std::shared_ptr<HistoryStore> history;
+    std::shared_ptr<ScriptedRecorder> recorder = std::make_shared<ScriptedRecorder>();
+    std::shared_ptr<ScriptedSelector> selector = std::make_shared<ScriptedSelector>();
+    CurrentCoordinator coordinator;
+    ScriptedUpdates* updates; // the updater's
+    UpdaterController updater;
+    RememberingReveal reveal;
+};
+
+/// A clip of the history with everything that the program writes.
+[[nodiscard]] ClipEntry clip(const QString& path, std::int64_t byteCount = 1'234'567, double seconds = 3.4);
+
+} // namespace quillbox::test

@@ -1,0 +1,176 @@
+// Renders every state of the views, in light and dark, as PNGs: views_screenshots FOLDER. QT_SCALE_FACTOR sets the
+// scale. Fails when a text is cut off that should not be.
+#include "Desk.h"
+#include "Palettes.h"
+#include "TextCheck.h"
+
+#include "Views/Panel.h"
+#include "Views/SettingsView.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QScreen>
+#include <QTest>
+#include <QTranslator>
+
+#include <functional>
+
+namespace quillbox::test {
+namespace {
+
+/// Every text a third longer, as in a language that needs more words.
+class LongTexts : public QTranslator {
+public:
+    [[nodiscard]] bool isEmpty() const override { return false; }
+    [[nodiscard]] QString translate(const char*, const char* text, const char*, int) const override
+    {
+        const QString english = QString::fromUtf8(text);
+        if (english.size() < 3)
+            return english;
+        return english + QLatin1Char(' ') + QString((english.size() * 3 + 9) / 10 - 1, QLatin1Char('m'));
+    }
+};
+
+class Studio {
+public:
+    Studio(const QString& folder, QString theme)
+        : m_folder(folder)
+        , m_theme(std::move(theme))
+    {
+    }
+
+    void take(QWidget& widget, const QString& name)
+    {
+        QCoreApplication::processEvents();
+        for (const QString& complaint : clippedTexts(widget)) {
+            qWarning().noquote() << name << m_theme << complaint;
+            m_clean = false;
+        }
+        const QString scale = QString::number(qRound(widget.devicePixelRatioF() * 100));
+        const QString file = QStringLiteral("%1-%2-%3.png").arg(name, m_theme, scale);
+        if (!widget.grab().save(m_folder.filePath(file))) {
+            qWarning().noquote() << "can't write" << file;
+            m_clean = false;
+        }
+    }
+    [[nodiscard]] bool clean() const { return m_clean; }
+
+private:
+    QDir m_folder;
+    QString m_theme;
+    bool m_clean = true;
+};
+
+void fill(HistoryStore& history, int clips)
+{
+    for (int i = clips; i > 0; --i) {
+        ClipEntry entry = clip(QStringLiteral("/home/anna/Videos/Quillbox/Quillbox 2026-11-%1 at 09.05.07.gif")
+                                   .arg(i, 2, 10, QLatin1Char('0')),
+            i * 345'678, i * 1.7);
+        if (i == 2) {
+            entry.format = QStringLiteral("MP4");
+            entry.byteCount.reset();
+            entry.durationSeconds.reset();
+        }
+        if (i == 3)
+            entry.outputPath = QStringLiteral("/tmp/a <b>name</b> that is much too long for one line of the list.gif");
+        if (i == 4)
+            entry.outputPath.reset();
+        history.record(entry);
+    }
+}
+
+using Prepare = std::function<void(Desk&, Panel&)>;
+
+void takePanel(Studio& studio, const QString& name, const Prepare& prepare)
+{
+    Desk desk;
+    Panel panel(desk.coordinator, desk.updater, *desk.history, desk.reveal);
+    const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+    prepare(desk, panel);
+    panel.openNear(QRect(), available);
+    (void)QTest::qWaitForWindowExposed(&panel);
+    studio.take(panel, name);
+    panel.hide();
+    QTRY_VERIFY(!desk.isIn<RecordingCoordinator::Processing>());
+}
+
+void takeAll(Studio& studio)
+{
+    const auto nothing = [](Desk&, Panel&) {
+    };
+    const auto many = [](Desk& desk, Panel&) {
+        fill(*desk.history, 9);
+    };
+    takePanel(studio, QStringLiteral("panel-idle-empty"), nothing);
+    takePanel(studio, QStringLiteral("panel-idle"), many);
+    takePanel(studio, QStringLiteral("panel-selecting"), [](Desk& desk, Panel&) { desk.select(); });
+    takePanel(studio, QStringLiteral("panel-recording"), [](Desk& desk, Panel&) {
+        fill(*desk.history, 3);
+        desk.record();
+    });
+    takePanel(studio, QStringLiteral("panel-processing"), [](Desk& desk, Panel&) {
+        fill(*desk.history, 3);
+        desk.process();
+    });
+    takePanel(studio, QStringLiteral("panel-done"), [](Desk& desk, Panel&) {
+        fill(*desk.history, 1);
+        desk.finish();
+    });
+    takePanel(studio, QStringLiteral("panel-failed"), [](Desk& desk, Panel&) {
+        fill(*desk.history, 2);
+        desk.fail("No display to record");
+    });
+    takePanel(studio, QStringLiteral("panel-failed-long"), [](Desk& desk, Panel&) {
+        fill(*desk.history, 2);
+        desk.fail("The folder /home/anna/Videos/averylongnamewithoutanyblanksinitwhichmustbebrokensomewhere/Quillbox "
+                  "can't be created because the file system is mounted for reading only and the administrator of this "
+                  "machine has not yet answered");
+    });
+    takePanel(studio, QStringLiteral("panel-notice"), [](Desk& desk, Panel& panel) {
+        fill(*desk.history, 2);
+        desk.updates->setAvailable(false);
+        panel.setNotice(QStringLiteral("Another program uses Super+Shift+2. Start from here instead."));
+    });
+
+    SettingsView settings(QStringLiteral("⌘ is the Super key here: press Super+Shift+2 to record."));
+    settings.show();
+    (void)QTest::qWaitForWindowExposed(&settings);
+    studio.take(settings, QStringLiteral("settings"));
+    settings.hide();
+
+    LongTexts longTexts;
+    QCoreApplication::installTranslator(&longTexts);
+    takePanel(studio, QStringLiteral("panel-long-texts"), many);
+    takePanel(studio, QStringLiteral("panel-long-texts-empty"), nothing);
+    SettingsView longSettings(QStringLiteral(
+        "⌘ is the Super key, and ⇧ the Shift key of this keyboard: press Super+Shift+2 to record, or Record Region."));
+    longSettings.show();
+    (void)QTest::qWaitForWindowExposed(&longSettings);
+    studio.take(longSettings, QStringLiteral("settings-long-texts"));
+    QCoreApplication::removeTranslator(&longTexts);
+}
+
+} // namespace
+} // namespace quillbox::test
+
+int main(int argc, char** argv)
+{
+    using namespace quillbox::test;
+    const QTemporaryDir home;
+    qputenv("HOME", home.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    const QApplication application(argc, argv);
+    if (argc != 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
+        qWarning("usage: views_screenshots FOLDER");
+        return 2;
+    }
+    bool clean = true;
+    for (const auto& [name, palette] : {std::pair("light", lightPalette()), std::pair("dark", darkPalette())}) {
+        QApplication::setPalette(palette);
+        Studio studio(QString::fromLocal8Bit(argv[1]), QLatin1String(name));
+        takeAll(studio);
+        clean = clean && studio.clean();
+    }
+    return clean ? 0 : 1;
+}
