@@ -69,6 +69,7 @@ QCoro::Task<> StreamRecorder::start(CaptureRegion region)
         co_return;
     const QPointer self(this);
     auto session = std::make_shared<Session>();
+    session->region = region.normalized();
     m_starting.push_back(m_makeStream());
     CaptureStream* const stream = m_starting.back().get();
     try {
@@ -111,6 +112,7 @@ QCoro::Task<std::vector<RGBAFrame>> StreamRecorder::stop()
     session->timeline.finish(stoppedAt);
     if (self && m_isRecording && m_session == session) { // unless another stop() was faster
         m_stream.reset();
+        m_hold.reset();
         setRecording(false);
     }
     co_return session->timeline.frames();
@@ -119,6 +121,26 @@ QCoro::Task<std::vector<RGBAFrame>> StreamRecorder::stop()
 std::int64_t StreamRecorder::frameCount() const
 {
     return m_session->timeline.frameCount(m_now());
+}
+
+std::optional<CaptureRegion> StreamRecorder::region() const
+{
+    return m_isRecording ? std::optional(m_session->region) : std::nullopt;
+}
+
+void StreamRecorder::holdPicture()
+{
+    takeDeliveries(); // taken before anything covered it
+    if (m_isRecording && !m_hold)
+        m_hold.emplace();
+}
+
+void StreamRecorder::releasePicture()
+{
+    takeDeliveries();
+    const auto hold = std::exchange(m_hold, std::nullopt);
+    if (hold && hold->latest)
+        m_session->timeline.deliver(*hold->latest, m_now());
 }
 
 std::unique_ptr<CaptureStream> StreamRecorder::takeStarting(const CaptureStream* stream)
@@ -152,7 +174,10 @@ void StreamRecorder::customEvent(QEvent* /*event*/)
 void StreamRecorder::takeDeliveries()
 {
     for (Inbox::Delivery& delivery : m_inbox->takeAll()) {
-        if (auto* const frame = std::get_if<RGBAFrame>(&delivery.content))
+        auto* const frame = std::get_if<RGBAFrame>(&delivery.content);
+        if (frame != nullptr && m_hold && delivery.session == m_session)
+            m_hold->latest = std::move(*frame);
+        else if (frame != nullptr)
             delivery.session->timeline.deliver(std::move(*frame), delivery.time);
         else
             end(delivery.session, delivery.time, std::get<CaptureError>(delivery.content));

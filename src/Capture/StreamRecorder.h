@@ -13,6 +13,7 @@
 #include <exception>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace quillbox {
@@ -58,6 +59,16 @@ public:
     /// How many frames stop() would return now.
     [[nodiscard]] std::int64_t frameCount() const;
 
+    /// What is being recorded; none while nothing is.
+    [[nodiscard]] std::optional<CaptureRegion> region() const;
+
+    /// From now on the clip goes on showing the latest picture, whatever the screen shows: something of our own is
+    /// about to cover a part of the region. Ignored while not recording; a stop() ends it.
+    void holdPicture();
+    /// What covered the region has left the screen and the programs below have repainted it: the clip shows the latest
+    /// picture that arrived meanwhile, and follows the screen again.
+    void releasePicture();
+
 Q_SIGNALS:
     /// Announced before isRecording() becomes `next`.
     void isRecordingAboutToChange(bool next);
@@ -73,6 +84,7 @@ protected:
 private:
     /// One recording, successful or not; shared by the stop() that waits for its end.
     struct Session {
+        CaptureRegion region;
         FrameTimeline timeline;
         QString interruption; // empty unless the source went away
     };
@@ -84,9 +96,15 @@ private:
     void end(const std::shared_ptr<Session>& session, CaptureClock::time_point time, const CaptureError& reason);
     void setRecording(bool next);
 
+    /// What the stream showed while the clip did not follow it.
+    struct Hold {
+        std::optional<RGBAFrame> latest;
+    };
+
     StreamFactory m_makeStream;
     Now m_now;
     bool m_isRecording = false;
+    std::optional<Hold> m_hold; // only while recording
     std::shared_ptr<Inbox> m_inbox;
     std::shared_ptr<Session> m_session;                     // of the last successful start
     std::unique_ptr<CaptureStream> m_stream;                // the running one

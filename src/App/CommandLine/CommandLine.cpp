@@ -1,7 +1,10 @@
 #include "App/CommandLine/CommandLine.h"
 
+#include "App/CommandLine/ControlCommand.h"
+#include "App/CommandLine/DesktopCommand.h"
 #include "App/CommandLine/EncodeCommand.h"
 #include "App/CommandLine/ErrorReport.h"
+#include "App/CommandLine/HistoryCommand.h"
 #include "App/CommandLine/RecordCommand.h"
 
 #include <exception>
@@ -13,6 +16,9 @@ struct CarryOut {
     int operator()(const CommandLine::Finished& finished) const { return finished.exitCode; }
     int operator()(const EncodeOptions& options) const { return EncodeCommand::run(options); }
     int operator()(const RecordOptions& options) const { return RecordCommand::run(options); }
+    int operator()(const ControlOptions& options) const { return ControlCommand::run(options); }
+    int operator()(const HistoryOptions& options) const { return HistoryCommand::run(options); }
+    int operator()(const DesktopOptions& /*options*/) const { return DesktopCommand::run(); }
 };
 
 } // namespace

@@ -9,6 +9,8 @@
 #include <CLI/CLI.hpp>
 #pragma GCC diagnostic pop
 
+#include <array>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -28,12 +30,17 @@ struct Arguments {
     std::string raw;
     // record
     std::string region;
+    bool select = false;
     std::string duration;
+    bool copy = false;
 };
 
 constexpr const char* overview = R"(Turns a part of the screen, or a clip, into a small animated GIF.
+Without a command: the application in the tray, from where everything can be done with the mouse.
 
 Examples:
+  quillbox                                                (starts the application, or shows it)
+  quillbox toggle                                         (for a key binding: record, then stop and copy)
   quillbox record --region 100,100,640x480 --duration 5
   quillbox encode demo.y4m
   quillbox encode --help)";
@@ -45,6 +52,7 @@ constexpr const char* encodeExamples = R"(Examples:
 
 constexpr const char* recordExamples = R"(Examples:
   quillbox record --region 0,0,800x600 --duration 10
+  quillbox record --select --copy --duration 5
   quillbox record --region 100,50,640x480 -o demo.gif     (Ctrl-C stops and saves))";
 
 void addOutputOptions(CLI::App& command, Arguments& arguments, const std::string& defaultOutput)
@@ -106,11 +114,17 @@ RecordOptions recordOptions(const CLI::App& command, const Arguments& arguments)
 {
     RecordOptions options;
     options.out = outputOptions(command, arguments);
-    const auto region = ArgumentText::region(arguments.region);
-    if (!region)
-        throw UsageError(
-            "--region: \"" + arguments.region + "\" is not a region; write it like 100,50,640x480 (left, top, size)");
-    options.region = *region;
+    if (arguments.select == (command.count("--region") > 0))
+        throw UsageError("name the region with --region X,Y,WxH, or drag it out with --select");
+    if (!arguments.select) {
+        options.region = ArgumentText::region(arguments.region);
+        if (!options.region)
+            throw UsageError("--region: \"" + arguments.region
+                + "\" is not a region; write it like 100,50,640x480 (left, top, size)");
+    }
+    options.copy = arguments.copy;
+    if (options.copy && options.out.output == standardStreamName)
+        throw UsageError("--copy: the clipboard needs a file; leave out -o - or --copy");
     if (command.count("--duration") > 0) {
         options.durationSeconds = ArgumentText::duration(arguments.duration);
         if (!options.durationSeconds)
@@ -118,6 +132,46 @@ RecordOptions recordOptions(const CLI::App& command, const Arguments& arguments)
                 "--duration: \"" + arguments.duration + "\" is not a number of seconds above 0, at most 86400");
     }
     return options;
+}
+
+/// A command that asks the running application for something.
+struct Control {
+    const char* name;
+    const char* description;
+    ControlOptions::Action action;
+};
+
+constexpr std::array controls{
+    Control{"begin", "Let the user drag out a region and record it", ControlOptions::Action::Begin},
+    Control{"stop", "Stop recording, save and copy the clip, and print where it is", ControlOptions::Action::Stop},
+    Control{"toggle", "Stop a recording, or begin one", ControlOptions::Action::Toggle},
+    Control{"show", "Open the panel", ControlOptions::Action::Show},
+    Control{"status", "Print what the application is doing", ControlOptions::Action::Status},
+    Control{"quit", "End the application", ControlOptions::Action::Quit},
+};
+
+bool answersAsJSON(ControlOptions::Action action)
+{
+    return action != ControlOptions::Action::Show && action != ControlOptions::Action::Quit;
+}
+
+void addControls(CLI::App& app, Arguments& arguments)
+{
+    for (const Control& control : controls) {
+        auto* const command
+            = app.add_subcommand(control.name, std::string(control.description) + " (of the running application)");
+        if (answersAsJSON(control.action))
+            command->add_flag("--json", arguments.json, "Answer with a JSON object");
+        command->footer(std::string("Example:\n  quillbox ") + control.name);
+    }
+}
+
+std::optional<ControlOptions> controlOptions(const CLI::App& app, const Arguments& arguments)
+{
+    for (const Control& control : controls)
+        if (app.got_subcommand(control.name))
+            return ControlOptions{control.action, arguments.json};
+    return std::nullopt;
 }
 
 } // namespace
@@ -147,13 +201,19 @@ CommandLine::Request CommandLine::parse(int argc, const char* const* argv)
     encode->footer(encodeExamples);
 
     auto* const record = app.add_subcommand("record", "Record a region of the screen as a GIF");
-    record->add_option("--region", arguments.region, "Left, top and size of the region, pixels of the main display")
-        ->required()
+    record->add_option("--region", arguments.region, "Left, top and size of the region, points of the main display")
         ->type_name("X,Y,WxH");
+    record->add_flag("--select", arguments.select, "Drag the region out on the screen");
     record->add_option("--duration", arguments.duration, "Stop after so many seconds (default: Ctrl-C stops)")
         ->type_name("S");
     addOutputOptions(*record, arguments, "a dated file in the folder Quillbox of your videos");
+    record->add_flag("--copy", arguments.copy, "Put the clip on the clipboard, too");
     record->footer(recordExamples);
+
+    addControls(app, arguments);
+    auto* const history = app.add_subcommand("history", "List the clips made lately, newest first");
+    history->add_flag("--json", arguments.json, "Print them as a JSON array");
+    history->footer("Example:\n  quillbox history --json");
 
     try {
         app.parse(argc, argv);
@@ -169,8 +229,11 @@ CommandLine::Request CommandLine::parse(int argc, const char* const* argv)
         return encodeOptions(*encode, arguments);
     if (record->parsed())
         return recordOptions(*record, arguments);
-    std::cout << app.help() << std::flush; // nothing asked for
-    return Finished{};
+    if (history->parsed())
+        return HistoryOptions{arguments.json};
+    if (const auto control = controlOptions(app, arguments))
+        return *control;
+    return DesktopOptions{};
 }
 
 } // namespace quillbox

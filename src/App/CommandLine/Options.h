@@ -45,8 +45,23 @@ struct EncodeOptions {
 
 struct RecordOptions {
     OutputOptions out;
-    CaptureRegion region;                  ///< width and height at least 1
+    std::optional<CaptureRegion> region;   ///< width and height at least 1; none to let the user drag it out
     std::optional<double> durationSeconds; ///< above 0, at most a day; none until told to stop
+    bool copy = false;                     ///< put the clip on the clipboard too
 };
+
+/// What the running application is asked for.
+struct ControlOptions {
+    enum class Action { Begin, Stop, Toggle, Show, Status, Quit };
+    Action action = Action::Status;
+    bool json = false; ///< answer as JSON
+};
+
+struct HistoryOptions {
+    bool json = false; ///< print the list as JSON
+};
+
+/// Nothing asked for: the desktop application.
+struct DesktopOptions { };
 
 } // namespace quillbox

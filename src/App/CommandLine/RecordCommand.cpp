@@ -1,5 +1,6 @@
 #include "App/CommandLine/RecordCommand.h"
 
+#include "App/CommandLine/ClipboardHold.h"
 #include "App/CommandLine/ClipOutput.h"
 #include "App/CommandLine/CoreApplication.h"
 #include "App/CommandLine/ErrorReport.h"
@@ -7,8 +8,11 @@
 #include "App/CommandLine/ProgressLine.h"
 #include "App/CommandLine/RecordingEnd.h"
 #include "App/CommandLine/ResultReport.h"
+#include "App/CommandLine/ScreenSelection.h"
+#include "App/Desktop/DesktopApplication.h"
+#include "App/Desktop/RunningInstance.h"
+#include "App/FlowMessages.h"
 #include "Capture/StreamRecorder.h"
-#include "Encoding/GIFEncoder.h"
 #include "Encoding/GIFOptimizer.h"
 #include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/OutputFile.h"
@@ -16,12 +20,14 @@
 #include <QCoro/QCoroFuture>
 #include <QCoro/QCoroTask>
 #include <QFile>
+#include <QFileInfo>
 #include <QtConcurrent/QtConcurrentRun>
 
 #include <cmath>
 #include <exception>
 #include <optional>
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace quillbox {
@@ -36,16 +42,6 @@ std::string startMessage(const std::exception& error)
         ? "There is no display to record. Set DISPLAY to an X11 display, such as :0"
         : std::string(error.what());
     return "Couldn't start recording: " + reason + '.';
-}
-
-std::string saveMessage(const std::exception& error)
-{
-    if (const auto* const tooLarge = dynamic_cast<const GIFEncodingError*>(&error)) {
-        const auto& size = tooLarge->dimensionTooLarge();
-        return "Region too large to encode (" + std::to_string(size.width) + "×" + std::to_string(size.height)
-            + "). Max is 65535 per side.";
-    }
-    return "Couldn't save clip: " + ErrorReport::messageFor(error);
 }
 
 /// Records into `recorder` until `end`, and says on `line` how long it has been.
@@ -77,7 +73,7 @@ QCoro::Task<Frames> recordFrames(RecordOptions options, ProgressLine& line)
     QString interruption;
     std::string failure;
     try {
-        interruption = co_await record(recorder, end, options.region, line);
+        interruption = co_await record(recorder, end, *options.region, line);
     } catch (const std::exception& error) {
         failure = startMessage(error);
     }
@@ -92,8 +88,8 @@ QCoro::Task<Frames> recordFrames(RecordOptions options, ProgressLine& line)
         frames.erase(frames.begin() + std::min<std::ptrdiff_t>(wanted, std::ssize(frames)), frames.end());
     }
     if (frames.empty()) {
-        ErrorReport::print(
-            interruption.isEmpty() ? "No frames captured." : "No frames captured. " + interruption.toStdString() + '.');
+        const auto reason = interruption.isEmpty() ? QString() : QLatin1Char(' ') + interruption + QLatin1Char('.');
+        ErrorReport::print((FlowMessages::noFrames() + reason).toStdString());
     } else if (!interruption.isEmpty()) {
         ErrorReport::print("The recording ended early: " + interruption.toStdString() + ". What was recorded is kept.");
     }
@@ -115,7 +111,8 @@ std::string defaultOutput()
     return QFile::encodeName(ClipboardExporter::clipsDirectory() + QLatin1Char('/') + name).toStdString();
 }
 
-void save(const GIFOptimizer::Result& result, const OutputOptions& options, ProgressLine& line)
+/// @return where it was saved
+std::string save(const GIFOptimizer::Result& result, const OutputOptions& options, ProgressLine& line)
 {
     const ClipOutput output(options.output ? *options.output : defaultOutput(), options.force); // which makes a folder
     line.show("saving");
@@ -123,10 +120,32 @@ void save(const GIFOptimizer::Result& result, const OutputOptions& options, Prog
     line.clear();
     const ResultReport::Clip saved{result, options.preset, output.name()};
     output.report(options.json ? ResultReport::jsonLine(saved) : ResultReport::humanLine(saved));
+    return output.name();
+}
+
+/// Puts the clip on the clipboard: of the running application, which stays, else of this process, which then stays
+/// until another program copies something.
+QCoro::Task<> copy(std::string output, QByteArray gif)
+{
+    const auto path = QFileInfo(QFile::decodeName(QByteArray::fromStdString(output))).absoluteFilePath();
+    if (const auto running = RunningInstance::find(); running && running->copy(path))
+        co_return;
+    ErrorReport::print("the clip stays on the clipboard until something else is copied; Ctrl-C ends this program");
+    const ClipboardHold hold(path, gif);
+    const auto ended = hold.ended();
+    co_await ended;
 }
 
 QCoro::Task<int> recordAndSave(RecordOptions options)
 {
+    if (!options.region) {
+        const auto selection = ScreenSelection::askForRegion();
+        options.region = co_await selection;
+    }
+    if (!options.region) {
+        ErrorReport::print("nothing was selected, so nothing was recorded");
+        co_return ExitCode::failure;
+    }
     ProgressLine line;
     Frames frames = co_await recordFrames(options, line);
     if (frames.empty())
@@ -135,16 +154,15 @@ QCoro::Task<int> recordAndSave(RecordOptions options)
     try {
         auto job = QtConcurrent::run(&encode, std::move(frames), options.out.preset, progressOn(line));
         const auto result = co_await job;
-        save(result, options.out, line);
-        co_return ExitCode::success;
-    } catch (const QUnhandledException& error) { // what the worker threw arrives wrapped
-        try {
-            std::rethrow_exception(error.exception());
-        } catch (const std::exception& inner) {
-            failure = saveMessage(inner);
+        const auto output = save(result, options.out, line);
+        if (options.copy) {
+            auto copying
+                = copy(output, QByteArray(reinterpret_cast<const char*>(result.data.data()), result.byteCount));
+            co_await copying;
         }
+        co_return ExitCode::success;
     } catch (const std::exception& error) {
-        failure = saveMessage(error);
+        failure = FlowMessages::couldNotSave(error).toStdString();
     }
     line.clear();
     ErrorReport::print(failure);
@@ -157,7 +175,11 @@ int RecordCommand::run(const RecordOptions& options)
 {
     if (options.out.output)
         ClipOutput(*options.out.output, options.out.force).check();
-    const CoreApplication application;
+    std::variant<std::monostate, CoreApplication, DesktopApplication> application;
+    if (!options.region || options.copy)
+        application.emplace<DesktopApplication>();
+    else
+        application.emplace<CoreApplication>();
     return QCoro::waitFor(recordAndSave(options));
 }
 

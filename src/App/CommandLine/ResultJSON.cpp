@@ -1,4 +1,5 @@
 #include "App/CommandLine/ResultReport.h"
+#include "App/CommandLine/StatusReport.h"
 
 #include <nlohmann/json.hpp>
 
@@ -9,6 +10,12 @@ namespace {
 std::int64_t screenField(const Bytes& gif, std::size_t offset)
 {
     return gif.at(offset) | gif.at(offset + 1) << 8;
+}
+
+std::string lineOf(const nlohmann::ordered_json& object)
+{
+    // A path need not be UTF-8, JSON must be.
+    return object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + '\n';
 }
 
 } // namespace
@@ -29,8 +36,20 @@ std::string ResultReport::jsonLine(const Clip& clip)
         {"height", screenField(result.data, 8)},
         {"overBudget", isOverBudget(clip)},
     };
-    // A path need not be UTF-8, JSON must be.
-    return object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + '\n';
+    return lineOf(object);
+}
+
+std::string StatusReport::jsonLine(const QVariantMap& status)
+{
+    nlohmann::ordered_json object;
+    for (const auto* const key : {"phase", "path", "byteCount", "message"}) {
+        const auto value = status.value(QLatin1String(key));
+        if (value.typeId() == QMetaType::QString)
+            object[key] = value.toString().toStdString();
+        else if (value.isValid())
+            object[key] = value.toLongLong();
+    }
+    return lineOf(object);
 }
 
 } // namespace quillbox

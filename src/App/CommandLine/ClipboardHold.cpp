@@ -1,0 +1,27 @@
+#include "App/CommandLine/ClipboardHold.h"
+
+#include "PostCapture/ClipboardExporter.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+namespace quillbox {
+
+ClipboardHold::ClipboardHold(const QString& path, const QByteArray& gif)
+{
+    m_promise.start();
+    ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(path), gif);
+    connect(&m_stopRequest, &StopRequest::received, this, &ClipboardHold::end);
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
+        if (!QGuiApplication::clipboard()->ownsClipboard())
+            end();
+    });
+}
+
+void ClipboardHold::end()
+{
+    if (!m_promise.future().isFinished())
+        m_promise.finish();
+}
+
+} // namespace quillbox

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "App/CommandLine/StopRequest.h"
+
+#include <QFuture>
+#include <QObject>
+#include <QPromise>
+#include <QString>
+
+namespace quillbox {
+
+/// Keeps a saved clip on the clipboard, which a program can do only as long as it runs: until another program puts
+/// something there, or a signal ends it. A clipboard manager takes it over then. Thread: main, with a
+/// DesktopApplication.
+class ClipboardHold : public QObject {
+    Q_OBJECT
+
+public:
+    /// @param path  The saved clip, absolute.  @param gif  Its bytes.
+    ClipboardHold(const QString& path, const QByteArray& gif);
+
+    [[nodiscard]] QFuture<void> ended() const { return m_promise.future(); }
+
+private:
+    void end();
+
+    StopRequest m_stopRequest;
+    QPromise<void> m_promise;
+};
+
+} // namespace quillbox

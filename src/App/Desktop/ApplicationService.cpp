@@ -1,0 +1,144 @@
+#include "App/Desktop/ApplicationService.h"
+
+#include "App/CurrentCoordinator.h"
+#include "App/Desktop/DesktopEntryAdaptor.h"
+#include "PostCapture/ClipboardExporter.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QFile>
+#include <QTimer>
+#include <QUrl>
+
+#include <utility>
+
+namespace quillbox {
+namespace {
+
+using Coordinator = RecordingCoordinator;
+
+/// The phase as a map for other programs.
+struct Describe {
+    QVariantMap operator()(const Coordinator::Idle&) const { return named("idle"); }
+    QVariantMap operator()(const Coordinator::SelectingRegion&) const { return named("selecting"); }
+    QVariantMap operator()(const Coordinator::Recording&) const { return named("recording"); }
+    QVariantMap operator()(const Coordinator::Processing&) const { return named("processing"); }
+    QVariantMap operator()(const Coordinator::Done& done) const
+    {
+        auto map = named("done");
+        map.insert(QStringLiteral("path"), done.path);
+        map.insert(QStringLiteral("byteCount"), qlonglong{done.byteCount});
+        return map;
+    }
+    QVariantMap operator()(const Coordinator::Failed& failed) const
+    {
+        auto map = named("failed");
+        map.insert(QStringLiteral("message"), failed.message);
+        return map;
+    }
+
+private:
+    static QVariantMap named(const char* phase) { return {{QStringLiteral("phase"), QString::fromLatin1(phase)}}; }
+};
+
+} // namespace
+
+QString ApplicationService::busName()
+{
+    return QStringLiteral(QUILLBOX_APP_ID);
+}
+
+QString ApplicationService::objectPath()
+{
+    return QLatin1Char('/')
+        + busName().replace(QLatin1Char('.'), QLatin1Char('/')).replace(QLatin1Char('-'), QLatin1Char('_'));
+}
+
+ApplicationService::ApplicationService(CurrentCoordinator& coordinator, Actions actions, QObject* parent)
+    : QObject(parent)
+    , m_coordinator(coordinator)
+    , m_actions(std::move(actions))
+{
+    new DesktopEntryAdaptor(*this); // this object owns it
+    connect(&coordinator, &CurrentCoordinator::phaseChanged, this, &ApplicationService::answerWaiting);
+}
+
+ApplicationService::Claim ApplicationService::claimName()
+{
+    auto bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return Claim::NoBus;
+    // The object first: whoever sees the name finds it.
+    bus.registerObject(objectPath(), this, QDBusConnection::ExportScriptableSlots | QDBusConnection::ExportAdaptors);
+    const auto reply = bus.interface()->registerService(busName(), QDBusConnectionInterface::DontQueueService);
+    if (!reply.isValid())
+        return Claim::NoBus;
+    return reply.value() == QDBusConnectionInterface::ServiceRegistered ? Claim::Granted : Claim::Taken;
+}
+
+void ApplicationService::begin()
+{
+    m_coordinator.begin();
+}
+
+void ApplicationService::quit() const
+{
+    QTimer::singleShot(0, this, m_actions.quit); // the answer goes out first
+}
+
+QVariantMap ApplicationService::Begin()
+{
+    begin();
+    return Status();
+}
+
+QVariantMap ApplicationService::Stop()
+{
+    if (!m_coordinator.get().isIn<Coordinator::Recording>()) {
+        sendErrorReply(
+            QStringLiteral("org.quillbox.quillbox.Error.NotRecording"), QStringLiteral("Nothing is being recorded"));
+        return {};
+    }
+    setDelayedReply(true);
+    m_waiting.push_back(message());
+    m_coordinator.stop();
+    return {};
+}
+
+void ApplicationService::answerWaiting()
+{
+    const auto& now = m_coordinator.get();
+    if (!now.isIn<Coordinator::Done>() && !now.isIn<Coordinator::Failed>())
+        return;
+    for (const auto& call : std::exchange(m_waiting, {}))
+        QDBusConnection::sessionBus().send(call.createReply(Status()));
+}
+
+void ApplicationService::Show()
+{
+    showPanel();
+}
+
+QVariantMap ApplicationService::Status() const
+{
+    return std::visit(Describe{}, m_coordinator.get().phase());
+}
+
+bool ApplicationService::Copy(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const auto bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return false;
+    ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(path), bytes);
+    return true;
+}
+
+void ApplicationService::Quit()
+{
+    quit();
+}
+
+} // namespace quillbox

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QDBusContext>
+#include <QDBusMessage>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QVariantMap>
+
+#include <functional>
+#include <vector>
+
+namespace quillbox {
+
+class CurrentCoordinator;
+
+/// The running application on the session bus: there is one, and others ask it here. Its object also carries the
+/// interface by which desktops start applications. Thread: main.
+/// @see Desktop Entry Specification, "D-Bus Activation": org.freedesktop.Application
+class ApplicationService : public QObject, protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.quillbox.quillbox")
+
+public:
+    /// What the application does for others, beside what the coordinator does.
+    struct Actions {
+        std::function<void()> showPanel;
+        std::function<void()> showSettings;
+        std::function<void()> quit;
+    };
+
+    /// Where the application is on the bus.
+    static QString busName();
+    static QString objectPath();
+
+    ApplicationService(CurrentCoordinator& coordinator, Actions actions, QObject* parent = nullptr);
+
+    enum class Claim {
+        Granted,
+        Taken, ///< another instance runs
+        NoBus, ///< there is no session bus; the application runs all the same, but can't be asked for anything
+    };
+    /// Makes the object known, then asks for the name.
+    Claim claimName();
+
+    void showPanel() const { m_actions.showPanel(); }
+    void showSettings() const { m_actions.showSettings(); }
+    void begin();
+    void quit() const;
+
+public Q_SLOTS:
+    /// Begins a flow. Answers with the phase afterwards, as Status does.
+    Q_SCRIPTABLE QVariantMap Begin();
+    /// Ends the recording; answers, as Status does, once the clip is there or has failed. An error unless recording.
+    Q_SCRIPTABLE QVariantMap Stop();
+    Q_SCRIPTABLE void Show();
+    /// "phase": idle, selecting, recording, processing, done or failed; "path" and "byteCount" of what is done;
+    /// "message" of what failed.
+    Q_SCRIPTABLE QVariantMap Status() const;
+    /// Puts a saved clip on the clipboard; false if the file can't be read.
+    Q_SCRIPTABLE bool Copy(const QString& path);
+    Q_SCRIPTABLE void Quit();
+
+private:
+    void answerWaiting();
+
+    CurrentCoordinator& m_coordinator;
+    Actions m_actions;
+    std::vector<QDBusMessage> m_waiting; // calls of Stop that have not been answered
+};
+
+} // namespace quillbox

@@ -1,0 +1,45 @@
+#include "App/Desktop/DesktopApplication.h"
+
+#include "Capture/CaptureError.h"
+#include "Capture/X11/X11Display.h"
+
+#include <QByteArray>
+#include <QtGlobal>
+
+namespace quillbox {
+
+int DesktopApplication::argumentCount = 1; // the command line has been read; Qt wants none of it
+char DesktopApplication::programName[] = "quillbox";
+char* DesktopApplication::arguments[] = {programName, nullptr};
+
+namespace {
+
+/// Without a display Qt ends the process; better to know before.
+int& checked(int& count)
+{
+    // A platform that was asked for by name, or a Wayland desktop, is Qt's to find.
+    const bool isX11 = qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
+        && (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || qgetenv("QT_QPA_PLATFORM") == "xcb");
+    if (!isX11)
+        return count;
+    try {
+        const X11Display display;
+    } catch (const CaptureError& error) {
+        throw NoDesktopError(std::string(error.what()) + ". quillbox record and encode work from a terminal");
+    }
+    return count;
+}
+
+} // namespace
+
+DesktopApplication::DesktopApplication()
+    : m_application(checked(argumentCount), arguments)
+{
+    QCoreApplication::setApplicationName(QStringLiteral("quillbox"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(QUILLBOX_VERSION));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Quillbox"));
+    QGuiApplication::setDesktopFileName(QStringLiteral(QUILLBOX_APP_ID));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+}
+
+} // namespace quillbox

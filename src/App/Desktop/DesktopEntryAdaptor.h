@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QDBusAbstractAdaptor>
+#include <QString>
+#include <QStringList>
+#include <QVariantList>
+#include <QVariantMap>
+
+namespace quillbox {
+
+class ApplicationService;
+
+/// How desktops start the application and the actions of its desktop entry. Thread: main.
+/// @see Desktop Entry Specification, "D-Bus Activation"
+class DesktopEntryAdaptor : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    explicit DesktopEntryAdaptor(ApplicationService& service);
+
+public Q_SLOTS:
+    void Activate(const QVariantMap& platformData);
+    /// There is nothing to open: the panel is shown.
+    void Open(const QStringList& uris, const QVariantMap& platformData);
+    /// "record-region" or "settings"; another name does nothing.
+    void ActivateAction(const QString& actionName, const QVariantList& parameter, const QVariantMap& platformData);
+
+private:
+    ApplicationService& m_service;
+};
+
+} // namespace quillbox

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+#include <QWidget>
+
+namespace quillbox {
+
+class StreamRecorder;
+
+/// Keeps our own panel out of clips: while it covers a part of what is being recorded, the clip goes on showing what
+/// was there before. Thread: main.
+class PanelGuard : public QObject {
+    Q_OBJECT
+
+public:
+    PanelGuard(StreamRecorder& recorder, QWidget& panel);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void check(bool isVisible);
+
+    StreamRecorder& m_recorder;
+    QWidget& m_panel;
+    QTimer m_repainting; // runs while the programs below may still be repainting
+};
+
+} // namespace quillbox

@@ -1,0 +1,90 @@
+#include "App/Desktop/RunningInstance.h"
+
+#include "App/Desktop/ApplicationService.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+
+#include <limits>
+
+namespace quillbox {
+namespace {
+
+const auto control = QStringLiteral("org.quillbox.quillbox");
+const auto desktopEntry = QStringLiteral("org.freedesktop.Application");
+
+/// The answer's arguments.
+QVariantList ask(const QString& interface, const QString& method, const QVariantList& arguments = {})
+{
+    auto call = QDBusMessage::createMethodCall(
+        ApplicationService::busName(), ApplicationService::objectPath(), interface, method);
+    call.setAutoStartService(false);
+    call.setArguments(arguments);
+    const auto noLimit = std::numeric_limits<int>::max(); // a long clip takes its time
+    const auto answer = QDBusConnection::sessionBus().call(call, QDBus::Block, noLimit);
+    if (answer.type() == QDBusMessage::ErrorMessage)
+        throw InstanceError(answer.errorMessage().toStdString());
+    return answer.arguments();
+}
+
+QVariantMap mapOf(const QVariantList& arguments)
+{
+    return qdbus_cast<QVariantMap>(arguments.value(0));
+}
+
+QVariantMap platformData()
+{
+    const auto token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+    if (token.isEmpty())
+        return {};
+    return {{QStringLiteral("activation-token"), token}};
+}
+
+} // namespace
+
+std::optional<RunningInstance> RunningInstance::find()
+{
+    const auto bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected() || !bus.interface()->isServiceRegistered(ApplicationService::busName()).value())
+        return std::nullopt;
+    return RunningInstance();
+}
+
+QVariantMap RunningInstance::begin() const
+{
+    return mapOf(ask(control, QStringLiteral("Begin")));
+}
+
+QVariantMap RunningInstance::stop() const
+{
+    return mapOf(ask(control, QStringLiteral("Stop")));
+}
+
+QVariantMap RunningInstance::status() const
+{
+    return mapOf(ask(control, QStringLiteral("Status")));
+}
+
+void RunningInstance::show() const
+{
+    (void)ask(control, QStringLiteral("Show")); // the answer says only that it was done
+}
+
+void RunningInstance::quit() const
+{
+    (void)ask(control, QStringLiteral("Quit"));
+}
+
+bool RunningInstance::copy(const QString& absolutePath) const
+{
+    return ask(control, QStringLiteral("Copy"), {absolutePath}).value(0).toBool();
+}
+
+void RunningInstance::activate() const
+{
+    (void)ask(desktopEntry, QStringLiteral("Activate"), {platformData()});
+}
+
+} // namespace quillbox

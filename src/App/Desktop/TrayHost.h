@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDBusServiceWatcher>
+#include <QObject>
+#include <QTimer>
+
+namespace quillbox {
+
+/// Finds out whether the desktop has a place for tray icons. The toolkit asks only once, at its first use, and keeps to
+/// the answer; so it is asked once this object knows. Thread: main.
+/// @see StatusNotifierItem, freedesktop.org; System Tray Protocol Specification (XEmbed)
+class TrayHost : public QObject {
+    Q_OBJECT
+
+public:
+    explicit TrayHost(QObject* parent = nullptr);
+
+    /// Looks, and goes on looking for a while: a session that is just starting brings its panel up when it can.
+    void find();
+
+Q_SIGNALS:
+    /// There is one.
+    void found();
+    /// There is none yet, and a user who waits should be shown something else. `found` may still follow.
+    void missing();
+    /// There is none, and the search is over. The old kind may still come, which the toolkit notices by itself.
+    void gaveUp();
+
+private:
+    Q_SLOT void askWatcher();
+    void end();
+    [[nodiscard]] static bool hasXEmbedTray();
+
+    QDBusServiceWatcher m_watcher;
+    QTimer m_patience;
+    QTimer m_search;
+    bool m_isOver = false;
+};
+
+} // namespace quillbox

@@ -1,0 +1,86 @@
+#include "App/Desktop/TrayIcon.h"
+
+#include "App/CurrentCoordinator.h"
+#include "Views/Icons.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace quillbox {
+namespace {
+
+/// A click this near to the edge of a screen, in points, was on a panel there.
+constexpr int panelThickness = 64;
+
+/// Where the pointer is, if it can be on a panel of the desktop.
+QRect clickedPlace()
+{
+    if (QGuiApplication::platformName() != QLatin1String("xcb"))
+        return {}; // elsewhere a program does not know where the pointer is
+    const auto position = QCursor::pos();
+    const auto* const screen = QGuiApplication::screenAt(position);
+    if (screen == nullptr)
+        return {};
+    const auto inside = screen->geometry().adjusted(panelThickness, panelThickness, -panelThickness, -panelThickness);
+    return inside.contains(position) ? QRect() : QRect(position, QSize(1, 1));
+}
+
+} // namespace
+
+TrayIcon::TrayIcon(CurrentCoordinator& coordinator, QObject* parent)
+    : QObject(parent)
+    , m_coordinator(coordinator)
+{
+    connect(m_menu.addAction(tr("Open Quillbox")), &QAction::triggered, this, &TrayIcon::openRequested);
+    m_recordAction = m_menu.addAction(QString());
+    connect(m_recordAction, &QAction::triggered, &coordinator, &CurrentCoordinator::toggle);
+    connect(m_menu.addAction(tr("Settings")), &QAction::triggered, this, &TrayIcon::settingsRequested);
+    m_menu.addSeparator();
+    connect(m_menu.addAction(tr("Quit")), &QAction::triggered, this, &TrayIcon::quitRequested);
+
+    connect(&coordinator, &CurrentCoordinator::phaseChanged, this, &TrayIcon::redraw);
+    connect(&m_host, &TrayHost::found, this, &TrayIcon::create);
+    connect(&m_host, &TrayHost::gaveUp, this, &TrayIcon::create);
+    connect(&m_host, &TrayHost::missing, this, &TrayIcon::missing);
+    redraw();
+}
+
+TrayIcon::~TrayIcon() = default;
+
+void TrayIcon::show()
+{
+    m_host.find();
+}
+
+void TrayIcon::create()
+{
+    m_icon = std::make_unique<QSystemTrayIcon>();
+    m_icon->setContextMenu(&m_menu);
+    connect(m_icon.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
+        if (reason == QSystemTrayIcon::Trigger)
+            Q_EMIT clicked();
+    });
+    redraw();
+    m_icon->show();
+}
+
+QRect TrayIcon::place() const
+{
+    if (!m_icon)
+        return {};
+    const auto place = m_icon->geometry();
+    return place.isEmpty() ? clickedPlace() : place;
+}
+
+void TrayIcon::redraw()
+{
+    const bool isRecording = m_coordinator.get().isIn<RecordingCoordinator::Recording>();
+    m_recordAction->setText(isRecording ? tr("Stop && Copy") : tr("Record Region"));
+    if (!m_icon)
+        return;
+    m_icon->setIcon(Icons::trayIcon(isRecording));
+    m_icon->setToolTip(isRecording ? tr("Quillbox — Recording…") : QStringLiteral("Quillbox"));
+}
+
+} // namespace quillbox

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "App/Desktop/TrayHost.h"
+
+#include <QMenu>
+#include <QObject>
+#include <QRect>
+#include <QSystemTrayIcon>
+
+#include <memory>
+
+namespace quillbox {
+
+class CurrentCoordinator;
+
+/// The icon in the desktop's tray, which opens the panel and shows that a recording runs; its menu is for desktops that
+/// open a menu at a click. It appears once the desktop has a tray. Thread: main.
+class TrayIcon : public QObject {
+    Q_OBJECT
+
+public:
+    explicit TrayIcon(CurrentCoordinator& coordinator, QObject* parent = nullptr);
+    ~TrayIcon() override;
+
+    /// Begins to look for a tray.
+    void show();
+
+    /// Where the icon is, in the window system's coordinates; empty where the desktop doesn't tell.
+    [[nodiscard]] QRect place() const;
+
+Q_SIGNALS:
+    /// The icon was clicked.
+    void clicked();
+    void openRequested();
+    void settingsRequested();
+    void quitRequested();
+    /// The desktop has no tray, or not yet.
+    void missing();
+
+private:
+    void create();
+    void redraw();
+
+    CurrentCoordinator& m_coordinator;
+    TrayHost m_host;
+    QMenu m_menu;
+    QAction* m_recordAction = nullptr; // the menu owns it
+    std::unique_ptr<QSystemTrayIcon> m_icon;
+};
+
+} // namespace quillbox

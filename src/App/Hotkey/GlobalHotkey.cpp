@@ -1,0 +1,25 @@
+#include "App/Hotkey/GlobalHotkey.h"
+
+#include <utility>
+
+namespace quillbox {
+
+GlobalHotkey::GlobalHotkey(std::function<void()> onTrigger, std::unique_ptr<HotkeyService> service, QObject* parent)
+    : QObject(parent)
+    , m_onTrigger(std::move(onTrigger))
+    , m_service(std::move(service))
+{
+    // Queued: the handler of the key press has returned by then.
+    connect(
+        m_service.get(), &HotkeyService::pressed, this, [this] { m_onTrigger(); }, Qt::QueuedConnection);
+    connect(m_service.get(), &HotkeyService::statusChanged, this, &GlobalHotkey::statusChanged);
+}
+
+GlobalHotkey::~GlobalHotkey() = default;
+
+void GlobalHotkey::registerKey(std::uint32_t keyCode, std::uint32_t modifiers)
+{
+    m_service->grab(keyCode, modifiers); // whether it is ours is told by the status; nothing depends on it
+}
+
+} // namespace quillbox

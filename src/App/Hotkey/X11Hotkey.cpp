@@ -1,0 +1,102 @@
+#include "App/Hotkey/X11Hotkey.h"
+
+#include "App/Hotkey/HotkeyMath.h"
+#include "App/Hotkey/KeyboardMap.h"
+#include "Capture/CaptureError.h"
+#include "Capture/X11/X11Display.h"
+
+#include <QSocketNotifier>
+
+namespace quillbox {
+
+struct X11Hotkey::Connection {
+    X11Display display;
+    QSocketNotifier notifier{display.socket(), QSocketNotifier::Read};
+};
+
+X11Hotkey::X11Hotkey()
+{
+    try {
+        m_connection = std::make_unique<Connection>();
+    } catch (const CaptureError&) {
+        return; // no X server: the status says unavailable once it is asked for
+    }
+    connect(&m_connection->notifier, &QSocketNotifier::activated, this, &X11Hotkey::takeEvents);
+}
+
+X11Hotkey::~X11Hotkey() = default; // the server lets go of the grabs of a connection that closes
+
+void X11Hotkey::grab(std::uint32_t keyCode, std::uint32_t modifiers)
+{
+    m_wish = Wish{keyCode, modifiers};
+    grabAgain();
+}
+
+void X11Hotkey::grabAgain()
+{
+    const auto key = KeyboardMap::x11KeyCode(m_wish->keyCode);
+    if (!m_connection || !key) {
+        setStatus(HotkeyStatus::Unavailable);
+        return;
+    }
+    auto* const connection = m_connection->display.connection();
+    const auto root = m_connection->display.root();
+    const auto bits = KeyboardMap::modifierBits(connection);
+    const auto wanted = m_wish->modifiers;
+    if (((wanted & HotkeyMath::command) != 0 && bits.super == 0)
+        || ((wanted & HotkeyMath::option) != 0 && bits.alt == 0)) {
+        setStatus(HotkeyStatus::Unavailable); // a keyboard without that modifier
+        return;
+    }
+    const auto held = static_cast<std::uint16_t>(((wanted & HotkeyMath::command) != 0 ? bits.super : 0)
+        | ((wanted & HotkeyMath::option) != 0 ? bits.alt : 0)
+        | ((wanted & HotkeyMath::shift) != 0 ? XCB_MOD_MASK_SHIFT : 0)
+        | ((wanted & HotkeyMath::control) != 0 ? XCB_MOD_MASK_CONTROL : 0));
+    xcb_ungrab_key(connection, XCB_GRAB_ANY, root, XCB_MOD_MASK_ANY); // only grabs of this connection
+    bool isTaken = false;
+    for (const std::uint16_t locks : KeyboardMap::unions(bits.locks)) {
+        const auto cookie = xcb_grab_key_checked(connection, /*owner_events=*/0, root,
+            static_cast<std::uint16_t>(held | locks), *key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+        const XCBPointer<xcb_generic_error_t> error(xcb_request_check(connection, cookie));
+        isTaken = isTaken || error != nullptr;
+    }
+    setStatus(isTaken ? HotkeyStatus::Taken : HotkeyStatus::Active);
+    // Waiting for the answers may have fetched events, which the notifier will not tell of any more.
+    QMetaObject::invokeMethod(this, &X11Hotkey::takeEvents, Qt::QueuedConnection);
+}
+
+void X11Hotkey::takeEvents()
+{
+    auto* const connection = m_connection->display.connection();
+    bool wasPressed = false;
+    bool hasChanged = false;
+    while (const XCBPointer<xcb_generic_event_t> event{xcb_poll_for_event(connection)}) {
+        const int type = event->response_type & 0x7F;
+        wasPressed = wasPressed || type == XCB_KEY_PRESS;
+        hasChanged = hasChanged || type == XCB_MAPPING_NOTIFY;
+    }
+    if (xcb_connection_has_error(connection) != 0) {
+        m_connection->notifier.setEnabled(false);
+        setStatus(HotkeyStatus::Unavailable); // the display is gone
+        return;
+    }
+    if (hasChanged)
+        grabAgain();
+    if (!wasPressed)
+        return;
+    // The press took hold of the whole keyboard until the key is let go; the overlay wants it before that.
+    xcb_ungrab_keyboard(connection, XCB_CURRENT_TIME);
+    const XCBPointer<xcb_get_input_focus_reply_t> done(
+        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+    Q_EMIT pressed();
+}
+
+void X11Hotkey::setStatus(HotkeyStatus next)
+{
+    if (m_status == next)
+        return;
+    m_status = next;
+    Q_EMIT statusChanged();
+}
+
+} // namespace quillbox

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "App/Hotkey/HotkeyService.h"
+
+#include <memory>
+#include <optional>
+
+namespace quillbox {
+
+/// A key grab on the root window of the X server that DISPLAY names, on a connection of its own. Locks (Num Lock, Caps
+/// Lock, Scroll Lock) don't matter, and neither does the layout: the key is a place on the keyboard. A changed keyboard
+/// is noticed.
+class X11Hotkey : public HotkeyService {
+    Q_OBJECT
+
+public:
+    X11Hotkey();
+    ~X11Hotkey() override;
+
+    void grab(std::uint32_t keyCode, std::uint32_t modifiers) override;
+    [[nodiscard]] HotkeyStatus status() const override { return m_status; }
+
+private:
+    struct Connection;
+    struct Wish {
+        std::uint32_t keyCode;
+        std::uint32_t modifiers;
+    };
+
+    void grabAgain();
+    void takeEvents();
+    void setStatus(HotkeyStatus next);
+
+    std::unique_ptr<Connection> m_connection; // null where there is no X server
+    std::optional<Wish> m_wish;
+    HotkeyStatus m_status = HotkeyStatus::NotRegistered;
+};
+
+} // namespace quillbox

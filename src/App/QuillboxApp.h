@@ -1,0 +1,55 @@
+#pragma once
+
+#include <memory>
+
+class QRect;
+
+namespace quillbox {
+
+class ApplicationService;
+class CurrentCoordinator;
+class FileReveal;
+class GlobalHotkey;
+class HistoryStore;
+class Panel;
+class SettingsView;
+class TrayIcon;
+class UpdaterController;
+
+/// The desktop application: makes its parts, in this order, and wires them: history, coordinator, hotkey; then what the
+/// user sees. The updater and the panel are made when the panel is first asked for. Thread: main.
+class QuillboxApp {
+public:
+    /// @pre a DesktopApplication exists.
+    QuillboxApp();
+    ~QuillboxApp();
+    QuillboxApp(const QuillboxApp&) = delete;
+    QuillboxApp& operator=(const QuillboxApp&) = delete;
+
+    /// Takes the application's name on the bus. @return false when another instance has it.
+    bool claimName();
+    /// Puts the icon into the tray.
+    void start();
+
+    void showPanel();
+    void showSettings();
+
+private:
+    Panel& panel();
+    void toggleForIcon();
+    void showWithoutTray();
+    void explainHotkey();
+
+    std::shared_ptr<HistoryStore> m_history;
+    std::unique_ptr<CurrentCoordinator> m_coordinator;
+    std::unique_ptr<GlobalHotkey> m_hotkey;
+    std::unique_ptr<FileReveal> m_fileReveal;
+    std::unique_ptr<UpdaterController> m_updater;
+    std::unique_ptr<ApplicationService> m_service;
+    std::unique_ptr<TrayIcon> m_tray;
+    std::unique_ptr<SettingsView> m_settings;
+    std::unique_ptr<Panel> m_panel;
+    bool m_hasTray = true;
+};
+
+} // namespace quillbox

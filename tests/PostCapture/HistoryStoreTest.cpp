@@ -1,0 +1,202 @@
+#include "PostCapture/HistoryStore.h"
+
+#include "PostCapture/HistoryFile.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <filesystem>
+#include <fstream>
+
+namespace quillbox {
+namespace {
+
+namespace fs = std::filesystem;
+
+ClipEntry clip(int number)
+{
+    return {.date = {QDate(2026, 1, 1), QTime(0, 0, number), Qt::UTC},
+        .format = QStringLiteral("GIF"),
+        .preset = QStringLiteral("GitHub"),
+        .outputPath = QStringLiteral("/clips/%1.gif").arg(number)};
+}
+
+std::vector<ClipEntry> clips(int count)
+{
+    std::vector<ClipEntry> result;
+    for (int i = 0; i < count; ++i)
+        result.push_back(clip(i));
+    return result;
+}
+
+class HistoryStoreTest : public testing::Test {
+protected:
+    [[nodiscard]] fs::path folder() const { return m_folder.path(); }
+    [[nodiscard]] fs::path file() const { return m_folder.path() / "history.json"; }
+    [[nodiscard]] fs::path corruptFile() const { return m_folder.path() / "history.corrupt.json"; }
+    [[nodiscard]] QString url() const { return QString::fromStdString(file().string()); }
+
+    void write(const QByteArray& bytes) const { std::ofstream(file()) << bytes.toStdString(); }
+    [[nodiscard]] QByteArray written() const { return QByteArray::fromStdString(support::readFile(file())); }
+
+private:
+    support::TemporaryFolder m_folder;
+};
+
+TEST_F(HistoryStoreTest, StartsEmptyAndWritesNothingWithoutAFile)
+{
+    const HistoryStore store(url());
+    EXPECT_TRUE(store.entries().empty());
+    EXPECT_TRUE(fs::is_empty(folder()));
+}
+
+TEST_F(HistoryStoreTest, PutsTheNewestInFront)
+{
+    HistoryStore store(url());
+    store.record(clip(1));
+    store.record(clip(2));
+    ASSERT_EQ(store.entries().size(), 2U);
+    EXPECT_EQ(store.entries()[0].outputPath, "/clips/2.gif");
+    EXPECT_EQ(HistoryFile::decode(written()), store.entries());
+}
+
+TEST_F(HistoryStoreTest, LoadsWhatAnotherWrote)
+{
+    HistoryStore(url()).record(clip(7));
+    EXPECT_EQ(HistoryStore(url()).entries().front().outputPath, "/clips/7.gif");
+}
+
+TEST_F(HistoryStoreTest, DropsTheOldestWhenTheTwentyFirstComes)
+{
+    HistoryStore store(url());
+    for (int i = 0; i < 21; ++i)
+        store.record(clip(i));
+    EXPECT_EQ(store.entries().size(), 20U);
+    EXPECT_EQ(store.entries().back().outputPath, "/clips/1.gif");
+    EXPECT_EQ(HistoryFile::decode(written()).value().size(), 20U);
+}
+
+TEST_F(HistoryStoreTest, LoadsALongerFileWholeAndCutsItAtTheNextRecord)
+{
+    write(HistoryFile::encode(clips(25)));
+    HistoryStore store(url());
+    EXPECT_EQ(store.entries().size(), 25U);
+    store.record(clip(59));
+    EXPECT_EQ(store.entries().size(), 20U);
+    EXPECT_EQ(store.entries().front().outputPath, "/clips/59.gif");
+}
+
+TEST_F(HistoryStoreTest, ClearsTheListAndTheFile)
+{
+    HistoryStore store(url());
+    store.record(clip(1));
+    store.clear();
+    EXPECT_TRUE(store.entries().empty());
+    EXPECT_EQ(written(), "[]\n");
+}
+
+TEST_F(HistoryStoreTest, AnnouncesEachChangeBeforeAndAfterIt)
+{
+    HistoryStore store(url());
+    std::vector<std::pair<std::size_t, std::size_t>> before; // the sizes then and announced
+    int after = 0;
+    QObject::connect(&store, &HistoryStore::entriesAboutToChange, &store,
+        [&](const std::vector<ClipEntry>& next) { before.emplace_back(store.entries().size(), next.size()); });
+    QObject::connect(&store, &HistoryStore::entriesChanged, &store, [&] { ++after; });
+    store.record(clip(1));
+    store.clear();
+    EXPECT_EQ(before, (std::vector<std::pair<std::size_t, std::size_t>>{{0, 1}, {1, 0}}));
+    EXPECT_EQ(after, 2);
+}
+
+TEST_F(HistoryStoreTest, CuttingTheListIsAChangeOfItsOwn)
+{
+    write(HistoryFile::encode(clips(20)));
+    HistoryStore store(url());
+    std::vector<std::size_t> sizes;
+    QObject::connect(&store, &HistoryStore::entriesChanged, &store, [&] { sizes.push_back(store.entries().size()); });
+    store.record(clip(30));
+    EXPECT_EQ(sizes, (std::vector<std::size_t>{21, 20}));
+}
+
+TEST_F(HistoryStoreTest, KeepsTheBytesOfAnUnreadableFileAside)
+{
+    write("not \xFF json");
+    std::ofstream(corruptFile()) << "an earlier one";
+    HistoryStore store(url());
+    EXPECT_TRUE(store.entries().empty());
+    EXPECT_EQ(support::readFile(corruptFile()), "not \xFF json");
+    EXPECT_EQ(written(), "not \xFF json") << "left in place until it is overwritten";
+    store.record(clip(1));
+    EXPECT_EQ(HistoryFile::decode(written()).value().size(), 1U);
+}
+
+TEST_F(HistoryStoreTest, IsSilentWhenTheBytesCannotBeKeptAside)
+{
+    write("{}");
+    fs::create_directory(corruptFile());
+    EXPECT_TRUE(HistoryStore(url()).entries().empty());
+}
+
+TEST_F(HistoryStoreTest, KeepsTheEntryInMemoryWhenItCannotBeWritten)
+{
+    fs::create_directory(file());
+    HistoryStore store(url());
+    store.record(clip(1));
+    EXPECT_EQ(store.entries().size(), 1U);
+    EXPECT_TRUE(fs::is_directory(file()));
+}
+
+TEST_F(HistoryStoreTest, ReplacesTheFileInOneStep)
+{
+    HistoryStore store(url());
+    store.record(clip(1));
+    const auto before = fs::path(folder() / "hard link to the old list");
+    fs::create_hard_link(file(), before);
+    store.record(clip(2));
+    EXPECT_EQ(HistoryFile::decode(QByteArray::fromStdString(support::readFile(before))).value().size(), 1U);
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder()), {}), 2) << "nothing temporary is left";
+}
+
+class DefaultHistory : public HistoryStoreTest {
+protected:
+    void TearDown() override
+    {
+        qputenv("HOME", m_home);
+        qputenv("XDG_DATA_HOME", m_data);
+    }
+
+private:
+    QByteArray m_home = qgetenv("HOME");
+    QByteArray m_data = qgetenv("XDG_DATA_HOME");
+};
+
+TEST_F(DefaultHistory, LiesInTheDataFolderWhichIsCreated)
+{
+    qputenv("XDG_DATA_HOME", QByteArray::fromStdString((folder() / "data").string()));
+    EXPECT_EQ(HistoryStore::defaultURL().toStdString(), (folder() / "data/Quillbox/history.json").string());
+    EXPECT_TRUE(fs::is_directory(folder() / "data/Quillbox"));
+    EXPECT_FALSE(fs::exists(folder() / "data/Quillbox/history.json"));
+}
+
+TEST_F(DefaultHistory, IgnoresARelativeDataFolder)
+{
+    qputenv("HOME", QByteArray::fromStdString(folder().string()));
+    qputenv("XDG_DATA_HOME", "data");
+    EXPECT_EQ(HistoryStore::defaultURL().toStdString(), (folder() / ".local/share/Quillbox/history.json").string());
+}
+
+TEST_F(DefaultHistory, IsNamedEvenWhereItsFolderCannotBeMade)
+{
+    qputenv("XDG_DATA_HOME", QByteArray::fromStdString((folder() / "data").string()));
+    std::ofstream(folder() / "data") << "a file in the way";
+    HistoryStore store;
+    store.record(clip(1));
+    EXPECT_EQ(store.entries().size(), 1U);
+}
+
+} // namespace
+} // namespace quillbox
