@@ -1,46 +1,33 @@
 #include "Views/Card.h"
 
-#include "Views/Theme.h"
+#include "Views/TextLabel.h"
 
-#include <QEvent>
 #include <QPainter>
-#include <QStyleOptionGroupBox>
+#include <QVBoxLayout>
 
 namespace quillbox {
 
 Card::Card(const QString& title, QWidget* parent)
-    : QGroupBox(title, parent)
+    : QWidget(parent)
+    , m_body(new QWidget(this))
 {
-    setFont(Theme::font(TextStyle::Headline));
+    setAccessibleName(title);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(Theme::tightSpacing);
+    column->addWidget(new TextLabel(title, TextStyle::Headline, Role::Primary, TextLabel::Overflow::None, this));
+    column->addWidget(m_body);
 }
 
 void Card::paintEvent(QPaintEvent* /*event*/)
 {
-    // The style decides where title, frame and contents lie; only the look is ours.
-    QStyleOptionGroupBox option;
-    initStyleOption(&option);
-    const auto part = [&](QStyle::SubControl control) {
-        return style()->subControlRect(QStyle::CC_GroupBox, &option, control, this);
-    };
     const Theme theme(palette());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(theme.divider(), 1));
     painter.setBrush(theme.raised());
-    painter.drawRoundedRect(QRectF(part(QStyle::SC_GroupBoxFrame)).adjusted(0.5, 0.5, -0.5, -0.5),
-        Theme::controlRadius + 2, Theme::controlRadius + 2);
-    painter.setPen(theme.color(Role::Primary));
-    painter.drawText(part(QStyle::SC_GroupBoxLabel), static_cast<int>(Qt::AlignVCenter | Qt::TextDontClip), title());
-}
-
-void Card::changeEvent(QEvent* event)
-{
-    QGroupBox::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange) {
-        const QFont wanted = Theme::font(TextStyle::Headline);
-        if (font() != wanted)
-            setFont(wanted);
-    }
+    painter.drawRoundedRect(
+        QRectF(m_body->geometry()).adjusted(0.5, 0.5, -0.5, -0.5), Theme::controlRadius + 2, Theme::controlRadius + 2);
 }
 
 Divider::Divider(QWidget* parent)

@@ -1,19 +1,24 @@
 #pragma once
 
-#include <QGroupBox>
+#include <QWidget>
 
 namespace quillbox {
 
-/// A titled group in a rounded frame.
-class Card : public QGroupBox {
+/// A titled group: the title, and below it a rounded frame for what belongs together.
+class Card : public QWidget {
     Q_OBJECT
 
 public:
     explicit Card(const QString& title, QWidget* parent = nullptr);
 
+    /// What lies in the frame: give it a layout.
+    [[nodiscard]] QWidget* body() const { return m_body; }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void changeEvent(QEvent* event) override;
+
+private:
+    QWidget* m_body;
 };
 
 /// A line between two parts of a window, one device-independent pixel high.

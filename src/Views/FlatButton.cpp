@@ -109,15 +109,16 @@ void FlatButton::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
 
-    const QRectF body
-        = QRectF(rect()).adjusted(Theme::focusRing, Theme::focusRing, -Theme::focusRing, -Theme::focusRing);
+    const QRectF body = rect();
     const bool bordered = m_kind == Kind::Small;
+    const qreal half = bordered ? 0.5 : 0; // a line lies in the middle of its pixels
     painter.setPen(bordered ? QPen(theme.border(), 1) : QPen(Qt::NoPen));
     painter.setBrush(fill(theme));
-    const qreal half = bordered ? 0.5 : 0;
     painter.drawRoundedRect(body.adjusted(half, half, -half, -half), Theme::controlRadius, Theme::controlRadius);
-    if (hasFocus())
-        theme.drawFocusRing(painter, rect(), Theme::controlRadius + 2);
+    if (Theme::showsFocus(*this) && m_kind == Kind::Prominent)
+        Theme::drawRing(painter, body.adjusted(3, 3, -3, -3), Theme::controlRadius - 2, theme.color(Role::OnAccent));
+    else if (Theme::showsFocus(*this))
+        Theme::drawRing(painter, body, Theme::controlRadius, theme.color(Role::Accent));
 
     const QColor ink = theme.color(textRole());
     if (m_kind == Kind::Symbol) {

@@ -47,7 +47,7 @@ QWidget* HistoryPanel::makeHeader()
 {
     auto* header = new QWidget(this);
     auto* row = new QHBoxLayout(header);
-    row->setContentsMargins(Theme::margin, 0, Theme::margin - Theme::focusRing, 0);
+    row->setContentsMargins(Theme::margin, 0, Theme::margin, 0);
     row->addWidget(
         new TextLabel(tr("Recent Clips"), TextStyle::Headline, Role::Primary, TextLabel::Overflow::None, header));
     row->addStretch();
@@ -124,6 +124,7 @@ void HistoryPanel::showEntries()
         const int place = static_cast<int>(m_rows.size());
         if (m_rowLayout->indexOf(row) != place)
             m_rowLayout->insertWidget(place, row);
+        row->show();
         m_rows.push_back(row);
     }
     for (HistoryRow* gone : known) {

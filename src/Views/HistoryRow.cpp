@@ -1,6 +1,7 @@
 #include "Views/HistoryRow.h"
 
 #include "Views/ByteFormat.h"
+#include "Views/FixedPoint.h"
 #include "Views/FlatButton.h"
 #include "Views/SymbolLabel.h"
 #include "Views/TextLabel.h"
@@ -26,7 +27,7 @@ QString detailsOf(const ClipEntry& entry)
     if (entry.byteCount)
         details.append(QStringLiteral("· ") + ByteFormat::shortText(*entry.byteCount));
     if (entry.durationSeconds)
-        details.append(HistoryRow::tr("· %1s").arg(QString::number(*entry.durationSeconds, 'f', 1)));
+        details.append(HistoryRow::tr("· %1s").arg(fixedPoint(*entry.durationSeconds, 1)));
     return details.join(QLatin1Char(' '));
 }
 

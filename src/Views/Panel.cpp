@@ -21,7 +21,7 @@
 namespace quillbox {
 namespace {
 
-constexpr int usualWidth = 344; // wide enough for the idle status in one line; longer texts widen it
+constexpr int usualWidth = 384; // the status of a finished clip in one line; longer texts widen it
 
 Panel::Corners usualCorners()
 {
@@ -119,6 +119,7 @@ void Panel::openAsWindow()
 
 void Panel::present()
 {
+    setAttribute(Qt::WA_KeyboardFocusChange, false);
     fit();
     show();
     raise();

@@ -84,14 +84,6 @@ RecorderHUD::RecorderHUD(CurrentCoordinator& coordinator, UpdaterController& upd
     , m_coordinator(coordinator)
     , m_updater(updater)
 {
-    m_mainButton = new FlatButton(FlatButton::Kind::Prominent, QString(), std::nullopt, this);
-    connect(m_mainButton, &FlatButton::clicked, this, [this] {
-        if (m_coordinator.get().isIn<RecordingCoordinator::Recording>())
-            m_coordinator.stop();
-        else
-            m_coordinator.begin();
-    });
-
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Theme::margin, Theme::margin - 2, Theme::margin, Theme::spacing);
     column->setSpacing(Theme::spacing);
@@ -100,12 +92,10 @@ RecorderHUD::RecorderHUD(CurrentCoordinator& coordinator, UpdaterController& upd
     column->addWidget(new Divider(this));
     column->addWidget(makeStatusRow());
     column->addWidget(new Divider(this));
-    column->addWidget(m_mainButton);
+    column->addWidget(makeMainButton());
     column->addWidget(new Divider(this));
     column->addWidget(makeFooter());
 
-    setTabOrder(m_presets, m_mainButton);
-    setTabOrder(m_mainButton, m_updateButton);
     connect(&m_coordinator, &CurrentCoordinator::phaseChanged, this, &RecorderHUD::showPhase);
     connect(&m_coordinator, &CurrentCoordinator::presetChanged, this, &RecorderHUD::showPreset);
     connect(&m_updater, &UpdaterController::canCheckForUpdatesChanged, this, &RecorderHUD::showUpdater);
@@ -164,6 +154,18 @@ QWidget* RecorderHUD::makeStatusRow()
     row->addWidget(m_statusSymbol, 0, Qt::AlignTop);
     row->addWidget(m_statusText, 1, Qt::AlignVCenter);
     return status;
+}
+
+QWidget* RecorderHUD::makeMainButton()
+{
+    m_mainButton = new FlatButton(FlatButton::Kind::Prominent, QString(), std::nullopt, this);
+    connect(m_mainButton, &FlatButton::clicked, this, [this] {
+        if (m_coordinator.get().isIn<RecordingCoordinator::Recording>())
+            m_coordinator.stop();
+        else
+            m_coordinator.begin();
+    });
+    return m_mainButton;
 }
 
 QWidget* RecorderHUD::makeFooter()

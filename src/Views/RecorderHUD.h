@@ -32,6 +32,7 @@ private:
     QWidget* makeHeader();
     QWidget* makePresetPicker();
     QWidget* makeStatusRow();
+    QWidget* makeMainButton();
     QWidget* makeFooter();
     void showPhase();
     void showPreset();

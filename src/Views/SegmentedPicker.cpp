@@ -41,8 +41,8 @@ void Segment::paintEvent(QPaintEvent* /*event*/)
         painter.setBrush(theme.pressed());
         painter.drawRoundedRect(rect(), radius, radius);
     }
-    if (hasFocus())
-        theme.drawFocusRing(painter, rect(), radius);
+    if (Theme::showsFocus(*this))
+        Theme::drawRing(painter, rect(), radius, theme.color(Role::Accent));
     painter.setPen(theme.color(isChecked() ? Role::Primary : Role::Secondary));
     painter.drawText(rect(), static_cast<int>(Qt::AlignCenter | Qt::TextSingleLine), accessibleName());
 }

@@ -3,13 +3,14 @@
 #include "Views/Card.h"
 #include "Views/Icons.h"
 #include "Views/SymbolLabel.h"
+#include "Views/TabStrip.h"
 #include "Views/TextLabel.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QTabWidget>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -17,9 +18,9 @@
 namespace quillbox {
 namespace {
 
-constexpr int usualWidth = 440; // of the window, device-independent pixels
-constexpr int widest = 640;     // with a long footer notice, which wraps beyond
-constexpr int rowPadding = 6;   // around the row of the shortcut
+constexpr int usualWidth = 440;   // of the window, device-independent pixels
+constexpr int widest = 640;       // with a long footer notice, which wraps beyond
+constexpr int rowPadding = 6 + 4; // of a row, and of the frame around it
 constexpr int cardSpacing = 14;
 
 } // namespace
@@ -29,15 +30,20 @@ SettingsView::SettingsView(const QString& footerNotice, QWidget* parent)
 {
     setWindowTitle(tr("Settings"));
     setAttribute(Qt::WA_QuitOnClose, false); // the tray icon stays
-    auto* tabs = new QTabWidget(this);
-    tabs->setDocumentMode(true);
-    tabs->setAccessibleName(tr("Settings"));
     m_footer = new TextLabel(footerNotice, TextStyle::SmallCaption, Role::Tertiary, TextLabel::Overflow::Wrap);
-    tabs->addTab(makeGeneralTab(), Icons::icon(Symbol::Gearshape, Role::Primary), tr("General"));
+    auto* tabs = new TabStrip(this);
+    tabs->setAccessibleName(tr("Settings"));
+    tabs->addTab(Icons::icon(Symbol::Gearshape, Role::Accent), tr("General"));
+    auto* pages = new QStackedWidget(this);
+    pages->addWidget(makeGeneralTab());
+    connect(tabs, &TabStrip::currentChanged, pages, &QStackedWidget::setCurrentIndex);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, Theme::tightSpacing, 0, 0);
-    column->addWidget(tabs);
+    column->setSpacing(Theme::tightSpacing);
+    column->addWidget(tabs, 0, Qt::AlignHCenter);
+    column->addWidget(new Divider(this));
+    column->addWidget(pages, 1);
     fit();
 }
 
@@ -63,11 +69,13 @@ QWidget* SettingsView::makeGeneralTab()
 QWidget* SettingsView::makeCaptureCard(QWidget* parent)
 {
     auto* card = new Card(tr("Capture"), parent);
-    auto* row = new QHBoxLayout(card);
-    row->setContentsMargins(rowPadding + 4, rowPadding, rowPadding + 4, rowPadding);
-    row->addWidget(new TextLabel(tr("Global hotkey"), TextStyle::Body, Role::Primary, TextLabel::Overflow::None, card));
+    auto* row = new QHBoxLayout(card->body());
+    row->setContentsMargins(rowPadding, rowPadding, rowPadding, rowPadding);
+    row->addWidget(
+        new TextLabel(tr("Global hotkey"), TextStyle::Body, Role::Primary, TextLabel::Overflow::None, card->body()));
     row->addStretch();
-    auto* shortcut = new TextLabel(tr("⌘⇧2"), TextStyle::Monospaced, Role::Secondary, TextLabel::Overflow::None, card);
+    auto* shortcut
+        = new TextLabel(tr("⌘⇧2"), TextStyle::Monospaced, Role::Secondary, TextLabel::Overflow::None, card->body());
     row->addWidget(shortcut);
     return card;
 }
@@ -75,12 +83,12 @@ QWidget* SettingsView::makeCaptureCard(QWidget* parent)
 QWidget* SettingsView::makePrivacyCard(QWidget* parent)
 {
     auto* card = new Card(tr("Privacy"), parent);
-    auto* row = new QHBoxLayout(card);
-    row->setContentsMargins(rowPadding + 4, rowPadding, rowPadding + 4, rowPadding);
+    auto* row = new QHBoxLayout(card->body());
+    row->setContentsMargins(rowPadding, rowPadding, rowPadding, rowPadding);
     row->setSpacing(Theme::spacing);
-    row->addWidget(new SymbolLabel(Symbol::LockShield, Role::Secondary, 20, card), 0, Qt::AlignTop);
+    row->addWidget(new SymbolLabel(Symbol::LockShield, Role::Secondary, 20, card->body()), 0, Qt::AlignTop);
     row->addWidget(new TextLabel(tr("Everything stays on your Mac. No cloud, no telemetry, no account."),
-                       TextStyle::Callout, Role::Secondary, TextLabel::Overflow::Wrap, card),
+                       TextStyle::Callout, Role::Secondary, TextLabel::Overflow::Wrap, card->body()),
         1, Qt::AlignVCenter);
     return card;
 }
@@ -91,8 +99,7 @@ void SettingsView::fit()
     const int oneLine = m_footer->fontMetrics().horizontalAdvance(m_footer->text()) + 2 * (Theme::margin + 6);
     const int wanted = std::max(std::clamp(oneLine, usualWidth, widest), layout()->totalMinimumSize().width());
     setMinimumWidth(wanted);
-    const int height = std::max(layout()->totalSizeHint().height(), layout()->totalHeightForWidth(wanted));
-    resize(wanted, height);
+    resize(wanted, layout()->totalHeightForWidth(wanted)); // texts wrap, so it depends on the width
 }
 
 void SettingsView::paintEvent(QPaintEvent* /*event*/)

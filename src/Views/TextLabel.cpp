@@ -48,11 +48,10 @@ TextLabel::TextLabel(const QString& text, TextStyle style, Role role, Overflow o
     setTextFormat(Qt::PlainText);
     setFont(Theme::font(style));
     setText(text);
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-    if (overflow == Overflow::Wrap) {
-        policy.setHorizontalPolicy(QSizePolicy::Expanding);
-        policy.setHeightForWidth(true);
-    }
+    const bool wraps = overflow == Overflow::Wrap;
+    setWordWrap(wraps); // makes the height depend on the width
+    QSizePolicy policy = sizePolicy();
+    policy.setHorizontalPolicy(wraps ? QSizePolicy::Expanding : QSizePolicy::Preferred);
     setSizePolicy(policy);
 }
 

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QPainter>
+#include <QWidget>
 
 #include <algorithm>
 #include <cmath>
@@ -64,8 +65,8 @@ Theme::Theme(const QPalette& palette)
     // White on the accent is what people know; a very light accent gets dark text instead.
     m_onAccent = contrast(Qt::white, highlight) >= 2.5 ? QColor(Qt::white) : QColor(0x10, 0x10, 0x10);
     m_accentFill = readable(highlight, m_onAccent, 4.6);
-    m_red = readable(QColor(0xd9, 0x2c, 0x2c), m_surface, 4.6);
-    m_green = readable(QColor(0x1f, 0x9d, 0x4c), m_surface, 4.6);
+    m_red = readable(m_dark ? QColor(0xff, 0x5f, 0x57) : QColor(0xd9, 0x2c, 0x2c), m_surface, 4.6);
+    m_green = readable(m_dark ? QColor(0x3c, 0xc8, 0x74) : QColor(0x1f, 0x9d, 0x4c), m_surface, 4.6);
 }
 
 QColor Theme::color(Role role) const
@@ -99,6 +100,8 @@ QFont Theme::font(TextStyle style)
         else
             font.setPixelSize(std::max(static_cast<int>(std::lround(font.pixelSize() * factor)), 10));
     };
+    scale(1);
+    font.setWeight(QFont::Weight(font.weight())); // said outright, or the parent's would apply
     switch (style) {
     case TextStyle::Headline:
         font.setWeight(QFont::DemiBold);
@@ -124,18 +127,23 @@ QFont Theme::font(TextStyle style)
 
 double Theme::contrast(const QColor& one, const QColor& other)
 {
-    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-void Theme::drawFocusRing(QPainter& painter, const QRectF& bounds, qreal radius) const
+bool Theme::showsFocus(const QWidget& widget)
 {
-    constexpr qreal width = 2;
+    return widget.hasFocus() && widget.window()->testAttribute(Qt::WA_KeyboardFocusChange);
+}
+
+void Theme::drawRing(QPainter& painter, const QRectF& bounds, qreal radius, const QColor& color)
+{
+    constexpr qreal width = 2; // device-independent pixels
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(m_accent, width));
+    painter.setPen(QPen(color, width));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(bounds.adjusted(width / 2, width / 2, -width / 2, -width / 2), radius, radius);
+    painter.drawRoundedRect(bounds.adjusted(width / 2, width / 2, -width / 2, -width / 2), radius - 1, radius - 1);
     painter.restore();
 }
 

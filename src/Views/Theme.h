@@ -6,6 +6,7 @@
 
 class QPainter;
 class QRectF;
+class QWidget;
 
 namespace quillbox {
 
@@ -51,8 +52,10 @@ public:
     [[nodiscard]] static QFont font(TextStyle style);
     /// WCAG 2 contrast of two opaque colours, 1…21.
     [[nodiscard]] static double contrast(const QColor& one, const QColor& other);
-    /// The ring around what has the keyboard, just inside `bounds`.
-    void drawFocusRing(QPainter& painter, const QRectF& bounds, qreal radius) const;
+    /// Whether `widget` has the keyboard and the user works with it: a pointer alone shows no ring.
+    [[nodiscard]] static bool showsFocus(const QWidget& widget);
+    /// The ring that marks what has the keyboard, just inside `bounds`.
+    static void drawRing(QPainter& painter, const QRectF& bounds, qreal radius, const QColor& color);
 
     // Lengths in device-independent pixels.
     static constexpr int margin = 16;       ///< around the parts of a window
@@ -61,7 +64,6 @@ public:
     static constexpr int symbolSize = 16;   ///< of symbols beside text
     static constexpr int controlRadius = 6; ///< of corners of controls
     static constexpr int panelRadius = 12;  ///< of the corners of the panel
-    static constexpr int focusRing = 3;     ///< kept free around a control for its focus ring
 
 private:
     bool m_dark;

@@ -1,5 +1,6 @@
 #include "Desk.h"
 
+#include <QCoro/QCoroFuture>
 #include <QTest>
 
 #include <utility>
@@ -19,7 +20,19 @@ QCoro::Task<std::vector<RGBAFrame>> ScriptedRecorder::stop()
 {
     ++stops;
     m_recording = false;
+    if (holdsStop) {
+        m_gate.emplace();
+        m_gate->start();
+        const QFuture<void> opened = m_gate->future();
+        co_await opened;
+    }
     co_return frames;
+}
+
+void ScriptedRecorder::release()
+{
+    if (m_gate)
+        m_gate->finish();
 }
 
 void ScriptedSelector::finish(std::optional<CaptureRegion> region)

@@ -8,6 +8,7 @@
 #include "PostCapture/FileReveal.h"
 #include "PostCapture/HistoryStore.h"
 
+#include <QPromise>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -23,15 +24,18 @@ class ScriptedRecorder : public RecorderControlling {
 public:
     std::optional<std::string> refusal;                            ///< why the next start fails
     std::vector<RGBAFrame> frames{RGBAFrame(2, 1, Bytes(8, 200))}; ///< what the next stop returns
+    bool holdsStop = false;                                        ///< stop() finishes only at release()
     int starts = 0;
     int stops = 0;
 
     [[nodiscard]] bool isRecording() const override { return m_recording; }
     QCoro::Task<> start(CaptureRegion region) override;
     QCoro::Task<std::vector<RGBAFrame>> stop() override;
+    void release();
 
 private:
     bool m_recording = false;
+    std::optional<QPromise<void>> m_gate;
 };
 
 /// A selection that the test makes.

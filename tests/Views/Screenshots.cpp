@@ -9,7 +9,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QScreen>
 #include <QTest>
 #include <QTranslator>
 
@@ -73,7 +72,7 @@ void fill(HistoryStore& history, int clips)
             entry.durationSeconds.reset();
         }
         if (i == 3)
-            entry.outputPath = QStringLiteral("/tmp/a <b>name</b> that is much too long for one line of the list.gif");
+            entry.outputPath = QStringLiteral("/tmp/a <b>name that is much too long for one line of the list.gif");
         if (i == 4)
             entry.outputPath.reset();
         history.record(entry);
@@ -86,12 +85,12 @@ void takePanel(Studio& studio, const QString& name, const Prepare& prepare)
 {
     Desk desk;
     Panel panel(desk.coordinator, desk.updater, *desk.history, desk.reveal);
-    const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
     prepare(desk, panel);
-    panel.openNear(QRect(), available);
+    panel.openNear(QRect(), QRect(0, 0, 1280, 800));
     (void)QTest::qWaitForWindowExposed(&panel);
     studio.take(panel, name);
     panel.hide();
+    desk.recorder->release();
     QTRY_VERIFY(!desk.isIn<RecordingCoordinator::Processing>());
 }
 
@@ -111,6 +110,7 @@ void takeAll(Studio& studio)
     });
     takePanel(studio, QStringLiteral("panel-processing"), [](Desk& desk, Panel&) {
         fill(*desk.history, 3);
+        desk.recorder->holdsStop = true;
         desk.process();
     });
     takePanel(studio, QStringLiteral("panel-done"), [](Desk& desk, Panel&) {

@@ -1,0 +1,314 @@
+#include "Views/HistoryPanel.h"
+
+#include "Desk.h"
+#include "Find.h"
+#include "ViewTests.h"
+
+#include "Views/HistoryRow.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QScrollArea>
+#include <QTest>
+
+namespace quillbox {
+namespace {
+
+using namespace test;
+
+class HistoryPanelTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void saysThatThereAreNoClipsYet();
+    void hasNoClearButtonWhileEmpty();
+    void showsARowForEachClipNewestFirst();
+    void followsTheStore();
+    void titlesARowWithTheFileName();
+    void titlesARowWithoutAFileClip();
+    void showsPresetSizeAndDuration();
+    void showsOnlyThePresetWhenNothingElseIsKnown();
+    void leavesOutWhatIsNotKnown();
+    void showsAStackOfPhotosForAGIF();
+    void showsAFilmForAnyOtherFormat_data();
+    void showsAFilmForAnyOtherFormat();
+    void revealsTheFileOfTheRow();
+    void revealsAFileThatIsGone();
+    void revealsNothingWithoutAFile();
+    void namesTheRevealButton();
+    void clearsAtOnceAndKeepsTheFiles();
+    void elidesALongNameAndTellsItInTheToolTip();
+    void showsMarkupInANameAsItStands();
+    void keepsTheKeyboardOnTheClipWhenAnotherComesIn();
+    void reachesEveryRowByTab();
+    void scrollsToTheRowThatHasTheKeyboard();
+    void copesWithTwoClipsOfTheSameIdentity();
+
+private:
+    [[nodiscard]] QList<HistoryRow*> rows() const;
+    [[nodiscard]] FlatButton* revealButton(int row) const { return rows().at(row)->findChild<FlatButton*>(); }
+
+    std::unique_ptr<Desk> m_desk;
+    std::unique_ptr<HistoryPanel> m_panel;
+};
+
+void HistoryPanelTest::init()
+{
+    m_desk = std::make_unique<Desk>();
+    m_panel = std::make_unique<HistoryPanel>(*m_desk->history, m_desk->reveal);
+    m_panel->resize(384, 240);
+    m_panel->show();
+    m_panel->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_panel.get()));
+}
+
+void HistoryPanelTest::cleanup()
+{
+    m_panel.reset();
+    m_desk.reset();
+}
+
+QList<HistoryRow*> HistoryPanelTest::rows() const
+{
+    QCoreApplication::sendPostedEvents(); // lay out
+    QList<HistoryRow*> result = visible<HistoryRow>(*m_panel);
+    std::sort(result.begin(), result.end(), [](const HistoryRow* a, const HistoryRow* b) { return a->y() < b->y(); });
+    return result;
+}
+
+void HistoryPanelTest::saysThatThereAreNoClipsYet()
+{
+    QCOMPARE(texts(*m_panel), QStringList({"Recent Clips", "No clips yet", "Your recorded clips will show up here."}));
+    QCOMPARE(symbolBeside(label(*m_panel, "No clips yet"))->symbol(), Symbol::RectangleOnRectangleAngled);
+}
+
+void HistoryPanelTest::hasNoClearButtonWhileEmpty()
+{
+    QVERIFY(!button(*m_panel, "Clear"));
+    m_desk->history->record(clip("/clips/a.gif"));
+    QVERIFY(button(*m_panel, "Clear"));
+}
+
+void HistoryPanelTest::showsARowForEachClipNewestFirst()
+{
+    for (const char* path : {"/clips/a.gif", "/clips/b.gif", "/clips/c.gif"})
+        m_desk->history->record(clip(path));
+    QStringList titles;
+    for (const HistoryRow* row : rows())
+        titles.append(row->accessibleName());
+    QCOMPARE(titles, QStringList({"c.gif", "b.gif", "a.gif"}));
+    QVERIFY(!label(*m_panel, "No clips yet"));
+}
+
+void HistoryPanelTest::followsTheStore()
+{
+    m_desk->history->record(clip("/clips/a.gif"));
+    m_desk->history->clear();
+    QVERIFY(rows().isEmpty());
+    m_desk->history->record(clip("/clips/b.gif"));
+    QCOMPARE(rows().size(), 1);
+    QVERIFY(label(*m_panel, "b.gif"));
+}
+
+void HistoryPanelTest::titlesARowWithTheFileName()
+{
+    m_desk->history->record(clip("/home/anna/Videos/Quillbox/Quillbox 2026-11-16 at 09.05.07.gif"));
+    QVERIFY(label(*m_panel, "Quillbox 2026-11-16 at 09.05.07.gif"));
+}
+
+void HistoryPanelTest::titlesARowWithoutAFileClip()
+{
+    ClipEntry entry = clip(QString());
+    entry.outputPath.reset();
+    m_desk->history->record(entry);
+    QVERIFY(label(*m_panel, "clip"));
+}
+
+void HistoryPanelTest::showsPresetSizeAndDuration()
+{
+    m_desk->history->record(clip("/clips/a.gif", 1'234'567, 3.4));
+    const TextLabel* details = label(*m_panel, "Slack · 1.2 MB · 3.4s");
+    QVERIFY(details);
+    QCOMPARE(details->textStyle(), TextStyle::Callout);
+    QCOMPARE(details->role(), Role::Secondary);
+}
+
+void HistoryPanelTest::showsOnlyThePresetWhenNothingElseIsKnown()
+{
+    ClipEntry entry = clip("/clips/a.gif");
+    entry.byteCount.reset();
+    entry.durationSeconds.reset();
+    entry.preset = "some preset";
+    m_desk->history->record(entry);
+    QVERIFY(label(*m_panel, "some preset"));
+}
+
+void HistoryPanelTest::leavesOutWhatIsNotKnown()
+{
+    ClipEntry entry = clip("/clips/a.gif", 999'999, 12.25);
+    entry.byteCount.reset();
+    m_desk->history->record(entry);
+    QVERIFY(label(*m_panel, "Slack · 12.2s"));
+    entry.id = QUuid::createUuid();
+    entry.byteCount = 999'999;
+    entry.durationSeconds.reset();
+    m_desk->history->record(entry);
+    QVERIFY(label(*m_panel, "Slack · 1000 KB"));
+}
+
+void HistoryPanelTest::showsAStackOfPhotosForAGIF()
+{
+    m_desk->history->record(clip("/clips/a.gif"));
+    const auto* symbol = rows().first()->findChild<SymbolLabel*>();
+    QCOMPARE(symbol->symbol(), Symbol::PhotoStack);
+    QCOMPARE(symbol->role(), Role::Accent);
+}
+
+void HistoryPanelTest::showsAFilmForAnyOtherFormat_data()
+{
+    QTest::addColumn<QString>("format");
+    for (const char* format : {"gif", "Gif", "GIF ", "MP4", ""})
+        QTest::newRow(format) << QString(format);
+}
+
+void HistoryPanelTest::showsAFilmForAnyOtherFormat()
+{
+    QFETCH(const QString, format);
+    ClipEntry entry = clip("/clips/a.gif");
+    entry.format = format;
+    m_desk->history->record(entry);
+    QCOMPARE(rows().first()->findChild<SymbolLabel*>()->symbol(), Symbol::Film);
+}
+
+void HistoryPanelTest::revealsTheFileOfTheRow()
+{
+    m_desk->history->record(clip("/clips/a.gif"));
+    m_desk->history->record(clip("/clips/b.gif"));
+    QTest::mouseClick(revealButton(1), Qt::LeftButton);
+    QCOMPARE(m_desk->reveal.revealed, QStringList("/clips/a.gif"));
+}
+
+void HistoryPanelTest::revealsAFileThatIsGone()
+{
+    const QString path = m_desk->folder.filePath("gone.gif");
+    QVERIFY(!QFile::exists(path));
+    m_desk->history->record(clip(path));
+    QTest::mouseClick(revealButton(0), Qt::LeftButton);
+    QCOMPARE(m_desk->reveal.revealed, QStringList(path));
+}
+
+void HistoryPanelTest::revealsNothingWithoutAFile()
+{
+    ClipEntry entry = clip(QString());
+    entry.outputPath.reset();
+    m_desk->history->record(entry);
+    QTest::mouseClick(revealButton(0), Qt::LeftButton);
+    QVERIFY(m_desk->reveal.revealed.isEmpty());
+}
+
+void HistoryPanelTest::namesTheRevealButton()
+{
+    m_desk->history->record(clip("/clips/a.gif"));
+    const FlatButton* reveal = revealButton(0);
+    QCOMPARE(reveal->toolTip(), QString("Reveal in Finder"));
+    QCOMPARE(reveal->accessibleName(), QString("Reveal in Finder"));
+    QCOMPARE(reveal->accessibleDescription(), QString("a.gif"));
+    QCOMPARE(reveal->symbol(), std::optional(Symbol::MagnifyingglassCircle));
+}
+
+void HistoryPanelTest::clearsAtOnceAndKeepsTheFiles()
+{
+    const QString path = m_desk->folder.filePath("a.gif");
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    m_desk->history->record(clip(path));
+    QTest::mouseClick(button(*m_panel, "Clear"), Qt::LeftButton);
+    QVERIFY(m_desk->history->entries().empty());
+    QVERIFY(label(*m_panel, "No clips yet"));
+    QVERIFY(!button(*m_panel, "Clear"));
+    QVERIFY(QFile::exists(path));
+}
+
+void HistoryPanelTest::elidesALongNameAndTellsItInTheToolTip()
+{
+    const QString name = QString(200, 'x') + ".gif";
+    m_desk->history->record(clip("/clips/" + name));
+    const TextLabel* title = label(*m_panel, name);
+    QVERIFY(title);
+    QCOMPARE(title->overflow(), TextLabel::Overflow::ElideMiddle);
+    QCOMPARE(title->toolTip(), name);
+    QVERIFY(rows().first()->width() <= m_panel->width());
+    QVERIFY(revealButton(0)->mapTo(m_panel.get(), revealButton(0)->rect().topRight()).x() < m_panel->width());
+}
+
+void HistoryPanelTest::showsMarkupInANameAsItStands()
+{
+    m_desk->history->record(clip("/clips/<b>bold<b>.gif"));
+    const TextLabel* title = label(*m_panel, "<b>bold<b>.gif");
+    QVERIFY(title);
+    QCOMPARE(title->textFormat(), Qt::PlainText);
+    QCOMPARE(title->toolTip(), QString("<qt>&lt;b&gt;bold&lt;b&gt;.gif</qt>"));
+}
+
+void HistoryPanelTest::keepsTheKeyboardOnTheClipWhenAnotherComesIn()
+{
+    m_desk->history->record(clip("/clips/a.gif"));
+    QWidget* focused = revealButton(0);
+    focused->setFocus();
+    m_desk->history->record(clip("/clips/b.gif"));
+    QCOMPARE(QApplication::focusWidget(), focused);
+    QCOMPARE(focused->accessibleDescription(), QString("a.gif"));
+    QTest::keyClick(focused, Qt::Key_Return);
+    QCOMPARE(m_desk->reveal.revealed, QStringList("/clips/a.gif"));
+}
+
+void HistoryPanelTest::reachesEveryRowByTab()
+{
+    for (const char* path : {"/clips/a.gif", "/clips/b.gif", "/clips/c.gif"})
+        m_desk->history->record(clip(path));
+    button(*m_panel, "Clear")->setFocus();
+    QStringList reached;
+    for (int i = 0; i < 3; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        reached.append(QApplication::focusWidget()->accessibleDescription());
+    }
+    QCOMPARE(reached, QStringList({"c.gif", "b.gif", "a.gif"}));
+}
+
+void HistoryPanelTest::scrollsToTheRowThatHasTheKeyboard()
+{
+    for (int i = 0; i < HistoryStore::cap; ++i)
+        m_desk->history->record(clip(QString("/clips/%1.gif").arg(i)));
+    QCOMPARE(rows().size(), HistoryStore::cap);
+    button(*m_panel, "Clear")->setFocus();
+    for (int i = 0; i < HistoryStore::cap; ++i)
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    const auto* list = m_panel->findChild<QScrollArea*>();
+    const QWidget* last = rows().last();
+    QCOMPARE(QApplication::focusWidget()->parentWidget(), last);
+    const QRect seen(last->mapTo(list->viewport(), QPoint(0, 0)), last->size());
+    QVERIFY(list->viewport()->rect().contains(seen));
+}
+
+void HistoryPanelTest::copesWithTwoClipsOfTheSameIdentity()
+{
+    ClipEntry first = clip("/clips/a.gif");
+    ClipEntry second = clip("/clips/b.gif");
+    second.id = first.id;
+    m_desk->history->record(first);
+    m_desk->history->record(second);
+    QCOMPARE(rows().size(), 2);
+    QTest::mouseClick(revealButton(0), Qt::LeftButton);
+    QTest::mouseClick(revealButton(1), Qt::LeftButton);
+    QCOMPARE(m_desk->reveal.revealed, QStringList({"/clips/b.gif", "/clips/a.gif"}));
+}
+
+const test::Registration<HistoryPanelTest> registration("HistoryPanel");
+
+} // namespace
+} // namespace quillbox
+
+#include "HistoryPanelTest.moc"
