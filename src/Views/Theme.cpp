@@ -52,9 +52,11 @@ Theme::Theme(const QPalette& palette)
     m_dark = window.lightnessF() < 0.5F;
     m_surface = m_dark ? window : mix(window, Qt::white, 0.6);
     m_primary = readable(text, m_surface, 7);
-    m_secondary = readable(mix(m_primary, m_surface, 0.32), m_surface, 4.6);
-    m_tertiary = readable(mix(m_primary, m_surface, 0.45), m_surface, 3.2);
-    m_raised = m_dark ? mix(m_surface, m_primary, 0.16) : QColor(Qt::white);
+    m_raised = m_dark ? mix(m_surface, m_primary, 0.12) : QColor(Qt::white);
+    // In dark themes the raised surface is the lighter one, where light text is harder to read.
+    const QColor hardest = m_dark ? m_raised : m_surface;
+    m_secondary = readable(mix(m_primary, m_surface, 0.32), hardest, 4.6);
+    m_tertiary = readable(mix(m_primary, m_surface, 0.45), hardest, 3.2);
     m_sunken = mix(m_surface, m_primary, 0.07);
     m_hovered = mix(m_surface, m_primary, 0.06);
     m_pressed = mix(m_surface, m_primary, 0.13);

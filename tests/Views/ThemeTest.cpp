@@ -72,7 +72,7 @@ void ThemeTest::keepsEveryTextReadable()
     QVERIFY(against(Role::Green) >= 4.5);
     QVERIFY(Theme::contrast(theme.color(Role::OnAccent), theme.accentFill()) >= 4.5);
     QVERIFY(Theme::contrast(theme.color(Role::Primary), theme.raised()) >= 4.5);
-    QVERIFY(Theme::contrast(theme.color(Role::Secondary), theme.raised()) >= 3);
+    QVERIFY(Theme::contrast(theme.color(Role::Secondary), theme.raised()) >= 4.5);
 }
 
 void ThemeTest::keepsTheRolesApart()
