@@ -27,14 +27,15 @@ HistoryPanel::HistoryPanel(HistoryStore& store, FileReveal& fileReveal, QWidget*
     : QWidget(parent)
     , m_store(store)
     , m_fileReveal(fileReveal)
+    , m_header(makeHeader())
+    , m_emptyState(makeEmptyState())
+    , m_list(makeList())
+    , m_contents(new QStackedWidget(this))
 {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, Theme::tightSpacing, 0, Theme::tightSpacing);
     column->setSpacing(2);
-    column->addWidget(makeHeader());
-    m_contents = new QStackedWidget(this);
-    m_emptyState = makeEmptyState();
-    m_list = makeList();
+    column->addWidget(m_header);
     m_contents->addWidget(m_emptyState);
     m_contents->addWidget(m_list);
     column->addWidget(m_contents, 1);
@@ -158,7 +159,8 @@ QSize HistoryPanel::sizeHint() const
     const int rowHeight = m_rows.empty() ? title.height() + details.height() + 13 : m_rows.front()->sizeHint().height();
     const double rows = std::clamp(static_cast<double>(m_rows.size()), fewestRows, mostRows);
     const int contents = std::max(static_cast<int>(rows * rowHeight), m_emptyState->sizeHint().height());
-    return QSize(layout()->sizeHint().width(), m_clear->sizeHint().height() + contents + 3 * Theme::tightSpacing);
+    return QSize(layout()->sizeHint().width(),
+        m_clear->sizeHint().height() + contents + layout()->spacing() + 3 * Theme::tightSpacing);
 }
 
 } // namespace quillbox

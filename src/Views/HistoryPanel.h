@@ -39,10 +39,11 @@ private:
     HistoryStore& m_store;
     FileReveal& m_fileReveal;
     FlatButton* m_clear = nullptr;
-    QStackedWidget* m_contents = nullptr;
-    QWidget* m_emptyState = nullptr;
-    QScrollArea* m_list = nullptr;
     QVBoxLayout* m_rowLayout = nullptr;
+    QWidget* m_header;
+    QWidget* m_emptyState;
+    QScrollArea* m_list;
+    QStackedWidget* m_contents;
     std::vector<HistoryRow*> m_rows; // in the order of the store
 };
 

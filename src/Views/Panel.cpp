@@ -153,10 +153,17 @@ bool Panel::wasJustClosed() const
     return m_deactivated != std::chrono::steady_clock::time_point() && m_clock() - m_deactivated < justNow;
 }
 
+void Panel::setVisible(bool visible)
+{
+    m_hiding = !visible; // what is hidden loses the activation, too
+    QWidget::setVisible(visible);
+    m_hiding = false;
+}
+
 bool Panel::event(QEvent* event)
 {
     const bool handled = QWidget::event(event);
-    if (event->type() == QEvent::WindowDeactivate && m_form == Form::Popup && isVisible()) {
+    if (event->type() == QEvent::WindowDeactivate && m_form == Form::Popup && isVisible() && !m_hiding) {
         m_deactivated = m_clock();
         hide();
     } else if (event->type() == QEvent::LayoutRequest && isVisible()) {

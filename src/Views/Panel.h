@@ -56,6 +56,8 @@ public:
     /// A line below everything, such as why the shortcut does not work; none when empty.
     void setNotice(const QString& notice);
 
+    void setVisible(bool visible) override;
+
 Q_SIGNALS:
     void settingsRequested();
     void quitRequested();
@@ -77,6 +79,7 @@ private:
     Form m_form = Form::Popup;
     Corners m_corners;
     bool m_rounded = false; // as it is shown now
+    bool m_hiding = false;  // on purpose
     QRect m_anchor;
     QRect m_available;
     std::chrono::steady_clock::time_point m_deactivated;

@@ -124,6 +124,7 @@ QWidget* RecorderHUD::makePresetPicker()
 {
     auto* section = new QWidget(this);
     std::vector<QString> titles;
+    titles.reserve(ExportPreset::allCases.size());
     for (const ExportPreset preset : ExportPreset::allCases)
         titles.push_back(translated(preset.title()));
     const QString title = tr("Preset");

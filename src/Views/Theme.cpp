@@ -20,14 +20,13 @@ double luminance(const QColor& color)
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
-/// `share` of the way from one colour to the other.
-QColor mix(const QColor& from, const QColor& to, float share)
+/// `share` of the way from one colour to the other, in whole steps of a screen's 8 bits.
+QColor mix(const QColor& from, const QColor& to, double share)
 {
-    const auto between = [share](float a, float b) {
-        return a + (b - a) * share;
+    const auto between = [share](int a, int b) {
+        return static_cast<int>(std::lround(a + (b - a) * share));
     };
-    return QColor::fromRgbF(
-        between(from.redF(), to.redF()), between(from.greenF(), to.greenF()), between(from.blueF(), to.blueF()));
+    return QColor(between(from.red(), to.red()), between(from.green(), to.green()), between(from.blue(), to.blue()));
 }
 
 /// `color`, moved toward black or white, whichever is farther from `background`, until the contrast is reached.
@@ -36,7 +35,7 @@ QColor readable(const QColor& color, const QColor& background, double contrast)
     const QColor extreme
         = Theme::contrast(Qt::white, background) > Theme::contrast(Qt::black, background) ? Qt::white : Qt::black;
     for (int step = 0; step < 20; ++step) {
-        const QColor candidate = mix(color, extreme, static_cast<float>(step) / 20);
+        const QColor candidate = mix(color, extreme, step / 20.0);
         if (Theme::contrast(candidate, background) >= contrast)
             return candidate;
     }
@@ -51,16 +50,18 @@ Theme::Theme(const QPalette& palette)
     const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
     const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
     m_dark = window.lightnessF() < 0.5F;
-    m_surface = m_dark ? window : mix(window, Qt::white, 0.6F);
+    m_surface = m_dark ? window : mix(window, Qt::white, 0.6);
     m_primary = readable(text, m_surface, 7);
-    m_secondary = readable(mix(m_primary, m_surface, 0.32F), m_surface, 4.6);
-    m_tertiary = readable(mix(m_primary, m_surface, 0.45F), m_surface, 3.2);
-    m_raised = m_dark ? mix(m_surface, m_primary, 0.16F) : QColor(Qt::white);
-    m_sunken = mix(m_surface, m_primary, 0.07F);
-    m_hovered = mix(m_surface, m_primary, 0.06F);
-    m_pressed = mix(m_surface, m_primary, 0.13F);
-    m_border = mix(m_surface, m_primary, m_dark ? 0.24F : 0.18F);
-    m_divider = mix(m_surface, m_primary, m_dark ? 0.16F : 0.11F);
+    m_raised = m_dark ? mix(m_surface, m_primary, 0.12) : QColor(Qt::white);
+    // In dark themes the raised surface is the lighter one, where light text is harder to read.
+    const QColor hardest = m_dark ? m_raised : m_surface;
+    m_secondary = readable(mix(m_primary, m_surface, 0.32), hardest, 4.6);
+    m_tertiary = readable(mix(m_primary, m_surface, 0.45), hardest, 3.2);
+    m_sunken = mix(m_surface, m_primary, 0.07);
+    m_hovered = mix(m_surface, m_primary, 0.06);
+    m_pressed = mix(m_surface, m_primary, 0.13);
+    m_border = mix(m_surface, m_primary, m_dark ? 0.24 : 0.18);
+    m_divider = mix(m_surface, m_primary, m_dark ? 0.16 : 0.11);
     m_accent = readable(highlight, m_surface, 4.5);
     // White on the accent is what people know; a very light accent gets dark text instead.
     m_onAccent = contrast(Qt::white, highlight) >= 2.5 ? QColor(Qt::white) : QColor(0x10, 0x10, 0x10);

@@ -7,6 +7,7 @@
 #include "Views/HistoryRow.h"
 
 #include <QApplication>
+#include <QEnterEvent>
 #include <QFile>
 #include <QScrollArea>
 #include <QTest>
@@ -46,6 +47,7 @@ private Q_SLOTS:
     void reachesEveryRowByTab();
     void scrollsToTheRowThatHasTheKeyboard();
     void copesWithTwoClipsOfTheSameIdentity();
+    void highlightsTheRowUnderThePointer();
 
 private:
     [[nodiscard]] QList<HistoryRow*> rows() const;
@@ -304,6 +306,22 @@ void HistoryPanelTest::copesWithTwoClipsOfTheSameIdentity()
     QTest::mouseClick(revealButton(0), Qt::LeftButton);
     QTest::mouseClick(revealButton(1), Qt::LeftButton);
     QCOMPARE(m_desk->reveal.revealed, QStringList({"/clips/b.gif", "/clips/a.gif"}));
+}
+
+void HistoryPanelTest::highlightsTheRowUnderThePointer()
+{
+    m_desk->history->record(clip("/clips/a.gif"));
+    HistoryRow* row = rows().first();
+    const QPoint blank(3, row->height() / 2);
+    const QColor before = row->grab().toImage().pixelColor(blank);
+    QEnterEvent enter(blank, blank, row->mapToGlobal(blank));
+    QCoreApplication::sendEvent(row, &enter);
+    const QColor hovered = row->grab().toImage().pixelColor(blank);
+    QCOMPARE(hovered, Theme(QApplication::palette()).hovered());
+    QVERIFY(hovered != before);
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(row, &leave);
+    QCOMPARE(row->grab().toImage().pixelColor(blank), before);
 }
 
 const test::Registration<HistoryPanelTest> registration("HistoryPanel");

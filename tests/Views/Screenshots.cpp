@@ -4,11 +4,13 @@
 #include "Palettes.h"
 #include "TextCheck.h"
 
+#include "Views/HistoryRow.h"
 #include "Views/Panel.h"
 #include "Views/SettingsView.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QEnterEvent>
 #include <QTest>
 #include <QTranslator>
 
@@ -81,13 +83,17 @@ void fill(HistoryStore& history, int clips)
 
 using Prepare = std::function<void(Desk&, Panel&)>;
 
-void takePanel(Studio& studio, const QString& name, const Prepare& prepare)
+const Prepare nothing = [](Desk&, Panel&) {
+};
+
+void takePanel(Studio& studio, const QString& name, const Prepare& prepare, const Prepare& whenOpen = nothing)
 {
     Desk desk;
     Panel panel(desk.coordinator, desk.updater, *desk.history, desk.reveal);
     prepare(desk, panel);
     panel.openNear(QRect(), QRect(0, 0, 1280, 800));
-    (void)QTest::qWaitForWindowExposed(&panel);
+    (void)QTest::qWaitForWindowActive(&panel);
+    whenOpen(desk, panel);
     studio.take(panel, name);
     panel.hide();
     desk.recorder->release();
@@ -96,8 +102,6 @@ void takePanel(Studio& studio, const QString& name, const Prepare& prepare)
 
 void takeAll(Studio& studio)
 {
-    const auto nothing = [](Desk&, Panel&) {
-    };
     const auto many = [](Desk& desk, Panel&) {
         fill(*desk.history, 9);
     };
@@ -131,6 +135,25 @@ void takeAll(Studio& studio)
         fill(*desk.history, 2);
         desk.updates->setAvailable(false);
         panel.setNotice(QStringLiteral("Another program uses Super+Shift+2. Start from here instead."));
+    });
+
+    takePanel(studio, QStringLiteral("panel-rounded"), [&](Desk& desk, Panel& panel) {
+        many(desk, panel);
+        panel.setCorners(Panel::Corners::Rounded);
+    });
+    const auto tab = [](int times) {
+        return [times](Desk&, Panel&) {
+            for (int i = 0; i < times; ++i)
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        };
+    };
+    takePanel(studio, QStringLiteral("panel-keyboard-update"), many, tab(1));
+    takePanel(studio, QStringLiteral("panel-keyboard-reveal"), many, tab(5));
+    takePanel(studio, QStringLiteral("panel-keyboard-preset"), nothing, tab(4));
+    takePanel(studio, QStringLiteral("panel-keyboard-record"), nothing, tab(5));
+    takePanel(studio, QStringLiteral("panel-pointer"), many, [](Desk&, Panel& panel) {
+        QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
+        QCoreApplication::sendEvent(panel.findChildren<HistoryRow*>().last(), &enter);
     });
 
     SettingsView settings(QStringLiteral("⌘ is the Super key here: press Super+Shift+2 to record."));
