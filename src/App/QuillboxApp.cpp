@@ -7,11 +7,11 @@
 #include "App/Hotkey/GlobalHotkey.h"
 #include "App/Hotkey/HotkeyMath.h"
 #include "App/UpdaterController.h"
+#include "Capture/ScreenBackdrop.h"
 #include "Capture/StreamRecorder.h"
 #include "PostCapture/FileReveal.h"
 #include "PostCapture/HistoryStore.h"
 #include "Views/Panel.h"
-#include "Views/RecorderHUD.h"
 #include "Views/SettingsView.h"
 
 #include <QApplication>
@@ -91,14 +91,8 @@ Panel& QuillboxApp::panel()
         return *m_panel;
     m_updater = std::make_unique<UpdaterController>();
     m_panel = std::make_unique<Panel>(*m_coordinator, *m_updater, *m_history, *m_fileReveal);
-    QObject::connect(&m_panel->hud(), &RecorderHUD::settingsRequested, m_panel.get(), [this] { showSettings(); });
-    QObject::connect(&m_panel->hud(), &RecorderHUD::quitRequested, m_panel.get(), &QCoreApplication::quit);
-    // Out of the way before the overlay comes up.
-    QObject::connect(m_coordinator.get(), &CurrentCoordinator::phaseAboutToChange, m_panel.get(),
-        [this](const RecordingCoordinator::Phase& next) {
-            if (std::holds_alternative<RecordingCoordinator::SelectingRegion>(next))
-                m_panel->hide();
-        });
+    QObject::connect(m_panel.get(), &Panel::settingsRequested, m_panel.get(), [this] { showSettings(); });
+    QObject::connect(m_panel.get(), &Panel::quitRequested, m_panel.get(), &QCoreApplication::quit);
     if (auto* const recorder = dynamic_cast<StreamRecorder*>(m_coordinator->get().recorder().get()))
         new PanelGuard(*recorder, *m_panel); // the panel owns it
     explainHotkey();
@@ -111,6 +105,7 @@ void QuillboxApp::showPanel()
         panel().openAsWindow();
         return;
     }
+    panel().setCorners(ScreenBackdrop::showsThrough() ? Panel::Corners::Rounded : Panel::Corners::Square);
     const auto place = m_tray->place();
     const auto* screen = QGuiApplication::screenAt(place.center());
     if (place.isEmpty() || screen == nullptr)

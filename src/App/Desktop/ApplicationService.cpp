@@ -2,6 +2,7 @@
 
 #include "App/CurrentCoordinator.h"
 #include "App/Desktop/DesktopEntryAdaptor.h"
+#include "Capture/StreamRecorder.h"
 #include "PostCapture/ClipboardExporter.h"
 
 #include <QDBusConnection>
@@ -121,7 +122,11 @@ void ApplicationService::Show()
 
 QVariantMap ApplicationService::Status() const
 {
-    return std::visit(Describe{}, m_coordinator.get().phase());
+    auto status = std::visit(Describe{}, m_coordinator.get().phase());
+    if (const auto* const recorder = dynamic_cast<const StreamRecorder*>(m_coordinator.get().recorder().get());
+        recorder != nullptr && recorder->isRecording())
+        status.insert(QStringLiteral("frameCount"), qlonglong{recorder->frameCount()});
+    return status;
 }
 
 bool ApplicationService::Copy(const QString& path)

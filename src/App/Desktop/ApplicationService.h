@@ -54,8 +54,8 @@ public Q_SLOTS:
     /// Ends the recording; answers, as Status does, once the clip is there or has failed. An error unless recording.
     Q_SCRIPTABLE QVariantMap Stop();
     Q_SCRIPTABLE void Show();
-    /// "phase": idle, selecting, recording, processing, done or failed; "path" and "byteCount" of what is done;
-    /// "message" of what failed.
+    /// "phase": idle, selecting, recording, processing, done or failed; "frameCount" while it records; "path" and
+    /// "byteCount" of what is done; "message" of what failed.
     Q_SCRIPTABLE QVariantMap Status() const;
     /// Puts a saved clip on the clipboard; false if the file can't be read.
     Q_SCRIPTABLE bool Copy(const QString& path);

@@ -12,18 +12,27 @@
 namespace quillbox {
 namespace {
 
+constexpr int defaultPatience = -1;                      // of the bus: 25 s
+constexpr int noLimit = std::numeric_limits<int>::max(); // milliseconds; a long clip takes its time
+
 const auto control = QStringLiteral("org.quillbox.quillbox");
 const auto desktopEntry = QStringLiteral("org.freedesktop.Application");
 
+/// A connection apart from the toolkit's own one, which delivers nothing before an event loop has run.
+QDBusConnection bus()
+{
+    return QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("running instance"));
+}
+
 /// The answer's arguments.
-QVariantList ask(const QString& interface, const QString& method, const QVariantList& arguments = {})
+QVariantList ask(const QString& interface, const QString& method, const QVariantList& arguments = {},
+    int patienceMilliseconds = defaultPatience)
 {
     auto call = QDBusMessage::createMethodCall(
         ApplicationService::busName(), ApplicationService::objectPath(), interface, method);
     call.setAutoStartService(false);
     call.setArguments(arguments);
-    const auto noLimit = std::numeric_limits<int>::max(); // a long clip takes its time
-    const auto answer = QDBusConnection::sessionBus().call(call, QDBus::Block, noLimit);
+    const auto answer = bus().call(call, QDBus::Block, patienceMilliseconds);
     if (answer.type() == QDBusMessage::ErrorMessage)
         throw InstanceError(answer.errorMessage().toStdString());
     return answer.arguments();
@@ -46,8 +55,9 @@ QVariantMap platformData()
 
 std::optional<RunningInstance> RunningInstance::find()
 {
-    const auto bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected() || !bus.interface()->isServiceRegistered(ApplicationService::busName()).value())
+    const auto connection = bus();
+    if (!connection.isConnected()
+        || !connection.interface()->isServiceRegistered(ApplicationService::busName()).value())
         return std::nullopt;
     return RunningInstance();
 }
@@ -59,7 +69,7 @@ QVariantMap RunningInstance::begin() const
 
 QVariantMap RunningInstance::stop() const
 {
-    return mapOf(ask(control, QStringLiteral("Stop")));
+    return mapOf(ask(control, QStringLiteral("Stop"), {}, noLimit));
 }
 
 QVariantMap RunningInstance::status() const

@@ -1,0 +1,331 @@
+#!/usr/bin/python3
+"""The desktop application on a real X server, used as a person uses it. Run by CTest, one test a session."""
+
+import json
+import os
+import pathlib
+import subprocess
+import unittest
+
+from desktop import Desktop, clipboard, take_hotkey, windows, without_pointer, xdo
+from recording import ffmpeg_frames, pillow_frames, run, until
+from screen import BLOCKS, DESKTOP, INK, PAPER, Screen
+
+AREA = (301, 257, 322, 238)
+KNOWN_COLORS = {DESKTOP, PAPER, INK, *BLOCKS}
+HISTORY = pathlib.Path(os.environ["XDG_DATA_HOME"], "Quillbox/history.json")
+CLIPS = pathlib.Path(os.environ["HOME"], "Videos/Quillbox")
+
+
+class DesktopTest(unittest.TestCase):
+    def setUp(self):
+        self.pointer = without_pointer()
+        self.screen = Screen(*AREA)
+        self.screen.show(1)
+
+    def start(self, **environment):
+        desktop = Desktop(**environment)
+        self.addCleanup(desktop.__exit__)
+        return desktop
+
+    def run_beside(self, *command, **options):
+        """Starts another program, which ends with the test."""
+        other = subprocess.Popen(command, stderr=subprocess.DEVNULL, text=True, **options)
+        self.addCleanup(other.wait)
+        self.addCleanup(other.kill)
+        return other
+
+    def keep_screenshot(self, name):
+        folder = os.environ.get("QUILLBOX_SCREENSHOTS")
+        if folder:
+            pathlib.Path(folder).mkdir(parents=True, exist_ok=True)
+            subprocess.run(["import", "-window", "root", f"{folder}/{name}.png"], timeout=60, check=True)
+
+    def play_and_wait(self, desktop, steps=3):
+        """Shows the steps while it records; the pictures that the server showed."""
+        shown = []
+        for step in range(steps):
+            self.screen.show(step)
+            shown.append(self.screen.picture(*AREA))
+            desktop.wait_for_frames(desktop.status()["frameCount"] + 12)
+        return shown
+
+    def assert_shows_only_what_was_there(self, path):
+        """No pixel of an overlay or a panel, in no frame."""
+        for picture, _ in pillow_frames(path):
+            colors = {color for _, color in picture.getcolors(maxcolors=1 << 20)}
+            self.assertLessEqual(colors, KNOWN_COLORS)
+
+    def assert_is_a_finished_clip(self, desktop, area):
+        status = desktop.status()
+        self.assertEqual(status["phase"], "done", status)
+        path = pathlib.Path(status["path"])
+        data = path.read_bytes()
+        self.assertEqual(path.parent, CLIPS)
+        self.assertRegex(path.name, r"^Quillbox \d{4}-\d\d-\d\d at \d\d\.\d\d\.\d\d\.gif$")
+        self.assertEqual(len(data), status["byteCount"])
+        frames = [picture for picture, _ in pillow_frames(path)]
+        self.assertEqual(frames[0].size, area[2:])
+        others = ffmpeg_frames(path, frames[0].size)
+        self.assertTrue([f.tobytes() for f in frames] == [f.tobytes() for f in others], "two decoders agree")
+        self.assert_shows_only_what_was_there(path)
+        entry = json.loads(HISTORY.read_text())[0]
+        self.assertEqual((entry["format"], entry["preset"], entry["outputPath"], entry["byteCount"], entry["width"],
+                          entry["height"]), ("GIF", "Slack", str(path), len(data), area[2], area[3]))
+        self.assertEqual(clipboard("text/uri-list").decode().strip(), path.as_uri())
+        self.assertEqual(clipboard("image/gif"), data)
+        targets = clipboard("TARGETS").decode().split()
+        self.assertLess(targets.index("text/uri-list"), targets.index("image/gif"))
+        self.assertFalse([t for t in targets if t.startswith("image/") and t != "image/gif"], "no still picture")
+        return path, frames
+
+    def test_records_by_hotkey_and_stops_by_the_button(self):
+        desktop = self.start()
+        self.run_beside("xterm", "-geometry", "20x5+900+500")
+        until(lambda: windows("xterm") or windows(".*@.*"), "xterm is there")
+        xdo("mousemove", 950, 540, "click", 1)
+        desktop.press_hotkey()
+        desktop.wait_for_overlay()
+        self.assertEqual(desktop.phase(), "selecting")
+        xdo("mousemove", AREA[0], AREA[1], "mousedown", 1, "mousemove", 450, 400)
+        self.keep_screenshot("overlay")
+        xdo("mousemove", AREA[0] + AREA[2], AREA[1] + AREA[3], "mouseup", 1, "mousemove", 5, 700)
+        desktop.wait_for("recording")
+        shown = self.play_and_wait(desktop)
+        desktop.open_panel()
+        self.assertIn("Recording…", desktop.texts())
+        self.keep_screenshot("panel-recording")
+        desktop.click("push button", "Stop & Copy")
+        desktop.wait_for("done")
+        path, frames = self.assert_is_a_finished_clip(desktop, AREA)
+        recorded = {frame.tobytes() for frame in frames}
+        self.assertTrue(all(picture.tobytes() in recorded for picture in shown), "each step of the animation is in it")
+        until(lambda: path.name in desktop.texts(), "the clip is in the list")
+        self.assertTrue([t for t in desktop.texts() if t.startswith("Copied — ") and t.endswith(path.name)])
+        self.keep_screenshot("panel-done")
+
+    def test_heeds_the_hotkey_whatever_is_locked(self):
+        desktop = self.start()
+        for locks in ([], ["Num_Lock"], ["Caps_Lock"], ["Num_Lock", "Caps_Lock"]):
+            for lock in locks:
+                xdo("key", lock)
+            desktop.press_hotkey()
+            desktop.wait_for_overlay()
+            xdo("key", "Escape")
+            desktop.wait_for("idle")
+            for lock in locks:
+                xdo("key", lock)
+
+    def test_heeds_the_physical_key_under_another_layout(self):
+        desktop = self.start()
+        subprocess.run(["setxkbmap", "fr"], check=True, timeout=60)
+        xdo("keydown", 133, "keydown", 50, "key", 11, "keyup", 50, "keyup", 133)
+        desktop.wait_for_overlay()
+
+    def test_says_so_when_another_program_holds_the_hotkey(self):
+        other = take_hotkey()
+        desktop = self.start()
+        desktop.open_panel()
+        self.assertTrue([text for text in desktop.texts() if "in use by another program" in text])
+        self.keep_screenshot("panel-hotkey-taken")
+        del other
+
+    def test_ignores_the_hotkey_while_recording(self):
+        desktop = self.start()
+        desktop.record(*AREA)
+        desktop.press_hotkey()
+        desktop.wait_for_frames(desktop.status()["frameCount"] + 5)
+        self.assertEqual(desktop.phase(), "recording")
+        self.assertFalse(windows("Select a region"))
+
+    def test_escape_cancels_and_other_keys_do_not(self):
+        desktop = self.start()
+        desktop.begin()
+        desktop.wait_for_overlay()
+        for key in ("a", "Return", "Tab", "space"):
+            xdo("key", key)
+        self.assertEqual(desktop.phase(), "selecting")
+        xdo("key", "Escape")
+        desktop.wait_for("idle")
+        self.assertFalse(windows("Select a region"))
+        desktop.record(*AREA)  # and a new flow works
+
+    def test_too_small_a_drag_cancels(self):
+        desktop = self.start()
+        desktop.begin()
+        desktop.drag(400, 300, 4, 100)
+        desktop.wait_for("idle")
+        self.assertFalse(CLIPS.exists())
+
+    def test_a_drag_from_the_other_corner_records_the_same_region(self):
+        desktop = self.start()
+        desktop.begin()
+        desktop.drag(AREA[0] + AREA[2], AREA[1] + AREA[3], -AREA[2], -AREA[3])
+        desktop.wait_for("recording")
+        self.play_and_wait(desktop, 1)
+        self.assertEqual(run("stop").returncode, 0)
+        self.assert_is_a_finished_clip(desktop, AREA)
+
+    def test_starts_again_after_a_clip(self):
+        desktop = self.start()
+        for _ in range(2):
+            desktop.record(*AREA)
+            self.play_and_wait(desktop, 1)
+            self.assertEqual(run("toggle").returncode, 0)
+            self.assert_is_a_finished_clip(desktop, AREA)
+        self.assertEqual(len(json.loads(HISTORY.read_text())), 2)
+
+    def test_keeps_its_panel_out_of_the_clip(self):
+        desktop = self.start()
+        width, height = 500, 420  # the corner where the panel opens
+        corner = self.screen.root.get_geometry().width - 1 - width  # as far as the pointer gets
+        desktop.record(corner, 30, width, height)
+        desktop.wait_for_frames(10)
+        desktop.open_panel()
+        desktop.wait_for_frames(desktop.status()["frameCount"] + 10)
+        xdo("key", "Escape")
+        until(lambda: not desktop.panel(), "the panel is closed")
+        desktop.wait_for_frames(desktop.status()["frameCount"] + 10)
+        desktop.open_panel()
+        desktop.click("push button", "Stop & Copy")
+        desktop.wait_for("done")
+        self.assert_is_a_finished_clip(desktop, (corner, 30, width, height))
+
+    def test_shows_why_a_recording_does_not_start_and_can_begin_again(self):
+        desktop = self.start(QUILLBOX_CAPTURE_BACKEND="none")
+        desktop.begin()
+        desktop.drag(*AREA)
+        desktop.wait_for("failed")
+        message = "Couldn't start recording: Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND"
+        self.assertEqual(desktop.status()["message"], message)
+        desktop.open_panel()
+        self.assertIn(message, desktop.texts())
+        self.keep_screenshot("panel-failed")
+        desktop.click("push button", "Record Region")
+        desktop.wait_for_overlay()
+
+    def test_shows_why_a_clip_cannot_be_saved(self):
+        CLIPS.parent.write_text("a file in the way")
+        desktop = self.start()
+        desktop.record(*AREA)
+        done = run("stop")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("Couldn't save clip: ", done.stderr)
+        self.assertIn(str(CLIPS), done.stderr)
+        self.assertEqual(done.stderr.count("\n"), 1)
+
+    def test_keeps_a_corrupt_history_aside(self):
+        HISTORY.parent.mkdir(parents=True)
+        HISTORY.write_text("[{]")
+        desktop = self.start()
+        self.assertEqual(HISTORY.with_name("history.corrupt.json").read_text(), "[{]")
+        desktop.open_panel()
+        self.assertIn("No clips yet", desktop.texts())
+        self.keep_screenshot("panel-empty")
+
+    def test_a_second_start_shows_the_first_one(self):
+        desktop = self.start()
+        self.assertFalse(desktop.panel())
+        second = run()
+        self.assertEqual((second.returncode, second.stderr), (0, ""))
+        until(desktop.panel, "the panel is open")
+
+    def test_the_panel_closes_when_another_window_becomes_active(self):
+        desktop = self.start()
+        desktop.open_panel()
+        self.run_beside("xterm", "-geometry", "20x5+100+500")
+        until(lambda: not desktop.panel(), "the panel is closed")
+
+    def test_quits_while_recording(self):
+        desktop = self.start()
+        desktop.record(*AREA)
+        self.assertEqual(run("quit").returncode, 0)
+        self.assertEqual(desktop.process.wait(60), 0)
+        self.assertEqual(run("status").stderr, "quillbox: Quillbox is not running; start it with quillbox\n")
+
+    def test_the_panels_buttons_clear_the_list_and_open_the_settings(self):
+        desktop = self.start()
+        desktop.record(*AREA)
+        self.play_and_wait(desktop, 1)
+        self.assertEqual(run("stop").returncode, 0)
+        desktop.open_panel()
+        desktop.click("push button", "Clear")
+        until(lambda: "No clips yet" in desktop.texts(), "the list is empty")
+        self.assertEqual(json.loads(HISTORY.read_text()), [])
+        self.assertEqual(len(list(CLIPS.iterdir())), 1, "the clip itself stays")
+        desktop.click("push button", "Settings")
+        until(lambda: "Everything stays on your Mac. No cloud, no telemetry, no account." in desktop.texts(), "settings")
+        self.keep_screenshot("settings")
+
+    def test_reveals_a_clip_through_the_file_manager(self):
+        name = "org.freedesktop.FileManager1"
+        manager = self.run_beside("/usr/bin/python3", "-m", "dbusmock", "--session", name,
+                                  "/org/freedesktop/FileManager1", name, stdout=subprocess.PIPE)
+        self.addCleanup(manager.stdout.close)
+        call = ["gdbus", "call", "--session", "--dest", name, "--object-path", "/org/freedesktop/FileManager1",
+                "--method", "org.freedesktop.DBus.Mock.AddMethod", "", "ShowItems", "ass", "", ""]
+        until(lambda: subprocess.run(call, capture_output=True, timeout=60).returncode == 0, "a file manager")
+        desktop = self.start()
+        desktop.record(*AREA)
+        self.play_and_wait(desktop, 1)
+        self.assertEqual(run("stop").returncode, 0)
+        desktop.open_panel()
+        desktop.click("push button", "Reveal in Finder")
+        line = next(line for line in manager.stdout if " ShowItems " in line)
+        self.assertIn(pathlib.Path(desktop.status()["path"]).as_uri(), line)
+
+    def test_the_command_line_selects_with_the_overlay(self):
+        with subprocess.Popen([os.environ["QUILLBOX_PROGRAM"], "record", "--select", "--duration", "0.5", "--json"],
+                              stdout=subprocess.PIPE, text=True) as record:
+            until(lambda: windows("Select a region"), "the overlay")
+            xdo("mousemove", AREA[0], AREA[1], "mousedown", 1, "mousemove", AREA[0] + AREA[2], AREA[1] + AREA[3])
+            xdo("mouseup", 1, "mousemove", 5, 700)
+            result = json.loads(record.stdout.read())
+        self.assertEqual((result["width"], result["height"]), AREA[2:])
+        self.assert_shows_only_what_was_there(result["output"])
+
+    def test_the_command_line_copies_through_the_running_application(self):
+        self.start()
+        gif = os.path.join(os.environ["HOME"], "copied.gif")
+        done = run("record", "--region", "301,257,322x238", "--duration", "0.2", "--copy", "-o", gif)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertEqual(clipboard("image/gif"), pathlib.Path(gif).read_bytes())
+
+    def test_the_command_line_keeps_a_copy_until_another_program_copies(self):
+        gif = os.path.join(os.environ["HOME"], "copied.gif")
+        with subprocess.Popen([os.environ["QUILLBOX_PROGRAM"], "record", "--region", "301,257,322x238", "--duration",
+                               "0.2", "--copy", "-o", gif], stderr=subprocess.PIPE, text=True) as record:
+            self.assertIn("the clip stays on the clipboard", record.stderr.readline())
+            self.assertEqual(clipboard("image/gif"), pathlib.Path(gif).read_bytes())
+            subprocess.run(["xclip", "-selection", "clipboard"], input=b"other", timeout=60, check=True)
+            self.assertEqual(record.wait(60), 0)
+
+
+class TrayTest(unittest.TestCase):
+    """For sessions with a tray."""
+
+    def test_a_click_on_the_icon_opens_the_panel_and_another_one_closes_it(self):
+        with Desktop() as desktop:
+            until(self.icon, "the icon is in the tray")
+            xdo("mousemove", *self.icon(), "click", 1)
+            until(desktop.panel, "the panel is open")
+            xdo("mousemove", *self.icon(), "click", 1)
+            until(lambda: not desktop.panel(), "the panel is closed")
+
+    def icon(self):
+        """The middle of the icon: the tray's own windows are at the top edge, ours is the one that shows our colours."""
+        done = subprocess.run(["import", "-window", "root", "-crop", "1920x30+0+0", "+repage", "-depth", "8", "rgb:-"],
+                              capture_output=True, timeout=60).stdout
+        width = len(done) // 3 // 30
+        found = []
+        for at in range(0, len(done), 3):
+            red, green, blue = done[at:at + 3]
+            if blue > 180 and red < 130 and green < 120 and blue > red + 60:
+                found.append((at // 3 % width, at // 3 // width))
+        if len(found) < 40:
+            return None
+        return (sum(x for x, _ in found) // len(found), sum(y for _, y in found) // len(found))
+
+
+if __name__ == "__main__":
+    unittest.main()
