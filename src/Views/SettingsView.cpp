@@ -23,14 +23,41 @@ constexpr int widest = 640;       // with a long footer notice, which wraps beyo
 constexpr int rowPadding = 6 + 4; // of a row, and of the frame around it
 constexpr int cardSpacing = 14;
 
+QWidget* makeCaptureCard(QWidget* parent)
+{
+    auto* card = new Card(SettingsView::tr("Capture"), parent);
+    auto* row = new QHBoxLayout(card->body());
+    row->setContentsMargins(rowPadding, rowPadding, rowPadding, rowPadding);
+    row->addWidget(new TextLabel(
+        SettingsView::tr("Global hotkey"), TextStyle::Body, Role::Primary, TextLabel::Overflow::None, card->body()));
+    row->addStretch();
+    auto* shortcut = new TextLabel(
+        SettingsView::tr("⌘⇧2"), TextStyle::Monospaced, Role::Secondary, TextLabel::Overflow::None, card->body());
+    row->addWidget(shortcut);
+    return card;
+}
+
+QWidget* makePrivacyCard(QWidget* parent)
+{
+    auto* card = new Card(SettingsView::tr("Privacy"), parent);
+    auto* row = new QHBoxLayout(card->body());
+    row->setContentsMargins(rowPadding, rowPadding, rowPadding, rowPadding);
+    row->setSpacing(Theme::spacing);
+    row->addWidget(new SymbolLabel(Symbol::LockShield, Role::Secondary, 20, card->body()), 0, Qt::AlignTop);
+    row->addWidget(new TextLabel(SettingsView::tr("Everything stays on your Mac. No cloud, no telemetry, no account."),
+                       TextStyle::Callout, Role::Secondary, TextLabel::Overflow::Wrap, card->body()),
+        1, Qt::AlignVCenter);
+    return card;
+}
+
 } // namespace
 
 SettingsView::SettingsView(const QString& footerNotice, QWidget* parent)
     : QWidget(parent, Qt::Window)
+    , m_footer(new TextLabel(footerNotice, TextStyle::SmallCaption, Role::Tertiary, TextLabel::Overflow::Wrap, this))
 {
     setWindowTitle(tr("Settings"));
     setAttribute(Qt::WA_QuitOnClose, false); // the tray icon stays
-    m_footer = new TextLabel(footerNotice, TextStyle::SmallCaption, Role::Tertiary, TextLabel::Overflow::Wrap);
     auto* tabs = new TabStrip(this);
     tabs->setAccessibleName(tr("Settings"));
     tabs->addTab(Icons::icon(Symbol::Gearshape, Role::Accent), tr("General"));
@@ -64,33 +91,6 @@ QWidget* SettingsView::makeGeneralTab()
     column->addStretch();
     column->addWidget(m_footer);
     return general;
-}
-
-QWidget* SettingsView::makeCaptureCard(QWidget* parent)
-{
-    auto* card = new Card(tr("Capture"), parent);
-    auto* row = new QHBoxLayout(card->body());
-    row->setContentsMargins(rowPadding, rowPadding, rowPadding, rowPadding);
-    row->addWidget(
-        new TextLabel(tr("Global hotkey"), TextStyle::Body, Role::Primary, TextLabel::Overflow::None, card->body()));
-    row->addStretch();
-    auto* shortcut
-        = new TextLabel(tr("⌘⇧2"), TextStyle::Monospaced, Role::Secondary, TextLabel::Overflow::None, card->body());
-    row->addWidget(shortcut);
-    return card;
-}
-
-QWidget* SettingsView::makePrivacyCard(QWidget* parent)
-{
-    auto* card = new Card(tr("Privacy"), parent);
-    auto* row = new QHBoxLayout(card->body());
-    row->setContentsMargins(rowPadding, rowPadding, rowPadding, rowPadding);
-    row->setSpacing(Theme::spacing);
-    row->addWidget(new SymbolLabel(Symbol::LockShield, Role::Secondary, 20, card->body()), 0, Qt::AlignTop);
-    row->addWidget(new TextLabel(tr("Everything stays on your Mac. No cloud, no telemetry, no account."),
-                       TextStyle::Callout, Role::Secondary, TextLabel::Overflow::Wrap, card->body()),
-        1, Qt::AlignVCenter);
-    return card;
 }
 
 void SettingsView::fit()

@@ -23,11 +23,9 @@ protected:
 
 private:
     QWidget* makeGeneralTab();
-    QWidget* makeCaptureCard(QWidget* parent);
-    QWidget* makePrivacyCard(QWidget* parent);
     void fit();
 
-    TextLabel* m_footer = nullptr;
+    TextLabel* m_footer;
 };
 
 } // namespace quillbox
