@@ -99,8 +99,8 @@ void SelectionWindow::keyPressEvent(QKeyEvent* event)
 
 void SelectionWindow::closeEvent(QCloseEvent* event)
 {
-    event->ignore(); // somebody else wants the window gone: that is a cancel
-    finish(std::nullopt);
+    finish(std::nullopt); // somebody else wants the window gone: that is a cancel
+    event->accept();      // a window that refuses would keep the application from quitting
 }
 
 void SelectionWindow::finish(std::optional<CaptureRegion> region)
