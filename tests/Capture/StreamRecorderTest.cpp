@@ -94,6 +94,11 @@ private Q_SLOTS:
     void withoutAPictureThereIsNoFrame();
     void announcesBeforeAndAfterEachChange();
     void countsFramesWhileRecording();
+    void knowsItsRegionWhileRecording();
+    void aHeldPictureStaysUntilItIsReleased();
+    void aReleaseShowsTheLatestPictureThatArrivedMeanwhile();
+    void aHoldEndsWithTheRecording();
+    void holdingWhileIdleHoldsNothing();
     void anInterruptionKeepsTheFrames();
     void anInterruptionBeforeStartFinishesIsAnnouncedAfterwards();
     void stoppingDuringAStartChangesNothing();
@@ -322,6 +327,61 @@ void StreamRecorderTest::countsFramesWhileRecording()
     QCOMPARE(std::ssize(studio.stop()), 60);
     *studio.now += std::chrono::seconds(2);
     QCOMPARE(studio.recorder->frameCount(), 60);
+}
+
+void StreamRecorderTest::knowsItsRegionWhileRecording()
+{
+    Studio studio;
+    QVERIFY(!studio.recorder->region());
+    studio.start();
+    QVERIFY(studio.recorder->region() == someRegion);
+    (void)studio.stop();
+    QVERIFY(!studio.recorder->region());
+}
+
+void StreamRecorderTest::aHeldPictureStaysUntilItIsReleased()
+{
+    Studio studio;
+    studio.recordTwo();
+    studio.recorder->holdPicture();
+    studio.deliver(3); // something of our own covers the region
+    studio.tick();
+    QCOMPARE(numbers(studio.stop()), (std::vector{1, 2, 2}));
+}
+
+void StreamRecorderTest::aReleaseShowsTheLatestPictureThatArrivedMeanwhile()
+{
+    Studio studio;
+    studio.recordTwo();
+    studio.recorder->holdPicture();
+    studio.deliver(3);
+    studio.tick();
+    studio.deliver(4); // uncovered again
+    studio.tick();
+    studio.recorder->releasePicture();
+    studio.tick();
+    studio.deliver(5);
+    studio.tick();
+    QCOMPARE(numbers(studio.stop()), (std::vector{1, 2, 2, 2, 4, 5}));
+}
+
+void StreamRecorderTest::aHoldEndsWithTheRecording()
+{
+    Studio studio;
+    studio.recordTwo();
+    studio.recorder->holdPicture();
+    (void)studio.stop();
+    studio.recordTwo();
+    QCOMPARE(numbers(studio.stop()), (std::vector{1, 2}));
+}
+
+void StreamRecorderTest::holdingWhileIdleHoldsNothing()
+{
+    Studio studio;
+    studio.recorder->holdPicture();
+    studio.recordTwo();
+    QCOMPARE(numbers(studio.stop()), (std::vector{1, 2}));
+    studio.recorder->releasePicture();
 }
 
 void StreamRecorderTest::anInterruptionKeepsTheFrames()

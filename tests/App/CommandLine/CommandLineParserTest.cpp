@@ -128,5 +128,49 @@ TEST(CommandLineParser, RefusesNumbersThatAreNone)
     EXPECT_NE(complaintAbout({"encode", "a", "--source-fps", "2.5"}), "none");
 }
 
+TEST(CommandLineParser, TakesNothingForTheDesktopApplication)
+{
+    EXPECT_TRUE(std::holds_alternative<DesktopOptions>(parse({})));
+}
+
+TEST(CommandLineParser, KnowsEveryWishForTheRunningApplication)
+{
+    using Action = ControlOptions::Action;
+    const std::vector<std::pair<const char*, Action>> wishes{{"begin", Action::Begin}, {"stop", Action::Stop},
+        {"toggle", Action::Toggle}, {"show", Action::Show}, {"status", Action::Status}, {"quit", Action::Quit}};
+    for (const auto& [name, action] : wishes) {
+        const auto options = std::get<ControlOptions>(parse({name}));
+        EXPECT_EQ(options.action, action) << name;
+        EXPECT_FALSE(options.json) << name;
+    }
+    EXPECT_TRUE(std::get<ControlOptions>(parse({"status", "--json"})).json);
+    EXPECT_NE(complaintAbout({"quit", "--json"}), "none") << "there is no answer to print";
+}
+
+TEST(CommandLineParser, ListsTheHistoryAsTextOrJSON)
+{
+    EXPECT_FALSE(std::get<HistoryOptions>(parse({"history"})).json);
+    EXPECT_TRUE(std::get<HistoryOptions>(parse({"history", "--json"})).json);
+}
+
+TEST(CommandLineParser, LetsTheRegionBeDraggedOut)
+{
+    const auto options = parseRecord({"--select", "--copy"});
+    EXPECT_EQ(options.region, std::nullopt);
+    EXPECT_TRUE(options.copy);
+}
+
+TEST(CommandLineParser, WantsExactlyOneWayToTheRegion)
+{
+    for (const auto& arguments : {std::vector<const char*>{"record"}, {"record", "--select", "--region", "1,2,3x4"}})
+        EXPECT_EQ(complaintAbout(arguments), "name the region with --region X,Y,WxH, or drag it out with --select");
+}
+
+TEST(CommandLineParser, CopiesOnlyFiles)
+{
+    EXPECT_EQ(complaintAbout({"record", "--select", "--copy", "-o", "-"}),
+        "--copy: the clipboard needs a file; leave out -o - or --copy");
+}
+
 } // namespace
 } // namespace quillbox

@@ -5,14 +5,6 @@ namespace {
 
 class Help : public ProgramFixture { };
 
-TEST_F(Help, IsPrintedWhenNothingIsAskedFor)
-{
-    const auto result = shell("quillbox");
-    EXPECT_EQ(result.exitStatus, 0);
-    EXPECT_EQ(result.output, shell("quillbox --help").output);
-    EXPECT_EQ(result.errors, "");
-}
-
 TEST_F(Help, ShowsExamplesForEveryCommand)
 {
     for (const char* command : {"quillbox --help", "quillbox encode --help", "quillbox record --help"}) {
@@ -23,13 +15,23 @@ TEST_F(Help, ShowsExamplesForEveryCommand)
     }
 }
 
+TEST_F(Help, ShowsAnExampleForEachCommandThatAsksTheRunningApplication)
+{
+    for (const std::string command : {"begin", "stop", "toggle", "show", "status", "quit", "history"}) {
+        const auto result = shell("quillbox " + command + " --help");
+        EXPECT_EQ(result.exitStatus, 0) << command;
+        EXPECT_NE(result.output.find("Example:\n  quillbox " + command), std::string::npos) << command;
+        EXPECT_NE(shell("quillbox --help").output.find("\n  " + command + " "), std::string::npos) << command;
+    }
+}
+
 TEST_F(Help, NamesEveryOption)
 {
     const auto encode = shell("quillbox encode --help").output;
     for (const char* option : {"--preset", "--source-fps", "--dither", "--raw", "--json", "--force", "-o", "INPUT"})
         EXPECT_NE(encode.find(option), std::string::npos) << option;
     const auto record = shell("quillbox record --help").output;
-    for (const char* option : {"--preset", "--region", "--duration", "--json", "--force", "-o"})
+    for (const char* option : {"--preset", "--region", "--select", "--duration", "--copy", "--json", "--force", "-o"})
         EXPECT_NE(record.find(option), std::string::npos) << option;
 }
 

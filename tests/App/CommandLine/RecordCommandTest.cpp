@@ -32,7 +32,7 @@ TEST_F(RecordCommand, SaysWhyADesktopCannotBeRecorded)
 
 TEST_F(RecordCommand, NamesTheOptionThatIsWrong)
 {
-    expectError(2, "quillbox record", "--region is required; see quillbox record --help");
+    expectError(2, "quillbox record", "name the region with --region X,Y,WxH, or drag it out with --select");
     expectError(2, "quillbox record --region 1,2,3",
         "--region: \"1,2,3\" is not a region; write it like 100,50,640x480 (left, top, size)");
     expectError(2, "quillbox record --region 1,2,3x4 --duration soon",
