@@ -44,7 +44,7 @@ public:
     [[nodiscard]] QColor sunken() const { return m_sunken; }   ///< of the groove that segments lie in
     [[nodiscard]] QColor hovered() const { return m_hovered; } ///< under the pointer
     [[nodiscard]] QColor pressed() const { return m_pressed; }
-    [[nodiscard]] QColor border() const { return m_border; } ///< around controls; at least 3:1 for none but buttons
+    [[nodiscard]] QColor border() const { return m_border; } ///< around controls and windows
     [[nodiscard]] QColor divider() const { return m_divider; }
     [[nodiscard]] QColor accentFill() const { return m_accentFill; } ///< carries Role::OnAccent at 4.5:1 or more
 
