@@ -180,21 +180,34 @@ RGBAFrame boxFiltered(const RGBAFrame& frame, Size size)
     return {size.width, size.height, std::move(output)};
 }
 
+WidthCap::WidthCap(const RGBAFrame& first, std::optional<std::int64_t> maxWidth)
+{
+    if (!maxWidth || *maxWidth >= first.width())
+        return;
+    const Size target = fittedSize(first.width(), first.height(), *maxWidth);
+    if (target.width >= 1 && target.height >= 1)
+        m_target = target;
+}
+
+RGBAFrame WidthCap::applied(const RGBAFrame& frame) const
+{
+    if (!m_target || (frame.width() <= m_target->width && frame.height() <= m_target->height))
+        return frame;
+    return boxFiltered(frame, {std::min(frame.width(), m_target->width), std::min(frame.height(), m_target->height)});
+}
+
 std::vector<RGBAFrame> cappedToWidth(
     std::span<const RGBAFrame> frames, std::optional<std::int64_t> maxWidth, Parallelism parallelism)
 {
     std::vector<RGBAFrame> capped(frames.begin(), frames.end());
-    if (!maxWidth || frames.empty() || *maxWidth >= frames.front().width())
+    if (frames.empty())
         return capped;
-    const Size target = fittedSize(frames.front().width(), frames.front().height(), *maxWidth);
-    if (target.width < 1 || target.height < 1)
+    const WidthCap cap(frames.front(), maxWidth);
+    if (cap.isNone())
         return capped;
-
     parallelFor(parallelism, std::ssize(capped), [&](std::int64_t item, int) {
         RGBAFrame& frame = capped[static_cast<std::size_t>(item)];
-        if (frame.width() > target.width || frame.height() > target.height)
-            frame
-                = boxFiltered(frame, {std::min(frame.width(), target.width), std::min(frame.height(), target.height)});
+        frame = cap.applied(frame);
     });
     return capped;
 }
