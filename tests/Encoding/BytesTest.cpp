@@ -24,6 +24,12 @@ TEST(Bytes, BeginAtAPageWhenTheyAreMany)
     EXPECT_EQ(placeInPage(second), 0U);
 }
 
+TEST(Bytes, BeginAtAHugePageWhenTheyFillOne)
+{
+    const Bytes bytes(3 * megabyte);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(bytes.data()) % (1U << 21U), 0U);
+}
+
 TEST(Bytes, KeepTheirContentsWhenTheyGrowFromFewToMany)
 {
     Bytes bytes(10, 7);

@@ -15,7 +15,7 @@ namespace quillbox {
 class FrameMaker {
 public:
     /// A buffer of `byteCount` bytes with undefined contents, to read the next frame into.
-    [[nodiscard]] Bytes takeBuffer(std::int64_t byteCount) { return m_pool.take(byteCount); }
+    [[nodiscard]] Bytes takeBuffer(std::int64_t byteCount);
 
     /// @pre `pixels` holds four bytes for each pixel of `size`.
     [[nodiscard]] RGBAFrame frame(FrameSize size, Bytes pixels);
