@@ -1,6 +1,5 @@
 #include "App/FrameSources/RepeatReader.h"
 
-#include "App/FrameSources/FrameReadError.h"
 #include "Encoding/Precondition.h"
 
 #include <algorithm>
@@ -33,18 +32,19 @@ Outcome readPieces(std::span<std::uint8_t> into, std::span<const std::uint8_t> p
 
 } // namespace
 
+RepeatReader::RepeatReader(ByteSource& source)
+    : m_source(source)
+    , m_mayShare(source.canReadAhead() && std::thread::hardware_concurrency() > 1)
+{
+}
+
 Outcome RepeatReader::read(std::span<std::uint8_t> into, std::span<const std::uint8_t> previous)
 {
     precondition(previous.empty() || previous.size() == into.size(), "pictures of one size are compared");
-    if (sharesWork(into.size()))
+    if (m_mayShare && into.size() >= smallestSharedBytes)
         return readShared(into, previous);
     return readPieces(
         into, previous, [this](std::size_t /*offset*/, std::span<std::uint8_t> piece) { return m_source.read(piece); });
-}
-
-bool RepeatReader::sharesWork(std::size_t byteCount) const
-{
-    return byteCount >= smallestSharedBytes && m_source.canReadAhead() && std::thread::hardware_concurrency() > 1;
 }
 
 Outcome RepeatReader::readShared(std::span<std::uint8_t> into, std::span<const std::uint8_t> previous)
@@ -64,7 +64,7 @@ Outcome RepeatReader::readShared(std::span<std::uint8_t> into, std::span<const s
     Outcome first;
     try {
         first = readPart(into.first(half), previous.empty() ? previous : previous.first(half), 0);
-    } catch (const FrameReadError&) {
+    } catch (...) {
         m_side.reset(); // its job uses what is gone after this; a second error says no more than the first
         throw;
     }

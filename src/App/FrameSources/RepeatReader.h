@@ -16,10 +16,7 @@ namespace quillbox {
 class RepeatReader {
 public:
     /// @param source  Outlives the reader; used by nobody else during `read`.
-    explicit RepeatReader(ByteSource& source)
-        : m_source(source)
-    {
-    }
+    explicit RepeatReader(ByteSource& source);
 
     struct Outcome {
         std::size_t byteCount = 0; ///< read; fewer than asked for only where the input ends
@@ -31,10 +28,10 @@ public:
     [[nodiscard]] Outcome read(std::span<std::uint8_t> into, std::span<const std::uint8_t> previous);
 
 private:
-    [[nodiscard]] bool sharesWork(std::size_t byteCount) const;
     [[nodiscard]] Outcome readShared(std::span<std::uint8_t> into, std::span<const std::uint8_t> previous);
 
     ByteSource& m_source;
+    bool m_mayShare;                  ///< whether two threads can read the source, and run at once
     std::optional<SideThread> m_side; ///< from the first picture on that is shared
 };
 
