@@ -78,16 +78,24 @@ Deduplicator::Deduplicator(std::int64_t perFrameDelayCentiseconds, double change
 {
 }
 
-void Deduplicator::append(const RGBAFrame& frame, FrameComparisons& comparisons)
+bool Deduplicator::append(const RGBAFrame& frame, FrameComparisons& comparisons)
 {
-    if (m_kept.empty() || comparisons.fractionChangedSince(m_kept.back().frame) > m_changeThreshold) {
+    if (!m_last || comparisons.fractionChangedSince(*m_last) > m_changeThreshold) {
         m_kept.push_back({frame, m_delayCentiseconds});
-        return;
+        m_last = frame;
+        return true;
     }
     std::int64_t& delay = m_kept.back().delayCentiseconds;
     if (__builtin_add_overflow(delay, m_delayCentiseconds, &delay))
         delay = largestDelay;
     delay = std::min(delay, largestDelay);
+    return false;
+}
+
+void Deduplicator::replaceLast(const RGBAFrame& substitute)
+{
+    precondition(!m_kept.empty(), "a frame was kept");
+    m_kept.back().frame = substitute;
 }
 
 std::vector<Timed> deduplicate(
@@ -97,7 +105,7 @@ std::vector<Timed> deduplicate(
     FrameComparisons comparisons;
     for (const RGBAFrame& frame : frames) {
         comparisons.turnTo(frame);
-        deduplicator.append(frame, comparisons);
+        (void)deduplicator.append(frame, comparisons); // all that matters here is what is kept in the end
     }
     return deduplicator.kept();
 }

@@ -3,6 +3,7 @@
 #include "Encoding/PixelTypes.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -38,8 +39,12 @@ public:
     /// @param changeThreshold            Share of the pixels, 0…1.
     Deduplicator(std::int64_t perFrameDelayCentiseconds, double changeThreshold);
 
-    /// @pre `comparisons` has turned to `frame`.
-    void append(const RGBAFrame& frame, FrameComparisons& comparisons);
+    /// @return whether the frame was kept. @pre `comparisons` has turned to `frame`.
+    bool append(const RGBAFrame& frame, FrameComparisons& comparisons);
+
+    /// Keeps `substitute` in place of the last frame kept, with which later frames are compared nevertheless.
+    /// @pre a frame was kept.
+    void replaceLast(const RGBAFrame& substitute);
 
     [[nodiscard]] const std::vector<Timed>& kept() const { return m_kept; }
 
@@ -47,6 +52,7 @@ private:
     std::int64_t m_delayCentiseconds;
     double m_changeThreshold;
     std::vector<Timed> m_kept;
+    std::optional<RGBAFrame> m_last; ///< of those kept, as it came
 };
 
 /// What `Deduplicator` keeps of all frames.

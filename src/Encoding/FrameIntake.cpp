@@ -59,6 +59,13 @@ FrameIntake::FrameIntake(std::int64_t sourceFPS, std::span<const ExportPreset> p
     }
 }
 
+FrameIntake FrameIntake::shrinking(std::int64_t sourceFPS, ExportPreset preset)
+{
+    FrameIntake intake(sourceFPS, std::span(&preset, 1));
+    intake.m_maxWidth = preset.maxWidth();
+    return intake;
+}
+
 void FrameIntake::append(const RGBAFrame& frame)
 {
     ++m_frameCount;
@@ -70,12 +77,21 @@ void FrameIntake::append(const RGBAFrame& frame)
         m_tooLarge = error.dimensionTooLarge();
         return;
     }
+    if (!m_cap)
+        m_cap.emplace(frame, m_maxWidth);
     m_comparisons.turnTo(frame);
     m_activity.append(frame, m_comparisons);
     for (Candidate& candidate : m_candidates) {
-        if (candidate.resampler.keepsNext())
-            candidate.deduplicator.append(frame, m_comparisons);
+        if (candidate.resampler.keepsNext() && candidate.deduplicator.append(frame, m_comparisons) && !m_cap->isNone())
+            candidate.deduplicator.replaceLast(shrunk(frame));
     }
+}
+
+const RGBAFrame& FrameIntake::shrunk(const RGBAFrame& frame)
+{
+    if (!m_shrunk || !m_shrunk->original.sharesPixels(frame))
+        m_shrunk = {frame, m_cap->applied(frame)};
+    return m_shrunk->small;
 }
 
 FrameIntake::Selection FrameIntake::selection(ExportPreset preset) const

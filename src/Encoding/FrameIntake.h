@@ -3,6 +3,7 @@
 #include "Encoding/FPSAdaptive.h"
 #include "Encoding/FrameComparisons.h"
 #include "Encoding/FrameDeduplicator.h"
+#include "Encoding/FrameResampler.h"
 #include "Encoding/GIFEncoder.h"
 #include "Encoding/PixelTypes.h"
 #include "Encoding/Presets.h"
@@ -25,6 +26,10 @@ public:
     /// @param presets    Those that may be asked for in the end; not empty.
     FrameIntake(std::int64_t sourceFPS, std::span<const ExportPreset> presets);
 
+    /// An intake for one preset that shrinks frames to its width as soon as they are to be kept. Worth it where the
+    /// frames would otherwise take up memory of their own.
+    [[nodiscard]] static FrameIntake shrinking(std::int64_t sourceFPS, ExportPreset preset);
+
     /// Takes the next frame. Its pixels are shared, not copied.
     void append(const RGBAFrame& frame);
 
@@ -35,7 +40,7 @@ public:
     /// What a GIF of the recording shows.
     struct Selection {
         std::int64_t fps = 0;                         ///< the rate chosen from the activity, frames per second
-        std::vector<FrameDeduplicator::Timed> frames; ///< at their captured size, at least one
+        std::vector<FrameDeduplicator::Timed> frames; ///< at their captured size unless shrunk, at least one
     };
 
     /// @throws GIFEncodingError  the first frame a side of which exceeds 65535 pixels.
@@ -50,8 +55,19 @@ private:
         FrameDeduplicator::Deduplicator deduplicator;
     };
 
+    /// A frame, and what is kept of it.
+    struct Shrunk {
+        RGBAFrame original;
+        RGBAFrame small;
+    };
+
+    [[nodiscard]] const RGBAFrame& shrunk(const RGBAFrame& frame);
+
     std::int64_t m_sourceFPS;
     std::int64_t m_frameCount = 0;
+    std::optional<std::int64_t> m_maxWidth;        ///< what to shrink to at once, pixels
+    std::optional<FrameResampler::WidthCap> m_cap; ///< the same for the size of the first frame
+    std::optional<Shrunk> m_shrunk;                ///< the last one; several rates may keep one frame
     std::vector<Candidate> m_candidates;
     FPSAdaptive::ActivityMeter m_activity;
     FrameComparisons m_comparisons;

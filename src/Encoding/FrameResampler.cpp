@@ -1,6 +1,7 @@
 #include "Encoding/FrameResampler.h"
 
 #include "Encoding/Multiversion.h"
+#include "Encoding/SmallBlockFilter.h"
 
 #include <algorithm>
 #include <array>
@@ -33,13 +34,13 @@ using ChannelBytes = std::uint8_t __attribute__((vector_size(4)));
 ///
 /// With M = ⌈2^23 ÷ count⌉ the quotient sum · M ÷ 2^23 is too large by less than sum · count ÷ 2^23 ÷ count, which
 /// stays below 1 ÷ count, and so rounds down rightly, while 255 · count² < 2^23. The product fits 32 bits.
-struct SmallDivider {
+struct MediumDivider {
     static constexpr std::int64_t largestCount = 181;
     static_assert(255 * largestCount * largestCount < 1 << 23U);
 
     std::uint32_t multiplier = 0;
 
-    explicit SmallDivider(std::int64_t count)
+    explicit MediumDivider(std::int64_t count)
         : multiplier(static_cast<std::uint32_t>(((1 << 23U) + count - 1) / count))
     {
     }
@@ -94,13 +95,57 @@ template <typename Divider> [[gnu::always_inline]] inline void filterRow(const R
     }
 }
 
-QUILLBOX_MULTIVERSION void filterRowOfSmallBlocks(const RowTask& task)
+QUILLBOX_MULTIVERSION void filterRowOfMediumBlocks(const RowTask& task)
 {
-    filterRow<SmallDivider>(task);
+    filterRow<MediumDivider>(task);
 }
 void filterRowOfLargeBlocks(const RowTask& task)
 {
     filterRow<LargeDivider>(task);
+}
+
+/// The source rows of each output row, from the top.
+template <typename Visitor> void forEachOutputRow(const RGBAFrame& frame, Size size, Visitor&& visit)
+{
+    const std::int64_t rowBytes = frame.width() * RGBAFrame::bytesPerPixel;
+    for (std::int64_t y = 0; y < size.height; ++y) {
+        const Span rows = sourceSpan(y, frame.height(), size.height);
+        visit(frame.pixels().data() + rows.begin * rowBytes, rows.length());
+    }
+}
+
+void filterSmallBlocks(const RGBAFrame& frame, Size size, std::uint8_t* output)
+{
+    SmallBlockFilter filter(frame.width(), size.width);
+    forEachOutputRow(frame, size, [&](const std::uint8_t* source, std::int64_t rows) {
+        filter.filterRow(source, rows, output);
+        output += size.width * RGBAFrame::bytesPerPixel;
+    });
+}
+
+/// @param blockBound  No block has more source pixels.
+void filterBlocks(const RGBAFrame& frame, Size size, std::int64_t blockBound, std::uint8_t* output)
+{
+    std::vector<Span> columns;
+    columns.reserve(static_cast<std::size_t>(size.width));
+    for (std::int64_t x = 0; x < size.width; ++x)
+        columns.push_back(sourceSpan(x, frame.width(), size.width));
+    std::vector<std::uint32_t> sums(static_cast<std::size_t>(frame.width() * RGBAFrame::bytesPerPixel));
+
+    forEachOutputRow(frame, size, [&](const std::uint8_t* source, std::int64_t rows) {
+        const RowTask task{.source = source,
+            .rowBytes = sums.size(),
+            .rows = rows,
+            .columns = columns,
+            .shortestColumn = frame.width() / size.width,
+            .sums = sums.data(),
+            .output = output};
+        if (blockBound <= MediumDivider::largestCount)
+            filterRowOfMediumBlocks(task);
+        else
+            filterRowOfLargeBlocks(task);
+        output += size.width * RGBAFrame::bytesPerPixel;
+    });
 }
 
 constexpr std::int64_t largestBlock = 0xFFFF'FFFF / 255; ///< pixels whose channels a 32-bit sum can hold
@@ -127,46 +172,42 @@ RGBAFrame boxFiltered(const RGBAFrame& frame, Size size)
     const std::int64_t blockBound = checkedMul(shortestColumn + 1, sourceHeight / size.height + 1);
     precondition(blockBound <= largestBlock, "the sum of a block fits 32 bits");
 
-    std::vector<Span> columns;
-    columns.reserve(static_cast<std::size_t>(size.width));
-    for (std::int64_t x = 0; x < size.width; ++x)
-        columns.push_back(sourceSpan(x, sourceWidth, size.width));
-
     Bytes output(static_cast<std::size_t>(checkedMul(checkedMul(size.width, size.height), RGBAFrame::bytesPerPixel)));
-    const auto rowBytes = static_cast<std::size_t>(sourceWidth * RGBAFrame::bytesPerPixel);
-    std::vector<std::uint32_t> sums(rowBytes);
-    for (std::int64_t y = 0; y < size.height; ++y) {
-        const Span rows = sourceSpan(y, sourceHeight, size.height);
-        const RowTask task{.source = frame.pixels().data() + static_cast<std::size_t>(rows.begin) * rowBytes,
-            .rowBytes = rowBytes,
-            .rows = rows.length(),
-            .columns = columns,
-            .shortestColumn = shortestColumn,
-            .sums = sums.data(),
-            .output = output.data() + static_cast<std::size_t>(y * size.width * RGBAFrame::bytesPerPixel)};
-        if (blockBound <= SmallDivider::largestCount)
-            filterRowOfSmallBlocks(task);
-        else
-            filterRowOfLargeBlocks(task);
-    }
+    if (blockBound <= SmallBlockFilter::largestCount)
+        filterSmallBlocks(frame, size, output.data());
+    else
+        filterBlocks(frame, size, blockBound, output.data());
     return {size.width, size.height, std::move(output)};
+}
+
+WidthCap::WidthCap(const RGBAFrame& first, std::optional<std::int64_t> maxWidth)
+{
+    if (!maxWidth || *maxWidth >= first.width())
+        return;
+    const Size target = fittedSize(first.width(), first.height(), *maxWidth);
+    if (target.width >= 1 && target.height >= 1)
+        m_target = target;
+}
+
+RGBAFrame WidthCap::applied(const RGBAFrame& frame) const
+{
+    if (!m_target || (frame.width() <= m_target->width && frame.height() <= m_target->height))
+        return frame;
+    return boxFiltered(frame, {std::min(frame.width(), m_target->width), std::min(frame.height(), m_target->height)});
 }
 
 std::vector<RGBAFrame> cappedToWidth(
     std::span<const RGBAFrame> frames, std::optional<std::int64_t> maxWidth, Parallelism parallelism)
 {
     std::vector<RGBAFrame> capped(frames.begin(), frames.end());
-    if (!maxWidth || frames.empty() || *maxWidth >= frames.front().width())
+    if (frames.empty())
         return capped;
-    const Size target = fittedSize(frames.front().width(), frames.front().height(), *maxWidth);
-    if (target.width < 1 || target.height < 1)
+    const WidthCap cap(frames.front(), maxWidth);
+    if (cap.isNone())
         return capped;
-
     parallelFor(parallelism, std::ssize(capped), [&](std::int64_t item, int) {
         RGBAFrame& frame = capped[static_cast<std::size_t>(item)];
-        if (frame.width() > target.width || frame.height() > target.height)
-            frame
-                = boxFiltered(frame, {std::min(frame.width(), target.width), std::min(frame.height(), target.height)});
+        frame = cap.applied(frame);
     });
     return capped;
 }

@@ -24,8 +24,22 @@ struct Size {
 /// 1. Unchanged when it is narrow enough already, or when `maxWidth` or the height is below 1.
 [[nodiscard]] Size fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth);
 
-/// All frames, in order, each shrunk to the size fitted to the first one; one that is not larger than that is
-/// passed on with its pixels shared.
+/// Shrinks the frames of a clip to the size fitted to the first one.
+class WidthCap {
+public:
+    /// @param maxWidth  Pixels; none, or one that the first frame does not exceed, leaves all frames as they are.
+    WidthCap(const RGBAFrame& first, std::optional<std::int64_t> maxWidth);
+
+    [[nodiscard]] bool isNone() const { return !m_target; }
+
+    /// `frame` no larger than fitted; one that is not is passed on with its pixels shared.
+    [[nodiscard]] RGBAFrame applied(const RGBAFrame& frame) const;
+
+private:
+    std::optional<Size> m_target;
+};
+
+/// All frames, in order, under the `WidthCap` of the first.
 [[nodiscard]] std::vector<RGBAFrame> cappedToWidth(
     std::span<const RGBAFrame> frames, std::optional<std::int64_t> maxWidth, Parallelism parallelism = {});
 

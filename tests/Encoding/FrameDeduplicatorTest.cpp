@@ -1,5 +1,7 @@
 #include "Encoding/FrameDeduplicator.h"
 
+#include "Encoding/FrameComparisons.h"
+
 #include "reference/FrameDeduplicator.h"
 #include "support/Iterations.h"
 #include "support/Pictures.h"
@@ -250,6 +252,21 @@ TEST(Deduplicate, EqualsTheReference)
         const double threshold = random.pick({0.01, 0.01, 0.0, 0.3, 1.0, -1.0, 2.0});
         ASSERT_EQ(deduplicate(frames, delay, threshold), reference::deduplicate(frames, delay, threshold));
     }
+}
+
+TEST(Deduplicator, ComparesWithWhatCameAndNotWithItsSubstitute)
+{
+    FrameDeduplicator::Deduplicator deduplicator(8, 0.01);
+    FrameComparisons comparisons;
+    const RGBAFrame original = support::solid(2, 2, gray(0));
+    const RGBAFrame substitute = support::solid(1, 1, gray(200));
+    const RGBAFrame repeat = support::solid(2, 2, gray(0));
+    comparisons.turnTo(original);
+    EXPECT_TRUE(deduplicator.append(original, comparisons));
+    deduplicator.replaceLast(substitute);
+    comparisons.turnTo(repeat);
+    EXPECT_FALSE(deduplicator.append(repeat, comparisons));
+    EXPECT_EQ(deduplicator.kept(), (std::vector{Timed{substitute, 16}}));
 }
 
 } // namespace

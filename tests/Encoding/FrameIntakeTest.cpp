@@ -130,5 +130,35 @@ TEST(FrameIntake, OneIntakeForAllPresetsGivesTheFilesOfTheReference)
     }
 }
 
+TEST(FrameIntake, KeepsFramesSmallWhenItIsToldToShrinkThem)
+{
+    FrameIntake intake = FrameIntake::shrinking(30, ExportPreset::slack);
+    intake.append(support::solid(1920, 4, gray(0)));
+    const RGBAFrame narrow = support::solid(960, 2, gray(100));
+    for (int i = 0; i < 5; ++i)
+        intake.append(narrow);
+    const auto frames = intake.selection(ExportPreset::slack).frames;
+    ASSERT_EQ(frames.size(), 2U);
+    EXPECT_EQ(frames[0].frame, support::solid(960, 2, gray(0)));
+    EXPECT_TRUE(frames[1].frame.sharesPixels(narrow)) << "what is small enough is passed on";
+}
+
+TEST(FrameIntake, ShrinkingAtOnceGivesTheFilesOfTheReference)
+{
+    Random random(132);
+    for (std::int64_t i = support::iterations(20); i > 0; --i) {
+        std::vector<RGBAFrame> frames{support::randomPicture(900 + random.below(400), 1 + random.below(6), random)};
+        for (std::int64_t count = random.below(12); count > 0; --count)
+            frames.push_back(support::randomSuccessor(frames.back(), random));
+        for (const ExportPreset preset : allPresets) {
+            FrameIntake intake = FrameIntake::shrinking(30, preset);
+            for (const RGBAFrame& frame : frames)
+                intake.append(frame);
+            const GIFOptimizer::Config config{.preset = preset, .sourceFPS = 30};
+            ASSERT_EQ(GIFOptimizer::optimize(intake, config), reference::optimize(frames, config).result);
+        }
+    }
+}
+
 } // namespace
 } // namespace quillbox

@@ -2,7 +2,6 @@
 
 #include "Encoding/Precondition.h"
 
-#include <span>
 #include <utility>
 
 namespace quillbox {
@@ -33,7 +32,7 @@ void BackgroundIntake::setRate(std::int64_t framesPerSecond)
 void BackgroundIntake::take(const RGBAFrame& frame)
 {
     if (!m_intake) {
-        m_intake.emplace(m_sourceFPS.value_or(defaultFPS), std::span(&m_preset, 1));
+        m_intake = FrameIntake::shrinking(m_sourceFPS.value_or(defaultFPS), m_preset);
         m_thread = std::thread([this] { work(); });
     }
     std::unique_lock lock(m_mutex);

@@ -13,8 +13,8 @@
 
 namespace quillbox {
 
-/// Gives frames to a `FrameIntake` on a thread of its own, so that reading and measuring overlap. A reader that is
-/// faster waits: only a few frames are under way at a time.
+/// Gives frames to a `FrameIntake` on a thread of its own, so that reading, measuring and shrinking
+/// overlap. A reader that is faster waits: only a few frames are under way at a time.
 class BackgroundIntake final : public FrameReceiver {
 public:
     /// @param sourceFPS  Rate of the frames, whatever the input says; none: the input's own, or else `defaultFPS`.

@@ -12,6 +12,21 @@
 #include <utility>
 
 namespace quillbox {
+namespace {
+
+/// What a system call that reads gave, as soon as no signal interrupts it; it gives at most 2 GB at once.
+template <typename Call> std::size_t bytesRead(const std::string& name, Call call)
+{
+    for (;;) {
+        const auto got = call();
+        if (got >= 0)
+            return static_cast<std::size_t>(got);
+        if (errno != EINTR)
+            throw FrameReadError(name, FrameReadError::CannotRead{errno});
+    }
+}
+
+} // namespace
 
 ByteSource::ByteSource(std::string name)
     : m_name(std::move(name))
@@ -52,6 +67,39 @@ std::size_t ByteSource::read(std::span<std::uint8_t> into)
     return done;
 }
 
+std::size_t ByteSource::readAhead(std::int64_t distance, std::span<std::uint8_t> into) const
+{
+    const auto held = std::span(m_lookahead).subspan(m_lookaheadBegin);
+    const auto passed = std::min(static_cast<std::size_t>(distance), held.size());
+    auto done = std::min(held.size() - passed, into.size());
+    std::copy_n(held.begin() + static_cast<std::ptrdiff_t>(passed), done, into.begin());
+    while (done < into.size()) {
+        const auto below = distance + static_cast<std::int64_t>(done) - std::ssize(held);
+        const auto got = readSomeAhead(below, into.subspan(done));
+        if (got == 0)
+            break;
+        done += got;
+    }
+    return done;
+}
+
+void ByteSource::skip(std::int64_t count)
+{
+    const auto held = std::min(static_cast<std::int64_t>(m_lookahead.size() - m_lookaheadBegin), count);
+    m_lookaheadBegin += static_cast<std::size_t>(held);
+    skipBelow(count - held);
+}
+
+std::size_t ByteSource::readSomeAhead(std::int64_t /*distance*/, std::span<std::uint8_t> /*into*/) const
+{
+    brokenInvariant("this source is read from front to back", SourceLine::current());
+}
+
+void ByteSource::skipBelow(std::int64_t /*count*/)
+{
+    brokenInvariant("this source is read from front to back", SourceLine::current());
+}
+
 ByteSource::Line ByteSource::readLine()
 {
     for (std::size_t searched = 0, wanted = 64;; wanted = std::min(wanted * 4, lookaheadSize)) {
@@ -88,6 +136,19 @@ std::size_t MemoryByteSource::readSome(std::span<std::uint8_t> into)
     std::copy_n(m_bytes.begin(), count, into.begin());
     m_bytes = m_bytes.subspan(count);
     return count;
+}
+
+std::size_t MemoryByteSource::readSomeAhead(std::int64_t distance, std::span<std::uint8_t> into) const
+{
+    const auto rest = m_bytes.subspan(std::min(static_cast<std::size_t>(distance), m_bytes.size()));
+    const auto count = std::min(into.size(), rest.size());
+    std::copy_n(rest.begin(), count, into.begin());
+    return count;
+}
+
+void MemoryByteSource::skipBelow(std::int64_t count)
+{
+    m_bytes = m_bytes.subspan(static_cast<std::size_t>(count));
 }
 
 std::optional<std::int64_t> MemoryByteSource::remainingBelow() const
@@ -141,13 +202,27 @@ void FileByteSource::examine()
 
 std::size_t FileByteSource::readSome(std::span<std::uint8_t> into)
 {
-    for (;;) {
-        const auto got = ::read(m_descriptor, into.data(), into.size()); // the kernel reads at most 2 GB at once
-        if (got >= 0)
-            return static_cast<std::size_t>(got);
-        if (errno != EINTR)
-            throw FrameReadError(name(), FrameReadError::CannotRead{errno});
-    }
+    return bytesRead(name(), [&] { return ::read(m_descriptor, into.data(), into.size()); });
+}
+
+std::int64_t FileByteSource::position() const
+{
+    const auto position = ::lseek(m_descriptor, 0, SEEK_CUR);
+    if (position < 0)
+        throw FrameReadError(name(), FrameReadError::CannotRead{errno});
+    return position;
+}
+
+std::size_t FileByteSource::readSomeAhead(std::int64_t distance, std::span<std::uint8_t> into) const
+{
+    const auto begin = checkedAdd(position(), distance);
+    return bytesRead(name(), [&] { return ::pread(m_descriptor, into.data(), into.size(), begin); });
+}
+
+void FileByteSource::skipBelow(std::int64_t count)
+{
+    if (::lseek(m_descriptor, count, SEEK_CUR) < 0)
+        throw FrameReadError(name(), FrameReadError::CannotRead{errno});
 }
 
 std::optional<std::int64_t> FileByteSource::remainingBelow() const

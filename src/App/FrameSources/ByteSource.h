@@ -32,6 +32,17 @@ public:
     /// Fills `into`, or less of it where the input ends. @return bytes read. @throws FrameReadError
     [[nodiscard]] std::size_t read(std::span<std::uint8_t> into);
 
+    /// Whether `readAhead` works: for files and memory, not for pipes and devices.
+    [[nodiscard]] virtual bool canReadAhead() const { return false; }
+
+    /// Fills `into`, or less of it where the input ends, with what begins `distance` bytes behind the next byte, and
+    /// leaves all unread. Several threads may call this at once, while nobody calls anything else.
+    /// @return bytes read. @pre `canReadAhead()`. @throws FrameReadError
+    [[nodiscard]] std::size_t readAhead(std::int64_t distance, std::span<std::uint8_t> into) const;
+
+    /// Passes over `count` bytes. @pre `canReadAhead()`, and so many bytes are there. @throws FrameReadError
+    void skip(std::int64_t count);
+
     struct Line {
         std::string text;      ///< without its newline
         bool complete = false; ///< whether the newline was there, within `lookaheadSize` bytes
@@ -46,6 +57,11 @@ public:
 protected:
     /// Reads at least one byte, at most `into.size()`; 0 only at the end of the input. @throws FrameReadError
     [[nodiscard]] virtual std::size_t readSome(std::span<std::uint8_t> into) = 0;
+    /// What `readSome` would give after `distance` more bytes; the same rules. Only for sources that
+    /// `canReadAhead()`. @throws FrameReadError
+    [[nodiscard]] virtual std::size_t readSomeAhead(std::int64_t distance, std::span<std::uint8_t> into) const;
+    /// Passes over bytes that `readSome` would give. Only for sources that `canReadAhead()`. @throws FrameReadError
+    virtual void skipBelow(std::int64_t count);
     /// Bytes that `readSome` is still going to give, if known.
     [[nodiscard]] virtual std::optional<std::int64_t> remainingBelow() const = 0;
 
@@ -60,8 +76,12 @@ class MemoryByteSource final : public ByteSource {
 public:
     MemoryByteSource(std::string name, std::span<const std::uint8_t> bytes);
 
+    [[nodiscard]] bool canReadAhead() const override { return true; }
+
 private:
     std::size_t readSome(std::span<std::uint8_t> into) override;
+    std::size_t readSomeAhead(std::int64_t distance, std::span<std::uint8_t> into) const override;
+    void skipBelow(std::int64_t count) override;
     [[nodiscard]] std::optional<std::int64_t> remainingBelow() const override;
 
     std::span<const std::uint8_t> m_bytes;
@@ -79,10 +99,14 @@ public:
     [[nodiscard]] int descriptor() const { return m_descriptor; }
     /// Whether this is a file whose bytes can be read in any order, rather than a pipe or a device.
     [[nodiscard]] bool isRegularFile() const { return m_isRegularFile; }
+    [[nodiscard]] bool canReadAhead() const override { return m_isRegularFile; }
 
 private:
     void examine();
+    [[nodiscard]] std::int64_t position() const;
     std::size_t readSome(std::span<std::uint8_t> into) override;
+    std::size_t readSomeAhead(std::int64_t distance, std::span<std::uint8_t> into) const override;
+    void skipBelow(std::int64_t count) override;
     [[nodiscard]] std::optional<std::int64_t> remainingBelow() const override;
 
     int m_descriptor = -1;

@@ -2,6 +2,7 @@
 
 #include "App/FrameSources/FrameMaker.h"
 #include "App/FrameSources/FrameReadError.h"
+#include "App/FrameSources/RepeatReader.h"
 
 #include <string>
 #include <utility>
@@ -22,12 +23,13 @@ void RawReader::read(ByteSource& source, FrameSize size, FrameReceiver& receiver
     if (source.peek(1).empty())
         throw FrameReadError(source.name(), FrameReadError::NoFrames{});
     FrameMaker maker;
+    RepeatReader reader(source);
     for (std::int64_t frame = 1; !source.peek(1).empty(); ++frame) {
         Bytes pixels = maker.takeBuffer(frameBytes);
-        const auto got = static_cast<std::int64_t>(source.read(pixels));
-        if (got < frameBytes)
-            throw endsInside(frame, got);
-        receiver.take(maker.frame(size, std::move(pixels)));
+        const auto [got, isRepeat] = reader.read(pixels, maker.previousPixels(size));
+        if (got < pixels.size())
+            throw endsInside(frame, static_cast<std::int64_t>(got));
+        receiver.take(isRepeat ? maker.repeatedFrame(std::move(pixels)) : maker.changedFrame(size, std::move(pixels)));
     }
 }
 

@@ -62,6 +62,36 @@ TEST(ByteSource, TellsHowMuchIsLeftIncludingWhatWasPeekedAt)
     EXPECT_EQ(source.remaining(), 4);
 }
 
+TEST(ByteSource, ReadsAheadAcrossTheEndOfItsLookaheadAndStaysWhereItIs)
+{
+    std::vector<std::uint8_t> bytes(3 * ByteSource::lookaheadSize);
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        bytes[i] = static_cast<std::uint8_t>(i % 251);
+    MemoryByteSource source("memory", bytes);
+    EXPECT_EQ(source.peek(1).size(), 1U);
+    for (const std::size_t distance : {std::size_t{0}, ByteSource::lookaheadSize - 1, ByteSource::lookaheadSize,
+             bytes.size() - 10, bytes.size(), bytes.size() + 5}) {
+        std::vector<std::uint8_t> got(20);
+        const auto expected = std::min(got.size(), bytes.size() - std::min(distance, bytes.size()));
+        EXPECT_EQ(source.readAhead(static_cast<std::int64_t>(distance), got), expected) << distance;
+        EXPECT_TRUE(std::equal(got.begin(), got.begin() + static_cast<std::ptrdiff_t>(expected),
+            bytes.begin() + static_cast<std::ptrdiff_t>(std::min(distance, bytes.size()))))
+            << distance;
+    }
+    EXPECT_EQ(source.remaining(), std::ssize(bytes));
+}
+
+TEST(ByteSource, SkipsWhatWasPeekedAtAndMore)
+{
+    const auto bytes = std::vector<std::uint8_t>(2 * ByteSource::lookaheadSize, 'x');
+    MemoryByteSource source("memory", bytes);
+    EXPECT_EQ(source.peek(1).size(), 1U);
+    source.skip(3);
+    EXPECT_EQ(source.remaining(), std::ssize(bytes) - 3);
+    source.skip(std::int64_t{ByteSource::lookaheadSize});
+    EXPECT_EQ(source.remaining(), std::ssize(bytes) - 3 - std::int64_t{ByteSource::lookaheadSize});
+}
+
 TEST(ByteSource, TakesOneLineAtATime)
 {
     const auto bytes = bytesOf("first\n\nthird");
@@ -106,6 +136,7 @@ TEST(FileByteSource, KnowsTheLengthOfAFile)
     FileByteSource source(path);
     EXPECT_TRUE(source.isRegularFile());
     EXPECT_EQ(source.remaining(), 6);
+    EXPECT_TRUE(source.canReadAhead());
     EXPECT_EQ(readText(source, 100), "abcdef");
     EXPECT_EQ(source.remaining(), 0);
 }
@@ -117,6 +148,7 @@ TEST(FileByteSource, ReadsAPipeToItsEndInWhateverPiecesItComes)
     ASSERT_EQ(write(ends[1], "abc", 3), 3);
     FileByteSource source("standard input", ends[0]);
     EXPECT_EQ(source.remaining(), std::nullopt);
+    EXPECT_FALSE(source.canReadAhead());
     EXPECT_EQ(textOf(source.peek(2)), "ab");
     ASSERT_EQ(write(ends[1], "def", 3), 3);
     close(ends[1]);
