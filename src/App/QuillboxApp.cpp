@@ -65,6 +65,7 @@ QuillboxApp::QuillboxApp()
     QObject::connect(m_tray.get(), &TrayIcon::settingsRequested, m_tray.get(), [this] { showSettings(); });
     QObject::connect(m_tray.get(), &TrayIcon::quitRequested, m_tray.get(), &QCoreApplication::quit);
     QObject::connect(m_tray.get(), &TrayIcon::missing, m_tray.get(), [this] { showWithoutTray(); });
+    QObject::connect(m_tray.get(), &TrayIcon::appeared, m_tray.get(), [this] { m_hasTray = true; });
     QObject::connect(m_hotkey.get(), &GlobalHotkey::statusChanged, m_hotkey.get(), [this] { explainHotkey(); });
 
     // The screen can't be recorded any longer: what there is becomes the clip.
@@ -125,7 +126,8 @@ void QuillboxApp::toggleForIcon()
 void QuillboxApp::showWithoutTray()
 {
     m_hasTray = false;
-    showPanel();
+    if (m_coordinator->get().isIn<RecordingCoordinator::Idle>()) // a user at work knows the way already
+        showPanel();
 }
 
 void QuillboxApp::showSettings()

@@ -34,23 +34,25 @@ PanelGuard::PanelGuard(StreamRecorder& recorder, QWidget& panel)
 {
     m_repainting.setSingleShot(true);
     m_repainting.setInterval(repaintTime);
-    connect(&m_repainting, &QTimer::timeout, this, [this] { m_recorder.releasePicture(); });
-    connect(&recorder, &StreamRecorder::isRecordingChanged, this, [this] { check(m_panel.isVisible()); });
+    connect(&m_repainting, &QTimer::timeout, this, [this] {
+        if (!isInTheWay())
+            m_recorder.releasePicture();
+    });
+    connect(&recorder, &StreamRecorder::isRecordingChanged, this, &PanelGuard::check);
     panel.installEventFilter(this);
 }
 
 bool PanelGuard::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
-    case QEvent::Show: // comes before the window is on the screen
-        check(true);
+    case QEvent::Show: // comes before the window is on the screen, and perhaps before it is known where
+        m_recorder.holdPicture();
+        m_repainting.start();
         break;
     case QEvent::Move:
     case QEvent::Resize:
-        check(m_panel.isVisible());
-        break;
     case QEvent::Hide: // comes after it has left the screen
-        check(false);
+        check();
         break;
     default:
         break;
@@ -58,17 +60,18 @@ bool PanelGuard::eventFilter(QObject* watched, QEvent* event)
     return QObject::eventFilter(watched, event);
 }
 
-void PanelGuard::check(bool isVisible)
+bool PanelGuard::isInTheWay() const
 {
     const auto region = m_recorder.region();
-    if (region && isVisible && placeOf(*region).intersects(m_panel.frameGeometry())) {
-        m_repainting.stop();
+    return region && m_panel.isVisible() && placeOf(*region).intersects(m_panel.frameGeometry());
+}
+
+void PanelGuard::check()
+{
+    if (isInTheWay())
         m_recorder.holdPicture();
-    } else if (region) {
+    else
         m_repainting.start();
-    } else {
-        m_repainting.stop(); // the recorder let go of it when it stopped
-    }
 }
 
 } // namespace quillbox

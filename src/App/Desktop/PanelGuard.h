@@ -21,7 +21,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void check(bool isVisible);
+    [[nodiscard]] bool isInTheWay() const;
+    void check();
 
     StreamRecorder& m_recorder;
     QWidget& m_panel;

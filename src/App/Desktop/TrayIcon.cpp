@@ -40,7 +40,10 @@ TrayIcon::TrayIcon(CurrentCoordinator& coordinator, QObject* parent)
     connect(m_menu.addAction(tr("Quit")), &QAction::triggered, this, &TrayIcon::quitRequested);
 
     connect(&coordinator, &CurrentCoordinator::phaseChanged, this, &TrayIcon::redraw);
-    connect(&m_host, &TrayHost::found, this, &TrayIcon::create);
+    connect(&m_host, &TrayHost::found, this, [this] {
+        create();
+        Q_EMIT appeared();
+    });
     connect(&m_host, &TrayHost::gaveUp, this, &TrayIcon::create);
     connect(&m_host, &TrayHost::missing, this, &TrayIcon::missing);
     redraw();

@@ -36,6 +36,8 @@ Q_SIGNALS:
     void quitRequested();
     /// The desktop has no tray, or not yet.
     void missing();
+    /// The icon is in a tray, as far as the desktop tells.
+    void appeared();
 
 private:
     void create();
