@@ -26,6 +26,7 @@ void CurrentCoordinator::begin()
     get().beginFlow();
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): what it holds changes
 void CurrentCoordinator::stop()
 {
     TaskSink::keep(get().stopAndExport());

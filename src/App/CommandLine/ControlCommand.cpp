@@ -26,21 +26,21 @@ int print(const QVariantMap& status, bool json)
     return ExitCode::failure;
 }
 
-int begin(const RunningInstance& running, bool json)
+int begin(bool json)
 {
-    const auto before = phaseOf(running.status());
+    const auto before = phaseOf(RunningInstance::status());
     if (before == QLatin1String("selecting") || before == QLatin1String("recording")
         || before == QLatin1String("processing")) {
         ErrorReport::print("a clip is being made already; quillbox stop ends a recording");
         return ExitCode::failure;
     }
-    const auto status = running.begin();
+    const auto status = RunningInstance::begin();
     return json ? print(status, json) : ExitCode::success;
 }
 
-int stop(const RunningInstance& running, bool json)
+int stop(bool json)
 {
-    const auto status = running.stop();
+    const auto status = RunningInstance::stop();
     if (phaseOf(status) == QLatin1String("failed")) {
         ErrorReport::print(status.value(QStringLiteral("message")).toString().toStdString());
         return ExitCode::failure;
@@ -48,23 +48,23 @@ int stop(const RunningInstance& running, bool json)
     return print(status, json);
 }
 
-int carryOut(const RunningInstance& running, const ControlOptions& options)
+int carryOut(const ControlOptions& options)
 {
     switch (options.action) {
     case ControlOptions::Action::Begin:
-        return begin(running, options.json);
+        return begin(options.json);
     case ControlOptions::Action::Stop:
-        return stop(running, options.json);
+        return stop(options.json);
     case ControlOptions::Action::Toggle:
-        return phaseOf(running.status()) == QLatin1String("recording") ? stop(running, options.json)
-                                                                       : begin(running, options.json);
+        return phaseOf(RunningInstance::status()) == QLatin1String("recording") ? stop(options.json)
+                                                                                : begin(options.json);
     case ControlOptions::Action::Status:
-        return print(running.status(), options.json);
+        return print(RunningInstance::status(), options.json);
     case ControlOptions::Action::Show:
-        running.show();
+        RunningInstance::show();
         break;
     case ControlOptions::Action::Quit:
-        running.quit();
+        RunningInstance::quit();
         break;
     }
     return ExitCode::success;
@@ -75,12 +75,11 @@ int carryOut(const RunningInstance& running, const ControlOptions& options)
 int ControlCommand::run(const ControlOptions& options)
 {
     const CoreApplication application;
-    const auto running = RunningInstance::find();
-    if (!running) {
+    if (!RunningInstance::exists()) {
         ErrorReport::print("Quillbox is not running; start it with quillbox");
         return ExitCode::failure;
     }
-    return carryOut(*running, options);
+    return carryOut(options);
 }
 
 } // namespace quillbox

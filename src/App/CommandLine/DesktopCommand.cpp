@@ -12,10 +12,9 @@ namespace {
 bool activateRunning()
 {
     const CoreApplication application;
-    const auto running = RunningInstance::find();
-    if (!running)
+    if (!RunningInstance::exists())
         return false;
-    running->activate();
+    RunningInstance::activate();
     return true;
 }
 
@@ -28,12 +27,11 @@ int DesktopCommand::run()
     const DesktopApplication application;
     QuillboxApp app;
     if (!app.claimName()) { // somebody was faster
-        if (const auto running = RunningInstance::find())
-            running->activate();
+        RunningInstance::activate();
         return 0;
     }
     app.start();
-    return application.run();
+    return DesktopApplication::run();
 }
 
 } // namespace quillbox

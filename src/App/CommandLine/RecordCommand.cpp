@@ -128,7 +128,7 @@ std::string save(const GIFOptimizer::Result& result, const OutputOptions& option
 QCoro::Task<> copy(std::string output, QByteArray gif)
 {
     const auto path = QFileInfo(QFile::decodeName(QByteArray::fromStdString(output))).absoluteFilePath();
-    if (const auto running = RunningInstance::find(); running && running->copy(path))
+    if (RunningInstance::exists() && RunningInstance::copy(path))
         co_return;
     ErrorReport::print("the clip stays on the clipboard until something else is copied; Ctrl-C ends this program");
     const ClipboardHold hold(path, gif);

@@ -70,7 +70,8 @@ ApplicationService::Claim ApplicationService::claimName()
     if (!bus.isConnected())
         return Claim::NoBus;
     // The object first: whoever sees the name finds it.
-    bus.registerObject(objectPath(), this, QDBusConnection::ExportScriptableSlots | QDBusConnection::ExportAdaptors);
+    bus.registerObject(
+        objectPath(), this, QDBusConnection::ExportScriptableInvokables | QDBusConnection::ExportAdaptors);
     const auto reply = bus.interface()->registerService(busName(), QDBusConnectionInterface::DontQueueService);
     if (!reply.isValid())
         return Claim::NoBus;
@@ -115,7 +116,7 @@ void ApplicationService::answerWaiting()
         QDBusConnection::sessionBus().send(call.createReply(Status()));
 }
 
-void ApplicationService::Show()
+void ApplicationService::Show() const
 {
     showPanel();
 }
@@ -129,6 +130,7 @@ QVariantMap ApplicationService::Status() const
     return status;
 }
 
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): the bus calls it on the object
 bool ApplicationService::Copy(const QString& path)
 {
     QFile file(path);
@@ -141,7 +143,7 @@ bool ApplicationService::Copy(const QString& path)
     return true;
 }
 
-void ApplicationService::Quit()
+void ApplicationService::Quit() const
 {
     quit();
 }

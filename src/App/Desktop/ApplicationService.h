@@ -48,18 +48,20 @@ public:
     void begin();
     void quit() const;
 
-public Q_SLOTS:
+    // What other programs can call, by names as they are usual on the bus.
+    // NOLINTBEGIN(readability-identifier-naming,modernize-use-nodiscard)
     /// Begins a flow. Answers with the phase afterwards, as Status does.
-    Q_SCRIPTABLE QVariantMap Begin();
+    Q_SCRIPTABLE Q_INVOKABLE QVariantMap Begin();
     /// Ends the recording; answers, as Status does, once the clip is there or has failed. An error unless recording.
-    Q_SCRIPTABLE QVariantMap Stop();
-    Q_SCRIPTABLE void Show();
+    Q_SCRIPTABLE Q_INVOKABLE QVariantMap Stop();
+    Q_SCRIPTABLE Q_INVOKABLE void Show() const;
     /// "phase": idle, selecting, recording, processing, done or failed; "frameCount" while it records; "path" and
     /// "byteCount" of what is done; "message" of what failed.
-    Q_SCRIPTABLE QVariantMap Status() const;
+    Q_SCRIPTABLE Q_INVOKABLE QVariantMap Status() const;
     /// Puts a saved clip on the clipboard; false if the file can't be read.
-    Q_SCRIPTABLE bool Copy(const QString& path);
-    Q_SCRIPTABLE void Quit();
+    Q_SCRIPTABLE Q_INVOKABLE bool Copy(const QString& path);
+    Q_SCRIPTABLE Q_INVOKABLE void Quit() const;
+    // NOLINTEND(readability-identifier-naming,modernize-use-nodiscard)
 
 private:
     void answerWaiting();

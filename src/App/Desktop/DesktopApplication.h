@@ -19,7 +19,7 @@ public:
 
     /// Turns the event loop until the end.
     /// @return the exit status
-    int run() const { return QApplication::exec(); }
+    [[nodiscard]] static int run() { return QApplication::exec(); }
 
 private:
     static int argumentCount;

@@ -19,12 +19,14 @@ class DesktopEntryAdaptor : public QDBusAbstractAdaptor {
 public:
     explicit DesktopEntryAdaptor(ApplicationService& service);
 
-public Q_SLOTS:
+public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): Qt sees another one
+    // NOLINTBEGIN(readability-identifier-naming): names on the bus
     void Activate(const QVariantMap& platformData);
     /// There is nothing to open: the panel is shown.
     void Open(const QStringList& uris, const QVariantMap& platformData);
     /// "record-region" or "settings"; another name does nothing.
     void ActivateAction(const QString& actionName, const QVariantList& parameter, const QVariantMap& platformData);
+    // NOLINTEND(readability-identifier-naming)
 
 private:
     ApplicationService& m_service;

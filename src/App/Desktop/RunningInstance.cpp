@@ -53,46 +53,44 @@ QVariantMap platformData()
 
 } // namespace
 
-std::optional<RunningInstance> RunningInstance::find()
+bool RunningInstance::exists()
 {
     const auto connection = bus();
-    if (!connection.isConnected()
-        || !connection.interface()->isServiceRegistered(ApplicationService::busName()).value())
-        return std::nullopt;
-    return RunningInstance();
+    return connection.isConnected()
+        && connection.interface()->isServiceRegistered(ApplicationService::busName()).value();
 }
 
-QVariantMap RunningInstance::begin() const
+QVariantMap RunningInstance::begin()
 {
     return mapOf(ask(control, QStringLiteral("Begin")));
 }
 
-QVariantMap RunningInstance::stop() const
+QVariantMap RunningInstance::stop()
 {
     return mapOf(ask(control, QStringLiteral("Stop"), {}, noLimit));
 }
 
-QVariantMap RunningInstance::status() const
+QVariantMap RunningInstance::status()
 {
     return mapOf(ask(control, QStringLiteral("Status")));
 }
 
-void RunningInstance::show() const
+void RunningInstance::show()
 {
     (void)ask(control, QStringLiteral("Show")); // the answer says only that it was done
 }
 
-void RunningInstance::quit() const
+void RunningInstance::quit()
 {
     (void)ask(control, QStringLiteral("Quit"));
 }
 
-bool RunningInstance::copy(const QString& absolutePath) const
+bool RunningInstance::copy(const QString& absolutePath)
 {
     return ask(control, QStringLiteral("Copy"), {absolutePath}).value(0).toBool();
 }
 
-void RunningInstance::activate() const
+void RunningInstance::activate()
 {
     (void)ask(desktopEntry, QStringLiteral("Activate"), {platformData()});
 }

@@ -1,10 +1,8 @@
 #pragma once
 
 #include <QString>
-#include <QVariantList>
 #include <QVariantMap>
 
-#include <optional>
 #include <stdexcept>
 
 namespace quillbox {
@@ -15,24 +13,21 @@ class InstanceError : public std::runtime_error {
 };
 
 /// The application that runs in this session, as another process sees it. Every call waits for the answer, without an
-/// event loop. Thread: any one, of a program with a QCoreApplication.
-class RunningInstance {
-public:
-    /// None where nothing runs, or where there is no session bus.
-    [[nodiscard]] static std::optional<RunningInstance> find();
+/// event loop. Stateless; thread: any one, of a program with a QCoreApplication.
+namespace RunningInstance {
 
-    // Each as the method of that name of ApplicationService. @throws InstanceError
-    QVariantMap begin() const;
-    QVariantMap stop() const;
-    QVariantMap status() const;
-    void show() const;
-    void quit() const;
-    bool copy(const QString& absolutePath) const;
-    /// As a desktop would start it a second time.
-    void activate() const;
+/// False also where there is no session bus.
+[[nodiscard]] bool exists();
 
-private:
-    RunningInstance() = default;
-};
+// Each as the method of that name of ApplicationService. @throws InstanceError
+[[nodiscard]] QVariantMap begin();
+[[nodiscard]] QVariantMap stop();
+[[nodiscard]] QVariantMap status();
+void show();
+void quit();
+[[nodiscard]] bool copy(const QString& absolutePath);
+/// As a desktop would start it a second time.
+void activate();
 
+} // namespace RunningInstance
 } // namespace quillbox

@@ -59,7 +59,8 @@ protected:
     [[nodiscard]] virtual std::size_t readSome(std::span<std::uint8_t> into) = 0;
     /// What `readSome` would give after `distance` more bytes; the same rules. Only for sources that
     /// `canReadAhead()`. @throws FrameReadError
-    [[nodiscard]] virtual std::size_t readSomeAhead(std::int64_t distance, std::span<std::uint8_t> into) const;
+    [[nodiscard]] virtual std::size_t readSomeAhead(
+        std::int64_t distance, std::span<std::uint8_t> into) const;
     /// Passes over bytes that `readSome` would give. Only for sources that `canReadAhead()`. @throws FrameReadError
     virtual void skipBelow(std::int64_t count);
     /// Bytes that `readSome` is still going to give, if known.
@@ -80,7 +81,7 @@ public:
 
 private:
     std::size_t readSome(std::span<std::uint8_t> into) override;
-    std::size_t readSomeAhead(std::int64_t distance, std::span<std::uint8_t> into) const override;
+    [[nodiscard]] std::size_t readSomeAhead(std::int64_t distance, std::span<std::uint8_t> into) const override;
     void skipBelow(std::int64_t count) override;
     [[nodiscard]] std::optional<std::int64_t> remainingBelow() const override;
 
@@ -105,7 +106,7 @@ private:
     void examine();
     [[nodiscard]] std::int64_t position() const;
     std::size_t readSome(std::span<std::uint8_t> into) override;
-    std::size_t readSomeAhead(std::int64_t distance, std::span<std::uint8_t> into) const override;
+    [[nodiscard]] std::size_t readSomeAhead(std::int64_t distance, std::span<std::uint8_t> into) const override;
     void skipBelow(std::int64_t count) override;
     [[nodiscard]] std::optional<std::int64_t> remainingBelow() const override;
 

@@ -104,7 +104,7 @@ TEST(CommandLineParser, ReadsEveryOptionOfRecord)
 TEST(CommandLineParser, SaysWhatIsWrongAndWhatToDo)
 {
     EXPECT_EQ(complaintAbout({"encode"}), "INPUT is required; see quillbox encode --help");
-    EXPECT_EQ(complaintAbout({"record"}), "--region is required; see quillbox record --help");
+    EXPECT_EQ(complaintAbout({"record"}), "name the region with --region X,Y,WxH, or drag it out with --select");
     EXPECT_EQ(complaintAbout({"dance"}), "The following argument was not expected: dance; see quillbox --help");
     EXPECT_EQ(complaintAbout({"encode", "a", "--preset", "Slack"}),
         "--preset: there is no preset \"Slack\"; use slack, github or docs");
