@@ -59,8 +59,7 @@ protected:
     [[nodiscard]] virtual std::size_t readSome(std::span<std::uint8_t> into) = 0;
     /// What `readSome` would give after `distance` more bytes; the same rules. Only for sources that
     /// `canReadAhead()`. @throws FrameReadError
-    [[nodiscard]] virtual std::size_t readSomeAhead(
-        std::int64_t distance, std::span<std::uint8_t> into) const;
+    [[nodiscard]] virtual std::size_t readSomeAhead(std::int64_t distance, std::span<std::uint8_t> into) const;
     /// Passes over bytes that `readSome` would give. Only for sources that `canReadAhead()`. @throws FrameReadError
     virtual void skipBelow(std::int64_t count);
     /// Bytes that `readSome` is still going to give, if known.
