@@ -124,6 +124,7 @@ void filterSmallBlocks(const RGBAFrame& frame, Size size, std::uint8_t* output)
 }
 
 /// @param blockBound  No block has more source pixels.
+// NOLINTNEXTLINE(readability-non-const-parameter): written through the task
 void filterBlocks(const RGBAFrame& frame, Size size, std::int64_t blockBound, std::uint8_t* output)
 {
     std::vector<Span> columns;

@@ -14,7 +14,8 @@ namespace {
 /// Relative luminance, 0…1, as WCAG 2 defines it.
 double luminance(const QColor& color)
 {
-    const auto linear = [](double channel) {
+    const auto linear = [](float level) {
+        const auto channel = static_cast<double>(level);
         return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
     };
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
