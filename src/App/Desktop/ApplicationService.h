@@ -16,7 +16,7 @@ class CurrentCoordinator;
 
 /// The running application on the session bus: there is one, and others ask it here. Its object also carries the
 /// interface by which desktops start applications. Thread: main.
-/// @see Desktop Entry Specification, "D-Bus Activation": org.freedesktop.Application
+/// @see freedesktop.org, desktop entries, "D-Bus Activation": the interface org.freedesktop.Application
 class ApplicationService : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.quillbox.quillbox")

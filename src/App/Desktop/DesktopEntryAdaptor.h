@@ -11,7 +11,7 @@ namespace quillbox {
 class ApplicationService;
 
 /// How desktops start the application and the actions of its desktop entry. Thread: main.
-/// @see Desktop Entry Specification, "D-Bus Activation"
+/// @see freedesktop.org, desktop entries, "D-Bus Activation"
 class DesktopEntryAdaptor : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")

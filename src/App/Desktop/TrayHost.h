@@ -8,7 +8,7 @@ namespace quillbox {
 
 /// Finds out whether the desktop has a place for tray icons. The toolkit asks only once, at its first use, and keeps to
 /// the answer; so it is asked once this object knows. Thread: main.
-/// @see StatusNotifierItem, freedesktop.org; System Tray Protocol Specification (XEmbed)
+/// @see freedesktop.org: StatusNotifierItem; System Tray Protocol (XEmbed)
 class TrayHost : public QObject {
     Q_OBJECT
 
