@@ -296,10 +296,13 @@ class DesktopTest(unittest.TestCase):
         gif = os.path.join(os.environ["HOME"], "copied.gif")
         with subprocess.Popen([os.environ["QUILLBOX_PROGRAM"], "record", "--region", "301,257,322x238", "--duration",
                                "0.2", "--copy", "-o", gif], stderr=subprocess.PIPE, text=True) as record:
-            self.assertIn("the clip stays on the clipboard", record.stderr.readline())
-            self.assertEqual(clipboard("image/gif"), pathlib.Path(gif).read_bytes())
-            subprocess.run(["xclip", "-selection", "clipboard"], input=b"other", timeout=60, check=True)
-            self.assertEqual(record.wait(60), 0)
+            try:
+                self.assertIn("the clip stays on the clipboard", record.stderr.readline())
+                self.assertEqual(clipboard("image/gif"), pathlib.Path(gif).read_bytes())
+                subprocess.run(["xclip", "-selection", "clipboard"], input=b"other", timeout=60, check=True)
+                self.assertEqual(record.wait(60), 0)
+            finally:
+                record.kill()
 
 
 class TrayTest(unittest.TestCase):

@@ -130,8 +130,8 @@ QCoro::Task<> copy(std::string output, QByteArray gif)
     const auto path = QFileInfo(QFile::decodeName(QByteArray::fromStdString(output))).absoluteFilePath();
     if (RunningInstance::exists() && RunningInstance::copy(path))
         co_return;
-    ErrorReport::print("the clip stays on the clipboard until something else is copied; Ctrl-C ends this program");
     const ClipboardHold hold(path, gif);
+    ErrorReport::print("the clip stays on the clipboard until something else is copied; Ctrl-C ends this program");
     const auto ended = hold.ended();
     co_await ended;
 }
