@@ -9,6 +9,7 @@
 #include "App/UpdaterController.h"
 #include "Capture/ScreenBackdrop.h"
 #include "Capture/StreamRecorder.h"
+#include "Encoding/Precondition.h"
 #include "PostCapture/FileReveal.h"
 #include "PostCapture/HistoryStore.h"
 #include "Views/Panel.h"
@@ -58,7 +59,11 @@ QuillboxApp::QuillboxApp()
     m_service = std::make_unique<ApplicationService>(*m_coordinator,
         ApplicationService::Actions{.showPanel = [this] { showPanel(); },
             .showSettings = [this] { showSettings(); },
-            .quit = &QCoreApplication::quit});
+            .quit = &QCoreApplication::quit,
+            .frameCount =
+                [this] {
+                    return recorder().frameCount();
+                }});
 
     QObject::connect(m_tray.get(), &TrayIcon::clicked, m_tray.get(), [this] { toggleForIcon(); });
     QObject::connect(m_tray.get(), &TrayIcon::openRequested, m_tray.get(), [this] { showPanel(); });
@@ -69,9 +74,8 @@ QuillboxApp::QuillboxApp()
     QObject::connect(m_hotkey.get(), &GlobalHotkey::statusChanged, m_hotkey.get(), [this] { explainHotkey(); });
 
     // The screen can't be recorded any longer: what there is becomes the clip.
-    if (const auto* const recorder = dynamic_cast<StreamRecorder*>(m_coordinator->get().recorder().get()))
-        QObject::connect(recorder, &StreamRecorder::interrupted, m_coordinator.get(), &CurrentCoordinator::stop,
-            Qt::QueuedConnection);
+    QObject::connect(&recorder(), &StreamRecorder::interrupted, m_coordinator.get(), &CurrentCoordinator::stop,
+        Qt::QueuedConnection);
 }
 
 QuillboxApp::~QuillboxApp() = default;
@@ -86,6 +90,14 @@ void QuillboxApp::start()
     m_tray->show();
 }
 
+/// The coordinator makes its own recorder, and hands it on to the one that takes its place.
+StreamRecorder& QuillboxApp::recorder() const
+{
+    auto* const recorder = dynamic_cast<StreamRecorder*>(m_coordinator->get().recorder().get());
+    precondition(recorder != nullptr, "the application records with a stream recorder");
+    return *recorder;
+}
+
 Panel& QuillboxApp::panel()
 {
     if (m_panel)
@@ -94,8 +106,7 @@ Panel& QuillboxApp::panel()
     m_panel = std::make_unique<Panel>(*m_coordinator, *m_updater, *m_history, *m_fileReveal);
     QObject::connect(m_panel.get(), &Panel::settingsRequested, m_panel.get(), [this] { showSettings(); });
     QObject::connect(m_panel.get(), &Panel::quitRequested, m_panel.get(), &QCoreApplication::quit);
-    if (auto* const recorder = dynamic_cast<StreamRecorder*>(m_coordinator->get().recorder().get()))
-        new PanelGuard(*recorder, *m_panel); // the panel owns it
+    new PanelGuard(recorder(), *m_panel); // the panel owns it
     explainHotkey();
     return *m_panel;
 }

@@ -13,6 +13,7 @@ class GlobalHotkey;
 class HistoryStore;
 class Panel;
 class SettingsView;
+class StreamRecorder;
 class TrayIcon;
 class UpdaterController;
 
@@ -35,6 +36,7 @@ public:
     void showSettings();
 
 private:
+    [[nodiscard]] StreamRecorder& recorder() const;
     Panel& panel();
     void toggleForIcon();
     void showWithoutTray();

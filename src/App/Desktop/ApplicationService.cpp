@@ -2,7 +2,7 @@
 
 #include "App/CurrentCoordinator.h"
 #include "App/Desktop/DesktopEntryAdaptor.h"
-#include "Capture/StreamRecorder.h"
+#include "Capture/RecorderControlling.h"
 #include "PostCapture/ClipboardExporter.h"
 
 #include <QDBusConnection>
@@ -124,9 +124,8 @@ void ApplicationService::Show() const
 QVariantMap ApplicationService::Status() const
 {
     auto status = std::visit(Describe{}, m_coordinator.get().phase());
-    if (const auto* const recorder = dynamic_cast<const StreamRecorder*>(m_coordinator.get().recorder().get());
-        recorder != nullptr && recorder->isRecording())
-        status.insert(QStringLiteral("frameCount"), qlonglong{recorder->frameCount()});
+    if (m_coordinator.get().recorder()->isRecording())
+        status.insert(QStringLiteral("frameCount"), qlonglong{m_actions.frameCount()});
     return status;
 }
 

@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <QVariantMap>
 
+#include <cstdint>
 #include <functional>
 #include <vector>
 
@@ -27,6 +28,7 @@ public:
         std::function<void()> showPanel;
         std::function<void()> showSettings;
         std::function<void()> quit;
+        std::function<std::int64_t()> frameCount; ///< of the recording that runs
     };
 
     /// Where the application is on the bus.

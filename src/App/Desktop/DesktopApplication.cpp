@@ -1,7 +1,7 @@
 #include "App/Desktop/DesktopApplication.h"
 
 #include "Capture/CaptureError.h"
-#include "Capture/X11/X11Display.h"
+#include "Capture/X11Queries.h"
 
 #include <QByteArray>
 #include <QtGlobal>
@@ -23,7 +23,7 @@ int& checked(int& count)
     if (!isX11)
         return count;
     try {
-        const X11Display display;
+        X11Queries::checkDisplay();
     } catch (const CaptureError& error) {
         throw NoDesktopError(std::string(error.what()) + ". quillbox record and encode work from a terminal");
     }

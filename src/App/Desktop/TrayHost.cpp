@@ -1,17 +1,14 @@
 #include "App/Desktop/TrayHost.h"
 
-#include "Capture/CaptureError.h"
-#include "Capture/X11/X11Display.h"
+#include "Capture/X11Queries.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
-#include <QGuiApplication>
 
 #include <chrono>
-#include <string_view>
 
 namespace quillbox {
 namespace {
@@ -60,7 +57,8 @@ void TrayHost::askWatcher()
     connect(pending, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
         finished->deleteLater();
         const QDBusPendingReply<QDBusVariant> reply = *finished;
-        const bool isThere = (reply.isValid() && reply.value().variant().toBool()) || hasXEmbedTray();
+        const bool isThere = (reply.isValid() && reply.value().variant().toBool())
+            || X11Queries::isSelectionOwned("_NET_SYSTEM_TRAY_S0");
         if (m_isOver || !isThere)
             return;
         end();
@@ -73,26 +71,6 @@ void TrayHost::end()
     m_isOver = true;
     m_patience.stop();
     m_search.stop();
-}
-
-bool TrayHost::hasXEmbedTray()
-{
-    if (QGuiApplication::platformName() != QLatin1String("xcb"))
-        return false;
-    try {
-        const X11Display display;
-        auto* const connection = display.connection();
-        constexpr std::string_view name = "_NET_SYSTEM_TRAY_S0";
-        const XCBPointer<xcb_intern_atom_reply_t> atom(
-            xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 1, name.size(), name.data()), nullptr));
-        if (!atom || atom->atom == XCB_ATOM_NONE)
-            return false;
-        const XCBPointer<xcb_get_selection_owner_reply_t> owner(
-            xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, atom->atom), nullptr));
-        return owner && owner->owner != XCB_WINDOW_NONE;
-    } catch (const CaptureError&) {
-        return false; // the display is gone; so is the tray
-    }
 }
 
 } // namespace quillbox

@@ -29,7 +29,6 @@ Q_SIGNALS:
 private:
     Q_SLOT void askWatcher();
     void end();
-    [[nodiscard]] static bool hasXEmbedTray();
 
     QDBusServiceWatcher m_watcher;
     QTimer m_patience;
