@@ -1,20 +1,15 @@
 """Uses the desktop application as a person does: keys, pointer, the panel's buttons. For tests inside x11-session."""
 
-import json
 import os
 import subprocess
 
 import gi
 from Xlib import X, display
 
-from recording import program, run, until
+from application import overlay, program, quillbox, status, until, xdo
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi  # noqa: E402
-
-
-def xdo(*arguments):
-    return subprocess.run(["xdotool", *map(str, arguments)], capture_output=True, text=True, timeout=60).stdout.split()
 
 
 class Desktop:
@@ -22,7 +17,7 @@ class Desktop:
 
     def __init__(self, **environment):
         self.process = subprocess.Popen([program()], stdin=subprocess.DEVNULL, env={**os.environ, **environment})
-        until(lambda: self.status() is not None, "the application answers")
+        until(status, "the application answers")
 
     def __enter__(self):
         return self
@@ -32,21 +27,14 @@ class Desktop:
             self.process.kill()
         self.process.wait()
 
-    def status(self):
-        done = run("status", "--json")
-        return json.loads(done.stdout) if done.returncode == 0 else None
-
-    def phase(self):
-        return self.status()["phase"]
-
-    def wait_for(self, phase):
-        until(lambda: self.phase() == phase, f"the phase {phase}; it is {self.status()}")
+    def wait_for(self, wanted):
+        until(lambda: status()["phase"] == wanted, f"the phase {wanted}")
 
     def wait_for_frames(self, count):
-        until(lambda: self.status().get("frameCount", 0) >= count, f"{count} frames")
+        until(lambda: status().get("frameCount", 0) >= count, f"{count} frames")
 
     def wait_for_overlay(self):
-        until(lambda: windows("Select a region"), "the overlay is on the screen")
+        until(overlay, "the overlay is on the screen")
 
     def drag(self, left, top, width, height):
         """Drags out a rectangle on the overlay, and moves the pointer out of the way."""
@@ -62,7 +50,7 @@ class Desktop:
         self.wait_for("recording")
 
     def begin(self):
-        done = run("begin")
+        done = quillbox("begin")
         assert done.returncode == 0, done.stderr
 
     def press_hotkey(self):
@@ -71,7 +59,7 @@ class Desktop:
     # The panel
 
     def open_panel(self):
-        assert run("show").returncode == 0
+        assert quillbox("show").returncode == 0
         until(self.panel, "the panel is open")
 
     def panel(self):
@@ -115,10 +103,6 @@ def showing(node):
                 yield from showing(child)
     except gi.repository.GLib.GError:  # it went while we looked
         return
-
-
-def windows(name):
-    return xdo("search", "--onlyvisible", "--name", f"^{name}$")
 
 
 def clipboard(target):

@@ -11,8 +11,8 @@ import sys
 import tempfile
 import unittest
 
-from application import phase, process, run, until, windows
-from recording import pillow_frames, program
+from application import overlay, phase, process, program, run, until, windows, xdo
+from recording import pillow_frames
 from screen import Screen
 
 SKIPPED = 77
@@ -53,11 +53,11 @@ class NetworkTest(unittest.TestCase):
             try:
                 until(process, "the application is on the bus")
                 self.control("begin")
-                until(lambda: windows("Select a region — Quillbox"), "the overlay comes up")
+                until(overlay, "the overlay comes up")
                 left, top, width, height = AREA
-                run("xdotool", "mousemove", left, top, "mousedown", 1, "mousemove", left + width // 2, top + height // 2,
+                xdo("mousemove", left, top, "mousedown", 1, "mousemove", left + width // 2, top + height // 2,
                     "mousemove", left + width, top + height, "mouseup", 1)
-                until(lambda: phase(program()) == "recording", "the recording begins")
+                until(lambda: phase() == "recording", "the recording begins")
                 clip = json.loads(self.control("stop", "--json"))
                 self.control("show")
                 until(lambda: windows("Quillbox"), "the panel, which looks for updates, comes up")

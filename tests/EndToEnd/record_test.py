@@ -9,7 +9,8 @@ import signal
 import tempfile
 import unittest
 
-from recording import BusyProcessors, Recording, ffmpeg_frames, ffmpeg_seconds, pillow_frames, run
+from application import quillbox
+from recording import BusyProcessors, Recording, ffmpeg_frames, ffmpeg_seconds, pillow_frames
 from screen import BLOCK_SIDE, BLOCKS, PAPER, Screen
 
 AREA = (101, 57, 322, 238)  # odd numbers: nothing is aligned by chance
@@ -83,7 +84,7 @@ class RecordTest(unittest.TestCase):
     def ten_seconds(self):
         screen = Screen(*AREA)
         screen.show(3)
-        done = run("record", "--region", REGION, "--duration", "10", "--json", "-o", self.gif)
+        done = quillbox("record", "--region", REGION, "--duration", "10", "--json", "-o", self.gif)
         self.assertEqual(done.returncode, 0, done.stderr)
         result = json.loads(done.stdout)
         self.assertAlmostEqual(result["sourceFrameCount"], 300, delta=1)
@@ -97,7 +98,7 @@ class RecordTest(unittest.TestCase):
 
     def test_ends_after_the_given_duration_and_reports_as_json(self):
         Screen(*AREA).show(3)
-        done = run("record", "--region", REGION, "--duration", "1", "--json", "-o", self.gif)
+        done = quillbox("record", "--region", REGION, "--duration", "1", "--json", "-o", self.gif)
         self.assertEqual(done.returncode, 0, done.stderr)
         result = json.loads(done.stdout)
         self.assertEqual((result["width"], result["height"], result["frameCount"]), (322, 238, 1))
@@ -136,13 +137,13 @@ class RecordTest(unittest.TestCase):
     def test_cuts_the_region_to_the_screen(self):
         screen = Screen(1700, 900, 220, 180)
         screen.show(2)
-        done = run("record", "--region", "1750,950,400x400", "--duration", "1", "-o", self.gif)
+        done = quillbox("record", "--region", "1750,950,400x400", "--duration", "1", "-o", self.gif)
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assert_shows(self.gif, [screen.picture(1750, 950, 170, 130)])
 
     def test_names_the_clip_by_the_time_and_puts_it_into_the_clips_folder(self):
         Screen(*AREA).show(0)
-        done = run("record", "--region", REGION, "--duration", "1", "--json")
+        done = quillbox("record", "--region", REGION, "--duration", "1", "--json")
         self.assertEqual(done.returncode, 0, done.stderr)
         folder = pathlib.Path.home() / "Videos" / "Quillbox"
         (clip,) = folder.iterdir()
@@ -155,17 +156,17 @@ class RecordTest(unittest.TestCase):
         before = b"not to be lost"
         pathlib.Path(self.gif).write_bytes(before)
         arguments = ("record", "--region", REGION, "--duration", "1", "-o", self.gif)
-        refused = run(*arguments)
+        refused = quillbox(*arguments)
         self.assertEqual(refused.returncode, 1)
         self.assertIn(self.gif, refused.stderr)
         self.assertEqual(len(refused.stderr.splitlines()), 1)
         self.assertEqual(pathlib.Path(self.gif).read_bytes(), before)
-        self.assertEqual(run(*arguments, "--force").returncode, 0)
+        self.assertEqual(quillbox(*arguments, "--force").returncode, 0)
         self.assertEqual(pillow_frames(self.gif)[0][0].size, AREA[2:])
 
     def test_says_in_one_line_that_there_is_no_display(self):
         environment = {name: value for name, value in os.environ.items() if name != "DISPLAY"}
-        done = run("record", "--region", REGION, "--duration", "1", "-o", self.gif, environment=environment)
+        done = quillbox("record", "--region", REGION, "--duration", "1", "-o", self.gif, env=environment)
         self.assertEqual(done.returncode, 1)
         self.assertEqual(len(done.stderr.splitlines()), 1)
         self.assertIn("display", done.stderr)

@@ -7,22 +7,12 @@ import re
 import select
 import signal
 import subprocess
-import time
 
 from PIL import Image, ImageSequence
 
-LIMIT_SECONDS = 120  # a recording that says nothing for so long has failed; no test depends on it otherwise
+from application import LIMIT_SECONDS, program
+
 FRAMES = re.compile(rb"(\d+) frames?\b")
-
-
-def program():
-    return os.environ["QUILLBOX_PROGRAM"]
-
-
-def run(*arguments, environment=None):
-    """Runs the program to its end, without a terminal."""
-    return subprocess.run([program(), *arguments], stdin=subprocess.DEVNULL, capture_output=True, text=True,
-                          timeout=LIMIT_SECONDS, env=environment)
 
 
 def heed_interrupts():
@@ -119,12 +109,3 @@ class BusyProcessors:
         for loop in self.loops:
             loop.kill()
             loop.wait()
-
-
-def until(condition, what):
-    """Waits for something that other programs bring about."""
-    end = time.monotonic() + LIMIT_SECONDS
-    while not condition():
-        if time.monotonic() > end:
-            raise AssertionError(f"never happened: {what}")
-        time.sleep(0.01)

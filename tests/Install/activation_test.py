@@ -8,10 +8,10 @@ import shlex
 import subprocess
 import unittest
 
-from application import APP_ID, phase, process, program_of, run, until, windows
+from application import overlay, phase, process, program, program_of, quillbox, run, until, windows
 
+APP_ID = os.environ["QUILLBOX_APP_ID"]
 PREFIX = pathlib.Path(os.environ["QUILLBOX_STAGE"], "prefix")
-PROGRAM = PREFIX / "bin/quillbox"
 
 
 def desktop_entry():
@@ -32,7 +32,7 @@ class ActivationTest(unittest.TestCase):
 
     def assert_ends_when_told_to(self):
         pid = process()
-        done = run(PROGRAM, "quit")
+        done = quillbox("quit")
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         until(lambda: not pathlib.Path(f"/proc/{pid}").exists(), "the application ends")
         self.assertIsNone(process())
@@ -40,7 +40,7 @@ class ActivationTest(unittest.TestCase):
     def starts_cold(self, done):
         """The request went well, and it was the installed program that the bus started for it."""
         self.assertEqual((done.returncode, done.stderr), (0, ""))
-        self.assertEqual(program_of(process()), PROGRAM.resolve())
+        self.assertEqual(program_of(process()), pathlib.Path(program()).resolve())
 
     def test_the_settings_action_starts_the_application_and_opens_its_settings(self):
         self.starts_cold(run("gapplication", "action", APP_ID, "settings"))
@@ -56,8 +56,8 @@ class ActivationTest(unittest.TestCase):
 
     def test_the_record_action_starts_the_application_and_lets_the_user_drag(self):
         self.starts_cold(run("gapplication", "action", APP_ID, "record-region"))
-        until(lambda: windows("Select a region — Quillbox"), "the overlay comes up")
-        self.assertEqual(phase(PROGRAM), "selecting")
+        until(overlay, "the overlay comes up")
+        self.assertEqual(phase(), "selecting")
         self.assertEqual(windows("Quillbox"), [])
         self.assert_ends_when_told_to()  # although the overlay is still there
 
@@ -65,20 +65,20 @@ class ActivationTest(unittest.TestCase):
         self.assertEqual(desktop_entry()["Desktop Entry"]["Actions"], "record-region;settings;")
         self.starts_cold(click_on_action("settings"))
         until(lambda: windows("Settings — Quillbox"), "the settings window comes up")
-        self.assertEqual(phase(PROGRAM), "idle")
+        self.assertEqual(phase(), "idle")
         self.starts_cold(click_on_action("record-region"))
-        self.assertEqual(phase(PROGRAM), "selecting")
+        self.assertEqual(phase(), "selecting")
         self.assert_ends_when_told_to()
 
     def test_the_entrys_own_command_starts_the_application_whose_windows_it_claims(self):
         entry = desktop_entry()["Desktop Entry"]
         with subprocess.Popen(shlex.split(entry["Exec"]), stdin=subprocess.DEVNULL) as started:
             until(lambda: process() == started.pid, "the application is on the bus")
-            self.assertEqual(run(PROGRAM, "show").returncode, 0)
+            self.assertEqual(quillbox("show").returncode, 0)
             (panel,) = until(lambda: windows("Quillbox"), "the panel comes up")
             classes = run("xprop", "-id", panel, "WM_CLASS").stdout
             self.assertIn(f'"{entry["StartupWMClass"]}"', classes)
-            self.assertEqual(run(PROGRAM, "quit").returncode, 0)
+            self.assertEqual(quillbox("quit").returncode, 0)
             self.assertEqual(started.wait(timeout=30), 0)
 
 

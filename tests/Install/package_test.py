@@ -5,20 +5,17 @@ import configparser
 import os
 import pathlib
 import shutil
-import subprocess
 import sys
 import unittest
 import xml.etree.ElementTree
+
+from application import run
 
 APP_ID = os.environ["QUILLBOX_APP_ID"]
 VERSION = os.environ["QUILLBOX_VERSION"]
 PACKAGE = pathlib.Path(os.environ["QUILLBOX_STAGE"], "package")
 PREFIX = pathlib.Path(os.environ["QUILLBOX_STAGE"], "prefix")
 SKIPPED = 77
-
-
-def run(*command):
-    return subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=60)
 
 
 def validator(name):

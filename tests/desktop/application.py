@@ -6,13 +6,21 @@ import pathlib
 import subprocess
 import time
 
-APP_ID = os.environ["QUILLBOX_APP_ID"]
-LIMIT_SECONDS = 30  # what has not happened by then has failed; no test depends on it otherwise
+LIMIT_SECONDS = 120  # what has not happened by then has failed; no test depends on it otherwise
 
 
-def run(*command):
+def program():
+    return os.environ["QUILLBOX_PROGRAM"]
+
+
+def run(*command, **options):
     return subprocess.run([str(word) for word in command], stdin=subprocess.DEVNULL, capture_output=True, text=True,
-                          timeout=LIMIT_SECONDS)
+                          timeout=LIMIT_SECONDS, **options)
+
+
+def quillbox(*arguments, **options):
+    """Runs the program to its end, without a terminal."""
+    return run(program(), *arguments, **options)
 
 
 def until(condition, what):
@@ -25,10 +33,15 @@ def until(condition, what):
     return answer
 
 
+def xdo(*arguments):
+    """Keys and pointer. @return the words of the answer"""
+    return run("xdotool", *arguments).stdout.split()
+
+
 def windows(title):
     """The application's visible windows of that title, as the X server's numbers. Its tray icon is none of them."""
     found = []
-    for window in run("xdotool", "search", "--onlyvisible", "--class", "^quillbox$").stdout.split():
+    for window in xdo("search", "--onlyvisible", "--class", "^quillbox$"):
         name = run("xdotool", "getwindowname", window)
         geometry = run("xdotool", "getwindowgeometry", "--shell", window)
         if name.returncode != 0 or geometry.returncode != 0:
@@ -39,10 +52,14 @@ def windows(title):
     return found
 
 
+def overlay():
+    return windows("Select a region — Quillbox")
+
+
 def process():
     """The process that has the application's name on the session bus; None if nobody has it."""
     answer = run("dbus-send", "--session", "--print-reply=literal", "--dest=org.freedesktop.DBus", "/",
-                 "org.freedesktop.DBus.GetConnectionUnixProcessID", f"string:{APP_ID}")
+                 "org.freedesktop.DBus.GetConnectionUnixProcessID", f"string:{os.environ['QUILLBOX_APP_ID']}")
     return int(answer.stdout.split()[1]) if answer.returncode == 0 else None
 
 
@@ -50,7 +67,12 @@ def program_of(pid):
     return pathlib.Path(f"/proc/{pid}/exe").resolve()
 
 
-def phase(program):
+def status():
     """What the running application says that it is doing; None if nothing runs."""
-    answer = run(program, "status", "--json")
-    return json.loads(answer.stdout)["phase"] if answer.returncode == 0 else None
+    answer = quillbox("status", "--json")
+    return json.loads(answer.stdout) if answer.returncode == 0 else None
+
+
+def phase():
+    now = status()
+    return now["phase"] if now else None
