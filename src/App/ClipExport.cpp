@@ -7,23 +7,38 @@
 #include <QCalendar>
 #include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
 
 #include <filesystem>
 #include <optional>
 
 namespace quillbox {
 
-ClipExport::Saved ClipExport::run(const std::vector<RGBAFrame>& frames, ExportPreset preset)
+GIFOptimizer::Result ClipExport::encode(
+    const std::vector<RGBAFrame>& frames, ExportPreset preset, const GIFOptimizer::Execution& execution)
 {
     const GIFOptimizer::Config config{
         .preset = preset, .sourceFPS = FrameTimeline::framesPerSecond, .ditheringOverride = std::nullopt};
-    Saved saved{.result = GIFOptimizer::optimize(frames, config), .path = {}};
-    const auto date = QDateTime::currentDateTime();
-    const auto folder = ClipboardExporter::clipsDirectory();
-    std::filesystem::create_directories(QFile::encodeName(folder).toStdString());
-    saved.path = folder + QLatin1Char('/') + ClipboardExporter::fileName(date, QStringLiteral("gif"), QCalendar());
+    return GIFOptimizer::optimize(frames, config, execution);
+}
+
+QString ClipExport::newPath()
+{
+    const auto name = ClipboardExporter::fileName(QDateTime::currentDateTime(), QStringLiteral("gif"), QCalendar());
+    return ClipboardExporter::clipsDirectory() + QLatin1Char('/') + name;
+}
+
+ClipExport::Saved ClipExport::run(const std::vector<RGBAFrame>& frames, ExportPreset preset)
+{
+    Saved saved{.result = encode(frames, preset), .path = newPath()};
+    std::filesystem::create_directories(QFile::encodeName(QFileInfo(saved.path).path()).toStdString());
     OutputFile::save(QFile::encodeName(saved.path).toStdString(), saved.result.data, OutputFile::IfExists::Replace);
     return saved;
+}
+
+QByteArray ClipExport::bytes(const GIFOptimizer::Result& result)
+{
+    return {reinterpret_cast<const char*>(result.data.data()), std::ssize(result.data)};
 }
 
 } // namespace quillbox

@@ -35,11 +35,6 @@ ClipEntry entryFor(const ClipExport::Saved& saved, ExportPreset preset, std::int
     };
 }
 
-QByteArray bytesOf(const GIFOptimizer::Result& result)
-{
-    return {reinterpret_cast<const char*>(result.data.data()), std::ssize(result.data)};
-}
-
 } // namespace
 
 RecordingCoordinator::RecordingCoordinator(std::shared_ptr<RecorderControlling> recorder,
@@ -125,7 +120,7 @@ QCoro::Task<> RecordingCoordinator::stopAndExport()
         const auto saved = co_await job;
         if (!self)
             co_return;
-        ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(saved.path), bytesOf(saved.result));
+        ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(saved.path), ClipExport::bytes(saved.result));
         m_history->record(entryFor(saved, preset, width, height));
         setPhase(Done{saved.path, saved.result.byteCount});
     } catch (const std::exception& error) {

@@ -24,10 +24,7 @@ void Card::paintEvent(QPaintEvent* /*event*/)
     const Theme theme(palette());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(theme.divider(), 1));
-    painter.setBrush(theme.raised());
-    painter.drawRoundedRect(
-        QRectF(m_body->geometry()).adjusted(0.5, 0.5, -0.5, -0.5), Theme::controlRadius + 2, Theme::controlRadius + 2);
+    Theme::drawFrame(painter, m_body->geometry(), Theme::controlRadius + 2, theme.divider(), theme.raised());
 }
 
 Divider::Divider(QWidget* parent)

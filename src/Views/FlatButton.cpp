@@ -1,5 +1,7 @@
 #include "Views/FlatButton.h"
 
+#include "Views/TextLabel.h"
+
 #include <QEvent>
 #include <QPainter>
 
@@ -55,7 +57,7 @@ void FlatButton::setLabel(const QString& label, std::optional<Symbol> symbol)
     if (m_kind == Kind::Symbol)
         setToolTip(label);
     else
-        setText(QString(label).replace(QLatin1Char('&'), QLatin1String("&&"))); // one would mark a mnemonic
+        setText(withoutMnemonic(label));
     updateGeometry();
     update();
 }
@@ -110,11 +112,13 @@ void FlatButton::paintEvent(QPaintEvent* /*event*/)
     painter.setRenderHint(QPainter::Antialiasing);
 
     const QRectF body = rect();
-    const bool bordered = m_kind == Kind::Small;
-    const qreal half = bordered ? 0.5 : 0; // a line lies in the middle of its pixels
-    painter.setPen(bordered ? QPen(theme.border(), 1) : QPen(Qt::NoPen));
-    painter.setBrush(fill(theme));
-    painter.drawRoundedRect(body.adjusted(half, half, -half, -half), Theme::controlRadius, Theme::controlRadius);
+    if (m_kind == Kind::Small) {
+        Theme::drawFrame(painter, body, Theme::controlRadius, theme.border(), fill(theme));
+    } else {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(fill(theme));
+        painter.drawRoundedRect(body, Theme::controlRadius, Theme::controlRadius);
+    }
     if (Theme::showsFocus(*this) && m_kind == Kind::Prominent)
         Theme::drawRing(painter, body.adjusted(3, 3, -3, -3), Theme::controlRadius - 2, theme.color(Role::OnAccent));
     else if (Theme::showsFocus(*this))
@@ -145,12 +149,8 @@ void FlatButton::paintEvent(QPaintEvent* /*event*/)
 void FlatButton::changeEvent(QEvent* event)
 {
     QPushButton::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange) {
-        const QFont wanted = Theme::font(textStyle(m_kind));
-        if (font() != wanted)
-            setFont(wanted);
+    if (Theme::followFont(*this, textStyle(m_kind), *event))
         updateGeometry();
-    }
 }
 
 } // namespace quillbox

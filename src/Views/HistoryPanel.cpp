@@ -18,7 +18,6 @@ namespace {
 
 constexpr double fewestRows = 3; // an empty list is as high as this many
 constexpr double mostRows = 4.5; // half a row shows that there is more
-constexpr int rowSideInset = 10; // of a row's contents, as in HistoryRow
 constexpr int emptySymbolSize = 36;
 
 } // namespace
@@ -90,7 +89,8 @@ QScrollArea* HistoryPanel::makeList()
     list->setAccessibleName(tr("Recent Clips"));
     auto* rows = new QWidget;
     m_rowLayout = new QVBoxLayout(rows);
-    m_rowLayout->setContentsMargins(Theme::margin - rowSideInset, 0, Theme::margin - rowSideInset, Theme::tightSpacing);
+    m_rowLayout->setContentsMargins(
+        Theme::margin - HistoryRow::sideInset, 0, Theme::margin - HistoryRow::sideInset, Theme::tightSpacing);
     m_rowLayout->setSpacing(0);
     m_rowLayout->addStretch();
     list->setWidget(rows);

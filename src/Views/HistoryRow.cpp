@@ -49,7 +49,7 @@ HistoryRow::HistoryRow(const ClipEntry& entry, QWidget* parent)
     texts->addWidget(m_title);
     texts->addWidget(m_details);
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(10, 6, 6, 6);
+    row->setContentsMargins(sideInset, 6, 6, 6);
     row->setSpacing(Theme::spacing);
     row->addWidget(m_symbol);
     row->addLayout(texts, 1);

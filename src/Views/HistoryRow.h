@@ -14,6 +14,8 @@ class HistoryRow : public QWidget {
     Q_OBJECT
 
 public:
+    static constexpr int sideInset = 10; ///< before the contents, device-independent pixels
+
     explicit HistoryRow(const ClipEntry& entry, QWidget* parent = nullptr);
 
     [[nodiscard]] const QUuid& id() const { return m_id; }

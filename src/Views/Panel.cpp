@@ -180,11 +180,8 @@ void Panel::paintEvent(QPaintEvent* /*event*/)
         painter.fillRect(rect(), theme.surface());
         return;
     }
-    const qreal radius = m_rounded ? Theme::panelRadius : 0;
     painter.setRenderHint(QPainter::Antialiasing, m_rounded);
-    painter.setPen(QPen(theme.border(), 1));
-    painter.setBrush(theme.surface());
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    Theme::drawFrame(painter, rect(), m_rounded ? Theme::panelRadius : 0, theme.border(), theme.surface());
 }
 
 void Panel::keyPressEvent(QKeyEvent* event)

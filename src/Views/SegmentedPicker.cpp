@@ -1,5 +1,7 @@
 #include "Views/SegmentedPicker.h"
 
+#include "Views/TextLabel.h"
+
 #include <QButtonGroup>
 #include <QEvent>
 #include <QHBoxLayout>
@@ -13,7 +15,7 @@ constexpr int groove = 2; // between the frame and the segments
 } // namespace
 
 Segment::Segment(const QString& label, QWidget* parent)
-    : QRadioButton(QString(label).replace(QLatin1Char('&'), QLatin1String("&&")), parent)
+    : QRadioButton(withoutMnemonic(label), parent)
 {
     setAccessibleName(label);
     setFont(Theme::font(TextStyle::Callout));
@@ -33,9 +35,7 @@ void Segment::paintEvent(QPaintEvent* /*event*/)
     painter.setRenderHint(QPainter::Antialiasing);
     constexpr qreal radius = Theme::controlRadius - 1;
     if (isChecked()) {
-        painter.setPen(QPen(theme.border(), 1));
-        painter.setBrush(theme.raised());
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+        Theme::drawFrame(painter, rect(), radius, theme.border(), theme.raised());
     } else if (underMouse()) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(theme.pressed());
@@ -50,12 +50,8 @@ void Segment::paintEvent(QPaintEvent* /*event*/)
 void Segment::changeEvent(QEvent* event)
 {
     QRadioButton::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange) {
-        const QFont wanted = Theme::font(TextStyle::Callout);
-        if (font() != wanted)
-            setFont(wanted);
+    if (Theme::followFont(*this, TextStyle::Callout, *event))
         updateGeometry();
-    }
 }
 
 SegmentedPicker::SegmentedPicker(const QString& title, const std::vector<QString>& labels, QWidget* parent)
@@ -99,10 +95,7 @@ void SegmentedPicker::paintEvent(QPaintEvent* /*event*/)
     const Theme theme(palette());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(theme.border(), 1));
-    painter.setBrush(theme.sunken());
-    painter.drawRoundedRect(
-        QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), Theme::controlRadius + 1, Theme::controlRadius + 1);
+    Theme::drawFrame(painter, rect(), Theme::controlRadius + 1, theme.border(), theme.sunken());
 }
 
 } // namespace quillbox

@@ -69,11 +69,7 @@ void TabStrip::paintEvent(QPaintEvent* /*event*/)
 void TabStrip::changeEvent(QEvent* event)
 {
     QTabBar::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange) {
-        const QFont wanted = Theme::font(TextStyle::Caption);
-        if (font() != wanted)
-            setFont(wanted);
-    }
+    Theme::followFont(*this, TextStyle::Caption, *event);
 }
 
 } // namespace quillbox

@@ -111,12 +111,13 @@ void TextLabel::paintEvent(QPaintEvent* /*event*/)
 void TextLabel::changeEvent(QEvent* event)
 {
     QLabel::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange) {
-        const QFont wanted = Theme::font(m_style);
-        if (font() != wanted)
-            setFont(wanted);
+    if (Theme::followFont(*this, m_style, *event))
         updateGeometry();
-    }
+}
+
+QString withoutMnemonic(QString text)
+{
+    return text.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
 QString plainToolTip(const QString& text)

@@ -42,6 +42,9 @@ private:
     Overflow m_overflow;
 };
 
+/// `text` as a button shows it letter by letter, where an ampersand alone would mark the key that presses it.
+[[nodiscard]] QString withoutMnemonic(QString text);
+
 /// `text` as a tooltip that shows it letter by letter, whatever markup it resembles.
 [[nodiscard]] QString plainToolTip(const QString& text);
 

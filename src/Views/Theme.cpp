@@ -1,6 +1,7 @@
 #include "Views/Theme.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QFontDatabase>
 #include <QPainter>
 #include <QWidget>
@@ -136,6 +137,23 @@ double Theme::contrast(const QColor& one, const QColor& other)
 bool Theme::showsFocus(const QWidget& widget)
 {
     return widget.hasFocus() && widget.window()->testAttribute(Qt::WA_KeyboardFocusChange);
+}
+
+bool Theme::followFont(QWidget& widget, TextStyle style, const QEvent& event)
+{
+    if (event.type() != QEvent::FontChange && event.type() != QEvent::ApplicationFontChange)
+        return false;
+    const QFont wanted = font(style);
+    if (widget.font() != wanted)
+        widget.setFont(wanted);
+    return true;
+}
+
+void Theme::drawFrame(QPainter& painter, const QRectF& bounds, qreal radius, const QColor& line, const QColor& fill)
+{
+    painter.setPen(QPen(line, 1));
+    painter.setBrush(fill);
+    painter.drawRoundedRect(bounds.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius); // a line is centred on its path
 }
 
 void Theme::drawRing(QPainter& painter, const QRectF& bounds, qreal radius, const QColor& color)

@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QPalette>
 
+class QEvent;
 class QPainter;
 class QRectF;
 class QWidget;
@@ -50,10 +51,16 @@ public:
 
     /// The desktop's font in the size and weight of `style`.
     [[nodiscard]] static QFont font(TextStyle style);
+    /// To be called from `changeEvent`: keeps a widget's text in its style when the desktop's font changes.
+    /// @return whether the font may have changed, and with it the size that the widget asks for
+    static bool followFont(QWidget& widget, TextStyle style, const QEvent& event);
     /// WCAG 2 contrast of two opaque colours, 1…21.
     [[nodiscard]] static double contrast(const QColor& one, const QColor& other);
     /// Whether `widget` has the keyboard and the user works with it: a pointer alone shows no ring.
     [[nodiscard]] static bool showsFocus(const QWidget& widget);
+    /// Fills `bounds` and draws a line of one pixel just inside them.
+    static void drawFrame(
+        QPainter& painter, const QRectF& bounds, qreal radius, const QColor& line, const QColor& fill);
     /// The ring that marks what has the keyboard, just inside `bounds`.
     static void drawRing(QPainter& painter, const QRectF& bounds, qreal radius, const QColor& color);
 

@@ -1,12 +1,10 @@
 #include "App/CommandLine/CoreApplication.h"
 
+#include "App/BareArguments.h"
+
 #include <QtGlobal>
 
 namespace quillbox {
-
-int CoreApplication::argumentCount = 1; // the command line has been read; Qt wants none of it
-char CoreApplication::programName[] = "quillbox";
-char* CoreApplication::arguments[] = {programName, nullptr};
 
 namespace {
 
@@ -19,7 +17,8 @@ int& silenced(int& count)
 } // namespace
 
 CoreApplication::CoreApplication()
-    : m_application(silenced(argumentCount), arguments) // already its constructor may remark on the locale
+    : m_application(
+        silenced(BareArguments::count), BareArguments::values) // already its constructor may remark on the locale
 {
 }
 

@@ -12,9 +12,6 @@ public:
     CoreApplication();
 
 private:
-    static int argumentCount;
-    static char programName[];
-    static char* arguments[];
     QCoreApplication m_application;
 };
 

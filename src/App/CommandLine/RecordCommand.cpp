@@ -1,5 +1,6 @@
 #include "App/CommandLine/RecordCommand.h"
 
+#include "App/ClipExport.h"
 #include "App/CommandLine/ClipboardHold.h"
 #include "App/CommandLine/ClipOutput.h"
 #include "App/CommandLine/CoreApplication.h"
@@ -14,8 +15,6 @@
 #include "App/FlowMessages.h"
 #include "Capture/StreamRecorder.h"
 #include "Encoding/GIFOptimizer.h"
-#include "PostCapture/ClipboardExporter.h"
-#include "PostCapture/OutputFile.h"
 
 #include <QCoro/QCoroFuture>
 #include <QCoro/QCoroTask>
@@ -100,21 +99,14 @@ GIFOptimizer::Result encode(
     const Frames& frames, ExportPreset preset, const std::function<void(const GIFOptimizer::Progress&)>& progress)
 {
     leaveEndingSignalsToMainThread();
-    const GIFOptimizer::Config config{
-        .preset = preset, .sourceFPS = FrameTimeline::framesPerSecond, .ditheringOverride = std::nullopt};
-    return GIFOptimizer::optimize(frames, config, {.progress = progress});
-}
-
-std::string defaultOutput()
-{
-    const auto name = ClipboardExporter::fileName(QDateTime::currentDateTime(), QStringLiteral("gif"), QCalendar());
-    return QFile::encodeName(ClipboardExporter::clipsDirectory() + QLatin1Char('/') + name).toStdString();
+    return ClipExport::encode(frames, preset, {.progress = progress});
 }
 
 /// @return where it was saved
 std::string save(const GIFOptimizer::Result& result, const OutputOptions& options, ProgressLine& line)
 {
-    const ClipOutput output(options.output ? *options.output : defaultOutput(), options.force); // which makes a folder
+    const ClipOutput output(options.output ? *options.output : QFile::encodeName(ClipExport::newPath()).toStdString(),
+        options.force); // which makes a folder
     line.show("saving");
     output.save(result.data);
     line.clear();
@@ -156,8 +148,7 @@ QCoro::Task<int> recordAndSave(RecordOptions options)
         const auto result = co_await job;
         const auto output = save(result, options.out, line);
         if (options.copy) {
-            auto copying
-                = copy(output, QByteArray(reinterpret_cast<const char*>(result.data.data()), result.byteCount));
+            auto copying = copy(output, ClipExport::bytes(result));
             co_await copying;
         }
         co_return ExitCode::success;

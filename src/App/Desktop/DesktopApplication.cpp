@@ -1,5 +1,6 @@
 #include "App/Desktop/DesktopApplication.h"
 
+#include "App/BareArguments.h"
 #include "Capture/CaptureError.h"
 #include "Capture/X11Queries.h"
 
@@ -7,10 +8,6 @@
 #include <QtGlobal>
 
 namespace quillbox {
-
-int DesktopApplication::argumentCount = 1; // the command line has been read; Qt wants none of it
-char DesktopApplication::programName[] = "quillbox";
-char* DesktopApplication::arguments[] = {programName, nullptr};
 
 namespace {
 
@@ -33,7 +30,7 @@ int& checked(int& count)
 } // namespace
 
 DesktopApplication::DesktopApplication()
-    : m_application(checked(argumentCount), arguments)
+    : m_application(checked(BareArguments::count), BareArguments::values)
 {
     QCoreApplication::setApplicationName(QStringLiteral("quillbox"));
     QCoreApplication::setApplicationVersion(QStringLiteral(QUILLBOX_VERSION));

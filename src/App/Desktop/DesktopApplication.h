@@ -22,9 +22,6 @@ public:
     [[nodiscard]] static int run() { return QApplication::exec(); }
 
 private:
-    static int argumentCount;
-    static char programName[];
-    static char* arguments[];
     QApplication m_application;
 };
 
