@@ -1,11 +1,6 @@
-// One long file: Qt Test wants all cases of a subject in one class.
 #include "App/RecordingCoordinator.h"
-#include "App/CurrentCoordinator.h"
 
-#include "Await.h"
-#include "PostCapture/HistoryStore.h"
-#include "ScriptedFlow.h"
-#include "support/TemporaryFolder.h"
+#include "CoordinatorStudio.h"
 
 #include <QClipboard>
 #include <QDir>
@@ -26,58 +21,11 @@ namespace quillbox {
 namespace {
 
 using Coordinator = RecordingCoordinator;
+using Studio = test::CoordinatorStudio;
+using test::gray;
 using test::ScriptedRecorder;
 using test::ScriptedSelector;
-
-constexpr CaptureRegion someRegion{10, 20, 30, 40};
-
-RGBAFrame gray(std::int64_t width, std::int64_t height, std::uint8_t level = 128)
-{
-    return RGBAFrame(width, height, Bytes(static_cast<std::size_t>(width * height * 4), level));
-}
-
-/// A coordinator whose neighbours are scripted, in a home folder of its own.
-class Studio {
-public:
-    Studio()
-    {
-        qputenv("HOME", home().toUtf8());
-        recorder->frames = {gray(8, 6, 10), gray(8, 6, 200)};
-    }
-    ~Studio() { qputenv("HOME", m_homeBefore); }
-    Studio(const Studio&) = delete;
-    Studio& operator=(const Studio&) = delete;
-
-    [[nodiscard]] QString home() const { return QString::fromStdString(m_folder.path().string()); }
-    [[nodiscard]] QDir clips() const { return QDir(home() + "/Videos/Quillbox"); }
-
-    /// On to a phase, by the road that a user takes.
-    void recordARegion()
-    {
-        coordinator->beginFlow();
-        selector->select(someRegion);
-    }
-    void finish()
-    {
-        recordARegion();
-        test::await(coordinator->stopAndExport());
-    }
-    [[nodiscard]] QString failure() const
-    {
-        const auto* const failed = std::get_if<Coordinator::Failed>(&coordinator->phase());
-        return failed == nullptr ? QStringLiteral("(no failure)") : failed->message;
-    }
-
-private:
-    support::TemporaryFolder m_folder;
-    QByteArray m_homeBefore = qgetenv("HOME");
-
-public:
-    std::shared_ptr<ScriptedRecorder> recorder = std::make_shared<ScriptedRecorder>();
-    std::shared_ptr<ScriptedSelector> selector = std::make_shared<ScriptedSelector>();
-    std::shared_ptr<HistoryStore> history = std::make_shared<HistoryStore>(home() + "/history.json");
-    std::unique_ptr<Coordinator> coordinator = std::make_unique<Coordinator>(recorder, selector, history);
-};
+using test::someRegion;
 
 } // namespace
 
@@ -114,10 +62,6 @@ private Q_SLOTS:
     void mayBeDestroyedWhileTheClipIsMade();
     void mayBeDestroyedByAnObserverOfProcessing();
     void makesItsOwnRecorderAndSelectorWhenGivenNone();
-    void theNextFlowReplacesTheCoordinatorThatHasEnded();
-    void theReplacementKeepsWhatTheOldOneHad();
-    void theOldCoordinatorGoes();
-    void toggleBeginsAndStops();
 };
 
 void RecordingCoordinatorTest::startsIdleWithTheSlackPreset()
@@ -473,67 +417,6 @@ void RecordingCoordinatorTest::makesItsOwnRecorderAndSelectorWhenGivenNone()
     QVERIFY(own.recorder() != nullptr);
     QVERIFY(!own.recorder()->isRecording());
     QVERIFY(own.selector() != nullptr);
-}
-
-void RecordingCoordinatorTest::theNextFlowReplacesTheCoordinatorThatHasEnded()
-{
-    Studio studio;
-    auto& first = *studio.coordinator;
-    CurrentCoordinator current(std::move(studio.coordinator));
-    current.begin();
-    studio.selector->select(someRegion);
-    current.stop();
-    QVERIFY(test::eventually([&] { return first.isIn<Coordinator::Done>(); }));
-    QCOMPARE(&current.get(), &first);
-    const QSignalSpy spy(&current, &CurrentCoordinator::phaseChanged);
-    current.begin();
-    QVERIFY(&current.get() != &first);
-    QVERIFY(current.get().isIn<Coordinator::SelectingRegion>());
-    QCOMPARE(spy.size(), 2); // idle again, then selecting
-}
-
-void RecordingCoordinatorTest::theReplacementKeepsWhatTheOldOneHad()
-{
-    Studio studio;
-    studio.recorder->startError = std::make_exception_ptr(std::runtime_error("no"));
-    CurrentCoordinator current(std::move(studio.coordinator));
-    current.get().setPreset(ExportPreset::docs);
-    current.begin();
-    studio.selector->select(someRegion);
-    QVERIFY(current.get().isIn<Coordinator::Failed>());
-    current.begin();
-    QVERIFY(current.get().preset() == ExportPreset::docs);
-    QCOMPARE(current.get().recorder(), studio.recorder);
-    QCOMPARE(current.get().selector(), studio.selector);
-    QCOMPARE(current.get().history(), studio.history);
-}
-
-void RecordingCoordinatorTest::theOldCoordinatorGoes()
-{
-    Studio studio;
-    studio.recorder->startError = std::make_exception_ptr(std::runtime_error("no"));
-    const QPointer old(studio.coordinator.get());
-    CurrentCoordinator current(std::move(studio.coordinator));
-    current.begin();
-    studio.selector->select(someRegion);
-    current.begin();
-    QVERIFY(test::eventually([&] {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return old.isNull();
-    }));
-}
-
-void RecordingCoordinatorTest::toggleBeginsAndStops()
-{
-    Studio studio;
-    CurrentCoordinator current(std::move(studio.coordinator));
-    current.toggle();
-    QVERIFY(current.get().isIn<Coordinator::SelectingRegion>());
-    current.toggle(); // nothing to stop, and nothing to begin
-    QCOMPARE(studio.selector->presentations, 1);
-    studio.selector->select(someRegion);
-    current.toggle();
-    QVERIFY(test::eventually([&] { return current.get().isIn<Coordinator::Done>(); }));
 }
 
 } // namespace quillbox

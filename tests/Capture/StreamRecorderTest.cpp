@@ -1,74 +1,23 @@
-// One long file: Qt Test wants all cases of a subject in one class.
 #include "Capture/StreamRecorder.h"
 
-#include "Await.h"
-#include "ScriptedStream.h"
+#include "RecorderStudio.h"
 
 #include <QSignalSpy>
 #include <QTest>
 
 #include <stdexcept>
-#include <thread>
 
 namespace quillbox {
 namespace {
 
 using std::chrono::milliseconds;
+using test::frame;
+using test::Frames;
+using test::numbers;
 using test::Script;
 using test::ScriptedStream;
-
-using Frames = std::vector<RGBAFrame>;
-
-constexpr CaptureRegion someRegion{1, 2, 30, 40};
-
-RGBAFrame frame(std::uint8_t number)
-{
-    return RGBAFrame(1, 1, Bytes{number, number, number, 255});
-}
-
-std::vector<int> numbers(const Frames& frames)
-{
-    std::vector<int> result;
-    for (const RGBAFrame& each : frames)
-        result.push_back(each.pixels()[0]);
-    return result;
-}
-
-/// A recorder whose streams and clock are made up.
-struct Studio {
-    std::shared_ptr<Script> script = std::make_shared<Script>(); // of the next stream
-    int streams = 0;
-    std::shared_ptr<CaptureClock::time_point> now = std::make_shared<CaptureClock::time_point>();
-    std::unique_ptr<StreamRecorder> recorder = std::make_unique<StreamRecorder>(
-        [this] {
-            ++streams;
-            return std::make_unique<ScriptedStream>(script);
-        },
-        [now = now] { return *now; });
-
-    void start() { test::await(recorder->start(someRegion)); }
-    Frames stop() { return test::await(recorder->stop()); }
-    /// Time goes on by one tick.
-    void tick() { *now += std::chrono::nanoseconds(1'000'000'000 / 30 + 1); }
-    /// The stream delivers a picture now, from a thread of its own.
-    void deliver(std::uint8_t number) const
-    {
-        std::thread([&] { script->sink.frame(frame(number), *now); }).join();
-    }
-    void end(const char* reason) const
-    {
-        std::thread([&] { script->sink.ended(CaptureError(CaptureError::Reason::DisplayGone, reason)); }).join();
-    }
-    /// A recording of two frames, 1 and 2, still running.
-    void recordTwo()
-    {
-        start();
-        deliver(1);
-        tick();
-        deliver(2);
-        tick();
-    }
-};
+using test::someRegion;
+using Studio = test::RecorderStudio;
 
 } // namespace
 
@@ -95,10 +44,6 @@ private Q_SLOTS:
     void announcesBeforeAndAfterEachChange();
     void countsFramesWhileRecording();
     void knowsItsRegionWhileRecording();
-    void aHeldPictureStaysUntilItIsReleased();
-    void aReleaseShowsTheLatestPictureThatArrivedMeanwhile();
-    void aHoldEndsWithTheRecording();
-    void holdingWhileIdleHoldsNothing();
     void anInterruptionKeepsTheFrames();
     void anInterruptionBeforeStartFinishesIsAnnouncedAfterwards();
     void stoppingDuringAStartChangesNothing();
@@ -337,51 +282,6 @@ void StreamRecorderTest::knowsItsRegionWhileRecording()
     QVERIFY(studio.recorder->region() == someRegion);
     (void)studio.stop();
     QVERIFY(!studio.recorder->region());
-}
-
-void StreamRecorderTest::aHeldPictureStaysUntilItIsReleased()
-{
-    Studio studio;
-    studio.recordTwo();
-    studio.recorder->holdPicture();
-    studio.deliver(3); // something of our own covers the region
-    studio.tick();
-    QCOMPARE(numbers(studio.stop()), (std::vector{1, 2, 2}));
-}
-
-void StreamRecorderTest::aReleaseShowsTheLatestPictureThatArrivedMeanwhile()
-{
-    Studio studio;
-    studio.recordTwo();
-    studio.recorder->holdPicture();
-    studio.deliver(3);
-    studio.tick();
-    studio.deliver(4); // uncovered again
-    studio.tick();
-    studio.recorder->releasePicture();
-    studio.tick();
-    studio.deliver(5);
-    studio.tick();
-    QCOMPARE(numbers(studio.stop()), (std::vector{1, 2, 2, 2, 4, 5}));
-}
-
-void StreamRecorderTest::aHoldEndsWithTheRecording()
-{
-    Studio studio;
-    studio.recordTwo();
-    studio.recorder->holdPicture();
-    (void)studio.stop();
-    studio.recordTwo();
-    QCOMPARE(numbers(studio.stop()), (std::vector{1, 2}));
-}
-
-void StreamRecorderTest::holdingWhileIdleHoldsNothing()
-{
-    Studio studio;
-    studio.recorder->holdPicture();
-    studio.recordTwo();
-    QCOMPARE(numbers(studio.stop()), (std::vector{1, 2}));
-    studio.recorder->releasePicture();
 }
 
 void StreamRecorderTest::anInterruptionKeepsTheFrames()

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include <unordered_set>
 
 namespace quillbox {
@@ -134,6 +136,11 @@ struct Bad {
     const char* key;
     const char* value;
 };
+
+std::ostream& operator<<(std::ostream& out, const Bad& bad) // for the test's name
+{
+    return out << bad.key << ' ' << bad.value;
+}
 
 class UnreadableValue : public testing::TestWithParam<Bad> { };
 

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "Capture/StreamRecorder.h"
+
+#include "Await.h"
+#include "ScriptedStream.h"
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <thread>
+#include <vector>
+
+namespace quillbox::test {
+
+using Frames = std::vector<RGBAFrame>;
+
+inline constexpr CaptureRegion someRegion{1, 2, 30, 40};
+
+inline RGBAFrame frame(std::uint8_t number)
+{
+    return RGBAFrame(1, 1, Bytes{number, number, number, 255});
+}
+
+inline std::vector<int> numbers(const Frames& frames)
+{
+    std::vector<int> result;
+    for (const RGBAFrame& each : frames)
+        result.push_back(each.pixels()[0]);
+    return result;
+}
+
+/// A recorder whose streams and clock are made up.
+struct RecorderStudio {
+    std::shared_ptr<Script> script = std::make_shared<Script>(); // of the next stream
+    int streams = 0;
+    std::shared_ptr<CaptureClock::time_point> now = std::make_shared<CaptureClock::time_point>();
+    std::unique_ptr<StreamRecorder> recorder = std::make_unique<StreamRecorder>(
+        [this] {
+            ++streams;
+            return std::make_unique<ScriptedStream>(script);
+        },
+        [now = now] { return *now; });
+
+    void start() { await(recorder->start(someRegion)); }
+    Frames stop() { return await(recorder->stop()); }
+    /// Time goes on by one tick.
+    void tick() { *now += std::chrono::nanoseconds(1'000'000'000 / 30 + 1); }
+    /// The stream delivers a picture now, from a thread of its own.
+    void deliver(std::uint8_t number) const
+    {
+        std::thread([&] { script->sink.frame(frame(number), *now); }).join();
+    }
+    void end(const char* reason) const
+    {
+        std::thread([&] { script->sink.ended(CaptureError(CaptureError::Reason::DisplayGone, reason)); }).join();
+    }
+    /// A recording of two frames, 1 and 2, still running.
+    void recordTwo()
+    {
+        start();
+        deliver(1);
+        tick();
+        deliver(2);
+        tick();
+    }
+};
+
+} // namespace quillbox::test
