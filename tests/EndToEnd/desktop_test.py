@@ -147,6 +147,9 @@ class DesktopTest(unittest.TestCase):
         for key in ("a", "Return", "Tab", "space"):
             xdo("key", key)
         self.assertEqual(phase(), "selecting")
+        self.run_beside("xterm", "-geometry", "20x5+900+500")
+        (other, *_) = until(lambda: xdo("search", "--onlyvisible", "--class", "xterm"), "xterm is there")
+        xdo("windowfocus", "--sync", other)
         xdo("key", "Escape")
         desktop.wait_for("idle")
         self.assertFalse(overlay())
