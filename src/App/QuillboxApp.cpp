@@ -17,7 +17,9 @@
 #include "Views/SettingsView.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QScreen>
+#include <QTimer>
 
 namespace quillbox {
 namespace {
@@ -41,6 +43,13 @@ QString hotkeyProblem(HotkeyStatus status)
         break;
     }
     return {};
+}
+
+/// The toolkit reads the system's fonts when the first text is measured: now, instead of at the click that opens the
+/// panel.
+void readFonts()
+{
+    (void)QFontMetrics(QApplication::font()).horizontalAdvance(QStringLiteral("Quillbox"));
 }
 
 } // namespace
@@ -72,7 +81,10 @@ QuillboxApp::QuillboxApp()
     QObject::connect(m_tray.get(), &TrayIcon::settingsRequested, m_tray.get(), [this] { showSettings(); });
     QObject::connect(m_tray.get(), &TrayIcon::quitRequested, m_tray.get(), [this] { quit(); });
     QObject::connect(m_tray.get(), &TrayIcon::missing, m_tray.get(), [this] { showWithoutTray(); });
-    QObject::connect(m_tray.get(), &TrayIcon::appeared, m_tray.get(), [this] { m_hasTray = true; });
+    QObject::connect(m_tray.get(), &TrayIcon::appeared, m_tray.get(), [this] {
+        m_hasTray = true;
+        QTimer::singleShot(0, m_tray.get(), &readFonts);
+    });
     QObject::connect(m_hotkey.get(), &GlobalHotkey::statusChanged, m_hotkey.get(), [this] { explainHotkey(); });
 
     QObject::connect(m_handOver.get(), &ClipboardHandOver::ended, m_handOver.get(), &QCoreApplication::quit);
