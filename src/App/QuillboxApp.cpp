@@ -2,6 +2,7 @@
 
 #include "App/CurrentCoordinator.h"
 #include "App/Desktop/ApplicationService.h"
+#include "App/Desktop/ClipboardHandOver.h"
 #include "App/Desktop/PanelGuard.h"
 #include "App/Desktop/TrayIcon.h"
 #include "App/Hotkey/GlobalHotkey.h"
@@ -16,7 +17,9 @@
 #include "Views/SettingsView.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QScreen>
+#include <QTimer>
 
 namespace quillbox {
 namespace {
@@ -42,6 +45,13 @@ QString hotkeyProblem(HotkeyStatus status)
     return {};
 }
 
+/// The toolkit reads the system's fonts when the first text is measured: now, instead of at the click that opens the
+/// panel.
+void readFonts()
+{
+    (void)QFontMetrics(QApplication::font()).horizontalAdvance(QStringLiteral("Quillbox"));
+}
+
 } // namespace
 
 QuillboxApp::QuillboxApp()
@@ -53,13 +63,14 @@ QuillboxApp::QuillboxApp()
             coordinator->begin();
     }))
     , m_fileReveal(makeFileReveal())
+    , m_handOver(std::make_unique<ClipboardHandOver>())
 {
     m_hotkey->registerKey(digitTwo, HotkeyMath::carbonModifiers({.command = true, .shift = true}));
     m_tray = std::make_unique<TrayIcon>(*m_coordinator);
     m_service = std::make_unique<ApplicationService>(*m_coordinator,
         ApplicationService::Actions{.showPanel = [this] { showPanel(); },
             .showSettings = [this] { showSettings(); },
-            .quit = &QCoreApplication::quit,
+            .quit = [this] { quit(); },
             .frameCount =
                 [this] {
                     return recorder().frameCount();
@@ -68,10 +79,15 @@ QuillboxApp::QuillboxApp()
     QObject::connect(m_tray.get(), &TrayIcon::clicked, m_tray.get(), [this] { toggleForIcon(); });
     QObject::connect(m_tray.get(), &TrayIcon::openRequested, m_tray.get(), [this] { showPanel(); });
     QObject::connect(m_tray.get(), &TrayIcon::settingsRequested, m_tray.get(), [this] { showSettings(); });
-    QObject::connect(m_tray.get(), &TrayIcon::quitRequested, m_tray.get(), &QCoreApplication::quit);
+    QObject::connect(m_tray.get(), &TrayIcon::quitRequested, m_tray.get(), [this] { quit(); });
     QObject::connect(m_tray.get(), &TrayIcon::missing, m_tray.get(), [this] { showWithoutTray(); });
-    QObject::connect(m_tray.get(), &TrayIcon::appeared, m_tray.get(), [this] { m_hasTray = true; });
+    QObject::connect(m_tray.get(), &TrayIcon::appeared, m_tray.get(), [this] {
+        m_hasTray = true;
+        QTimer::singleShot(0, m_tray.get(), &readFonts);
+    });
     QObject::connect(m_hotkey.get(), &GlobalHotkey::statusChanged, m_hotkey.get(), [this] { explainHotkey(); });
+
+    QObject::connect(m_handOver.get(), &ClipboardHandOver::ended, m_handOver.get(), &QCoreApplication::quit);
 
     // The screen can't be recorded any longer: what there is becomes the clip.
     QObject::connect(&recorder(), &StreamRecorder::interrupted, m_coordinator.get(), &CurrentCoordinator::stop,
@@ -105,7 +121,7 @@ Panel& QuillboxApp::panel()
     m_updater = std::make_unique<UpdaterController>();
     m_panel = std::make_unique<Panel>(*m_coordinator, *m_updater, *m_history, *m_fileReveal);
     QObject::connect(m_panel.get(), &Panel::settingsRequested, m_panel.get(), [this] { showSettings(); });
-    QObject::connect(m_panel.get(), &Panel::quitRequested, m_panel.get(), &QCoreApplication::quit);
+    QObject::connect(m_panel.get(), &Panel::quitRequested, m_panel.get(), [this] { quit(); });
     new PanelGuard(recorder(), *m_panel); // the panel owns it
     explainHotkey();
     return *m_panel;
@@ -150,6 +166,16 @@ void QuillboxApp::showSettings()
     m_settings->show();
     m_settings->raise();
     m_settings->activateWindow();
+}
+
+void QuillboxApp::quit()
+{
+    ApplicationService::releaseName();
+    m_hotkey->release();
+    m_tray->hide();
+    for (QWidget* const window : QApplication::topLevelWidgets())
+        window->hide();
+    m_handOver->begin();
 }
 
 void QuillboxApp::explainHotkey()

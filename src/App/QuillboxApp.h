@@ -7,6 +7,7 @@ class QRect;
 namespace quillbox {
 
 class ApplicationService;
+class ClipboardHandOver;
 class CurrentCoordinator;
 class FileReveal;
 class GlobalHotkey;
@@ -34,6 +35,9 @@ public:
 
     void showPanel();
     void showSettings();
+    /// Lets go of all that another instance would need, hands the clipboard over, and ends the event loop: at once, or
+    /// within seconds.
+    void quit();
 
 private:
     [[nodiscard]] StreamRecorder& recorder() const;
@@ -51,6 +55,7 @@ private:
     std::unique_ptr<TrayIcon> m_tray;
     std::unique_ptr<SettingsView> m_settings;
     std::unique_ptr<Panel> m_panel;
+    std::unique_ptr<ClipboardHandOver> m_handOver;
     bool m_hasTray = true;
 };
 

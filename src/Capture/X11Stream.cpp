@@ -6,7 +6,9 @@
 
 #include <QCoro/QCoroFuture>
 #include <QFuture>
+#include <QGuiApplication>
 #include <QPromise>
+#include <QScreen>
 
 #include <poll.h>
 #include <pthread.h>
@@ -74,6 +76,17 @@ CaptureClock::time_point tickTime(CaptureClock::time_point start, std::int64_t t
     return start + std::chrono::nanoseconds(checkedMul(tick, std::int64_t{1'000'000'000}) / ticksPerSecond);
 }
 
+/// Device pixels a point in the windows of this process; none if it has none on the X server. Its settings are many,
+/// and it alone knows what they come to. Thread: main.
+std::optional<double> toolkitScale()
+{
+    const bool hasWindows = qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr;
+    if (!hasWindows || QGuiApplication::platformName() != QLatin1String("xcb"))
+        return std::nullopt;
+    const auto* const screen = QGuiApplication::primaryScreen();
+    return screen == nullptr ? std::nullopt : std::optional(screen->devicePixelRatio());
+}
+
 } // namespace
 
 /// The thread that captures. Its connection stays open until the thread has been joined.
@@ -114,6 +127,7 @@ private:
     void reportStart(StartOutcome outcome);
 
     CaptureRegion m_region;
+    std::optional<double> m_scale = toolkitScale();
     FrameSink m_sink;
     StopSignal m_stop;
     std::atomic<int> m_socket = -1;
@@ -150,7 +164,7 @@ void X11Stream::Worker::capture()
     m_socket = m_display->socket();
     if (m_stop.isRaised()) // before the socket was known
         return;
-    ScreenGrabber grabber(*m_display, m_region);
+    ScreenGrabber grabber(*m_display, m_region, m_scale.value_or(m_display->scale()));
     auto first = grabber.grab();
     if (!first)
         throw CaptureError(CaptureError::Reason::Unreadable, "The X11 display refuses to show its pixels");

@@ -377,7 +377,8 @@ class TwoMonitorServer : public X11StreamTest {
 protected:
     TwoMonitorServer()
     {
-        run("xrandr --setmonitor left 640/169x720/190+0+0 screen --setmonitor '*right' 640/169x720/190+640+0 none");
+        run("xrandr --setmonitor left 640/169x720/190+0+0 none && xrandr --setmonitor '*right' "
+            "640/169x720/190+640+0 screen");
     }
     ~TwoMonitorServer() override { run("xrandr --delmonitor left --delmonitor right"); }
 };
@@ -395,6 +396,16 @@ TEST_F(TwoMonitorServer, CutsTheRegionAtThePrimaryMonitor)
     m_screen.fill({0, 0, 640, 720}, red);
     start({-10, 700, 5000, 50});
     EXPECT_TRUE(shows(m_screen.expected({640, 700, 640, 20})));
+}
+
+TEST_F(TwoMonitorServer, PrefersTheMonitorOfThePrimaryOutputAsToolkitsDo)
+{
+    run("xrandr --delmonitor right && xrandr --setmonitor '*right' 640/169x720/190+640+0 none && "
+        "xrandr --delmonitor left && xrandr --setmonitor left 640/169x720/190+0+0 screen");
+    m_screen.fill({0, 0, 1280, 720}, red);
+    m_screen.fill({0, 0, 3, 3}, green);
+    start({0, 0, 30, 20});
+    EXPECT_TRUE(shows(m_screen.expected({0, 0, 30, 20})));
 }
 
 // Where the screen can become smaller.

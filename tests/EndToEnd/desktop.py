@@ -6,7 +6,7 @@ import subprocess
 import gi
 from Xlib import X, display
 
-from application import overlay, program, quillbox, status, until, xdo
+from application import overlay, program, quillbox, run, status, until, xdo
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi  # noqa: E402
@@ -15,8 +15,9 @@ from gi.repository import Atspi  # noqa: E402
 class Desktop:
     """The running application."""
 
-    def __init__(self, **environment):
-        self.process = subprocess.Popen([program()], stdin=subprocess.DEVNULL, env={**os.environ, **environment})
+    def __init__(self, stderr=None, **environment):
+        self.process = subprocess.Popen([program()], stdin=subprocess.DEVNULL, stderr=stderr,
+                                        env={**os.environ, **environment})
         until(status, "the application answers")
 
     def __enter__(self):
@@ -52,6 +53,12 @@ class Desktop:
     def begin(self):
         done = quillbox("begin")
         assert done.returncode == 0, done.stderr
+
+    def copy(self, path):
+        """Has the running application put a file on the clipboard."""
+        done = run("dbus-send", "--session", "--print-reply=literal", f"--dest={os.environ['QUILLBOX_APP_ID']}",
+                   "/" + os.environ["QUILLBOX_APP_ID"].replace(".", "/"), "org.quillbox.quillbox.Copy", f"string:{path}")
+        assert done.stdout.strip() == "boolean true", done.stderr
 
     def press_hotkey(self):
         xdo("key", "super+shift+2")
@@ -128,3 +135,18 @@ def take_hotkey():
     server.screen().root.grab_key(11, X.Mod4Mask | X.ShiftMask, False, X.GrabModeAsync, X.GrabModeAsync)
     server.sync()
     return server
+
+
+def tray_icon():
+    """The middle of our icon in the tray: the tray's own windows are at the top edge, ours shows our colours. Or none."""
+    done = subprocess.run(["import", "-window", "root", "-crop", "1920x30+0+0", "+repage", "-depth", "8", "rgb:-"],
+                          capture_output=True, timeout=60).stdout
+    width = len(done) // 3 // 30
+    found = []
+    for at in range(0, len(done), 3):
+        red, green, blue = done[at:at + 3]
+        if blue > 180 and red < 130 and green < 120 and blue > red + 60:
+            found.append((at // 3 % width, at // 3 // width))
+    if len(found) < 40:
+        return None
+    return (sum(x for x, _ in found) // len(found), sum(y for _, y in found) // len(found))

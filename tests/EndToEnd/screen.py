@@ -13,10 +13,14 @@ BLOCK_SIDE = 60
 
 
 class Screen:
-    """One window with a block and a line of text that stand where a numbered step says."""
+    """One window with a block and a line of text that stand where a numbered step says.
 
-    def __init__(self, x, y, width, height):
+    With a `cell`, squares of so many pixels are of one colour: instead of the text there is a row of single cells.
+    """
+
+    def __init__(self, x, y, width, height, cell=1):
         self.area = (x, y, width, height)
+        self.cell = cell
         self.display = display.Display()
         screen = self.display.screen()
         self.root = screen.root
@@ -36,7 +40,8 @@ class Screen:
     def block(self, step):
         """Left, top and colour of the block in a step: it jumps along a diagonal and changes colour."""
         _, _, width, height = self.area
-        return (step * 37 % (width - BLOCK_SIDE), step * 23 % (height - BLOCK_SIDE), BLOCKS[step % len(BLOCKS)])
+        left, top = step * 37 % (width - BLOCK_SIDE), step * 23 % (height - BLOCK_SIDE)
+        return (left - left % self.cell, top - top % self.cell, BLOCKS[step % len(BLOCKS)])
 
     def show(self, step):
         """Draws a step as a whole: nobody can take a picture of half of it."""
@@ -46,7 +51,11 @@ class Screen:
         self.context.change(foreground=pixel(PAPER))
         self.window.fill_rectangle(self.context, 0, 0, width, height)
         self.context.change(foreground=pixel(INK), background=pixel(PAPER))
-        self.window.image_text(self.context, 10, height - 10, f"This is step {step} of the animation".encode())
+        if self.cell == 1:
+            self.window.image_text(self.context, 10, height - 10, f"This is step {step} of the animation".encode())
+        else:
+            for at in range(0, width, 2 * self.cell):
+                self.window.fill_rectangle(self.context, at, height - 2 * self.cell, self.cell, self.cell)
         self.context.change(foreground=pixel(color))
         self.window.fill_rectangle(self.context, left, top, BLOCK_SIDE, BLOCK_SIDE)
         self.display.ungrab_server()

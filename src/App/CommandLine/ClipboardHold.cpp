@@ -11,7 +11,8 @@ ClipboardHold::ClipboardHold(const QString& path, const QByteArray& gif)
 {
     m_promise.start();
     ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(path), gif);
-    connect(&m_stopRequest, &StopRequest::received, this, &ClipboardHold::end);
+    connect(&m_stopRequest, &StopRequest::received, &m_handOver, &ClipboardHandOver::begin);
+    connect(&m_handOver, &ClipboardHandOver::ended, this, &ClipboardHold::end);
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
         if (!QGuiApplication::clipboard()->ownsClipboard())
             end();

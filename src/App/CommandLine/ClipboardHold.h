@@ -1,6 +1,7 @@
 #pragma once
 
 #include "App/CommandLine/StopRequest.h"
+#include "App/Desktop/ClipboardHandOver.h"
 
 #include <QFuture>
 #include <QObject>
@@ -10,7 +11,7 @@
 namespace quillbox {
 
 /// Keeps a saved clip on the clipboard, which a program can do only as long as it runs: until another program puts
-/// something there, or a signal ends it. A clipboard manager takes it over then. Thread: main, with a
+/// something there, or a signal ends it: then a clipboard manager is asked to keep it. Thread: main, with a
 /// DesktopApplication.
 class ClipboardHold : public QObject {
     Q_OBJECT
@@ -25,6 +26,7 @@ private:
     void end();
 
     StopRequest m_stopRequest;
+    ClipboardHandOver m_handOver;
     QPromise<void> m_promise;
 };
 

@@ -1,6 +1,7 @@
 #include "App/CommandLine/DesktopCommand.h"
 
 #include "App/CommandLine/CoreApplication.h"
+#include "App/CommandLine/StopRequest.h"
 #include "App/Desktop/DesktopApplication.h"
 #include "App/Desktop/RunningInstance.h"
 #include "App/QuillboxApp.h"
@@ -30,6 +31,8 @@ int DesktopCommand::run()
         RunningInstance::activate();
         return 0;
     }
+    StopRequest stopRequest;
+    QObject::connect(&stopRequest, &StopRequest::received, &stopRequest, [&app] { app.quit(); });
     app.start();
     return DesktopApplication::run();
 }

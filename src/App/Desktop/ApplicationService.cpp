@@ -78,6 +78,11 @@ ApplicationService::Claim ApplicationService::claimName()
     return reply.value() == QDBusConnectionInterface::ServiceRegistered ? Claim::Granted : Claim::Taken;
 }
 
+void ApplicationService::releaseName()
+{
+    QDBusConnection::sessionBus().unregisterService(busName());
+}
+
 void ApplicationService::begin()
 {
     m_coordinator.begin();
@@ -85,7 +90,8 @@ void ApplicationService::begin()
 
 void ApplicationService::quit() const
 {
-    QTimer::singleShot(0, this, m_actions.quit); // the answer goes out first
+    releaseName(); // whoever has the answer can start the application again
+    QTimer::singleShot(0, this, m_actions.quit);
 }
 
 QVariantMap ApplicationService::Begin()

@@ -44,6 +44,8 @@ public:
     };
     /// Makes the object known, then asks for the name.
     Claim claimName();
+    /// Makes room for another instance. Does nothing without the name.
+    static void releaseName();
 
     void showPanel() const { m_actions.showPanel(); }
     void showSettings() const { m_actions.showSettings(); }

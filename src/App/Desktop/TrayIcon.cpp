@@ -56,6 +56,12 @@ void TrayIcon::show()
     m_host.find();
 }
 
+void TrayIcon::hide()
+{
+    m_host.disconnect(this);
+    m_icon.reset();
+}
+
 void TrayIcon::create()
 {
     m_icon = std::make_unique<QSystemTrayIcon>();

@@ -24,6 +24,8 @@ public:
 
     /// Begins to look for a tray.
     void show();
+    /// Takes the icon out of the tray, for good.
+    void hide();
 
     /// Where the icon is, in the window system's coordinates; empty where the desktop doesn't tell.
     [[nodiscard]] QRect place() const;

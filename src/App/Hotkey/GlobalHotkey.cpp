@@ -22,4 +22,14 @@ void GlobalHotkey::registerKey(std::uint32_t keyCode, std::uint32_t modifiers)
     m_service->grab(keyCode, modifiers); // whether it is ours is told by the status; nothing depends on it
 }
 
+void GlobalHotkey::release()
+{
+    m_service.reset();
+}
+
+HotkeyStatus GlobalHotkey::status() const
+{
+    return m_service ? m_service->status() : HotkeyStatus::NotRegistered;
+}
+
 } // namespace quillbox

@@ -26,14 +26,17 @@ public:
     /// @param modifiers  A mask of `HotkeyMath`.
     void registerKey(std::uint32_t keyCode, std::uint32_t modifiers);
 
-    [[nodiscard]] HotkeyStatus status() const { return m_service->status(); }
+    /// Lets go of the combination.
+    void release();
+
+    [[nodiscard]] HotkeyStatus status() const;
 
 Q_SIGNALS:
     void statusChanged();
 
 private:
     std::function<void()> m_onTrigger;
-    std::unique_ptr<HotkeyService> m_service;
+    std::unique_ptr<HotkeyService> m_service; // none once it was let go
 };
 
 } // namespace quillbox

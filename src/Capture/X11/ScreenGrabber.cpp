@@ -8,10 +8,9 @@ namespace quillbox {
 
 namespace {
 
-GrabPlan planFor(const X11Display& display, CaptureRegion region)
+GrabPlan planFor(const X11Display& display, CaptureRegion region, double scale)
 {
     const PixelRect monitor = display.mainMonitor();
-    const double scale = display.scale();
     const auto plan = planGrab(region, monitor, scale);
     if (!plan) {
         const auto size = sizeInPoints(monitor, scale);
@@ -24,9 +23,9 @@ GrabPlan planFor(const X11Display& display, CaptureRegion region)
 
 } // namespace
 
-ScreenGrabber::ScreenGrabber(const X11Display& display, CaptureRegion region)
+ScreenGrabber::ScreenGrabber(const X11Display& display, CaptureRegion region, double scale)
     : m_display(display)
-    , m_plan(planFor(display, region))
+    , m_plan(planFor(display, region, scale))
     , m_picture(display, m_plan.source)
     , m_damage(display)
     , m_pointer(display)

@@ -14,8 +14,9 @@ namespace quillbox {
 class ScreenGrabber {
 public:
     /// @param display  Outlives the grabber.
+    /// @param scale  Device pixels a point, above 0.
     /// @throws CaptureError  OutsideDisplay or Unreadable.
-    ScreenGrabber(const X11Display& display, CaptureRegion region);
+    ScreenGrabber(const X11Display& display, CaptureRegion region, double scale);
 
     /// The region's picture if it has changed since the last call; the first call always gives one, or throws. All are
     /// of one size. What has left the screen because that became smaller is black.

@@ -10,6 +10,8 @@
 
 #include <sys/socket.h>
 
+#include <algorithm>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -42,6 +44,17 @@ bool isLocalSocket(int socket)
     // The socket functions take every kind of address by its common beginning.
     auto* const start = reinterpret_cast<sockaddr*>(&address); // NOLINT(cppcoreguidelines-pro-type-reinterpret-cast)
     return getsockname(socket, start, &length) == 0 && address.ss_family == AF_UNIX;
+}
+
+/// How good a choice for the main one a monitor is; the largest is the best.
+enum class Rank { Any, Primary, ShowsPrimaryOutput };
+
+Rank rankOf(const xcb_randr_monitor_info_t& monitor, xcb_randr_output_t primaryOutput)
+{
+    const std::span outputs(xcb_randr_monitor_info_outputs(&monitor), monitor.nOutput);
+    if (primaryOutput != XCB_NONE && std::ranges::find(outputs, primaryOutput) != outputs.end())
+        return Rank::ShowsPrimaryOutput;
+    return monitor.primary != 0 ? Rank::Primary : Rank::Any;
 }
 
 /// The resources that the desktop has set on the root window, one a line.
@@ -123,13 +136,20 @@ PixelRect X11Display::mainMonitor() const
         xcb_randr_get_monitors_reply(connection(), xcb_randr_get_monitors(connection(), root(), 1), nullptr));
     if (!reply)
         return wholeScreen();
+    const XCBPointer<xcb_randr_get_output_primary_reply_t> primary(
+        xcb_randr_get_output_primary_reply(connection(), xcb_randr_get_output_primary(connection(), root()), nullptr));
+    const xcb_randr_output_t primaryOutput = primary ? primary->output : XCB_NONE;
     PixelRect found;
+    auto foundRank = Rank::Any;
     auto monitors = xcb_randr_get_monitors_monitors_iterator(reply.get());
     for (; monitors.rem > 0; xcb_randr_monitor_info_next(&monitors)) {
         const xcb_randr_monitor_info_t& monitor = *monitors.data;
         const PixelRect place{monitor.x, monitor.y, monitor.width, monitor.height};
-        if (!place.isEmpty() && (found.isEmpty() || monitor.primary != 0))
+        const auto rank = rankOf(monitor, primaryOutput);
+        if (!place.isEmpty() && (found.isEmpty() || rank > foundRank)) {
             found = place;
+            foundRank = rank;
+        }
     }
     found = found.intersected(wholeScreen()); // a monitor can be declared larger than the screen
     return found.isEmpty() ? wholeScreen() : found;

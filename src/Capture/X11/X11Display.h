@@ -30,10 +30,11 @@ public:
 
     /// The whole screen as it was when the connection was made.
     [[nodiscard]] PixelRect wholeScreen() const;
-    /// The primary monitor, else the first one, else the whole screen; in coordinates of the whole screen.
+    /// The monitor that shows the primary output, as toolkits choose theirs, else the primary monitor, else the first
+    /// one, else the whole screen; in coordinates of the whole screen.
     [[nodiscard]] PixelRect mainMonitor() const;
-    /// Device pixels a point, above 0, as Qt's xcb platform computes it: the resource Xft.dpi ÷ 96 (1 without one)
-    /// × the environment variable QT_SCALE_FACTOR.
+    /// Device pixels a point, above 0, for a program without windows: the resource Xft.dpi ÷ 96 (1 without one) × the
+    /// environment variable QT_SCALE_FACTOR, as Qt computes it where nothing else is set.
     [[nodiscard]] double scale() const;
     /// @throws CaptureError  Unreadable: the screen has no true colours.
     [[nodiscard]] PixelLayout layout() const;

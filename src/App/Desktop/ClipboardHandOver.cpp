@@ -1,0 +1,72 @@
+#include "App/Desktop/ClipboardHandOver.h"
+
+#include "Capture/SelectionConversion.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include <chrono>
+
+namespace quillbox {
+namespace {
+
+/// Enough for tens of megabytes; there are managers that never answer.
+constexpr std::chrono::seconds patience{3};
+
+} // namespace
+
+ClipboardHandOver::ClipboardHandOver(QObject* parent)
+    : QObject(parent)
+{
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(patience);
+    connect(&m_patience, &QTimer::timeout, this, &ClipboardHandOver::giveUp);
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &ClipboardHandOver::endWhenDone);
+}
+
+ClipboardHandOver::~ClipboardHandOver() = default;
+
+void ClipboardHandOver::begin()
+{
+    if (m_hasBegun)
+        return;
+    m_hasBegun = true;
+    if (!QGuiApplication::clipboard()->ownsClipboard()) {
+        end();
+        return;
+    }
+    m_request = SelectionConversion::ask("CLIPBOARD_MANAGER", "SAVE_TARGETS");
+    if (!m_request) { // nobody who could answer
+        end();
+        return;
+    }
+    connect(m_request.get(), &SelectionConversion::answered, this, [this] {
+        m_isAnswered = true;
+        endWhenDone();
+    });
+    m_patience.start();
+}
+
+/// The manager says that it is done, and becomes the clipboard's owner; we hear of the two in any order.
+void ClipboardHandOver::endWhenDone()
+{
+    if (m_isAnswered && !QGuiApplication::clipboard()->ownsClipboard())
+        end();
+}
+
+void ClipboardHandOver::giveUp()
+{
+    QGuiApplication::clipboard()->clear(); // else the toolkit asks the same manager again, and waits for longer
+    end();
+}
+
+void ClipboardHandOver::end()
+{
+    if (m_isOver)
+        return;
+    m_isOver = true;
+    m_patience.stop();
+    Q_EMIT ended();
+}
+
+} // namespace quillbox

@@ -1,0 +1,104 @@
+#!/usr/bin/python3
+"""What becomes of a clip on the clipboard when the application ends. Run by CTest inside tests/desktop/x11-session:
+clipboard_test.py ClipboardTest.NAME"""
+
+import os
+import pathlib
+import random
+import signal
+import subprocess
+import tempfile
+import unittest
+
+from application import program, quillbox, status, until
+from desktop import Desktop, clipboard
+
+MANAGER = pathlib.Path(__file__).with_name("clipboard_manager.py")
+CLIP_BYTES = 3_000_000
+LONG_CLIP_BYTES = 20_000_000  # more than X servers take in one request
+
+
+class ClipboardTest(unittest.TestCase):
+    def setUp(self):
+        self.make_clip(CLIP_BYTES)
+
+    def make_clip(self, length):
+        self.gif = pathlib.Path(os.environ["HOME"], "a clip.gif")
+        self.gif.write_bytes(b"GIF89a" + random.Random(1).randbytes(length))
+
+    def run_manager(self, *arguments):
+        manager = subprocess.Popen(["/usr/bin/python3", "-B", MANAGER, *arguments], stdout=subprocess.PIPE, text=True)
+        self.addCleanup(manager.stdout.close)
+        self.addCleanup(manager.wait)
+        self.addCleanup(manager.kill)
+        self.assertEqual(manager.stdout.readline(), "ready\n")
+        return manager
+
+    def copy_and(self, end):
+        """@return what the application complained of"""
+        with tempfile.TemporaryFile() as complaints:
+            with Desktop(stderr=complaints) as desktop:
+                desktop.copy(self.gif)
+                self.assertEqual(clipboard("text/uri-list").decode().strip(), self.gif.as_uri())
+                end(desktop)
+                self.assertEqual(desktop.process.wait(60), 0)
+            complaints.seek(0)
+            return complaints.read().decode()
+
+    def quit(self, _=None):
+        self.assertEqual(quillbox("quit").returncode, 0)
+
+    def assert_is_kept(self):
+        self.assertEqual(clipboard("text/uri-list").decode().strip(), self.gif.as_uri())
+        self.assertTrue(clipboard("image/gif") == self.gif.read_bytes(), "the picture, byte for byte")
+
+    def test_a_clipboard_manager_keeps_the_file_and_the_picture(self):
+        self.run_manager()
+        self.copy_and(self.quit)
+        self.assert_is_kept()
+
+    def test_a_clipboard_manager_keeps_a_picture_that_comes_in_pieces(self):
+        self.make_clip(LONG_CLIP_BYTES)
+        manager = self.run_manager()
+        self.copy_and(self.quit)
+        self.assert_is_kept()
+        manager.kill()
+        self.assertRegex(manager.stdout.read(), r"^image/gif came in \d+ pieces\n$")
+
+    def test_a_clipboard_manager_keeps_the_clip_when_the_session_ends_the_application(self):
+        self.run_manager()
+        self.copy_and(lambda desktop: desktop.process.terminate())
+        self.assert_is_kept()
+
+    def test_a_clipboard_manager_keeps_what_the_command_line_copied(self):
+        gif = pathlib.Path(os.environ["HOME"], "copied.gif")
+        self.run_manager()
+        with subprocess.Popen([program(), "record", "--region", "10,10,300x200", "--duration", "0.2", "--copy",
+                               "-o", gif], stderr=subprocess.PIPE, text=True) as record:
+            self.assertIn("the clip stays on the clipboard", record.stderr.readline())
+            record.send_signal(signal.SIGTERM)
+        self.gif = gif
+        self.assert_is_kept()
+
+    def test_the_application_waits_once_only_for_a_clipboard_manager_that_does_not_answer(self):
+        self.run_manager("silent")
+        self.assertNotIn("clipboard manager", self.copy_and(self.quit))  # the toolkit complains once it has waited, too
+
+    def test_the_application_starts_again_while_the_one_before_waits_for_a_clipboard_manager(self):
+        self.run_manager("silent")
+        with Desktop() as first:
+            first.copy(self.gif)
+            self.quit()
+            self.assertIsNone(status())
+            with Desktop() as second:
+                self.assertIsNone(second.process.poll())
+                self.assertEqual(first.process.wait(60), 0)
+                self.assertEqual(status()["phase"], "idle")
+
+    def test_the_clip_goes_with_the_application_where_nothing_keeps_it(self):
+        self.copy_and(self.quit)
+        until(lambda: clipboard("TARGETS") == b"", "the clipboard is empty")
+
+
+if __name__ == "__main__":
+    unittest.main()
