@@ -27,7 +27,7 @@ QString ClipboardExporter::fileName(const QDateTime& date, const QString& ext, Q
 
 void ClipboardExporter::copyToPasteboard(const QUrl& fileURL, const std::optional<QByteArray>& gifData)
 {
-    makePasteboard()->setClip(fileURL, gifData);
+    Pasteboard::general().setClip(fileURL, gifData);
 }
 
 } // namespace quillbox

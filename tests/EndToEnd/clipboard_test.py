@@ -10,12 +10,59 @@ import subprocess
 import tempfile
 import unittest
 
+from Xlib import X, display
+
 from application import program, quillbox, status, until
 from desktop import Desktop, clipboard
 
 MANAGER = pathlib.Path(__file__).with_name("clipboard_manager.py")
 CLIP_BYTES = 3_000_000
 LONG_CLIP_BYTES = 20_000_000  # more than X servers take in one request
+
+
+class Reader:
+    """A program that pastes."""
+
+    def __init__(self):
+        self.display = display.Display()
+        self.window = self.display.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
+
+    def atom(self, name):
+        return self.display.intern_atom(name)
+
+    def ask(self, target):
+        self.window.convert_selection(self.atom("CLIPBOARD"), self.atom(target), self.atom("HERE"), X.CurrentTime)
+        while self.display.next_event().type != X.SelectionNotify:
+            pass
+
+    def value(self, name, kind=X.AnyPropertyType):
+        return self.window.get_property(self.atom(name), kind, 0, 1 << 16)
+
+
+def fetch_a_little():
+    """Asks for the picture, takes the first piece of it, and ends."""
+    reader = Reader()
+    reader.ask("image/gif")
+    assert reader.value("HERE").property_type == reader.atom("INCR")
+    reader.window.delete_property(reader.atom("HERE"))
+    until(lambda: reader.value("HERE"), "the first piece")
+    reader.display.close()
+
+
+def fetch_several(*targets):
+    """What is given for each target, "INCR" where it would come in pieces, and None where it is refused."""
+    reader = Reader()
+    pairs = [atom for target in targets for atom in (reader.atom(target), reader.atom(f"FOR {target}"))]
+    reader.window.change_property(reader.atom("HERE"), reader.atom("ATOM_PAIR"), 32, pairs)
+    reader.ask("MULTIPLE")
+    given = reader.value("HERE").value
+    answers = {}
+    for number, target in enumerate(targets):
+        answers[target] = None
+        if given[2 * number + 1] != X.NONE:
+            value = reader.value(f"FOR {target}")
+            answers[target] = "INCR" if value.property_type == reader.atom("INCR") else bytes(value.value)
+    return answers
 
 
 class ClipboardTest(unittest.TestCase):
@@ -94,6 +141,28 @@ class ClipboardTest(unittest.TestCase):
                 self.assertIsNone(second.process.poll())
                 self.assertEqual(first.process.wait(60), 0)
                 self.assertEqual(status()["phase"], "idle")
+
+    def test_programs_fetch_a_long_picture_at_the_same_time_and_one_goes_away_midway(self):
+        self.make_clip(LONG_CLIP_BYTES)
+        with Desktop() as desktop:
+            desktop.copy(self.gif)
+            command = ["xclip", "-selection", "clipboard", "-o", "-t", "image/gif"]
+            readers = [subprocess.Popen(command, stdout=subprocess.PIPE) for _ in range(3)]
+            readers[0].stdout.read(1)
+            fetch_a_little()
+            got = [b"" if number == 0 else reader.communicate(timeout=60)[0] for number, reader in enumerate(readers)]
+            readers[0].kill()
+            readers[0].communicate()
+            self.assertTrue(got[1] == got[2] == self.gif.read_bytes())
+            self.assert_is_kept()
+
+    def test_several_forms_are_given_at_once(self):
+        with Desktop() as desktop:
+            desktop.copy(self.gif)
+            forms = fetch_several("text/uri-list", "image/png", "image/gif")
+            self.assertEqual(forms["text/uri-list"], (self.gif.as_uri() + "\r\n").encode())
+            self.assertIsNone(forms["image/png"])
+            self.assertEqual(forms["image/gif"], "INCR")
 
     def test_the_clip_goes_with_the_application_where_nothing_keeps_it(self):
         self.copy_and(self.quit)

@@ -1,9 +1,7 @@
 #include "App/CommandLine/ClipboardHold.h"
 
 #include "PostCapture/ClipboardExporter.h"
-
-#include <QClipboard>
-#include <QGuiApplication>
+#include "PostCapture/Pasteboard.h"
 
 namespace quillbox {
 
@@ -13,10 +11,7 @@ ClipboardHold::ClipboardHold(const QString& path, const QByteArray& gif)
     ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(path), gif);
     connect(&m_stopRequest, &StopRequest::received, &m_handOver, &ClipboardHandOver::begin);
     connect(&m_handOver, &ClipboardHandOver::ended, this, &ClipboardHold::end);
-    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
-        if (!QGuiApplication::clipboard()->ownsClipboard())
-            end();
-    });
+    connect(&Pasteboard::general(), &Pasteboard::lost, this, &ClipboardHold::end);
 }
 
 void ClipboardHold::end()

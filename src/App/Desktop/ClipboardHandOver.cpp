@@ -1,9 +1,7 @@
 #include "App/Desktop/ClipboardHandOver.h"
 
 #include "Capture/SelectionConversion.h"
-
-#include <QClipboard>
-#include <QGuiApplication>
+#include "PostCapture/Pasteboard.h"
 
 #include <chrono>
 
@@ -21,7 +19,7 @@ ClipboardHandOver::ClipboardHandOver(QObject* parent)
     m_patience.setSingleShot(true);
     m_patience.setInterval(patience);
     connect(&m_patience, &QTimer::timeout, this, &ClipboardHandOver::giveUp);
-    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &ClipboardHandOver::endWhenDone);
+    connect(&Pasteboard::general(), &Pasteboard::lost, this, &ClipboardHandOver::endWhenDone);
 }
 
 ClipboardHandOver::~ClipboardHandOver() = default;
@@ -31,7 +29,7 @@ void ClipboardHandOver::begin()
     if (m_hasBegun)
         return;
     m_hasBegun = true;
-    if (!QGuiApplication::clipboard()->ownsClipboard()) {
+    if (!Pasteboard::general().ownsContent()) {
         end();
         return;
     }
@@ -50,13 +48,13 @@ void ClipboardHandOver::begin()
 /// The manager says that it is done, and becomes the clipboard's owner; we hear of the two in any order.
 void ClipboardHandOver::endWhenDone()
 {
-    if (m_isAnswered && !QGuiApplication::clipboard()->ownsClipboard())
+    if (m_isAnswered && !Pasteboard::general().ownsContent())
         end();
 }
 
 void ClipboardHandOver::giveUp()
 {
-    QGuiApplication::clipboard()->clear(); // else the toolkit asks the same manager again, and waits for longer
+    Pasteboard::general().clear(); // else the toolkit, where the clip is its, asks again, and waits for longer
     end();
 }
 
