@@ -15,7 +15,7 @@ namespace quillbox {
 namespace {
 
 /// How long the programs below get to draw what a panel of ours covered until now.
-constexpr std::chrono::milliseconds settlingTime{40};
+constexpr std::chrono::milliseconds panelSettlingTime{40};
 
 void showOverlay(const QPixmap& backdrop, RegionSelector::Completion completion)
 {
@@ -40,7 +40,7 @@ void RegionSelector::present(Completion completion)
         return;
     }
     ScreenBackdrop::waitUntilApplied();
-    QTimer::singleShot(settlingTime, qGuiApp, [completion = std::move(completion)] {
+    QTimer::singleShot(panelSettlingTime, qGuiApp, [completion = std::move(completion)] {
         auto* const screen = QGuiApplication::primaryScreen();
         if (screen == nullptr)
             completion(std::nullopt);

@@ -27,7 +27,7 @@ constexpr double tagPadding = 6;  // points
 constexpr double tagDistance = 8; // points, from the selection
 
 /// How long a compositor and the programs below get to draw what the overlay covered: three pictures of a 60 Hz screen.
-constexpr std::chrono::milliseconds settlingTime{50};
+constexpr std::chrono::milliseconds overlaySettlingTime{50};
 
 RegionMath::Point pointOf(QPointF position)
 {
@@ -112,7 +112,7 @@ void SelectionWindow::finish(std::optional<CaptureRegion> region)
     hide();
     ScreenBackdrop::waitUntilApplied();
     if (region)
-        QTimer::singleShot(settlingTime, this, [this, region] { report(region); });
+        QTimer::singleShot(overlaySettlingTime, this, [this, region] { report(region); });
     else
         report(region);
 }

@@ -18,7 +18,7 @@
 namespace quillbox {
 namespace {
 
-constexpr int usualWidth = 440;   // of the window, device-independent pixels
+constexpr int settingsWidth = 440;   // of the window, device-independent pixels
 constexpr int widest = 640;       // with a long footer notice, which wraps beyond
 constexpr int rowPadding = 6 + 4; // of a row, and of the frame around it
 constexpr int cardSpacing = 14;
@@ -97,7 +97,7 @@ void SettingsView::fit()
 {
     ensurePolished();
     const int oneLine = m_footer->fontMetrics().horizontalAdvance(m_footer->text()) + 2 * (Theme::margin + 6);
-    const int wanted = std::max(std::clamp(oneLine, usualWidth, widest), layout()->totalMinimumSize().width());
+    const int wanted = std::max(std::clamp(oneLine, settingsWidth, widest), layout()->totalMinimumSize().width());
     setMinimumWidth(wanted);
     resize(wanted, layout()->totalHeightForWidth(wanted)); // texts wrap, so it depends on the width
 }

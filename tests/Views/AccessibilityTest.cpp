@@ -151,7 +151,7 @@ void AccessibilityTest::readsTheSettings()
     QCOMPARE(names(settings, QAccessible::PageTab), QStringList("General"));
 }
 
-const test::Registration<AccessibilityTest> registration("Accessibility");
+const test::Registration<AccessibilityTest> registeredAccessibilityTest("Accessibility");
 
 } // namespace
 } // namespace quillbox

@@ -81,7 +81,7 @@ void ByteFormatTest::usesAPointInEveryLanguage()
     QCOMPARE(text, QStringLiteral("1.2 MB"));
 }
 
-const test::Registration<ByteFormatTest> registration("ByteFormat");
+const test::Registration<ByteFormatTest> registeredByteFormatTest("ByteFormat");
 
 } // namespace
 } // namespace quillbox

@@ -324,7 +324,7 @@ void HistoryPanelTest::highlightsTheRowUnderThePointer()
     QCOMPARE(row->grab().toImage().pixelColor(blank), before);
 }
 
-const test::Registration<HistoryPanelTest> registration("HistoryPanel");
+const test::Registration<HistoryPanelTest> registeredHistoryPanelTest("HistoryPanel");
 
 } // namespace
 } // namespace quillbox

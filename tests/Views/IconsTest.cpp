@@ -168,7 +168,7 @@ void IconsTest::showsInTheTrayOnLightAndDarkPanels()
         }
 }
 
-const test::Registration<IconsTest> registration("Icons");
+const test::Registration<IconsTest> registeredIconsTest("Icons");
 
 } // namespace
 } // namespace quillbox

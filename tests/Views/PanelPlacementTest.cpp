@@ -91,7 +91,7 @@ void PanelPlacementTest::alwaysLiesOnTheScreenIfItFits()
             QVERIFY(belowATopBar.contains(PanelPlacement::place(panel, QRect(x, y, 24, 24), belowATopBar, screen)));
 }
 
-const test::Registration<PanelPlacementTest> registration("PanelPlacement");
+const test::Registration<PanelPlacementTest> registeredPanelPlacementTest("PanelPlacement");
 
 } // namespace
 } // namespace quillbox

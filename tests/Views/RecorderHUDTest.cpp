@@ -381,7 +381,7 @@ void RecorderHUDTest::showsItsTextsUnformatted()
         QCOMPARE(each->textFormat(), Qt::PlainText);
 }
 
-const test::Registration<RecorderHUDTest> registration("RecorderHUD");
+const test::Registration<RecorderHUDTest> registeredRecorderHUDTest("RecorderHUD");
 
 } // namespace
 } // namespace quillbox

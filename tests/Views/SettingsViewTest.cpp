@@ -142,7 +142,7 @@ void SettingsViewTest::isNotWidenedByThePrivacyStance()
     QVERIFY(stance->minimumSizeHint().width() < stance->fontMetrics().horizontalAdvance(stance->text()));
 }
 
-const test::Registration<SettingsViewTest> registration("SettingsView");
+const test::Registration<SettingsViewTest> registeredSettingsViewTest("SettingsView");
 
 } // namespace
 } // namespace quillbox

@@ -117,7 +117,7 @@ void ThemeTest::copesWithAFontGivenInPixels()
     QCOMPARE(caption, 18);
 }
 
-const test::Registration<ThemeTest> registration("Theme");
+const test::Registration<ThemeTest> registeredThemeTest("Theme");
 
 } // namespace
 } // namespace quillbox

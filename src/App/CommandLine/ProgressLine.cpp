@@ -1,13 +1,12 @@
 #include "App/CommandLine/ProgressLine.h"
 
-#include <array>
+#include "App/CommandLine/EndingSignals.h"
+
 #include <csignal>
 #include <unistd.h>
 
 namespace quillbox {
 namespace {
-
-constexpr std::array endingSignals{SIGINT, SIGTERM, SIGHUP};
 
 volatile std::sig_atomic_t lineIsShown = 0;
 

@@ -13,8 +13,6 @@
 namespace quillbox {
 namespace {
 
-constexpr std::array endingSignals{SIGINT, SIGTERM, SIGHUP};
-
 /// A pipe to this very process: all that a signal handler may do is write to it.
 std::array<int, 2> selfPipe{-1, -1};
 std::atomic<int> receivedCount = 0;
@@ -36,7 +34,6 @@ extern "C" void passOn(int signal)
 
 StopRequest::StopRequest()
 {
-    static_assert(endingSignals.size() == signalCount);
     precondition(selfPipe[0] < 0, "one object at a time waits for the signals");
     if (::pipe2(selfPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
         throw std::system_error(errno, std::generic_category(), "a pipe is needed");

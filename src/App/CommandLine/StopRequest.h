@@ -1,8 +1,11 @@
 #pragma once
 
+#include "App/CommandLine/EndingSignals.h"
+
 #include <QObject>
 #include <QSocketNotifier>
 
+#include <array>
 #include <csignal>
 #include <optional>
 
@@ -21,10 +24,8 @@ Q_SIGNALS:
     void received();
 
 private:
-    static constexpr int signalCount = 3;
-
     std::optional<QSocketNotifier> m_notifier;
-    struct sigaction m_before[signalCount] { }; ///< what the signals did until now
+    std::array<struct sigaction, endingSignals.size()> m_before{}; ///< what the signals did until now
 };
 
 /// Keeps the signals that end a program away from this thread and those that it starts, for good: they reach the main

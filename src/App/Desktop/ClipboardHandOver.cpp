@@ -9,7 +9,7 @@ namespace quillbox {
 namespace {
 
 /// Enough for tens of megabytes; there are managers that never answer.
-constexpr std::chrono::seconds patience{3};
+constexpr std::chrono::seconds managerPatience{3};
 
 } // namespace
 
@@ -17,7 +17,7 @@ ClipboardHandOver::ClipboardHandOver(QObject* parent)
     : QObject(parent)
 {
     m_patience.setSingleShot(true);
-    m_patience.setInterval(patience);
+    m_patience.setInterval(managerPatience);
     connect(&m_patience, &QTimer::timeout, this, &ClipboardHandOver::giveUp);
     connect(&Pasteboard::general(), &Pasteboard::lost, this, &ClipboardHandOver::endWhenDone);
 }

@@ -15,7 +15,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto patience = 2s;
+constexpr auto hostPatience = 2s;
 constexpr auto searchTime = 10s;
 
 const auto watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
@@ -40,7 +40,7 @@ TrayHost::TrayHost(QObject* parent)
 
 void TrayHost::find()
 {
-    m_patience.start(patience);
+    m_patience.start(hostPatience);
     m_search.start(searchTime);
     askWatcher();
 }

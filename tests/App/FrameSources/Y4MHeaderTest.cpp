@@ -14,7 +14,7 @@ Y4MHeader parse(const std::string& line)
     return Y4MHeader::parse("clip.y4m", line);
 }
 
-std::string complaintAbout(const std::string& line)
+std::string complaintAboutHeader(const std::string& line)
 {
     try {
         (void)parse(line);
@@ -71,41 +71,43 @@ TEST(Y4MHeader, RoundsTheRateToAWholeNumberOfAtLeastOne)
 TEST(Y4MHeader, RefusesAMalformedRate)
 {
     const std::string expected = "; expected a rate like F30:1 or F30000:1001";
-    EXPECT_EQ(complaintAbout("YUV4MPEG2 W1 H1 F30"), "clip.y4m: header has \"F30\"" + expected);
-    EXPECT_EQ(complaintAbout("YUV4MPEG2 W1 H1 F"), "clip.y4m: header has \"F\"" + expected);
-    EXPECT_EQ(complaintAbout("YUV4MPEG2 W1 H1 F-1:1"), "clip.y4m: header has \"F-1:1\"" + expected);
-    EXPECT_EQ(complaintAbout("YUV4MPEG2 W1 H1 F9223372036854775807:1"),
+    EXPECT_EQ(complaintAboutHeader("YUV4MPEG2 W1 H1 F30"), "clip.y4m: header has \"F30\"" + expected);
+    EXPECT_EQ(complaintAboutHeader("YUV4MPEG2 W1 H1 F"), "clip.y4m: header has \"F\"" + expected);
+    EXPECT_EQ(complaintAboutHeader("YUV4MPEG2 W1 H1 F-1:1"), "clip.y4m: header has \"F-1:1\"" + expected);
+    EXPECT_EQ(complaintAboutHeader("YUV4MPEG2 W1 H1 F9223372036854775807:1"),
         "clip.y4m: header has \"F9223372036854775807:1\"" + expected);
 }
 
 TEST(Y4MHeader, RefusesMoreThanEightBitsAndSaysWhatToAskFor)
 {
-    EXPECT_EQ(complaintAbout("YUV4MPEG2 W1 H1 C420p10"),
+    EXPECT_EQ(complaintAboutHeader("YUV4MPEG2 W1 H1 C420p10"),
         "clip.y4m: header has \"C420p10\"; expected 8-bit C420, C422, C444, C411 or Cmono (with FFmpeg: -pix_fmt "
         "yuv444p)");
 }
 
 TEST(Y4MHeader, RefusesASizeThatIsMissingOrNoNumber)
 {
-    EXPECT_EQ(complaintAbout("YUV4MPEG2 W5 F30:1"),
+    EXPECT_EQ(complaintAboutHeader("YUV4MPEG2 W5 F30:1"),
         "clip.y4m: header has \"YUV4MPEG2\"; expected the frame size in its tags W and H");
-    EXPECT_EQ(complaintAbout("YUV4MPEG2 W5x H5"), "clip.y4m: header has \"W5x\"; expected a whole number of pixels");
-    EXPECT_EQ(complaintAbout("YUV4MPEG2 W-5 H5"), "clip.y4m: header has \"W-5\"; expected a whole number of pixels");
-    EXPECT_EQ(complaintAbout("YUV4MPEG2 W99999999999999999999 H5"),
+    EXPECT_EQ(
+        complaintAboutHeader("YUV4MPEG2 W5x H5"), "clip.y4m: header has \"W5x\"; expected a whole number of pixels");
+    EXPECT_EQ(
+        complaintAboutHeader("YUV4MPEG2 W-5 H5"), "clip.y4m: header has \"W-5\"; expected a whole number of pixels");
+    EXPECT_EQ(complaintAboutHeader("YUV4MPEG2 W99999999999999999999 H5"),
         "clip.y4m: header has \"W99999999999999999999\"; expected a whole number of pixels");
 }
 
 TEST(Y4MHeader, RefusesAnotherKindOfFileAndShowsOnlyItsStart)
 {
-    EXPECT_EQ(complaintAbout(std::string(1000, 'z')),
+    EXPECT_EQ(complaintAboutHeader(std::string(1000, 'z')),
         "clip.y4m: header has \"" + std::string(40, 'z')
             + "\"; expected a YUV4MPEG2 stream (or --raw WxH for raw RGBA frames)");
-    EXPECT_NE(complaintAbout("YUV4MPEG22 W1 H1"), "none");
+    EXPECT_NE(complaintAboutHeader("YUV4MPEG22 W1 H1"), "none");
 }
 
 TEST(Y4MHeader, RefusesAColorRangeItDoesNotKnow)
 {
-    EXPECT_EQ(complaintAbout("YUV4MPEG2 W1 H1 XCOLORRANGE=HALF"),
+    EXPECT_EQ(complaintAboutHeader("YUV4MPEG2 W1 H1 XCOLORRANGE=HALF"),
         "clip.y4m: header has \"XCOLORRANGE=HALF\"; expected XCOLORRANGE=FULL or XCOLORRANGE=LIMITED");
 }
 
