@@ -6,3 +6,7 @@ target_compile_options(quillbox_warnings INTERFACE
 if(QUILLBOX_WARNINGS_AS_ERRORS)
     target_compile_options(quillbox_warnings INTERFACE -Werror)
 endif()
+# Compiled together with others, a file's anonymous namespace looks to g++ as if it stood in a header.
+if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(quillbox_warnings INTERFACE -Wno-subobject-linkage)
+endif()

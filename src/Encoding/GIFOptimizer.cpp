@@ -9,7 +9,10 @@
 #include "Encoding/PaletteQuantizer.h"
 
 #include <algorithm>
+#include <atomic>
+#include <limits>
 #include <mutex>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -58,37 +61,6 @@ Material prepare(const FrameIntake& intake, ExportPreset preset, Parallelism par
     return material;
 }
 
-/// Counts finished frames and tells the observer, one thread at a time.
-class ProgressReport {
-public:
-    ProgressReport(const Execution& execution, Progress progress)
-        : m_execution(execution)
-        , m_progress(progress)
-    {
-        tell();
-    }
-
-    void frameDone()
-    {
-        if (!m_execution.progress)
-            return;
-        const std::scoped_lock lock(m_mutex);
-        ++m_progress.framesDone;
-        tell();
-    }
-
-private:
-    void tell() const
-    {
-        if (m_execution.progress)
-            m_execution.progress(m_progress);
-    }
-
-    const Execution& m_execution;
-    Progress m_progress;
-    std::mutex m_mutex;
-};
-
 /// What a worker keeps from frame to frame and from attempt to attempt, so that its memory is made once.
 struct Worker {
     Ditherer ditherer;
@@ -96,12 +68,17 @@ struct Worker {
     IndexedFrame indexed;
 };
 
-/// One palette size's result, its file not yet put together.
+/// One palette size's file, frame by frame; not yet put together, and perhaps not whole.
 struct Attempt {
-    std::vector<Bytes> frameParts;
-    std::int64_t byteCount = 0; ///< of the file
-    std::int64_t colorCount = 0;
-    bool usedDithering = false;
+    std::int64_t number; ///< from 1
+    std::int64_t colors; ///< asked for
+    NearestColorLUT lut; ///< made of those there are
+    bool usesDithering;
+    std::vector<Bytes> frameParts; ///< empty where the frame is still to be done
+    std::int64_t framesDone = 0;
+    std::int64_t byteCount = GIFEncoder::fileSize({}); ///< of the file as far as it is done
+
+    [[nodiscard]] bool isWhole() const { return framesDone == std::ssize(frameParts); }
 };
 
 /// Makes the attempts for one clip.
@@ -115,48 +92,71 @@ public:
     {
     }
 
-    Attempt make(std::int64_t colors, ProgressReport& report)
+    /// @return an attempt of which nothing is done.
+    [[nodiscard]] Attempt begun(std::int64_t number, std::int64_t colors) const
     {
-        const NearestColorLUT lut(PaletteQuantizer::quantize(m_material.histogram, colors));
-        Attempt attempt;
-        attempt.colorCount = std::ssize(lut.palette());
-        attempt.usedDithering
-            = m_config.ditheringOverride.value_or(attempt.colorCount * 3 < m_material.histogram.size());
-        attempt.frameParts = encodedFrames(lut, attempt.usedDithering, report);
-        attempt.byteCount = GIFEncoder::fileSize(attempt.frameParts);
-        return attempt;
+        NearestColorLUT lut(PaletteQuantizer::quantize(m_material.histogram, colors));
+        const bool isCoarse = std::ssize(lut.palette()) * 3 < m_material.histogram.size();
+        return {.number = number,
+            .colors = colors,
+            .lut = std::move(lut),
+            .usesDithering = m_config.ditheringOverride.value_or(isCoarse),
+            .frameParts = std::vector<Bytes>(m_material.frames.size())};
     }
 
-private:
-    /// Maps and compresses all frames with one table. Runs of consecutive frames stay on one thread, where a frame can
-    /// reuse the dithering of the one before.
-    std::vector<Bytes> encodedFrames(const NearestColorLUT& lut, bool dither, ProgressReport& report)
+    /// Maps and compresses what is still to be done, until all is or the file exceeds `byteLimit` or `stop` asks for
+    /// the end. Runs of consecutive frames stay on one thread, where a frame can reuse the dithering of the one before.
+    void advance(Attempt& attempt, std::int64_t byteLimit, const std::stop_token& stop)
     {
         constexpr std::int64_t largestRun = 16;
         const std::int64_t count = std::ssize(m_material.frames);
         const std::int64_t run = std::clamp<std::int64_t>(count / (4 * std::ssize(m_workers)), 1, largestRun);
         for (Worker& worker : m_workers) {
-            worker.indexed.palette = lut.palette();
-            worker.ditherer.use(lut);
+            worker.indexed.palette = attempt.lut.palette();
+            worker.ditherer.use(attempt.lut);
         }
-        std::vector<Bytes> parts(m_material.frames.size());
-        parallelFor(m_execution.parallelism, (count + run - 1) / run, [&](std::int64_t item, int workerNumber) {
-            auto& [ditherer, compressor, indexed] = m_workers[static_cast<std::size_t>(workerNumber)];
+        tell(attempt);
+        std::mutex mutex; // guards what the attempt counts
+        std::atomic<bool> isOver = attempt.byteCount > byteLimit;
+        parallelFor(m_execution.parallelism, (count + run - 1) / run, [&](std::int64_t item, int worker) {
             const std::int64_t end = std::min(count, (item + 1) * run);
-            for (std::int64_t i = item * run; i < end; ++i) {
-                const auto& [frame, delay] = m_material.frames[static_cast<std::size_t>(i)];
-                indexed.width = frame.width();
-                indexed.height = frame.height();
-                indexed.delayCentiseconds = delay;
-                if (dither)
-                    ditherer.dither(frame, indexed.indices);
-                else
-                    PaletteMapper::mapInto(indexed.indices, frame, lut);
-                parts[static_cast<std::size_t>(i)] = GIFEncoder::encodeFrame(indexed, compressor);
-                report.frameDone();
+            for (std::int64_t i = item * run; i < end && !isOver && !stop.stop_requested(); ++i) {
+                Bytes& part = attempt.frameParts[static_cast<std::size_t>(i)];
+                if (!part.empty())
+                    continue;
+                part = encodedFrame(attempt, m_workers[static_cast<std::size_t>(worker)], i);
+                const std::scoped_lock lock(mutex);
+                ++attempt.framesDone;
+                attempt.byteCount = checkedAdd(attempt.byteCount, std::ssize(part));
+                isOver = attempt.byteCount > byteLimit;
+                tell(attempt);
             }
         });
-        return parts;
+    }
+
+private:
+    [[nodiscard]] Bytes encodedFrame(const Attempt& attempt, Worker& worker, std::int64_t index) const
+    {
+        auto& [ditherer, compressor, indexed] = worker;
+        const auto& [frame, delay] = m_material.frames[static_cast<std::size_t>(index)];
+        indexed.width = frame.width();
+        indexed.height = frame.height();
+        indexed.delayCentiseconds = delay;
+        if (attempt.usesDithering)
+            ditherer.dither(frame, indexed.indices);
+        else
+            PaletteMapper::mapInto(indexed.indices, frame, attempt.lut);
+        return GIFEncoder::encodeFrame(indexed, compressor);
+    }
+
+    void tell(const Attempt& attempt) const
+    {
+        if (m_execution.progress) {
+            m_execution.progress({.attempt = attempt.number,
+                .colors = attempt.colors,
+                .framesDone = attempt.framesDone,
+                .frameCount = std::ssize(attempt.frameParts)});
+        }
     }
 
     const Material& m_material;
@@ -165,6 +165,36 @@ private:
     std::vector<Worker> m_workers;
 };
 
+constexpr std::int64_t noLimit = std::numeric_limits<std::int64_t>::max();
+
+/// The first attempt that fits the budget, or else the smallest. One that exceeds the budget is left as it is. Only
+/// where none fits, the last one, as a rule the smallest, is finished, and the others go on until they exceed it.
+Attempt bestAttempt(Attempts& attempts, const Config& config, const std::stop_token& finishNow)
+{
+    std::vector<Attempt> left;
+    for (std::optional colors = config.preset.maxColors(); colors;
+         colors = PresetMath::nextColorStep(*colors, config.preset)) {
+        Attempt attempt = attempts.begun(std::ssize(left) + 1, *colors);
+        attempts.advance(attempt, config.preset.targetBytes(), left.empty() ? std::stop_token() : finishNow);
+        const bool isInTime = left.empty() || !finishNow.stop_requested();
+        if (attempt.isWhole() && attempt.byteCount <= config.preset.targetBytes())
+            return attempt;
+        if (isInTime)
+            left.push_back(std::move(attempt));
+        if (finishNow.stop_requested())
+            break;
+    }
+    Attempt best = std::move(left.back());
+    left.pop_back();
+    attempts.advance(best, noLimit, {});
+    for (; !left.empty(); left.pop_back()) {
+        attempts.advance(left.back(), best.byteCount, finishNow);
+        if (left.back().isWhole() && left.back().byteCount <= best.byteCount) // of equal ones the first
+            best = std::move(left.back());
+    }
+    return best;
+}
+
 Result resultOf(const Attempt& attempt, const Material& material)
 {
     const RGBAFrame& first = material.frames.front().frame;
@@ -172,9 +202,9 @@ Result resultOf(const Attempt& attempt, const Material& material)
         .byteCount = attempt.byteCount,
         .frameCount = std::ssize(material.frames),
         .sourceFrameCount = material.sourceFrameCount,
-        .colorCount = attempt.colorCount,
+        .colorCount = std::ssize(attempt.lut.palette()),
         .effectiveFPS = material.fps,
-        .usedDithering = attempt.usedDithering,
+        .usedDithering = attempt.usesDithering,
         .durationSeconds = material.durationSeconds};
 }
 
@@ -193,21 +223,7 @@ Result optimize(const FrameIntake& intake, const Config& config, const Execution
     precondition(intake.sourceFPS() == config.sourceFPS, "the frames were taken at the source's rate");
     const Material material = prepare(intake, config.preset, execution.parallelism);
     Attempts attempts(material, config, execution);
-    std::optional<Attempt> best;
-    Progress progress{.attempt = 0, .colors = 0, .framesDone = 0, .frameCount = std::ssize(material.frames)};
-    for (std::optional colors = config.preset.maxColors(); colors;
-         colors = PresetMath::nextColorStep(*colors, config.preset)) {
-        ++progress.attempt;
-        progress.colors = *colors;
-        ProgressReport report(execution, progress);
-        Attempt attempt = attempts.make(*colors, report);
-        const bool fits = attempt.byteCount <= config.preset.targetBytes();
-        if (fits || !best || attempt.byteCount < best->byteCount)
-            best = std::move(attempt);
-        if (fits)
-            break;
-    }
-    return resultOf(*best, material);
+    return resultOf(bestAttempt(attempts, config, execution.finishNow), material);
 }
 
 } // namespace quillbox::GIFOptimizer

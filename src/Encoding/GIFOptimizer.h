@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <stop_token>
 
 namespace quillbox {
 
@@ -37,18 +38,22 @@ struct Result {
     friend bool operator==(const Result&, const Result&) = default;
 };
 
-/// How far `optimize` has come.
+/// How far `optimize` has come. An attempt is left as soon as it exceeds the budget; where no palette size fits, those
+/// that may be the smallest are taken up again.
 struct Progress {
-    std::int64_t attempt = 0; ///< 1 for the first palette size; 0 while frames are being measured
-    std::int64_t colors = 0;  ///< palette size of this attempt
-    std::int64_t framesDone = 0;
+    std::int64_t attempt = 0;    ///< 1 for the first palette size; 0 while frames are being measured
+    std::int64_t colors = 0;     ///< palette size of this attempt
+    std::int64_t framesDone = 0; ///< of this attempt
     std::int64_t frameCount = 0;
 };
 
-/// How the work is carried out; nothing in it changes a byte of the result.
+/// How the work is carried out. Nothing but `finishNow` changes a byte of the result.
 struct Execution {
     Parallelism parallelism{};
     std::function<void(const Progress&)> progress{}; ///< called now and then, by one thread at a time
+    /// A request ends the search for a palette size: the result is the smallest attempt finished so far. Where none is
+    /// finished, because all were left when they exceeded the budget, the latest of them is finished first.
+    std::stop_token finishNow{};
 };
 
 /// @param intake  The frames, taken at `config.sourceFPS` for `config.preset` (and perhaps others).

@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <stop_token>
+#include <utility>
 #include <vector>
 
 // Noise compresses to about as many bytes a pixel as its palette has bits, so the number of pixels decides which
@@ -80,6 +82,28 @@ TEST(GIFOptimizerBudget, TheSmallestFileIsReturnedWhenNoneFits)
     EXPECT_THAT(outcome.attemptedColors, ElementsAre(64, 48, 32, 24, 16));
     EXPECT_GT(outcome.result.byteCount, 2'000'000);
     EXPECT_EQ(outcome.result.colorCount, 16);
+    EXPECT_EQ(outcome.result, reference::optimize(frames, config).result);
+}
+
+TEST(GIFOptimizerBudget, AnAttemptIsLeftAsSoonAsItExceedsTheBudget)
+{
+    const std::vector<RGBAFrame> frames = noiseClip(8'000'000); // 50 frames, several times the budget
+    std::vector<Progress> last;                                 // of each advance
+    (void)optimize(frames, {.preset = ExportPreset::slack, .sourceFPS = 12, .ditheringOverride = false},
+        {.parallelism = {2}, .progress = [&](const Progress& progress) {
+             if (last.empty() || last.back().attempt != progress.attempt)
+                 last.emplace_back();
+             last.back() = progress;
+         }});
+    ASSERT_EQ(last.size(), 9U) << "five attempts, then the four that were not finished";
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_LT(last[i].framesDone, 50 - 16) << last[i].attempt;
+    EXPECT_EQ(last[4].attempt, 5);
+    EXPECT_EQ(last[4].framesDone, 50);
+    for (std::size_t i = 5; i < last.size(); ++i) {
+        EXPECT_EQ(last[i].attempt, 9 - static_cast<std::int64_t>(i)) << "the smaller ones first";
+        EXPECT_GT(last[i].framesDone, last[8 - i].framesDone) << "it goes on where it was";
+    }
 }
 
 TEST(GIFOptimizerBudget, GitHubGoesDownItsWholeLadder)
@@ -153,6 +177,44 @@ TEST(GIFOptimizerBudget, ALaterButLargerFileIsNotReturned)
     EXPECT_GT(outcome.result.byteCount, 2'000'000);
     EXPECT_EQ(outcome.result.colorCount, 64);
     EXPECT_FALSE(outcome.result.usedDithering);
+}
+
+/// Asks for an early end when attempt `number` begins.
+Result finishedAt(std::int64_t number, const std::vector<RGBAFrame>& frames, const Config& config)
+{
+    std::stop_source finishNow;
+    return optimize(frames, config,
+        {.parallelism = {},
+            .progress =
+                [&](const Progress& progress) {
+                    if (progress.attempt == number)
+                        finishNow.request_stop();
+                },
+            .finishNow = finishNow.get_token()});
+}
+
+TEST(GIFOptimizerFinish, TheFirstAttemptIsAlwaysFinished)
+{
+    const Config config{.preset = ExportPreset::slack, .sourceFPS = 12};
+    EXPECT_EQ(finishedAt(1, noiseClip(4'200'000), config).colorCount, 64);
+}
+
+TEST(GIFOptimizerFinish, AnAttemptThatWasLeftIsFinished)
+{
+    const std::vector<RGBAFrame> frames = noiseClip(4'200'000);
+    const Config config{.preset = ExportPreset::slack, .sourceFPS = 12};
+    for (const auto& [attempt, colors] : {std::pair{2, 64}, {3, 48}, {4, 32}}) {
+        const Result result = finishedAt(attempt, frames, config);
+        EXPECT_GT(result.byteCount, 2'000'000);
+        EXPECT_EQ(result, reference::attempt(frames, config, colors).result) << "at attempt " << attempt;
+    }
+}
+
+TEST(GIFOptimizerFinish, ChangesNothingOnceThereIsOneThatFits)
+{
+    const std::vector<RGBAFrame> frames = noiseClip(1'700'000);
+    const Config config{.preset = ExportPreset::slack, .sourceFPS = 12};
+    EXPECT_EQ(finishedAt(1, frames, config), optimize(frames, config));
 }
 
 } // namespace

@@ -60,7 +60,7 @@ Prepared prepare(std::span<const RGBAFrame> frames, const GIFOptimizer::Config& 
     return prepared;
 }
 
-OptimizedClip attempt(const Prepared& prepared, const GIFOptimizer::Config& config, std::int64_t colors)
+OptimizedClip attemptWith(const Prepared& prepared, const GIFOptimizer::Config& config, std::int64_t colors)
 {
     OptimizedClip clip;
     const std::vector<RGBColor> palette = quantize(prepared.histogram, colors);
@@ -97,7 +97,7 @@ OptimizedClip optimize(std::span<const RGBAFrame> frames, const GIFOptimizer::Co
         if (!tried.insert(*colors).second)
             continue;
         attempted.push_back(*colors);
-        OptimizedClip candidate = attempt(prepared, config, *colors);
+        OptimizedClip candidate = attemptWith(prepared, config, *colors);
         candidate.result.sourceFrameCount = std::ssize(frames);
         const bool fits = candidate.result.byteCount <= limits.targetBytes;
         if (fits || !best || candidate.result.byteCount < best->result.byteCount)
@@ -107,6 +107,13 @@ OptimizedClip optimize(std::span<const RGBAFrame> frames, const GIFOptimizer::Co
     }
     best->attemptedColors = attempted;
     return *best;
+}
+
+OptimizedClip attempt(std::span<const RGBAFrame> frames, const GIFOptimizer::Config& config, std::int64_t colors)
+{
+    OptimizedClip clip = attemptWith(prepare(frames, config), config, colors);
+    clip.result.sourceFrameCount = std::ssize(frames);
+    return clip;
 }
 
 } // namespace quillbox::reference

@@ -19,4 +19,8 @@ struct OptimizedClip {
 /// @throws GIFEncodingError  a side of a frame is outside 0…65535.
 [[nodiscard]] OptimizedClip optimize(std::span<const RGBAFrame> frames, const GIFOptimizer::Config& config);
 
+/// The attempt with a palette of `colors`, whatever size its file has.
+[[nodiscard]] OptimizedClip attempt(
+    std::span<const RGBAFrame> frames, const GIFOptimizer::Config& config, std::int64_t colors);
+
 } // namespace quillbox::reference
