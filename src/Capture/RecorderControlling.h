@@ -5,9 +5,12 @@
 
 #include <QCoro/QCoroTask>
 
+#include <memory>
 #include <vector>
 
 namespace quillbox {
+
+class LiveIntake;
 
 /// What the recording workflow asks of a recorder. Used by reference only. Thread: main.
 class RecorderControlling {
@@ -30,6 +33,9 @@ public:
     /// @return Every frame recorded since the last successful start, oldest first, 30 a second. When not recording:
     ///         the frames still held, without further effect.
     virtual QCoro::Task<std::vector<RGBAFrame>> stop() = 0;
+
+    /// What was learnt of the frames that stop() has returned while they were recorded; null where that is nothing.
+    [[nodiscard]] virtual std::shared_ptr<LiveIntake> intake() const { return nullptr; }
 };
 
 } // namespace quillbox

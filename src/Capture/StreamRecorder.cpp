@@ -1,5 +1,7 @@
 #include "Capture/StreamRecorder.h"
 
+#include "Capture/LiveIntake.h"
+
 #include <QCoreApplication>
 #include <QPointer>
 
@@ -70,6 +72,7 @@ QCoro::Task<> StreamRecorder::start(CaptureRegion region)
     const QPointer self(this);
     auto session = std::make_shared<Session>();
     session->region = region.normalized();
+    session->intake = std::make_shared<LiveIntake>();
     m_starting.push_back(m_makeStream());
     CaptureStream* const stream = m_starting.back().get();
     try {
@@ -118,6 +121,11 @@ QCoro::Task<std::vector<RGBAFrame>> StreamRecorder::stop()
     co_return session->timeline.frames();
 }
 
+std::shared_ptr<LiveIntake> StreamRecorder::intake() const
+{
+    return m_session->intake;
+}
+
 std::int64_t StreamRecorder::frameCount() const
 {
     return m_session->timeline.frameCount(m_now());
@@ -140,7 +148,7 @@ void StreamRecorder::releasePicture()
     takeDeliveries();
     const auto hold = std::exchange(m_hold, std::nullopt);
     if (hold && hold->latest)
-        m_session->timeline.deliver(*hold->latest, m_now());
+        deliver(*m_session, *hold->latest, m_now());
 }
 
 std::unique_ptr<CaptureStream> StreamRecorder::takeStarting(const CaptureStream* stream)
@@ -178,10 +186,17 @@ void StreamRecorder::takeDeliveries()
         if (frame != nullptr && m_hold && delivery.session == m_session)
             m_hold->latest = std::move(*frame);
         else if (frame != nullptr)
-            delivery.session->timeline.deliver(std::move(*frame), delivery.time);
+            deliver(*delivery.session, std::move(*frame), delivery.time);
         else
             end(delivery.session, delivery.time, std::get<CaptureError>(delivery.content));
     }
+}
+
+void StreamRecorder::deliver(Session& session, RGBAFrame frame, CaptureClock::time_point time)
+{
+    session.timeline.deliver(std::move(frame), time);
+    if (!session.timeline.isFinished()) // a picture that comes later is in no clip
+        session.intake->follow(session.timeline.frames());
 }
 
 void StreamRecorder::end(

@@ -55,6 +55,7 @@ public:
     [[nodiscard]] bool isRecording() const override { return m_isRecording; }
     QCoro::Task<> start(CaptureRegion region) override;
     QCoro::Task<std::vector<RGBAFrame>> stop() override;
+    [[nodiscard]] std::shared_ptr<LiveIntake> intake() const override;
 
     /// How many frames stop() would return now.
     [[nodiscard]] std::int64_t frameCount() const;
@@ -86,13 +87,15 @@ private:
     struct Session {
         CaptureRegion region;
         FrameTimeline timeline;
-        QString interruption; // empty unless the source went away
+        std::shared_ptr<LiveIntake> intake; // follows the timeline until its end
+        QString interruption;               // empty unless the source went away
     };
     class Inbox;
 
     std::unique_ptr<CaptureStream> takeStarting(const CaptureStream* stream);
     FrameSink sinkFor(const std::shared_ptr<Session>& session);
     void takeDeliveries();
+    static void deliver(Session& session, RGBAFrame frame, CaptureClock::time_point time);
     void end(const std::shared_ptr<Session>& session, CaptureClock::time_point time, const CaptureError& reason);
     void setRecording(bool next);
 

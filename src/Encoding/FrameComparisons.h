@@ -19,14 +19,23 @@ public:
     /// @pre there is a frame at hand.
     [[nodiscard]] double fractionChangedSince(const RGBAFrame& earlier);
 
+    /// Whether that exceeds `threshold`. Costs less where the frames differ much. @pre as above.
+    [[nodiscard]] bool changesMoreThan(const RGBAFrame& earlier, double threshold);
+
 private:
     struct Answer {
         RGBAFrame earlier;
         double fraction = 0;
     };
+    struct Verdict {
+        RGBAFrame earlier;
+        double threshold = 0;
+        bool changesMore = false;
+    };
 
     std::optional<RGBAFrame> m_frame;
     std::vector<Answer> m_answers;
+    std::vector<Verdict> m_verdicts;
 };
 
 } // namespace quillbox

@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <cstring>
+#include <limits>
 
 namespace quillbox::FrameDeduplicator {
 namespace {
@@ -37,15 +39,17 @@ static_assert(std::endian::native == std::endian::little, "alpha is the high byt
 
 constexpr std::int64_t blockPixels = 1024;
 
-/// Changed pixels between two runs of `count` pixels. Equal blocks, the usual case, cost one comparison of memory.
-std::int64_t changedIn(const std::uint8_t* a, const std::uint8_t* b, std::int64_t count, std::int64_t tolerance)
+/// Changed pixels between two runs of `count` pixels; where they are `enough`, perhaps only as many of them. Equal
+/// blocks, the usual case, cost one comparison of memory.
+std::int64_t changedIn(
+    const std::uint8_t* a, const std::uint8_t* b, std::int64_t count, std::int64_t tolerance, std::int64_t enough)
 {
     constexpr std::int64_t largestDistance = 3 * 255 * 255;
     if (tolerance < 0)
         return count; // a distance of zero is above it already
     const auto limit = static_cast<std::int32_t>(std::min(tolerance, largestDistance));
     std::int64_t changed = 0;
-    for (std::int64_t done = 0; done < count; done += blockPixels) {
+    for (std::int64_t done = 0; done < count && changed < enough; done += blockPixels) {
         const std::int64_t block = std::min(blockPixels, count - done);
         const std::uint8_t* left = a + 4 * done;
         const std::uint8_t* right = b + 4 * done;
@@ -62,7 +66,8 @@ std::int64_t changedPixels(const RGBAFrame& a, const RGBAFrame& b, std::int64_t 
     precondition(a.width() == b.width() && a.height() == b.height(), "only frames of one size are compared by pixel");
     if (a.sharesPixels(b) && perPixelTolerance >= 0)
         return 0;
-    return changedIn(a.pixels().data(), b.pixels().data(), a.pixelCount(), perPixelTolerance);
+    constexpr auto all = std::numeric_limits<std::int64_t>::max();
+    return changedIn(a.pixels().data(), b.pixels().data(), a.pixelCount(), perPixelTolerance, all);
 }
 
 double fractionChanged(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPixelTolerance)
@@ -70,6 +75,25 @@ double fractionChanged(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perP
     if (a.width() != b.width() || a.height() != b.height() || a.pixelCount() < 1)
         return 1.0;
     return static_cast<double>(changedPixels(a, b, perPixelTolerance)) / static_cast<double>(a.pixelCount());
+}
+
+bool changesMoreThan(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPixelTolerance, double threshold)
+{
+    if (a.width() != b.width() || a.height() != b.height() || a.pixelCount() < 1)
+        return threshold < 1.0; // entirely changed
+    if (a.sharesPixels(b) && perPixelTolerance >= 0)
+        return threshold < 0.0;
+    const std::int64_t pixels = a.pixelCount();
+    const auto exceeds = [pixels, threshold](std::int64_t changed) {
+        return static_cast<double>(changed) / static_cast<double>(pixels) > threshold;
+    };
+    // The least number of changed pixels that exceeds the threshold: near the product, whose rounding does not matter.
+    auto enough = static_cast<std::int64_t>(std::floor(std::clamp(threshold, 0.0, 1.0) * static_cast<double>(pixels)));
+    while (enough > 0 && exceeds(enough - 1))
+        --enough;
+    while (enough <= pixels && !exceeds(enough))
+        ++enough;
+    return changedIn(a.pixels().data(), b.pixels().data(), pixels, perPixelTolerance, enough) >= enough;
 }
 
 Deduplicator::Deduplicator(std::int64_t perFrameDelayCentiseconds, double changeThreshold)
@@ -80,7 +104,7 @@ Deduplicator::Deduplicator(std::int64_t perFrameDelayCentiseconds, double change
 
 bool Deduplicator::append(const RGBAFrame& frame, FrameComparisons& comparisons)
 {
-    if (!m_last || comparisons.fractionChangedSince(*m_last) > m_changeThreshold) {
+    if (!m_last || comparisons.changesMoreThan(*m_last, m_changeThreshold)) {
         m_kept.push_back({frame, m_delayCentiseconds});
         m_last = frame;
         return true;

@@ -31,6 +31,10 @@ inline constexpr std::int64_t defaultPerPixelTolerance = 12;
 /// `changedPixels` as a share of all pixels, 0.0…1.0. Frames of different size, or without pixels, give 1.0.
 [[nodiscard]] double fractionChanged(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPixelTolerance);
 
+/// Whether `fractionChanged` exceeds `threshold` (a share, 0…1). Looks no further than that takes.
+[[nodiscard]] bool changesMoreThan(
+    const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPixelTolerance, double threshold);
+
 /// Takes frames in order and drops each one that differs from the last one kept in at most a threshold of its pixels,
 /// lengthening that one's delay instead, to at most 65535. Kept frames share their pixels with the input.
 class Deduplicator {

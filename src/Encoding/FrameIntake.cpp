@@ -59,6 +59,12 @@ FrameIntake::FrameIntake(std::int64_t sourceFPS, std::span<const ExportPreset> p
     }
 }
 
+FrameIntake FrameIntake::forAnyPreset(std::int64_t sourceFPS)
+{
+    const std::vector<ExportPreset> all(ExportPreset::allCases.begin(), ExportPreset::allCases.end());
+    return FrameIntake(sourceFPS, all);
+}
+
 FrameIntake FrameIntake::shrinking(std::int64_t sourceFPS, ExportPreset preset)
 {
     FrameIntake intake(sourceFPS, std::span(&preset, 1));

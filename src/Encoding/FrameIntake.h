@@ -26,6 +26,9 @@ public:
     /// @param presets    Those that may be asked for in the end; not empty.
     FrameIntake(std::int64_t sourceFPS, std::span<const ExportPreset> presets);
 
+    /// An intake for any preset, to be chosen in the end.
+    [[nodiscard]] static FrameIntake forAnyPreset(std::int64_t sourceFPS);
+
     /// An intake for one preset that shrinks frames to its width as soon as they are to be kept. Worth it where the
     /// frames would otherwise take up memory of their own.
     [[nodiscard]] static FrameIntake shrinking(std::int64_t sourceFPS, ExportPreset preset);

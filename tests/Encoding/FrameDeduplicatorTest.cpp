@@ -9,11 +9,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 namespace quillbox {
 namespace {
 
+using FrameDeduplicator::changesMoreThan;
 using FrameDeduplicator::deduplicate;
 using FrameDeduplicator::fractionChanged;
 using FrameDeduplicator::Timed;
@@ -115,6 +117,22 @@ TEST(FractionChanged, EqualsTheReference)
                                             : support::randomSuccessor(a, random);
         const std::int64_t limit = random.pick<std::int64_t>({12, 12, 0, -1, 3, 195'074, 1'000'000'000'000});
         ASSERT_EQ(fractionChanged(a, b, limit), reference::fractionChanged(a, b, limit));
+    }
+}
+
+TEST(ChangesMoreThan, SaysWhatTheFractionSays)
+{
+    Random random(53);
+    for (std::int64_t i = support::iterations(5000); i > 0; --i) {
+        const RGBAFrame a = support::randomPicture(random.below(90), random.below(90), random);
+        const RGBAFrame b = random.oneIn(9) ? support::randomPicture(random.below(90), random.below(90), random)
+            : random.oneIn(9)               ? a
+                                            : support::randomSuccessor(a, random);
+        const std::int64_t limit = random.pick<std::int64_t>({12, 12, 0, -1, 195'074});
+        const double fraction = reference::fractionChanged(a, b, limit);
+        for (const double threshold :
+            {fraction, std::nextafter(fraction, -1), std::nextafter(fraction, 2), 0.01, 0.0, 1.0, -1.0, 2.0})
+            ASSERT_EQ(changesMoreThan(a, b, limit, threshold), fraction > threshold) << fraction << ' ' << threshold;
     }
 }
 

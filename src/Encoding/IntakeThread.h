@@ -1,0 +1,55 @@
+#pragma once
+
+#include "Encoding/FrameIntake.h"
+#include "Encoding/PixelTypes.h"
+
+#include <condition_variable>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <exception>
+#include <mutex>
+#include <thread>
+
+namespace quillbox {
+
+/// Gives frames to a `FrameIntake` on a thread of its own, so that whoever has them is not held up by the measuring.
+/// Thread: take() and finished() are for one thread at a time.
+class IntakeThread {
+public:
+    static constexpr std::size_t unlimited = 0;
+
+    /// @param largestQueue  Frames that may be under way; a faster caller then waits. `unlimited`: nobody ever waits.
+    explicit IntakeThread(FrameIntake intake, std::size_t largestQueue = unlimited);
+    /// What is still waiting is dropped.
+    ~IntakeThread();
+    IntakeThread(const IntakeThread&) = delete;
+    IntakeThread& operator=(const IntakeThread&) = delete;
+
+    /// Takes the next frame, oldest first. @pre finished() has not been called.
+    void take(RGBAFrame frame);
+
+    /// Frames handed over so far.
+    [[nodiscard]] std::int64_t takenCount() const { return m_takenCount; }
+
+    /// What the frames came to. Waits until all have been taken in; no frame may follow.
+    /// @throws std::bad_alloc  measuring ran out of memory.
+    [[nodiscard]] const FrameIntake& finished();
+
+private:
+    void work();
+    void end();
+
+    FrameIntake m_intake; ///< the thread's while it runs
+    std::size_t m_largestQueue;
+    std::int64_t m_takenCount = 0;
+
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::deque<RGBAFrame> m_waiting;
+    bool m_isComplete = false;
+    std::exception_ptr m_error; ///< of the thread
+    std::thread m_thread;
+};
+
+} // namespace quillbox
