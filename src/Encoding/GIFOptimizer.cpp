@@ -204,7 +204,7 @@ Result optimize(const FrameIntake& intake, const Config& config, const Execution
         const bool fits = attempt.byteCount <= config.preset.targetBytes();
         if (fits || !best || attempt.byteCount < best->byteCount)
             best = std::move(attempt);
-        if (fits)
+        if (fits || execution.finishNow.stop_requested())
             break;
     }
     return resultOf(*best, material);

@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <stop_token>
 
 namespace quillbox {
 
@@ -45,10 +46,12 @@ struct Progress {
     std::int64_t frameCount = 0;
 };
 
-/// How the work is carried out; nothing in it changes a byte of the result.
+/// How the work is carried out; nothing but `finishNow` changes a byte of the result.
 struct Execution {
     Parallelism parallelism{};
     std::function<void(const Progress&)> progress{}; ///< called now and then, by one thread at a time
+    /// A stop request ends with the smallest attempt finished so far; the first is always finished.
+    std::stop_token finishNow{};
 };
 
 /// @param intake  The frames, taken at `config.sourceFPS` for `config.preset` (and perhaps others).
