@@ -79,6 +79,8 @@ QHBoxLayout* rowIn(QWidget* parent)
     return row;
 }
 
+constexpr int barGap = 5; // between the status and the progress bar
+
 /// Whether `widget` takes its place also when it is not shown.
 void keepPlace(QWidget& widget, bool keep)
 {
@@ -168,7 +170,7 @@ QWidget* RecorderHUD::makeStatusRow()
     auto* row = rowIn(status);
     row->setSpacing(Theme::spacing);
     auto* column = new QVBoxLayout;
-    column->setSpacing(Theme::tightSpacing);
+    column->setSpacing(0);
     auto* sentence = new QHBoxLayout;
     sentence->setSpacing(Theme::tightSpacing);
     m_statusSymbol = new SymbolLabel(Symbol::InfoCircle, Role::Secondary, Theme::symbolSize, status);
@@ -179,17 +181,15 @@ QWidget* RecorderHUD::makeStatusRow()
     m_finishButton = new FlatButton(FlatButton::Kind::Small, tr("Finish now"), std::nullopt, status);
     m_finishButton->setToolTip(plainToolTip(tr("Ends with the smallest file made so far")));
     connect(m_finishButton, &FlatButton::clicked, &m_coordinator, &CurrentCoordinator::finishNow);
-    column->addStretch();
+    column->addSpacing(barGap + m_progress->sizeHint().height()); // the sentence stays in the middle
     column->addLayout(sentence);
+    column->addSpacing(barGap);
     column->addWidget(m_progress);
-    column->addStretch();
     row->addLayout(column, 1);
     row->addWidget(m_finishButton, 0, Qt::AlignVCenter);
+    keepPlace(*m_progress, true); // nothing moves when it comes
     m_progress->hide();
     m_finishButton->hide();
-    const int sentenceHeight = std::max(Theme::symbolSize, m_statusText->minimumSizeHint().height());
-    status->setMinimumHeight(std::max(m_finishButton->sizeHint().height(), // nothing moves when they come
-        sentenceHeight + column->spacing() + m_progress->sizeHint().height()));
     return status;
 }
 
@@ -247,8 +247,7 @@ void RecorderHUD::showPreset()
 void RecorderHUD::awaitProgress()
 {
     const bool processing = m_coordinator.get().isIn<RecordingCoordinator::Processing>();
-    keepPlace(*m_progress, processing);
-    keepPlace(*m_finishButton, processing);
+    keepPlace(*m_finishButton, processing); // other texts need it
     if (!processing) {
         m_progressDelay->stop();
         m_progress->hide();
