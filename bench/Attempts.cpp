@@ -2,8 +2,8 @@
 //
 //     count-attempts [--first-only] slack|github|docs FRAMES.rgba WIDTHxHEIGHT FPS
 //
-// With --first-only the process ends at the moment the second attempt would begin, so that its time is that of reading
-// the frames, preparing them and one complete attempt. Prints {"attempts": N}.
+// With --first-only the process ends after one complete attempt, so that its time is that of reading the frames,
+// preparing them and making that attempt. Prints {"attempts": N}.
 
 #include "App/FrameSources/BackgroundIntake.h"
 #include "App/FrameSources/ByteSource.h"
@@ -15,15 +15,12 @@
 #include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <set>
 #include <span>
 #include <stdexcept>
+#include <stop_token>
 
 namespace {
-
-void print(std::int64_t attempts)
-{
-    std::printf("{\"attempts\": %lld}\n", static_cast<long long>(attempts));
-}
 
 void countAttempts(std::span<char*> arguments, bool firstOnly)
 {
@@ -37,18 +34,16 @@ void countAttempts(std::span<char*> arguments, bool firstOnly)
     BackgroundIntake intake(*preset, sourceFPS);
     RawReader::read(source, {.width = width, .height = height}, intake);
 
-    std::int64_t attempts = 0;
-    const auto progress = [&attempts, firstOnly](const GIFOptimizer::Progress& now) {
-        if (firstOnly && now.attempt > 1) {
-            print(1);
-            (void)std::fflush(stdout); // a reader that went away gets no answer
-            std::_Exit(0);             // at once: the frames need not be given back one by one
-        }
-        attempts = now.attempt;
-    };
-    (void)GIFOptimizer::optimize(
-        intake.finished(), {.preset = *preset, .sourceFPS = sourceFPS}, {.parallelism = {}, .progress = progress});
-    print(attempts);
+    std::set<std::int64_t> colors;
+    std::stop_source finishNow;
+    if (firstOnly)
+        finishNow.request_stop();
+    const auto progress = [&colors](const GIFOptimizer::Progress& now) { colors.insert(now.colors); };
+    (void)GIFOptimizer::optimize(intake.finished(), {.preset = *preset, .sourceFPS = sourceFPS},
+        {.parallelism = {}, .progress = progress, .finishNow = finishNow.get_token()});
+    std::printf("{\"attempts\": %zu}\n", colors.size());
+    (void)std::fflush(stdout); // a reader that went away gets no answer
+    std::_Exit(0);             // at once: the frames need not be given back one by one
 }
 
 } // namespace

@@ -28,9 +28,10 @@ QString ClipExport::newPath()
     return ClipboardExporter::clipsDirectory() + QLatin1Char('/') + name;
 }
 
-ClipExport::Saved ClipExport::run(const std::vector<RGBAFrame>& frames, ExportPreset preset)
+ClipExport::Saved ClipExport::run(
+    const std::vector<RGBAFrame>& frames, ExportPreset preset, const GIFOptimizer::Execution& execution)
 {
-    Saved saved{.result = encode(frames, preset), .path = newPath()};
+    Saved saved{.result = encode(frames, preset, execution), .path = newPath()};
     std::filesystem::create_directories(QFile::encodeName(QFileInfo(saved.path).path()).toStdString());
     OutputFile::save(QFile::encodeName(saved.path).toStdString(), saved.result.data, OutputFile::IfExists::Replace);
     return saved;

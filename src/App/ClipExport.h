@@ -30,10 +30,12 @@ struct Saved {
 [[nodiscard]] QString newPath();
 
 /// Encodes the frames and saves them at `newPath()`, in a folder that is made if need be.
+/// @param frames  Oldest first, 30 a second. @pre not empty.
 /// @throws GIFEncodingError  a side of a frame is too large.
 /// @throws std::filesystem::filesystem_error  the clips folder can't be made.
 /// @throws OutputFileError  the file can't be written; nothing of it is left.
-[[nodiscard]] Saved run(const std::vector<RGBAFrame>& frames, ExportPreset preset);
+[[nodiscard]] Saved run(
+    const std::vector<RGBAFrame>& frames, ExportPreset preset, const GIFOptimizer::Execution& execution = {});
 
 /// The bytes of the file, for the clipboard.
 [[nodiscard]] QByteArray bytes(const GIFOptimizer::Result& result);

@@ -32,6 +32,12 @@ void CurrentCoordinator::stop()
     TaskSink::keep(get().stopAndExport());
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): what it holds changes
+void CurrentCoordinator::finishNow()
+{
+    get().finishNow();
+}
+
 void CurrentCoordinator::toggle()
 {
     if (get().isIn<RecordingCoordinator::Recording>())
@@ -50,6 +56,7 @@ void CurrentCoordinator::adopt(std::unique_ptr<RecordingCoordinator> next)
     connect(coordinator, &RecordingCoordinator::phaseAboutToChange, this, &CurrentCoordinator::phaseAboutToChange);
     connect(coordinator, &RecordingCoordinator::phaseChanged, this, &CurrentCoordinator::phaseChanged);
     connect(coordinator, &RecordingCoordinator::presetChanged, this, &CurrentCoordinator::presetChanged);
+    connect(coordinator, &RecordingCoordinator::progressChanged, this, &CurrentCoordinator::progressChanged);
 }
 
 } // namespace quillbox

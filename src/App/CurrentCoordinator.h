@@ -24,6 +24,8 @@ public:
     void begin();
     /// Ends a recording, if there is one, and makes the clip.
     void stop();
+    /// Has a clip that is being made end with what is finished; see `RecordingCoordinator::finishNow`.
+    void finishNow();
     /// stop() while recording, begin() otherwise.
     void toggle();
 
@@ -32,6 +34,8 @@ Q_SIGNALS:
     void phaseChanged();
     /// The preset of get() has changed.
     void presetChanged();
+    /// The progress of get() has changed, or its clip has been told to finish.
+    void progressChanged();
     /// The phase of get() is about to become `next`.
     void phaseAboutToChange(const quillbox::RecordingCoordinator::Phase& next);
 

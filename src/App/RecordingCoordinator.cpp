@@ -1,6 +1,7 @@
 #include "App/RecordingCoordinator.h"
 
 #include "App/ClipExport.h"
+#include "App/ExportJob.h"
 #include "App/FlowMessages.h"
 #include "App/TaskSink.h"
 #include "Capture/RegionSelector.h"
@@ -11,7 +12,6 @@
 
 #include <QCoro/QCoroFuture>
 #include <QPointer>
-#include <QtConcurrent/QtConcurrentRun>
 
 #include <exception>
 #include <optional>
@@ -59,7 +59,25 @@ void RecordingCoordinator::setPhase(Phase next)
 {
     Q_EMIT phaseAboutToChange(next);
     m_phase = std::move(next);
+    if (!isIn<Processing>())
+        m_job.reset();
     Q_EMIT phaseChanged();
+}
+
+std::optional<ExportProgress> RecordingCoordinator::progress() const
+{
+    return m_job ? m_job->progress() : std::nullopt;
+}
+
+void RecordingCoordinator::finishNow()
+{
+    if (isIn<Processing>())
+        m_job->finishNow();
+}
+
+bool RecordingCoordinator::isFinishing() const
+{
+    return m_job && m_job->isFinishing();
 }
 
 void RecordingCoordinator::beginFlow()
@@ -100,6 +118,8 @@ QCoro::Task<> RecordingCoordinator::stopAndExport()
     if (!isIn<Recording>())
         co_return; // a second click
     const QPointer self(this);
+    m_job = std::make_unique<ExportJob>();
+    connect(m_job.get(), &ExportJob::progressChanged, this, &RecordingCoordinator::progressChanged);
     setPhase(Processing{});
     if (!self)
         co_return;
@@ -116,7 +136,7 @@ QCoro::Task<> RecordingCoordinator::stopAndExport()
     const auto preset = m_preset; // read once: a later change belongs to the next clip
     std::optional<QString> failure;
     try {
-        auto job = QtConcurrent::run(&ClipExport::run, std::move(frames), preset);
+        auto job = m_job->start(std::move(frames), preset);
         const auto saved = co_await job;
         if (!self)
             co_return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "App/ExportProgress.h"
 #include "Capture/CaptureRegion.h"
 #include "Encoding/Presets.h"
 
@@ -9,10 +10,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <variant>
 
 namespace quillbox {
 
+class ExportJob;
 class HistoryStore;
 class RecorderControlling;
 class RegionSelector;
@@ -70,6 +73,15 @@ public:
     /// Ends the recording and makes the clip. Ignored unless recording. Never throws; a failure becomes a phase.
     QCoro::Task<> stopAndExport();
 
+    /// How far the clip is that is being made. None outside `Processing` and until the encoder has begun; it goes with
+    /// the phase, without a signal of its own.
+    [[nodiscard]] std::optional<ExportProgress> progress() const;
+    /// Has the clip that is being made end with the smallest attempt finished so far, the first one at least:
+    /// everything recorded is in it. Ignored unless processing.
+    void finishNow();
+    /// Whether finishNow() was called for the clip that is being made.
+    [[nodiscard]] bool isFinishing() const;
+
     /// What a coordinator that takes this one's place works with.
     [[nodiscard]] const std::shared_ptr<RecorderControlling>& recorder() const { return m_recorder; }
     [[nodiscard]] const std::shared_ptr<RegionSelector>& selector() const { return m_selector; }
@@ -84,6 +96,9 @@ Q_SIGNALS:
     void presetAboutToChange(quillbox::ExportPreset next);
     /// Announced after preset() has changed.
     void presetChanged();
+    /// Announced after progress() or isFinishing() has changed while processing. Changes that come faster than the
+    /// event loop turns are announced as one.
+    void progressChanged();
 
 private:
     QCoro::Task<> record(CaptureRegion region);
@@ -94,6 +109,7 @@ private:
     std::shared_ptr<RecorderControlling> m_recorder;
     std::shared_ptr<RegionSelector> m_selector;
     std::shared_ptr<HistoryStore> m_history;
+    std::unique_ptr<ExportJob> m_job; // while processing
 };
 
 } // namespace quillbox

@@ -70,7 +70,7 @@ struct Worker {
 
 /// One palette size's file, frame by frame; not yet put together, and perhaps not whole.
 struct Attempt {
-    std::int64_t number; ///< from 1
+    std::int64_t number; ///< as `Progress::attempt`
     std::int64_t colors; ///< asked for
     NearestColorLUT lut; ///< made of those there are
     bool usesDithering;
@@ -172,22 +172,24 @@ constexpr std::int64_t noLimit = std::numeric_limits<std::int64_t>::max();
 Attempt bestAttempt(Attempts& attempts, const Config& config, const std::stop_token& finishNow)
 {
     std::vector<Attempt> left;
+    std::int64_t number = 0;
     for (std::optional colors = config.preset.maxColors(); colors;
          colors = PresetMath::nextColorStep(*colors, config.preset)) {
-        Attempt attempt = attempts.begun(std::ssize(left) + 1, *colors);
+        Attempt attempt = attempts.begun(++number, *colors);
         attempts.advance(attempt, config.preset.targetBytes(), left.empty() ? std::stop_token() : finishNow);
-        const bool isInTime = left.empty() || !finishNow.stop_requested();
         if (attempt.isWhole() && attempt.byteCount <= config.preset.targetBytes())
             return attempt;
-        if (isInTime)
+        if (left.empty() || !finishNow.stop_requested())
             left.push_back(std::move(attempt));
         if (finishNow.stop_requested())
             break;
     }
     Attempt best = std::move(left.back());
     left.pop_back();
+    best.number = number += best.number == number ? 0 : 1;
     attempts.advance(best, noLimit, {});
-    for (; !left.empty(); left.pop_back()) {
+    for (; !left.empty() && !finishNow.stop_requested(); left.pop_back()) {
+        left.back().number = ++number;
         attempts.advance(left.back(), best.byteCount, finishNow);
         if (left.back().isWhole() && left.back().byteCount <= best.byteCount) // of equal ones the first
             best = std::move(left.back());

@@ -39,9 +39,9 @@ struct Result {
 };
 
 /// How far `optimize` has come. An attempt is left as soon as it exceeds the budget; where no palette size fits, those
-/// that may be the smallest are taken up again.
+/// that may be the smallest are taken up again, each as an attempt of its own that has some of its frames already.
 struct Progress {
-    std::int64_t attempt = 0;    ///< 1 for the first palette size; 0 while frames are being measured
+    std::int64_t attempt = 0;    ///< from 1, never falls; at most twice the number of palette sizes, less one
     std::int64_t colors = 0;     ///< palette size of this attempt
     std::int64_t framesDone = 0; ///< of this attempt
     std::int64_t frameCount = 0;

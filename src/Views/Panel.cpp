@@ -32,10 +32,10 @@ Panel::Corners usualCorners()
 } // namespace
 
 Panel::Panel(CurrentCoordinator& coordinator, UpdaterController& updater, HistoryStore& store, FileReveal& fileReveal,
-    Clock clock)
+    Clock clock, std::optional<std::chrono::milliseconds> progressDelay)
     : m_clock(std::move(clock))
     , m_corners(usualCorners())
-    , m_hud(new RecorderHUD(coordinator, updater, this))
+    , m_hud(new RecorderHUD(coordinator, updater, this, progressDelay.value_or(RecorderHUD::usualProgressDelay)))
     , m_history(new HistoryPanel(store, fileReveal, this))
 {
     setWindowTitle(tr("Quillbox"));

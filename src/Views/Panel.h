@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 
 namespace quillbox {
 
@@ -33,10 +34,13 @@ public:
     /// A click on the tray icon that closed the panel arrives within this time.
     static constexpr std::chrono::milliseconds justNow{400};
 
-    /// @param clock  What wasJustClosed() goes by.
+    /// @param clock          What wasJustClosed() goes by.
+    /// @param progressDelay  How long a clip has been in the making when its progress is shown; none for the usual
+    /// time.
     /// @pre All four outlive the panel.
     Panel(CurrentCoordinator& coordinator, UpdaterController& updater, HistoryStore& store, FileReveal& fileReveal,
-        Clock clock = &std::chrono::steady_clock::now);
+        Clock clock = &std::chrono::steady_clock::now,
+        std::optional<std::chrono::milliseconds> progressDelay = std::nullopt);
 
     /// Opens the panel next to the tray icon, wholly on the screen, and takes the keyboard.
     /// @param anchor             The icon, global coordinates; empty where the desktop does not tell.

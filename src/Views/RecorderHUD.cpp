@@ -3,6 +3,7 @@
 #include "Views/ByteFormat.h"
 #include "Views/Card.h"
 #include "Views/FlatButton.h"
+#include "Views/ProgressBar.h"
 #include "Views/SegmentedPicker.h"
 #include "Views/SymbolLabel.h"
 #include "Views/TextLabel.h"
@@ -10,6 +11,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -77,12 +79,24 @@ QHBoxLayout* rowIn(QWidget* parent)
     return row;
 }
 
+constexpr int barGap = 5; // between the status and the progress bar
+
+/// Whether `widget` takes its place also when it is not shown.
+void keepPlace(QWidget& widget, bool keep)
+{
+    QSizePolicy policy = widget.sizePolicy();
+    policy.setRetainSizeWhenHidden(keep);
+    widget.setSizePolicy(policy);
+}
+
 } // namespace
 
-RecorderHUD::RecorderHUD(CurrentCoordinator& coordinator, UpdaterController& updater, QWidget* parent)
+RecorderHUD::RecorderHUD(CurrentCoordinator& coordinator, UpdaterController& updater, QWidget* parent,
+    std::chrono::milliseconds progressDelay)
     : QWidget(parent)
     , m_coordinator(coordinator)
     , m_updater(updater)
+    , m_progressDelay(new QTimer(this))
 {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Theme::margin, Theme::margin - 2, Theme::margin, Theme::spacing);
@@ -96,7 +110,11 @@ RecorderHUD::RecorderHUD(CurrentCoordinator& coordinator, UpdaterController& upd
     column->addWidget(new Divider(this));
     column->addWidget(makeFooter());
 
+    m_progressDelay->setSingleShot(true);
+    m_progressDelay->setInterval(progressDelay);
+    connect(m_progressDelay, &QTimer::timeout, this, &RecorderHUD::revealProgress);
     connect(&m_coordinator, &CurrentCoordinator::phaseChanged, this, &RecorderHUD::showPhase);
+    connect(&m_coordinator, &CurrentCoordinator::progressChanged, this, &RecorderHUD::showProgress);
     connect(&m_coordinator, &CurrentCoordinator::presetChanged, this, &RecorderHUD::showPreset);
     connect(&m_updater, &UpdaterController::canCheckForUpdatesChanged, this, &RecorderHUD::showUpdater);
     showPhase();
@@ -150,10 +168,28 @@ QWidget* RecorderHUD::makeStatusRow()
 {
     auto* status = new QWidget(this);
     auto* row = rowIn(status);
+    row->setSpacing(Theme::spacing);
+    auto* column = new QVBoxLayout;
+    column->setSpacing(0);
+    auto* sentence = new QHBoxLayout;
+    sentence->setSpacing(Theme::tightSpacing);
     m_statusSymbol = new SymbolLabel(Symbol::InfoCircle, Role::Secondary, Theme::symbolSize, status);
     m_statusText = new TextLabel(QString(), TextStyle::Caption, Role::Secondary, TextLabel::Overflow::Wrap, status);
-    row->addWidget(m_statusSymbol, 0, Qt::AlignTop);
-    row->addWidget(m_statusText, 1, Qt::AlignVCenter);
+    sentence->addWidget(m_statusSymbol, 0, Qt::AlignTop);
+    sentence->addWidget(m_statusText, 1, Qt::AlignVCenter);
+    m_progress = new ProgressBar(tr("Progress"), status);
+    m_finishButton = new FlatButton(FlatButton::Kind::Small, tr("Finish now"), std::nullopt, status);
+    m_finishButton->setToolTip(plainToolTip(tr("Ends with the smallest file made so far")));
+    connect(m_finishButton, &FlatButton::clicked, &m_coordinator, &CurrentCoordinator::finishNow);
+    column->addSpacing(barGap + m_progress->sizeHint().height()); // the sentence stays in the middle
+    column->addLayout(sentence);
+    column->addSpacing(barGap);
+    column->addWidget(m_progress);
+    row->addLayout(column, 1);
+    row->addWidget(m_finishButton, 0, Qt::AlignVCenter);
+    keepPlace(*m_progress, true); // nothing moves when it comes
+    m_progress->hide();
+    m_finishButton->hide();
     return status;
 }
 
@@ -196,6 +232,7 @@ void RecorderHUD::showPhase()
         m_mainButton->setLabel(tr("Stop & Copy"), Symbol::StopCircleFill);
     else
         m_mainButton->setLabel(tr("Record Region"), Symbol::RectangleDashedBadgeRecord);
+    awaitProgress();
     showPreset(); // another coordinator may have another one
 }
 
@@ -205,6 +242,34 @@ void RecorderHUD::showPreset()
     const auto& all = ExportPreset::allCases;
     m_presets->setChoice(static_cast<int>(std::find(all.begin(), all.end(), preset) - all.begin()));
     m_subtitle->setText(translated(preset.subtitle()));
+}
+
+void RecorderHUD::awaitProgress()
+{
+    const bool processing = m_coordinator.get().isIn<RecordingCoordinator::Processing>();
+    keepPlace(*m_finishButton, processing); // other texts need it
+    if (!processing) {
+        m_progressDelay->stop();
+        m_progress->hide();
+        m_finishButton->hide();
+    } else if (!m_progressDelay->isActive() && m_progress->isHidden()) {
+        m_progressDelay->start();
+        showProgress();
+    }
+}
+
+void RecorderHUD::revealProgress()
+{
+    m_progress->show();
+    m_finishButton->show();
+}
+
+void RecorderHUD::showProgress()
+{
+    const RecordingCoordinator& coordinator = m_coordinator.get();
+    const auto progress = coordinator.progress();
+    m_progress->setFraction(progress ? progress->fraction() : 0);
+    m_finishButton->setEnabled(!coordinator.isFinishing());
 }
 
 void RecorderHUD::showUpdater()

@@ -5,9 +5,14 @@
 
 #include <QWidget>
 
+#include <chrono>
+
+class QTimer;
+
 namespace quillbox {
 
 class FlatButton;
+class ProgressBar;
 class SegmentedPicker;
 class SymbolLabel;
 class TextLabel;
@@ -18,8 +23,13 @@ class RecorderHUD : public QWidget {
     Q_OBJECT
 
 public:
+    /// A clip that is made faster shows no progress.
+    static constexpr std::chrono::milliseconds usualProgressDelay{500};
+
+    /// @param progressDelay  How long a clip has been in the making when its progress is shown.
     /// @pre Both outlive the view.
-    RecorderHUD(CurrentCoordinator& coordinator, UpdaterController& updater, QWidget* parent = nullptr);
+    RecorderHUD(CurrentCoordinator& coordinator, UpdaterController& updater, QWidget* parent = nullptr,
+        std::chrono::milliseconds progressDelay = usualProgressDelay);
 
     /// Gives the keyboard to the button that records and stops.
     void focusMainButton();
@@ -36,6 +46,9 @@ private:
     QWidget* makeFooter();
     void showPhase();
     void showPreset();
+    void awaitProgress();
+    void revealProgress();
+    void showProgress();
     void showUpdater();
 
     CurrentCoordinator& m_coordinator;
@@ -44,6 +57,9 @@ private:
     TextLabel* m_subtitle = nullptr;
     SymbolLabel* m_statusSymbol = nullptr;
     TextLabel* m_statusText = nullptr;
+    ProgressBar* m_progress = nullptr;
+    FlatButton* m_finishButton = nullptr;
+    QTimer* m_progressDelay;
     FlatButton* m_mainButton = nullptr;
     FlatButton* m_updateButton = nullptr;
 };

@@ -1,6 +1,7 @@
 #include "App/CurrentCoordinator.h"
 
 #include "CoordinatorStudio.h"
+#include "support/HardClip.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -22,6 +23,8 @@ private Q_SLOTS:
     void theReplacementKeepsWhatTheOldOneHad();
     void theOldCoordinatorGoes();
     void toggleBeginsAndStops();
+    void passesTheProgressOn();
+    void passesTheWishToFinishOn();
 };
 
 void CurrentCoordinatorTest::theNextFlowReplacesTheCoordinatorThatHasEnded()
@@ -82,6 +85,35 @@ void CurrentCoordinatorTest::toggleBeginsAndStops()
     QCOMPARE(studio.selector->presentations, 1);
     studio.selector->select(someRegion);
     current.toggle();
+    QVERIFY(test::eventually([&] { return current.get().isIn<Coordinator::Done>(); }));
+}
+
+void CurrentCoordinatorTest::passesTheProgressOn()
+{
+    Studio studio;
+    studio.recorder->frames = support::hardClip();
+    CurrentCoordinator current(std::move(studio.coordinator));
+    std::optional<ExportProgress> progress;
+    connect(&current, &CurrentCoordinator::progressChanged, this, [&] { progress = current.get().progress(); });
+    current.begin();
+    studio.selector->select(someRegion);
+    current.stop();
+    QVERIFY(test::eventually([&] { return current.get().isIn<Coordinator::Done>(); }));
+    QVERIFY(progress.has_value());
+    QCOMPARE(progress->fraction(), 1.0);
+}
+
+void CurrentCoordinatorTest::passesTheWishToFinishOn()
+{
+    Studio studio;
+    CurrentCoordinator current(std::move(studio.coordinator));
+    const QSignalSpy spy(&current, &CurrentCoordinator::progressChanged);
+    current.begin();
+    studio.selector->select(someRegion);
+    current.stop();
+    current.finishNow();
+    QVERIFY(current.get().isFinishing());
+    QCOMPARE(spy.size(), 1);
     QVERIFY(test::eventually([&] { return current.get().isIn<Coordinator::Done>(); }));
 }
 

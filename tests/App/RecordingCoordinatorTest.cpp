@@ -1,6 +1,8 @@
 #include "App/RecordingCoordinator.h"
 
+#include "App/ClipExport.h"
 #include "CoordinatorStudio.h"
+#include "support/HardClip.h"
 
 #include <QClipboard>
 #include <QDir>
@@ -13,6 +15,7 @@
 #include <QTest>
 #include <QUrl>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -56,11 +59,18 @@ private Q_SLOTS:
     void announcesEachPresetBeforeAndAfterIt();
     void putsThingsInOrderWhenDone();
     void theEventLoopTurnsWhileTheClipIsMade();
+    void publishesProgressWhileTheClipIsMade();
+    void hasNoProgressOutsideProcessing();
+    void goesOnToTheEndWhenToldToFinish();
+    void mayBeToldToFinishBeforeTheFramesAreThere();
+    void ignoresFinishNowOutsideProcessing_data();
+    void ignoresFinishNowOutsideProcessing();
     void mayBeDestroyedDuringTheSelection();
     void mayBeDestroyedWhileTheRecorderStarts();
     void mayBeDestroyedWhileTheRecorderStops();
     void mayBeDestroyedWhileTheClipIsMade();
     void mayBeDestroyedByAnObserverOfProcessing();
+    void mayBeDestroyedByAnObserverOfProgress();
     void makesItsOwnRecorderAndSelectorWhenGivenNone();
 };
 
@@ -358,6 +368,113 @@ void RecordingCoordinatorTest::theEventLoopTurnsWhileTheClipIsMade()
     QVERIFY(turned);
 }
 
+void RecordingCoordinatorTest::publishesProgressWhileTheClipIsMade()
+{
+    Studio studio;
+    studio.recorder->frames = support::hardClip();
+    const auto* const coordinator = studio.coordinator.get();
+    std::vector<double> fractions;
+    bool alwaysProcessing = true;
+    connect(coordinator, &Coordinator::progressChanged, this, [&] {
+        fractions.push_back(coordinator->progress().value().fraction());
+        alwaysProcessing = alwaysProcessing && coordinator->isIn<Coordinator::Processing>();
+    });
+    studio.finish();
+    QVERIFY(!fractions.empty());
+    QVERIFY(std::is_sorted(fractions.begin(), fractions.end()));
+    QCOMPARE(fractions.back(), 1.0);
+    QVERIFY(alwaysProcessing);
+}
+
+void RecordingCoordinatorTest::hasNoProgressOutsideProcessing()
+{
+    Studio studio;
+    QVERIFY(!studio.coordinator->progress());
+    studio.recordARegion();
+    QVERIFY(!studio.coordinator->progress());
+    connect(studio.coordinator.get(), &Coordinator::phaseChanged, this, [&] {
+        QVERIFY(!studio.coordinator->progress()); // none yet, or none any more
+    });
+    test::await(studio.coordinator->stopAndExport());
+    QVERIFY(studio.coordinator->isIn<Coordinator::Done>());
+}
+
+void RecordingCoordinatorTest::goesOnToTheEndWhenToldToFinish()
+{
+    Studio studio;
+    studio.recorder->frames = support::hardClip();
+    studio.recordARegion();
+    auto exporting = studio.coordinator->stopAndExport();
+    const QSignalSpy phases(studio.coordinator.get(), &Coordinator::phaseChanged);
+    studio.coordinator->finishNow();
+    QVERIFY(studio.coordinator->isFinishing());
+    test::await(std::move(exporting));
+    QCOMPARE(phases.size(), 1);
+    const auto done = std::get<Coordinator::Done>(studio.coordinator->phase());
+    QCOMPARE(QFileInfo(done.path).size(), done.byteCount);
+    QVERIFY(studio.history->entries().front().byteCount == done.byteCount);
+    QVERIFY(!studio.coordinator->isFinishing());
+}
+
+namespace {
+
+/// The size of the first file that the encoder makes of the hard clip.
+std::int64_t sizeOfTheFirstAttempt()
+{
+    std::stop_source stop;
+    stop.request_stop();
+    return ClipExport::encode(
+        support::hardClip(), ExportPreset::slack, {.parallelism = {}, .progress = {}, .finishNow = stop.get_token()})
+        .byteCount;
+}
+
+} // namespace
+
+void RecordingCoordinatorTest::mayBeToldToFinishBeforeTheFramesAreThere()
+{
+    Studio studio;
+    studio.recorder->frames = support::hardClip();
+    ScriptedRecorder::close(studio.recorder->stopGate);
+    studio.recordARegion();
+    auto exporting = studio.coordinator->stopAndExport();
+    studio.coordinator->finishNow();
+    QVERIFY(studio.coordinator->isIn<Coordinator::Processing>());
+    studio.recorder->stopGate->finish();
+    test::await(std::move(exporting));
+    QVERIFY(std::get<Coordinator::Done>(studio.coordinator->phase()).byteCount == sizeOfTheFirstAttempt());
+}
+
+void RecordingCoordinatorTest::ignoresFinishNowOutsideProcessing_data()
+{
+    QTest::addColumn<int>("step");
+    QTest::newRow("idle") << -1;
+    QTest::newRow("selecting") << 0;
+    QTest::newRow("recording") << 1;
+    QTest::newRow("done") << 3;
+    QTest::newRow("failed") << 4;
+}
+
+void RecordingCoordinatorTest::ignoresFinishNowOutsideProcessing()
+{
+    QFETCH(const int, step);
+    Studio studio;
+    if (step >= 0)
+        test::await(take(studio, step));
+    const auto before = studio.coordinator->phase();
+    const QSignalSpy phases(studio.coordinator.get(), &Coordinator::phaseChanged);
+    const QSignalSpy changes(studio.coordinator.get(), &Coordinator::progressChanged);
+    studio.coordinator->finishNow();
+    QVERIFY(studio.coordinator->phase() == before);
+    QVERIFY(phases.isEmpty());
+    QVERIFY(changes.isEmpty());
+    QVERIFY(!studio.coordinator->isFinishing());
+    if (step == 1) { // and nothing of it is left for later
+        const auto exporting = studio.coordinator->stopAndExport();
+        QVERIFY(!studio.coordinator->isFinishing());
+        QVERIFY(test::eventually([&] { return exporting.isReady(); }));
+    }
+}
+
 void RecordingCoordinatorTest::mayBeDestroyedDuringTheSelection()
 {
     Studio studio;
@@ -408,6 +525,17 @@ void RecordingCoordinatorTest::mayBeDestroyedByAnObserverOfProcessing()
     connect(studio.coordinator.get(), &Coordinator::phaseChanged, this, [&] { studio.coordinator.reset(); });
     test::await(studio.coordinator->stopAndExport());
     QCOMPARE(studio.recorder->stops, 0);
+}
+
+void RecordingCoordinatorTest::mayBeDestroyedByAnObserverOfProgress()
+{
+    Studio studio;
+    studio.recorder->frames = support::hardClip();
+    studio.recordARegion();
+    connect(studio.coordinator.get(), &Coordinator::progressChanged, this, [&] { studio.coordinator.reset(); });
+    test::await(studio.coordinator->stopAndExport());
+    QVERIFY(!studio.coordinator);
+    QVERIFY(studio.history->entries().empty());
 }
 
 void RecordingCoordinatorTest::makesItsOwnRecorderAndSelectorWhenGivenNone()

@@ -1,11 +1,13 @@
 // Renders every state of the views, in light and dark, as PNGs: views_screenshots FOLDER. QT_SCALE_FACTOR sets the
 // scale. Fails when a text is cut off that should not be.
 #include "Desk.h"
+#include "Find.h"
 #include "Palettes.h"
 #include "TextCheck.h"
 
 #include "Views/HistoryRow.h"
 #include "Views/Panel.h"
+#include "Views/ProgressBar.h"
 #include "Views/SettingsView.h"
 
 #include <QApplication>
@@ -85,11 +87,24 @@ using Prepare = std::function<void(Desk&, Panel&)>;
 
 const Prepare nothing = [](Desk&, Panel&) {
 };
+/// A clip whose making takes a while.
+const Prepare processing = [](Desk& desk, Panel&) {
+    fill(*desk.history, 3);
+    desk.recorder->holdsStop = true;
+    desk.process();
+};
+/// Its progress, once that is shown.
+const Prepare partlyDone = [](Desk&, Panel& panel) {
+    auto* bar = panel.findChild<ProgressBar*>();
+    QTRY_VERIFY(bar->isVisible());
+    bar->setFraction(0.42);
+};
 
 void takePanel(Studio& studio, const QString& name, const Prepare& prepare, const Prepare& whenOpen = nothing)
 {
     Desk desk;
-    Panel panel(desk.coordinator, desk.updater, *desk.history, desk.reveal);
+    Panel panel(desk.coordinator, desk.updater, *desk.history, desk.reveal, &std::chrono::steady_clock::now,
+        std::chrono::milliseconds(0));
     prepare(desk, panel);
     panel.openNear(QRect(), QRect(0, 0, 1280, 800));
     (void)QTest::qWaitForWindowActive(&panel);
@@ -112,10 +127,19 @@ void takeAll(Studio& studio)
         fill(*desk.history, 3);
         desk.record();
     });
-    takePanel(studio, QStringLiteral("panel-processing"), [](Desk& desk, Panel&) {
-        fill(*desk.history, 3);
-        desk.recorder->holdsStop = true;
-        desk.process();
+    takePanel(studio, QStringLiteral("panel-processing"), processing, [](Desk&, Panel& panel) {
+        panel.findChild<ProgressBar*>()->hide(); // as in the first half second
+        button(panel, QStringLiteral("Finish now"))->hide();
+    });
+    takePanel(studio, QStringLiteral("panel-progress"), processing, partlyDone);
+    takePanel(studio, QStringLiteral("panel-progress-keyboard"), processing, [](Desk& desk, Panel& panel) {
+        partlyDone(desk, panel);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    });
+    takePanel(studio, QStringLiteral("panel-progress-finishing"), processing, [](Desk& desk, Panel& panel) {
+        partlyDone(desk, panel);
+        desk.coordinator.finishNow();
+        panel.findChild<ProgressBar*>()->setFraction(0.84);
     });
     takePanel(studio, QStringLiteral("panel-done"), [](Desk& desk, Panel&) {
         fill(*desk.history, 1);
@@ -166,6 +190,7 @@ void takeAll(Studio& studio)
     QCoreApplication::installTranslator(&longTexts);
     takePanel(studio, QStringLiteral("panel-long-texts"), many);
     takePanel(studio, QStringLiteral("panel-long-texts-empty"), nothing);
+    takePanel(studio, QStringLiteral("panel-long-texts-progress"), processing, partlyDone);
     SettingsView longSettings(QStringLiteral(
         "⌘ is the Super key, and ⇧ the Shift key of this keyboard: press Super+Shift+2 to record, or Record Region."));
     longSettings.show();

@@ -1,0 +1,263 @@
+// How the recorder's part of the panel shows a clip in the making.
+#include "Desk.h"
+#include "Find.h"
+#include "support/HardClip.h"
+#include "ViewTests.h"
+
+#include "Views/ProgressBar.h"
+#include "Views/RecorderHUD.h"
+
+#include <QAccessible>
+#include <QTest>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace quillbox {
+namespace {
+
+using namespace test;
+using namespace std::chrono_literals;
+
+class RecorderProgressTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void showsNoProgressBeforeTheDelay();
+    void showsABarAndAButtonAfterTheDelay();
+    void waitsHalfASecondUnlessToldOtherwise();
+    void showsNoProgressInOtherPhases();
+    void keepsEverythingInItsPlaceWhenTheyCome();
+    void keepsTheStatusOnItsLineInEveryPhase();
+    void followsTheProgress();
+    void startsAtNothingWithTheNextClip();
+    void finishesByTheButton();
+    void finishesByTheKeyboard();
+    void offersToFinishTheNextClipAgain();
+    void putsTheButtonBeforeTheMainOne();
+    void tellsScreenReadersHowFarItIs();
+
+private:
+    void look(std::chrono::milliseconds delay);
+    [[nodiscard]] ProgressBar* bar() const { return visible<ProgressBar>(*m_hud).value(0); }
+    [[nodiscard]] FlatButton* finishButton() const { return button(*m_hud, "Finish now"); }
+    /// On to a clip that stays in the making until the recorder is released, and whose progress is shown.
+    void holdAClip();
+
+    std::unique_ptr<Desk> m_desk;
+    std::unique_ptr<RecorderHUD> m_hud;
+};
+
+void RecorderProgressTest::init()
+{
+    m_desk = std::make_unique<Desk>();
+    look(0ms);
+}
+
+void RecorderProgressTest::cleanup()
+{
+    m_desk->recorder->release();
+    QTRY_VERIFY_WITH_TIMEOUT(!m_desk->isIn<RecordingCoordinator::Processing>(), 30'000);
+    m_hud.reset();
+    m_desk.reset();
+}
+
+void RecorderProgressTest::look(std::chrono::milliseconds delay)
+{
+    m_hud = std::make_unique<RecorderHUD>(m_desk->coordinator, m_desk->updater, nullptr, delay);
+    m_hud->resize(384, 300);
+    m_hud->show();
+    m_hud->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_hud.get()));
+}
+
+void RecorderProgressTest::holdAClip()
+{
+    m_desk->recorder->holdsStop = true;
+    m_desk->process();
+    QTRY_VERIFY(bar());
+}
+
+void RecorderProgressTest::showsNoProgressBeforeTheDelay()
+{
+    look(1h);
+    m_desk->process();
+    QVERIFY(!bar());
+    QVERIFY(!finishButton());
+    QCoreApplication::processEvents();
+    QVERIFY(!bar());
+    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Done>());
+    QVERIFY(!bar());
+}
+
+void RecorderProgressTest::showsABarAndAButtonAfterTheDelay()
+{
+    holdAClip();
+    QVERIFY(finishButton());
+    QVERIFY(finishButton()->isEnabled());
+    QVERIFY(label(*m_hud, "Optimizing GIF…"));
+    QVERIFY(
+        bar()->mapTo(m_hud.get(), QPoint()).y() > label(*m_hud, "Optimizing GIF…")->mapTo(m_hud.get(), QPoint()).y());
+    m_desk->recorder->release();
+    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Done>());
+    QVERIFY(!bar());
+    QVERIFY(!finishButton());
+}
+
+void RecorderProgressTest::waitsHalfASecondUnlessToldOtherwise()
+{
+    const RecorderHUD hud(m_desk->coordinator, m_desk->updater);
+    m_desk->recorder->holdsStop = true;
+    m_desk->process();
+    const QList<QTimer*> timers = hud.findChildren<QTimer*>();
+    QCOMPARE(timers.size(), 1);
+    QCOMPARE(timers.front()->intervalAsDuration(), 500ms);
+    QVERIFY(timers.front()->isActive());
+    m_desk->recorder->release();
+    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Done>());
+    QVERIFY(!timers.front()->isActive());
+}
+
+void RecorderProgressTest::showsNoProgressInOtherPhases()
+{
+    const auto showsNone = [this] {
+        QCoreApplication::processEvents();
+        return !bar() && !finishButton();
+    };
+    QVERIFY(showsNone());
+    m_desk->select();
+    QVERIFY(showsNone());
+    m_desk->selector->finish(CaptureRegion{0, 0, 20, 10});
+    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Recording>());
+    QVERIFY(showsNone());
+    m_desk->coordinator.stop();
+    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Done>());
+    QVERIFY(showsNone());
+    m_desk->fail("no");
+    QVERIFY(showsNone());
+}
+
+void RecorderProgressTest::keepsEverythingInItsPlaceWhenTheyCome()
+{
+    const auto places = [this] {
+        QCoreApplication::processEvents();
+        QList<QRect> all{QRect(QPoint(), m_hud->sizeHint())};
+        for (const QWidget* each : m_hud->findChildren<QWidget*>())
+            if (!qobject_cast<const ProgressBar*>(each) && each->isVisible() && each != finishButton())
+                all.append(QRect(each->mapTo(m_hud.get(), QPoint()), each->size()));
+        return all;
+    };
+    look(1h);
+    m_desk->recorder->holdsStop = true;
+    m_desk->process();
+    const auto before = places();
+    QVERIFY(!bar());
+    QMetaObject::invokeMethod(m_hud->findChild<QTimer*>(), "timeout"); // an hour later
+    QVERIFY(bar());
+    QCOMPARE(places(), before);
+}
+
+void RecorderProgressTest::keepsTheStatusOnItsLineInEveryPhase()
+{
+    const auto lines = [this] {
+        QCoreApplication::processEvents();
+        const TextLabel* status = visible<TextLabel>(*m_hud).at(3);
+        return std::vector<int>{
+            status->mapTo(m_hud.get(), status->rect().center()).y(), m_hud->heightForWidth(m_hud->width())};
+    };
+    m_desk->record();
+    const auto before = lines();
+    m_desk->recorder->holdsStop = true;
+    m_desk->coordinator.stop();
+    QTRY_VERIFY(bar());
+    QCOMPARE(lines(), before);
+    m_desk->recorder->release();
+    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Done>());
+    QCOMPARE(lines(), before);
+}
+
+void RecorderProgressTest::followsTheProgress()
+{
+    m_desk->recorder->frames = support::hardClip();
+    m_desk->process();
+    const auto* const progress = m_hud->findChild<ProgressBar*>();
+    std::vector<int> percents;
+    connect(progress, &ProgressBar::valueChanged, this, [&](int percent) { percents.push_back(percent); });
+    QTRY_VERIFY_WITH_TIMEOUT(m_desk->isIn<RecordingCoordinator::Done>(), 30'000);
+    QVERIFY(!percents.empty());
+    QVERIFY(std::is_sorted(percents.begin(), percents.end()));
+    QCOMPARE(percents.back(), 100);
+}
+
+void RecorderProgressTest::startsAtNothingWithTheNextClip()
+{
+    m_desk->finish();
+    QVERIFY(m_hud->findChild<ProgressBar*>()->value() > 0);
+    holdAClip();
+    QCOMPARE(bar()->value(), 0);
+}
+
+void RecorderProgressTest::finishesByTheButton()
+{
+    holdAClip();
+    QTest::mouseClick(finishButton(), Qt::LeftButton);
+    QVERIFY(m_desk->coordinator.get().isFinishing());
+    QVERIFY(!finishButton()->isEnabled());
+    QVERIFY(m_desk->isIn<RecordingCoordinator::Processing>());
+}
+
+void RecorderProgressTest::finishesByTheKeyboard()
+{
+    holdAClip();
+    finishButton()->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(finishButton(), Qt::Key_Space);
+    QVERIFY(m_desk->coordinator.get().isFinishing());
+}
+
+void RecorderProgressTest::offersToFinishTheNextClipAgain()
+{
+    holdAClip();
+    QTest::mouseClick(finishButton(), Qt::LeftButton);
+    m_desk->recorder->release();
+    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Done>());
+    holdAClip();
+    QVERIFY(finishButton()->isEnabled());
+}
+
+void RecorderProgressTest::putsTheButtonBeforeTheMainOne()
+{
+    holdAClip();
+    finishButton()->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(finishButton(), Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget()->accessibleName(), QString("Record Region"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    QCOMPARE(QApplication::focusWidget(), finishButton());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    QCOMPARE(QApplication::focusWidget()->accessibleName(), QString("Slack"));
+}
+
+void RecorderProgressTest::tellsScreenReadersHowFarItIs()
+{
+    holdAClip();
+    bar()->setFraction(0.42);
+    QAccessibleInterface* read = QAccessible::queryAccessibleInterface(bar());
+    QCOMPARE(read->role(), QAccessible::ProgressBar);
+    QCOMPARE(read->text(QAccessible::Name), QString("Progress"));
+    QCOMPARE(read->text(QAccessible::Value), QString("42"));
+    QCOMPARE(read->valueInterface()->currentValue().toInt(), 42);
+    QCOMPARE(read->valueInterface()->maximumValue().toInt(), 100);
+    QAccessibleInterface* finish = QAccessible::queryAccessibleInterface(finishButton());
+    QCOMPARE(finish->role(), QAccessible::Button);
+    QCOMPARE(finish->text(QAccessible::Name), QString("Finish now"));
+    QVERIFY(!finish->text(QAccessible::Description).isEmpty());
+}
+
+const test::Registration<RecorderProgressTest> registeredRecorderProgressTest("RecorderProgress");
+
+} // namespace
+} // namespace quillbox
+
+#include "RecorderProgressTest.moc"
