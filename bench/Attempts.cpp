@@ -38,7 +38,9 @@ void countAttempts(std::span<char*> arguments, bool firstOnly)
     std::stop_source finishNow;
     if (firstOnly)
         finishNow.request_stop();
-    const auto progress = [&colors](const GIFOptimizer::Progress& now) { colors.insert(now.colors); };
+    const auto progress = [&colors](const GIFOptimizer::Progress& now) {
+        colors.insert(now.colors);
+    };
     (void)GIFOptimizer::optimize(intake.finished(), {.preset = *preset, .sourceFPS = sourceFPS},
         {.parallelism = {}, .progress = progress, .finishNow = finishNow.get_token()});
     std::printf("{\"attempts\": %zu}\n", colors.size());

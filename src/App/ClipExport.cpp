@@ -1,6 +1,7 @@
 #include "App/ClipExport.h"
 
 #include "Capture/FrameTimeline.h"
+#include "Capture/LiveIntake.h"
 #include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/OutputFile.h"
 
@@ -15,11 +16,13 @@
 namespace quillbox {
 
 GIFOptimizer::Result ClipExport::encode(
-    const std::vector<RGBAFrame>& frames, ExportPreset preset, const GIFOptimizer::Execution& execution)
+    const Recording& recording, ExportPreset preset, const GIFOptimizer::Execution& execution)
 {
     const GIFOptimizer::Config config{
         .preset = preset, .sourceFPS = FrameTimeline::framesPerSecond, .ditheringOverride = std::nullopt};
-    return GIFOptimizer::optimize(frames, config, execution);
+    const FrameIntake* const known = recording.intake ? recording.intake->of(recording.frames) : nullptr;
+    return known != nullptr ? GIFOptimizer::optimize(*known, config, execution)
+                            : GIFOptimizer::optimize(recording.frames, config, execution);
 }
 
 QString ClipExport::newPath()
@@ -29,9 +32,9 @@ QString ClipExport::newPath()
 }
 
 ClipExport::Saved ClipExport::run(
-    const std::vector<RGBAFrame>& frames, ExportPreset preset, const GIFOptimizer::Execution& execution)
+    const Recording& recording, ExportPreset preset, const GIFOptimizer::Execution& execution)
 {
-    Saved saved{.result = encode(frames, preset, execution), .path = newPath()};
+    Saved saved{.result = encode(recording, preset, execution), .path = newPath()};
     std::filesystem::create_directories(QFile::encodeName(QFileInfo(saved.path).path()).toStdString());
     OutputFile::save(QFile::encodeName(saved.path).toStdString(), saved.result.data, OutputFile::IfExists::Replace);
     return saved;

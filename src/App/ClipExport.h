@@ -7,35 +7,41 @@
 #include <QByteArray>
 #include <QString>
 
+#include <memory>
 #include <vector>
 
 namespace quillbox {
 
+class LiveIntake;
+
 /// Turns what was recorded into a file. Takes values and gives values; to be used on a worker thread.
 namespace ClipExport {
+
+/// What was recorded.
+struct Recording {
+    std::vector<RGBAFrame> frames;                ///< oldest first, 30 a second; not empty
+    std::shared_ptr<LiveIntake> intake = nullptr; ///< what is known of them already, if anything
+};
 
 struct Saved {
     GIFOptimizer::Result result;
     QString path; ///< absolute
 };
 
-/// Makes the GIF that `preset` asks for, dithered where that helps.
-/// @param frames  Oldest first, 30 a second. @pre not empty.
+/// Makes the GIF that `preset` asks for, dithered where that helps. The bytes don't depend on what is known already.
 /// @throws GIFEncodingError  a side of a frame is too large.
 [[nodiscard]] GIFOptimizer::Result encode(
-    const std::vector<RGBAFrame>& frames, ExportPreset preset, const GIFOptimizer::Execution& execution = {});
+    const Recording& recording, ExportPreset preset, const GIFOptimizer::Execution& execution = {});
 
 /// Where a clip that is saved now belongs: in the clips folder, under a name made of the local time.
 /// @return An absolute path.
 [[nodiscard]] QString newPath();
 
-/// Encodes the frames and saves them at `newPath()`, in a folder that is made if need be.
-/// @param frames  Oldest first, 30 a second. @pre not empty.
+/// Encodes the recording and saves it at `newPath()`, in a folder that is made if need be.
 /// @throws GIFEncodingError  a side of a frame is too large.
 /// @throws std::filesystem::filesystem_error  the clips folder can't be made.
 /// @throws OutputFileError  the file can't be written; nothing of it is left.
-[[nodiscard]] Saved run(
-    const std::vector<RGBAFrame>& frames, ExportPreset preset, const GIFOptimizer::Execution& execution = {});
+[[nodiscard]] Saved run(const Recording& recording, ExportPreset preset, const GIFOptimizer::Execution& execution = {});
 
 /// The bytes of the file, for the clipboard.
 [[nodiscard]] QByteArray bytes(const GIFOptimizer::Result& result);

@@ -56,7 +56,7 @@ ExportJob::~ExportJob()
     m_mailbox->close();
 }
 
-QFuture<ClipExport::Saved> ExportJob::start(std::vector<RGBAFrame> frames, ExportPreset preset)
+QFuture<ClipExport::Saved> ExportJob::start(ClipExport::Recording recording, ExportPreset preset)
 {
     if (!isFinishing())
         m_attempts = 2 * std::ssize(preset.colorLadder()) - 1;
@@ -65,7 +65,7 @@ QFuture<ClipExport::Saved> ExportJob::start(std::vector<RGBAFrame> frames, Expor
         .progress = [mailbox = m_mailbox](const GIFOptimizer::Progress& progress) { mailbox->put(progress); },
         .finishNow = m_stop.get_token(),
     };
-    return QtConcurrent::run(&ClipExport::run, std::move(frames), preset, execution);
+    return QtConcurrent::run(&ClipExport::run, std::move(recording), preset, execution);
 }
 
 void ExportJob::finishNow()

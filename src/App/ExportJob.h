@@ -9,7 +9,6 @@
 #include <memory>
 #include <optional>
 #include <stop_token>
-#include <vector>
 
 namespace quillbox {
 
@@ -24,7 +23,7 @@ public:
 
     /// Begins. To be called once.
     /// @return What `ClipExport::run` returns; the future throws what that throws.
-    [[nodiscard]] QFuture<ClipExport::Saved> start(std::vector<RGBAFrame> frames, ExportPreset preset);
+    [[nodiscard]] QFuture<ClipExport::Saved> start(ClipExport::Recording recording, ExportPreset preset);
 
     /// None until the encoder has begun. Once the job is finishing, few attempts are left. Its fraction never falls.
     [[nodiscard]] std::optional<ExportProgress> progress() const { return m_progress; }

@@ -133,10 +133,11 @@ QCoro::Task<> RecordingCoordinator::stopAndExport()
     }
     const auto width = frames.front().width();
     const auto height = frames.front().height();
+    ClipExport::Recording recording{.frames = std::move(frames), .intake = recorder->intake()};
     const auto preset = m_preset; // read once: a later change belongs to the next clip
     std::optional<QString> failure;
     try {
-        auto job = m_job->start(std::move(frames), preset);
+        auto job = m_job->start(std::move(recording), preset);
         const auto saved = co_await job;
         if (!self)
             co_return;

@@ -56,7 +56,7 @@ void ExportJobTest::knowsOfNoProgressAtFirst()
 void ExportJobTest::tellsOfEveryAttemptThatThereCanBe()
 {
     ExportJob job;
-    (void)result(job.start({test::gray(8, 6)}, ExportPreset::slack));
+    (void)result(job.start({.frames = {test::gray(8, 6)}}, ExportPreset::slack));
     QVERIFY(job.progress() == (ExportProgress{.attempt = 1, .attempts = 9, .framesDone = 1, .frameCount = 1}));
 }
 
@@ -65,7 +65,7 @@ void ExportJobTest::neverGoesBack()
     ExportJob job;
     std::vector<double> fractions;
     connect(&job, &ExportJob::progressChanged, &job, [&] { fractions.push_back(job.progress().value().fraction()); });
-    (void)result(job.start(support::hardClip(), ExportPreset::slack));
+    (void)result(job.start({.frames = support::hardClip()}, ExportPreset::slack));
     QVERIFY(!fractions.empty());
     QVERIFY(std::is_sorted(fractions.begin(), fractions.end()));
 }
@@ -73,7 +73,7 @@ void ExportJobTest::neverGoesBack()
 void ExportJobTest::endsNearTheWholeWhenNothingFits()
 {
     ExportJob job;
-    const auto saved = result(job.start(support::hardClip(), ExportPreset::slack));
+    const auto saved = result(job.start({.frames = support::hardClip()}, ExportPreset::slack));
     QVERIFY(saved.result.colorCount == 16);
     QVERIFY(job.progress().value().fraction() > 15.0 / 16); // past the fifth attempt
 }
@@ -82,7 +82,7 @@ void ExportJobTest::announcesOnceWhatComesFasterThanTheEventLoopTurns()
 {
     ExportJob job;
     const QSignalSpy announcements(&job, &ExportJob::progressChanged);
-    auto future = job.start(support::hardClip(), ExportPreset::slack);
+    auto future = job.start({.frames = support::hardClip()}, ExportPreset::slack);
     future.waitForFinished(); // the event loop stands still
     QVERIFY(announcements.isEmpty());
     (void)result(future);
@@ -94,7 +94,7 @@ void ExportJobTest::finishesWithTheFirstAttemptWhenToldBeforehand()
 {
     ExportJob job;
     job.finishNow();
-    const auto saved = result(job.start(support::hardClip(), ExportPreset::slack));
+    const auto saved = result(job.start({.frames = support::hardClip()}, ExportPreset::slack));
     QVERIFY(saved.result.colorCount == 64);
     QVERIFY(saved.result.byteCount > ExportPreset(ExportPreset::slack).targetBytes());
     QCOMPARE(QFileInfo(saved.path).size(), saved.result.byteCount);
@@ -114,7 +114,7 @@ void ExportJobTest::announcesOnceThatItIsFinishing()
 void ExportJobTest::expectsFewAttemptsWhenFinishing()
 {
     ExportJob job;
-    const auto future = job.start(support::hardClip(), ExportPreset::slack);
+    const auto future = job.start({.frames = support::hardClip()}, ExportPreset::slack);
     QVERIFY(test::eventually([&] { return job.progress().has_value(); }));
     const double before = job.progress()->fraction();
     const auto attempt = job.progress()->attempt;
@@ -129,7 +129,7 @@ void ExportJobTest::expectsFewAttemptsWhenFinishing()
 void ExportJobTest::savesTheClipWhenItIsDestroyed()
 {
     auto job = std::make_unique<ExportJob>();
-    const auto future = job->start(support::hardClip(), ExportPreset::slack);
+    const auto future = job->start({.frames = support::hardClip()}, ExportPreset::slack);
     job.reset();
     QVERIFY(QFileInfo::exists(result(future).path));
 }
@@ -138,7 +138,7 @@ void ExportJobTest::mayBeDestroyedByAnObserver()
 {
     auto job = std::make_unique<ExportJob>();
     connect(job.get(), &ExportJob::progressChanged, this, [&] { job.reset(); });
-    const auto future = job->start(support::hardClip(), ExportPreset::slack);
+    const auto future = job->start({.frames = support::hardClip()}, ExportPreset::slack);
     QVERIFY(QFileInfo::exists(result(future).path));
     QVERIFY(!job);
 }

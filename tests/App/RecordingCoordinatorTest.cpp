@@ -1,6 +1,7 @@
 #include "App/RecordingCoordinator.h"
 
 #include "App/ClipExport.h"
+#include "Capture/LiveIntake.h"
 #include "CoordinatorStudio.h"
 #include "support/HardClip.h"
 
@@ -63,6 +64,7 @@ private Q_SLOTS:
     void hasNoProgressOutsideProcessing();
     void goesOnToTheEndWhenToldToFinish();
     void mayBeToldToFinishBeforeTheFramesAreThere();
+    void takesWhatWasLearntWhileRecording();
     void ignoresFinishNowOutsideProcessing_data();
     void ignoresFinishNowOutsideProcessing();
     void mayBeDestroyedDuringTheSelection();
@@ -423,8 +425,8 @@ std::int64_t sizeOfTheFirstAttempt()
 {
     std::stop_source stop;
     stop.request_stop();
-    return ClipExport::encode(
-        support::hardClip(), ExportPreset::slack, {.parallelism = {}, .progress = {}, .finishNow = stop.get_token()})
+    return ClipExport::encode({.frames = support::hardClip()}, ExportPreset::slack,
+        {.parallelism = {}, .progress = {}, .finishNow = stop.get_token()})
         .byteCount;
 }
 
@@ -442,6 +444,18 @@ void RecordingCoordinatorTest::mayBeToldToFinishBeforeTheFramesAreThere()
     studio.recorder->stopGate->finish();
     test::await(std::move(exporting));
     QVERIFY(std::get<Coordinator::Done>(studio.coordinator->phase()).byteCount == sizeOfTheFirstAttempt());
+}
+
+void RecordingCoordinatorTest::takesWhatWasLearntWhileRecording()
+{
+    Studio studio;
+    studio.recorder->frames = {gray(8, 6), gray(8, 6)};
+    studio.recorder->learnt = std::make_shared<LiveIntake>();
+    studio.recorder->learnt->follow({gray(16, 12), gray(16, 12)}); // of other frames, so that the file tells
+    studio.recordARegion();
+    test::await(studio.coordinator->stopAndExport());
+    const QImageReader clip(std::get<Coordinator::Done>(studio.coordinator->phase()).path);
+    QCOMPARE(clip.size(), QSize(16, 12));
 }
 
 void RecordingCoordinatorTest::ignoresFinishNowOutsideProcessing_data()

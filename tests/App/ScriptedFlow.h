@@ -7,6 +7,7 @@
 #include <QPromise>
 
 #include <exception>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -20,6 +21,7 @@ public:
     std::optional<QPromise<void>> startGate; ///< start() waits until it is finished
     std::optional<QPromise<void>> stopGate;  ///< stop() waits until it is finished
     std::vector<RGBAFrame> frames;           ///< what stop() returns
+    std::shared_ptr<LiveIntake> learnt;      ///< what intake() returns
     int starts = 0;
     int stops = 0;
     CaptureRegion region; ///< of the latest start()
@@ -38,6 +40,8 @@ public:
             std::rethrow_exception(startError);
         m_isRecording = true;
     }
+
+    [[nodiscard]] std::shared_ptr<LiveIntake> intake() const override { return learnt; }
 
     QCoro::Task<std::vector<RGBAFrame>> stop() override
     {

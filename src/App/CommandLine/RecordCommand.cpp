@@ -32,7 +32,7 @@
 namespace quillbox {
 namespace {
 
-using Frames = std::vector<RGBAFrame>;
+using Recording = ClipExport::Recording;
 
 std::string startMessage(const std::exception& error)
 {
@@ -64,8 +64,8 @@ QCoro::Task<QString> record(StreamRecorder& recorder, RecordingEnd& end, Capture
     co_return co_await ended;
 }
 
-/// The frames of the recording, none if it could not be made; errors have been reported then.
-QCoro::Task<Frames> recordFrames(RecordOptions options, ProgressLine& line)
+/// What was recorded, no frame if nothing could be; errors have been reported then.
+QCoro::Task<Recording> recordFrames(RecordOptions options, ProgressLine& line)
 {
     StreamRecorder recorder;
     RecordingEnd end(recorder, options.durationSeconds);
@@ -76,11 +76,11 @@ QCoro::Task<Frames> recordFrames(RecordOptions options, ProgressLine& line)
     } catch (const std::exception& error) {
         failure = startMessage(error);
     }
-    Frames frames = co_await recorder.stop();
+    std::vector<RGBAFrame> frames = co_await recorder.stop();
     line.clear();
     if (!failure.empty()) {
         ErrorReport::print(failure);
-        co_return Frames();
+        co_return Recording();
     }
     if (options.durationSeconds) { // a timer may be late, the clip need not show it
         const auto wanted = std::max(1LL, std::llround(*options.durationSeconds * FrameTimeline::framesPerSecond));
@@ -92,14 +92,15 @@ QCoro::Task<Frames> recordFrames(RecordOptions options, ProgressLine& line)
     } else if (!interruption.isEmpty()) {
         ErrorReport::print("The recording ended early: " + interruption.toStdString() + ". What was recorded is kept.");
     }
-    co_return frames;
+    Recording recording{.frames = std::move(frames), .intake = recorder.intake()};
+    co_return recording;
 }
 
 GIFOptimizer::Result encode(
-    const Frames& frames, ExportPreset preset, const std::function<void(const GIFOptimizer::Progress&)>& progress)
+    const Recording& recording, ExportPreset preset, const std::function<void(const GIFOptimizer::Progress&)>& progress)
 {
     leaveEndingSignalsToMainThread();
-    return ClipExport::encode(frames, preset, {.progress = progress});
+    return ClipExport::encode(recording, preset, {.progress = progress});
 }
 
 /// @return where it was saved
@@ -139,12 +140,12 @@ QCoro::Task<int> recordAndSave(RecordOptions options)
         co_return ExitCode::failure;
     }
     ProgressLine line;
-    Frames frames = co_await recordFrames(options, line);
-    if (frames.empty())
+    Recording recording = co_await recordFrames(options, line);
+    if (recording.frames.empty())
         co_return ExitCode::failure;
     std::string failure;
     try {
-        auto job = QtConcurrent::run(&encode, std::move(frames), options.out.preset, progressOn(line));
+        auto job = QtConcurrent::run(&encode, std::move(recording), options.out.preset, progressOn(line));
         const auto result = co_await job;
         const auto output = save(result, options.out, line);
         if (options.copy) {
