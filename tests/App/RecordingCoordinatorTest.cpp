@@ -402,7 +402,6 @@ void RecordingCoordinatorTest::hasNoProgressOutsideProcessing()
 void RecordingCoordinatorTest::goesOnToTheEndWhenToldToFinish()
 {
     Studio studio;
-    studio.recorder->frames = support::hardClip();
     studio.recordARegion();
     auto exporting = studio.coordinator->stopAndExport();
     const QSignalSpy phases(studio.coordinator.get(), &Coordinator::phaseChanged);
@@ -530,7 +529,6 @@ void RecordingCoordinatorTest::mayBeDestroyedByAnObserverOfProcessing()
 void RecordingCoordinatorTest::mayBeDestroyedByAnObserverOfProgress()
 {
     Studio studio;
-    studio.recorder->frames = support::hardClip();
     studio.recordARegion();
     connect(studio.coordinator.get(), &Coordinator::progressChanged, this, [&] { studio.coordinator.reset(); });
     test::await(studio.coordinator->stopAndExport());
