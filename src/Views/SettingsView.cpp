@@ -18,9 +18,9 @@
 namespace quillbox {
 namespace {
 
-constexpr int settingsWidth = 440;   // of the window, device-independent pixels
-constexpr int widest = 640;       // with a long footer notice, which wraps beyond
-constexpr int rowPadding = 6 + 4; // of a row, and of the frame around it
+constexpr int settingsWidth = 440; // of the window, device-independent pixels
+constexpr int widest = 640;        // with a long footer notice, which wraps beyond
+constexpr int rowPadding = 6 + 4;  // of a row, and of the frame around it
 constexpr int cardSpacing = 14;
 
 QWidget* makeCaptureCard(QWidget* parent)
