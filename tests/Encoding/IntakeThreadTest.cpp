@@ -10,7 +10,7 @@
 namespace quillbox {
 namespace {
 
-std::vector<RGBAFrame> grays(int count)
+std::vector<RGBAFrame> grayFrames(int count)
 {
     std::vector<RGBAFrame> frames;
     for (int i = 0; i < count; ++i)
@@ -20,7 +20,7 @@ std::vector<RGBAFrame> grays(int count)
 
 TEST(IntakeThread, TakesInWhatAnIntakeWould)
 {
-    const auto frames = grays(200);
+    const auto frames = grayFrames(200);
     for (const std::size_t queue : {IntakeThread::unlimited, std::size_t{1}, std::size_t{5}}) {
         IntakeThread thread(FrameIntake::forAnyPreset(30), queue);
         for (const RGBAFrame& frame : frames)
@@ -36,21 +36,21 @@ TEST(IntakeThread, TakesInWhatAnIntakeWould)
 TEST(IntakeThread, MayBeAskedTwice)
 {
     IntakeThread thread(FrameIntake::forAnyPreset(30));
-    thread.take(grays(1).front());
+    thread.take(grayFrames(1).front());
     EXPECT_EQ(&thread.finished(), &thread.finished());
 }
 
 TEST(IntakeThread, MayBeGivenUp)
 {
     IntakeThread thread(FrameIntake::forAnyPreset(30));
-    for (const RGBAFrame& frame : grays(200))
+    for (const RGBAFrame& frame : grayFrames(200))
         thread.take(frame);
     // the destructor does not wait for them
 }
 
 TEST(IntakeThreadDeathTest, TakesNothingAfterTheEnd)
 {
-    const RGBAFrame frame = grays(1).front();
+    const RGBAFrame frame = grayFrames(1).front();
     EXPECT_DEATH(
         {
             IntakeThread thread(FrameIntake::forAnyPreset(30));
