@@ -16,53 +16,46 @@ class ExportProgressTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void isNothingWhileTheFramesAreMeasured();
-    void beginsAtNothing();
-    void fillsHalfWithTheFirstAttempt();
-    void fillsHalfOfWhatIsLeftWithTheNext();
-    void fillsEverythingWithTheLastAttemptThatThereCanBe();
-    void fillsEverythingWithTheOnlyAttempt();
+    void fillsHalfOfWhatIsLeftAndAtLastEverything_data();
+    void fillsHalfOfWhatIsLeftAndAtLastEverything();
+    void isNothingAtFirst();
     void goesOnWhereTheAttemptBeforeEnded();
     void risesWithEveryFrameOfEveryAttempt();
     void risesWhenFewerAttemptsAreLeft();
-    void standsStillInAFileWithoutFrames();
-    void countsNoFrameTwice();
 };
 
-void ExportProgressTest::isNothingWhileTheFramesAreMeasured()
+void ExportProgressTest::fillsHalfOfWhatIsLeftAndAtLastEverything_data()
 {
-    QCOMPARE(fraction(0, 5, 7), 0.0);
+    QTest::addColumn<ExportProgress>("progress");
+    QTest::addColumn<double>("fraction");
+    const auto row = [](const char* name, ExportProgress progress, double fraction) {
+        QTest::newRow(name) << progress << fraction;
+    };
+    row("no attempt has begun", {0, 5, 7, 10}, 0);
+    row("the first begins", {1, 5, 0, 10}, 0);
+    row("half of the first", {1, 5, 5, 10}, 0.25);
+    row("the whole first", {1, 5, 10, 10}, 0.5);
+    row("half of the second", {2, 5, 5, 10}, 0.625);
+    row("the whole second", {2, 5, 10, 10}, 0.75);
+    row("the last but one", {4, 5, 10, 10}, 0.9375);
+    row("half of the last that there can be", {5, 5, 5, 10}, 0.96875);
+    row("the whole last", {5, 5, 10, 10}, 1);
+    row("a part of the only one", {1, 1, 3, 10}, 0.3);
+    row("the whole only one", {1, 1, 10, 10}, 1);
+    row("a file without frames", {2, 5, 0, 0}, 0.5);
+    row("a frame too many", {1, 5, 11, 10}, 0.5);
 }
 
-void ExportProgressTest::beginsAtNothing()
+void ExportProgressTest::fillsHalfOfWhatIsLeftAndAtLastEverything()
+{
+    QFETCH(const ExportProgress, progress);
+    QFETCH(const double, fraction);
+    QCOMPARE(progress.fraction(), fraction);
+}
+
+void ExportProgressTest::isNothingAtFirst()
 {
     QCOMPARE(ExportProgress().fraction(), 0.0);
-    QCOMPARE(fraction(1, 5, 0), 0.0);
-}
-
-void ExportProgressTest::fillsHalfWithTheFirstAttempt()
-{
-    QCOMPARE(fraction(1, 5, 5), 0.25);
-    QCOMPARE(fraction(1, 5, 10), 0.5);
-}
-
-void ExportProgressTest::fillsHalfOfWhatIsLeftWithTheNext()
-{
-    QCOMPARE(fraction(2, 5, 5), 0.625);
-    QCOMPARE(fraction(2, 5, 10), 0.75);
-    QCOMPARE(fraction(4, 5, 10), 0.9375);
-}
-
-void ExportProgressTest::fillsEverythingWithTheLastAttemptThatThereCanBe()
-{
-    QCOMPARE(fraction(5, 5, 5), 0.96875);
-    QCOMPARE(fraction(5, 5, 10), 1.0);
-}
-
-void ExportProgressTest::fillsEverythingWithTheOnlyAttempt()
-{
-    QCOMPARE(fraction(1, 1, 3), 0.3);
-    QCOMPARE(fraction(1, 1, 10), 1.0);
 }
 
 void ExportProgressTest::goesOnWhereTheAttemptBeforeEnded()
@@ -88,16 +81,6 @@ void ExportProgressTest::risesWhenFewerAttemptsAreLeft()
 {
     for (std::int64_t attempt = 1; attempt < 5; ++attempt)
         QVERIFY(fraction(attempt, attempt, 3) > fraction(attempt, 5, 3));
-}
-
-void ExportProgressTest::standsStillInAFileWithoutFrames()
-{
-    QCOMPARE(fraction(2, 5, 0, 0), 0.5);
-}
-
-void ExportProgressTest::countsNoFrameTwice()
-{
-    QCOMPARE(fraction(1, 5, 11), 0.5);
 }
 
 } // namespace quillbox
