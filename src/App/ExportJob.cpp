@@ -68,29 +68,33 @@ QFuture<ClipExport::Saved> ExportJob::start(ClipExport::Recording recording, Exp
     return QtConcurrent::run(&ClipExport::run, std::move(recording), preset, execution);
 }
 
+std::optional<ExportProgress> ExportJob::progress() const
+{
+    if (!m_latest)
+        return std::nullopt;
+    return ExportProgress{
+        .attempt = m_latest->attempt,
+        .attempts = std::max(m_attempts, m_latest->attempt),
+        .framesDone = m_latest->framesDone,
+        .frameCount = m_latest->frameCount,
+    };
+}
+
 void ExportJob::finishNow()
 {
     if (!m_stop.request_stop())
         return; // a second click
-    const std::int64_t attempt = m_progress ? m_progress->attempt : 0;
+    const std::int64_t attempt = m_latest ? m_latest->attempt : 0;
     m_attempts = attempt <= 1 ? 1 : attempt + 1; // a first attempt is finished; a later one may give way to one before
-    if (m_progress)
-        m_progress->attempts = m_attempts;
     Q_EMIT progressChanged();
 }
 
 void ExportJob::takeProgress()
 {
-    const auto latest = m_mailbox->take();
-    if (!latest)
-        return;
-    m_progress = ExportProgress{
-        .attempt = latest->attempt,
-        .attempts = std::max(m_attempts, latest->attempt),
-        .framesDone = latest->framesDone,
-        .frameCount = latest->frameCount,
-    };
-    Q_EMIT progressChanged();
+    if (const auto latest = m_mailbox->take()) {
+        m_latest = latest;
+        Q_EMIT progressChanged();
+    }
 }
 
 } // namespace quillbox

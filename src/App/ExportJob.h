@@ -21,12 +21,12 @@ public:
     ExportJob();
     ~ExportJob() override;
 
-    /// Begins. To be called once.
+    /// Begins. To be called once. @pre the recording has a frame; a violation ends the process.
     /// @return What `ClipExport::run` returns; the future throws what that throws.
     [[nodiscard]] QFuture<ClipExport::Saved> start(ClipExport::Recording recording, ExportPreset preset);
 
     /// None until the encoder has begun. Once the job is finishing, few attempts are left. Its fraction never falls.
-    [[nodiscard]] std::optional<ExportProgress> progress() const { return m_progress; }
+    [[nodiscard]] std::optional<ExportProgress> progress() const;
 
     /// The smallest attempt finished so far becomes the clip, the first one at least. May be called before start().
     void finishNow();
@@ -43,7 +43,7 @@ private:
 
     std::shared_ptr<Mailbox> m_mailbox;
     std::stop_source m_stop;
-    std::optional<ExportProgress> m_progress;
+    std::optional<GIFOptimizer::Progress> m_latest;
     std::int64_t m_attempts = 0; // at most
 };
 
