@@ -7,10 +7,8 @@ namespace quillbox {
 std::string progressText(const GIFOptimizer::Progress& progress)
 {
     const auto percent = progress.frameCount == 0 ? 0 : progress.framesDone * 100 / progress.frameCount;
-    const auto stage = progress.attempt == 0
-        ? std::string("looking at the frames")
-        : "attempt " + std::to_string(progress.attempt) + ": " + std::to_string(progress.colors) + " colours";
-    return stage + ", " + std::to_string(percent) + " %";
+    return "attempt " + std::to_string(progress.attempt) + ": " + std::to_string(progress.colors) + " colours, "
+        + std::to_string(percent) + " %";
 }
 
 std::function<void(const GIFOptimizer::Progress&)> progressOn(ProgressLine& line)

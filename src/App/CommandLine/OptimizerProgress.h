@@ -9,7 +9,7 @@ namespace quillbox {
 
 class ProgressLine;
 
-/// "attempt 2: 48 colours, 37 %", or "looking at the frames, 37 %" before the first attempt.
+/// "attempt 2: 48 colours, 37 %".
 [[nodiscard]] std::string progressText(const GIFOptimizer::Progress& progress);
 
 /// Shows the optimizer's progress on `line`, which outlives the function; none where nobody sees it.

@@ -90,8 +90,9 @@ TEST(OptimizerProgress, NamesTheAttemptItsColoursAndThePercentage)
     EXPECT_EQ(
         progressText({.attempt = 2, .colors = 48, .framesDone = 10, .frameCount = 40}), "attempt 2: 48 colours, 25 %");
     EXPECT_EQ(
-        progressText({.attempt = 0, .colors = 0, .framesDone = 1, .frameCount = 3}), "looking at the frames, 33 %");
-    EXPECT_EQ(progressText({}), "looking at the frames, 0 %");
+        progressText({.attempt = 9, .colors = 64, .framesDone = 1, .frameCount = 3}), "attempt 9: 64 colours, 33 %");
+    EXPECT_EQ(
+        progressText({.attempt = 1, .colors = 64, .framesDone = 0, .frameCount = 0}), "attempt 1: 64 colours, 0 %");
 }
 
 } // namespace
