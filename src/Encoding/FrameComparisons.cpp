@@ -18,10 +18,8 @@ void FrameComparisons::turnTo(const RGBAFrame& frame)
 double FrameComparisons::fractionChangedSince(const RGBAFrame& earlier)
 {
     precondition(m_frame.has_value(), "there is a frame at hand");
-    const auto known = std::ranges::find_if(
-        m_answers, [&earlier](const Answer& answer) { return answer.earlier.sharesPixels(earlier); });
-    if (known != m_answers.end())
-        return known->fraction;
+    if (const auto known = knownFraction(earlier))
+        return *known;
     const double fraction
         = FrameDeduplicator::fractionChanged(earlier, *m_frame, FrameDeduplicator::defaultPerPixelTolerance);
     m_answers.push_back({earlier, fraction});
@@ -31,10 +29,8 @@ double FrameComparisons::fractionChangedSince(const RGBAFrame& earlier)
 bool FrameComparisons::changesMoreThan(const RGBAFrame& earlier, double threshold)
 {
     precondition(m_frame.has_value(), "there is a frame at hand");
-    const auto fraction = std::ranges::find_if(
-        m_answers, [&earlier](const Answer& answer) { return answer.earlier.sharesPixels(earlier); });
-    if (fraction != m_answers.end())
-        return fraction->fraction > threshold;
+    if (const auto fraction = knownFraction(earlier))
+        return *fraction > threshold;
     const auto known = std::ranges::find_if(m_verdicts, [&earlier, threshold](const Verdict& verdict) {
         return verdict.earlier.sharesPixels(earlier) && verdict.threshold == threshold;
     });
@@ -44,6 +40,13 @@ bool FrameComparisons::changesMoreThan(const RGBAFrame& earlier, double threshol
         = FrameDeduplicator::changesMoreThan(earlier, *m_frame, FrameDeduplicator::defaultPerPixelTolerance, threshold);
     m_verdicts.push_back({earlier, threshold, changesMore});
     return changesMore;
+}
+
+std::optional<double> FrameComparisons::knownFraction(const RGBAFrame& earlier) const
+{
+    const auto known = std::ranges::find_if(
+        m_answers, [&earlier](const Answer& answer) { return answer.earlier.sharesPixels(earlier); });
+    return known == m_answers.end() ? std::nullopt : std::optional(known->fraction);
 }
 
 } // namespace quillbox

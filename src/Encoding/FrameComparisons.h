@@ -33,6 +33,8 @@ private:
         bool changesMore = false;
     };
 
+    [[nodiscard]] std::optional<double> knownFraction(const RGBAFrame& earlier) const;
+
     std::optional<RGBAFrame> m_frame;
     std::vector<Answer> m_answers;
     std::vector<Verdict> m_verdicts;
