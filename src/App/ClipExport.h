@@ -19,7 +19,7 @@ namespace ClipExport {
 
 /// What was recorded.
 struct Recording {
-    std::vector<RGBAFrame> frames;                ///< oldest first, 30 a second; not empty
+    std::vector<RGBAFrame> frames;                ///< oldest first, 30 a second
     std::shared_ptr<LiveIntake> intake = nullptr; ///< what is known of them already, if anything
 };
 
@@ -29,6 +29,7 @@ struct Saved {
 };
 
 /// Makes the GIF that `preset` asks for, dithered where that helps. The bytes don't depend on what is known already.
+/// @pre the recording has a frame; a violation ends the process.
 /// @throws GIFEncodingError  a side of a frame is too large.
 [[nodiscard]] GIFOptimizer::Result encode(
     const Recording& recording, ExportPreset preset, const GIFOptimizer::Execution& execution = {});
@@ -38,6 +39,7 @@ struct Saved {
 [[nodiscard]] QString newPath();
 
 /// Encodes the recording and saves it at `newPath()`, in a folder that is made if need be.
+/// @pre the recording has a frame; a violation ends the process.
 /// @throws GIFEncodingError  a side of a frame is too large.
 /// @throws std::filesystem::filesystem_error  the clips folder can't be made.
 /// @throws OutputFileError  the file can't be written; nothing of it is left.

@@ -35,6 +35,8 @@ public:
     virtual QCoro::Task<std::vector<RGBAFrame>> stop() = 0;
 
     /// What was learnt of the frames that stop() has returned while they were recorded; null where that is nothing.
+    /// To be asked for between the end of stop() and the next start(). The recorder has finished with it by then: the
+    /// caller may hand it to another thread, and it outlives the recorder.
     [[nodiscard]] virtual std::shared_ptr<LiveIntake> intake() const { return nullptr; }
 };
 
