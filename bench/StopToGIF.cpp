@@ -1,10 +1,11 @@
-// Measures how long a user waits after "Stop": frames are taken one by one as the recorder delivers them, and the clock
-// runs from the moment the last one is in until the file's bytes are there.
+// Measures how long a user waits after "Stop" for the GIF: the clock runs from the moment the last frame is in until
+// the file's bytes are there. Until then frames are taken one by one as the recorder delivers them.
 //
-//     stop-to-copied [--all-at-once] slack|github|docs FRAMES.rgba WIDTHxHEIGHT
+//     stop-to-gif [--all-at-once] slack|github|docs FRAMES.rgba WIDTHxHEIGHT
 //
 // With --all-at-once nothing is known of the frames at the stop. Frames equal to the one before share its storage, as a
-// recorder's do. Prints one JSON object; times are in milliseconds.
+// recorder's do. Prints one JSON object: times in milliseconds, "attemptCount" the number of palette sizes tried;
+// "intakeMean" and "intakeLongest", of one frame, only where frames are taken one by one.
 
 #include "Clip.h"
 #include "Encoding/FrameIntake.h"
@@ -16,6 +17,7 @@
 #include <cstring>
 #include <exception>
 #include <optional>
+#include <set>
 #include <span>
 #include <stdexcept>
 #include <vector>
@@ -41,9 +43,14 @@ double milliseconds(Clock::duration time)
     return std::chrono::duration<double, std::milli>(time).count();
 }
 
-void measure(ExportPreset preset, const std::vector<RGBAFrame>& frames, bool allAtOnce)
+/// What taking the frames in has cost, before the stop.
+struct IntakeCost {
+    double mean = 0; ///< milliseconds a frame
+    double longest = 0;
+};
+
+IntakeCost takeIn(FrameIntake& intake, const std::vector<RGBAFrame>& frames)
 {
-    FrameIntake intake = FrameIntake::forAnyPreset(recordedFPS);
     Clock::duration longest{};
     Clock::duration total{};
     for (const RGBAFrame& frame : frames) {
@@ -53,24 +60,32 @@ void measure(ExportPreset preset, const std::vector<RGBAFrame>& frames, bool all
         longest = std::max(longest, taken);
         total += taken;
     }
+    return {milliseconds(total) / static_cast<double>(frames.size()), milliseconds(longest)};
+}
+
+void measure(ExportPreset preset, const std::vector<RGBAFrame>& frames, bool allAtOnce)
+{
+    FrameIntake intake = FrameIntake::forAnyPreset(recordedFPS);
+    const auto cost = allAtOnce ? std::nullopt : std::optional(takeIn(intake, frames));
     const GIFOptimizer::Config config{.preset = preset, .sourceFPS = recordedFPS, .ditheringOverride = std::nullopt};
     const auto stopped = Clock::now();
     std::optional<Clock::time_point> prepared;
-    std::int64_t attempts = 0;
+    std::set<std::int64_t> colors; // an attempt that goes on later is no new one
     const auto note = [&](const GIFOptimizer::Progress& progress) {
         if (!prepared)
             prepared = Clock::now();
-        attempts = std::max(attempts, progress.attempt);
+        colors.insert(progress.colors);
     };
     const GIFOptimizer::Execution execution{.parallelism = {}, .progress = note, .finishNow = {}};
     const GIFOptimizer::Result result = allAtOnce ? GIFOptimizer::optimize(frames, config, execution)
                                                   : GIFOptimizer::optimize(intake, config, execution);
     const auto done = Clock::now();
-    std::printf("{\"prepare\": %.1f, \"attempts\": %.1f, \"attemptCount\": %lld, \"intakeMean\": %.2f, "
-                "\"intakeLongest\": %.2f, \"frames\": %lld, \"bytes\": %lld}\n",
-        milliseconds(*prepared - stopped), milliseconds(done - *prepared), static_cast<long long>(attempts),
-        milliseconds(total) / static_cast<double>(frames.size()), milliseconds(longest),
-        static_cast<long long>(result.frameCount), static_cast<long long>(result.byteCount));
+    std::printf("{\"prepare\": %.1f, \"attempts\": %.1f, \"attemptCount\": %zu, ", milliseconds(*prepared - stopped),
+        milliseconds(done - *prepared), colors.size());
+    if (cost)
+        std::printf("\"intakeMean\": %.2f, \"intakeLongest\": %.2f, ", cost->mean, cost->longest);
+    std::printf("\"frames\": %lld, \"bytes\": %lld}\n", static_cast<long long>(result.frameCount),
+        static_cast<long long>(result.byteCount));
 }
 
 } // namespace
@@ -83,7 +98,7 @@ int main(int argc, char** argv)
     if (allAtOnce)
         arguments = arguments.subspan(1);
     if (arguments.size() != 3) {
-        (void)std::fputs("usage: stop-to-copied [--all-at-once] PRESET FRAMES.rgba WIDTHxHEIGHT\n", stderr);
+        (void)std::fputs("usage: stop-to-gif [--all-at-once] PRESET FRAMES.rgba WIDTHxHEIGHT\n", stderr);
         return 2;
     }
     try {
@@ -94,7 +109,7 @@ int main(int argc, char** argv)
         measure(*preset, recorded(bench::rawClip(arguments[1], width, height, 0).frames), allAtOnce);
         return 0;
     } catch (const std::exception& error) {
-        (void)std::fprintf(stderr, "stop-to-copied: %s\n", error.what()); // nothing is left to do if that fails
+        (void)std::fprintf(stderr, "stop-to-gif: %s\n", error.what()); // nothing is left to do if that fails
         return 1;
     }
 }
