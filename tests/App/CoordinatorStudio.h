@@ -8,6 +8,10 @@
 
 #include <QDir>
 
+#include <cstdint>
+#include <exception>
+#include <stdexcept>
+
 namespace quillbox::test {
 
 inline constexpr CaptureRegion someRegion{10, 20, 30, 40};
@@ -60,5 +64,25 @@ public:
     std::unique_ptr<RecordingCoordinator> coordinator
         = std::make_unique<RecordingCoordinator>(recorder, selector, history);
 };
+
+/// How far a flow has come.
+enum class Step : std::uint8_t { Idle, Selecting, Recording, Processing, Done, Failed };
+
+/// Takes `studio` to that step. While it is processing, the recorder's stop waits for its gate, and the task for that.
+inline QCoro::Task<> take(CoordinatorStudio& studio, Step step)
+{
+    if (step == Step::Idle)
+        co_return;
+    studio.coordinator->beginFlow();
+    if (step == Step::Selecting)
+        co_return;
+    if (step == Step::Failed)
+        studio.recorder->startError = std::make_exception_ptr(std::runtime_error("no"));
+    if (step == Step::Processing)
+        ScriptedRecorder::close(studio.recorder->stopGate);
+    studio.selector->select(someRegion);
+    if (step == Step::Processing || step == Step::Done)
+        co_await studio.coordinator->stopAndExport();
+}
 
 } // namespace quillbox::test

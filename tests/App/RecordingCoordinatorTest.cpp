@@ -1,9 +1,7 @@
 #include "App/RecordingCoordinator.h"
 
-#include "App/ClipExport.h"
 #include "Capture/LiveIntake.h"
 #include "CoordinatorStudio.h"
-#include "support/HardClip.h"
 
 #include <QClipboard>
 #include <QDir>
@@ -16,8 +14,6 @@
 #include <QTest>
 #include <QUrl>
 
-#include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <stdexcept>
 
@@ -30,6 +26,8 @@ using test::gray;
 using test::ScriptedRecorder;
 using test::ScriptedSelector;
 using test::someRegion;
+using test::Step;
+using test::take;
 
 } // namespace
 
@@ -60,19 +58,12 @@ private Q_SLOTS:
     void announcesEachPresetBeforeAndAfterIt();
     void putsThingsInOrderWhenDone();
     void theEventLoopTurnsWhileTheClipIsMade();
-    void publishesProgressWhileTheClipIsMade();
-    void hasNoProgressOutsideProcessing();
-    void goesOnToTheEndWhenToldToFinish();
-    void mayBeToldToFinishBeforeTheFramesAreThere();
     void takesWhatWasLearntWhileRecording();
-    void ignoresFinishNowOutsideProcessing_data();
-    void ignoresFinishNowOutsideProcessing();
     void mayBeDestroyedDuringTheSelection();
     void mayBeDestroyedWhileTheRecorderStarts();
     void mayBeDestroyedWhileTheRecorderStops();
     void mayBeDestroyedWhileTheClipIsMade();
     void mayBeDestroyedByAnObserverOfProcessing();
-    void mayBeDestroyedByAnObserverOfProgress();
     void makesItsOwnRecorderAndSelectorWhenGivenNone();
 };
 
@@ -138,68 +129,47 @@ void RecordingCoordinatorTest::failsWithTheReasonWhenTheRecorderDoesNotStart()
 
 void RecordingCoordinatorTest::ignoresBeginOutsideIdle_data()
 {
-    QTest::addColumn<int>("step");
-    QTest::newRow("selecting") << 0;
-    QTest::newRow("recording") << 1;
-    QTest::newRow("processing") << 2;
-    QTest::newRow("done") << 3;
-    QTest::newRow("failed") << 4;
+    QTest::addColumn<Step>("step");
+    QTest::newRow("selecting") << Step::Selecting;
+    QTest::newRow("recording") << Step::Recording;
+    QTest::newRow("processing") << Step::Processing;
+    QTest::newRow("done") << Step::Done;
+    QTest::newRow("failed") << Step::Failed;
 }
-
-namespace {
-
-/// Takes `studio` to the phase of that row. @return what must be kept alive meanwhile
-QCoro::Task<> take(Studio& studio, int step)
-{
-    studio.coordinator->beginFlow();
-    if (step == 0)
-        co_return;
-    if (step == 4)
-        studio.recorder->startError = std::make_exception_ptr(std::runtime_error("no"));
-    if (step == 2)
-        ScriptedRecorder::close(studio.recorder->stopGate);
-    studio.selector->select(someRegion);
-    if (step == 2 || step == 3)
-        co_await studio.coordinator->stopAndExport();
-}
-
-} // namespace
 
 void RecordingCoordinatorTest::ignoresBeginOutsideIdle()
 {
-    QFETCH(const int, step);
+    QFETCH(const Step, step);
     Studio studio;
     const auto taking = take(studio, step);
-    QVERIFY(test::eventually([&] { return taking.isReady() || step == 2; }));
+    QVERIFY(test::eventually([&] { return taking.isReady() || step == Step::Processing; }));
     const auto before = studio.coordinator->phase();
     const QSignalSpy spy(studio.coordinator.get(), &Coordinator::phaseChanged);
     studio.coordinator->beginFlow();
     QVERIFY(studio.coordinator->phase() == before);
     QVERIFY(spy.isEmpty());
     QCOMPARE(studio.selector->presentations, 1);
-    if (step == 2)
+    if (step == Step::Processing)
         studio.recorder->stopGate->finish();
     QVERIFY(test::eventually([&] { return taking.isReady(); }));
 }
 
 void RecordingCoordinatorTest::ignoresStopOutsideRecording_data()
 {
-    QTest::addColumn<int>("step");
-    QTest::newRow("idle") << -1;
-    QTest::newRow("selecting") << 0;
-    QTest::newRow("processing") << 2;
-    QTest::newRow("done") << 3;
-    QTest::newRow("failed") << 4;
+    QTest::addColumn<Step>("step");
+    QTest::newRow("idle") << Step::Idle;
+    QTest::newRow("selecting") << Step::Selecting;
+    QTest::newRow("processing") << Step::Processing;
+    QTest::newRow("done") << Step::Done;
+    QTest::newRow("failed") << Step::Failed;
 }
 
 void RecordingCoordinatorTest::ignoresStopOutsideRecording()
 {
-    QFETCH(const int, step);
+    QFETCH(const Step, step);
     Studio studio;
-    std::optional<QCoro::Task<>> taking;
-    if (step >= 0)
-        taking.emplace(take(studio, step));
-    QVERIFY(test::eventually([&] { return step < 0 || step == 2 || taking->isReady(); }));
+    const auto taking = take(studio, step);
+    QVERIFY(test::eventually([&] { return taking.isReady() || step == Step::Processing; }));
     const auto before = studio.coordinator->phase();
     const int stops = studio.recorder->stops;
     const QSignalSpy spy(studio.coordinator.get(), &Coordinator::phaseChanged);
@@ -207,9 +177,9 @@ void RecordingCoordinatorTest::ignoresStopOutsideRecording()
     QVERIFY(studio.coordinator->phase() == before);
     QVERIFY(spy.isEmpty());
     QCOMPARE(studio.recorder->stops, stops);
-    if (step == 2)
+    if (step == Step::Processing)
         studio.recorder->stopGate->finish();
-    QVERIFY(test::eventually([&] { return step < 0 || taking->isReady(); }));
+    QVERIFY(test::eventually([&] { return taking.isReady(); }));
 }
 
 void RecordingCoordinatorTest::failsWithoutFramesAndWritesNothing()
@@ -370,81 +340,6 @@ void RecordingCoordinatorTest::theEventLoopTurnsWhileTheClipIsMade()
     QVERIFY(turned);
 }
 
-void RecordingCoordinatorTest::publishesProgressWhileTheClipIsMade()
-{
-    Studio studio;
-    studio.recorder->frames = support::hardClip();
-    const auto* const coordinator = studio.coordinator.get();
-    std::vector<double> fractions;
-    bool alwaysProcessing = true;
-    connect(coordinator, &Coordinator::progressChanged, this, [&] {
-        fractions.push_back(coordinator->progress().value().fraction());
-        alwaysProcessing = alwaysProcessing && coordinator->isIn<Coordinator::Processing>();
-    });
-    studio.finish();
-    QVERIFY(!fractions.empty());
-    QVERIFY(std::is_sorted(fractions.begin(), fractions.end()));
-    QVERIFY(fractions.back() > 15.0 / 16); // past the fifth attempt
-    QVERIFY(alwaysProcessing);
-}
-
-void RecordingCoordinatorTest::hasNoProgressOutsideProcessing()
-{
-    Studio studio;
-    QVERIFY(!studio.coordinator->progress());
-    studio.recordARegion();
-    QVERIFY(!studio.coordinator->progress());
-    connect(studio.coordinator.get(), &Coordinator::phaseChanged, this, [&] {
-        QVERIFY(!studio.coordinator->progress()); // none yet, or none any more
-    });
-    test::await(studio.coordinator->stopAndExport());
-    QVERIFY(studio.coordinator->isIn<Coordinator::Done>());
-}
-
-void RecordingCoordinatorTest::goesOnToTheEndWhenToldToFinish()
-{
-    Studio studio;
-    studio.recordARegion();
-    auto exporting = studio.coordinator->stopAndExport();
-    const QSignalSpy phases(studio.coordinator.get(), &Coordinator::phaseChanged);
-    studio.coordinator->finishNow();
-    QVERIFY(studio.coordinator->isFinishing());
-    test::await(std::move(exporting));
-    QCOMPARE(phases.size(), 1);
-    const auto done = std::get<Coordinator::Done>(studio.coordinator->phase());
-    QCOMPARE(QFileInfo(done.path).size(), done.byteCount);
-    QVERIFY(studio.history->entries().front().byteCount == done.byteCount);
-    QVERIFY(!studio.coordinator->isFinishing());
-}
-
-namespace {
-
-/// The size of the first file that the encoder makes of the hard clip.
-std::int64_t sizeOfTheFirstAttempt()
-{
-    std::stop_source stop;
-    stop.request_stop();
-    return ClipExport::encode({.frames = support::hardClip()}, ExportPreset::slack,
-        {.parallelism = {}, .progress = {}, .finishNow = stop.get_token()})
-        .byteCount;
-}
-
-} // namespace
-
-void RecordingCoordinatorTest::mayBeToldToFinishBeforeTheFramesAreThere()
-{
-    Studio studio;
-    studio.recorder->frames = support::hardClip();
-    ScriptedRecorder::close(studio.recorder->stopGate);
-    studio.recordARegion();
-    auto exporting = studio.coordinator->stopAndExport();
-    studio.coordinator->finishNow();
-    QVERIFY(studio.coordinator->isIn<Coordinator::Processing>());
-    studio.recorder->stopGate->finish();
-    test::await(std::move(exporting));
-    QVERIFY(std::get<Coordinator::Done>(studio.coordinator->phase()).byteCount == sizeOfTheFirstAttempt());
-}
-
 void RecordingCoordinatorTest::takesWhatWasLearntWhileRecording()
 {
     Studio studio;
@@ -455,37 +350,6 @@ void RecordingCoordinatorTest::takesWhatWasLearntWhileRecording()
     test::await(studio.coordinator->stopAndExport());
     const QImageReader clip(std::get<Coordinator::Done>(studio.coordinator->phase()).path);
     QCOMPARE(clip.size(), QSize(16, 12));
-}
-
-void RecordingCoordinatorTest::ignoresFinishNowOutsideProcessing_data()
-{
-    QTest::addColumn<int>("step");
-    QTest::newRow("idle") << -1;
-    QTest::newRow("selecting") << 0;
-    QTest::newRow("recording") << 1;
-    QTest::newRow("done") << 3;
-    QTest::newRow("failed") << 4;
-}
-
-void RecordingCoordinatorTest::ignoresFinishNowOutsideProcessing()
-{
-    QFETCH(const int, step);
-    Studio studio;
-    if (step >= 0)
-        test::await(take(studio, step));
-    const auto before = studio.coordinator->phase();
-    const QSignalSpy phases(studio.coordinator.get(), &Coordinator::phaseChanged);
-    const QSignalSpy changes(studio.coordinator.get(), &Coordinator::progressChanged);
-    studio.coordinator->finishNow();
-    QVERIFY(studio.coordinator->phase() == before);
-    QVERIFY(phases.isEmpty());
-    QVERIFY(changes.isEmpty());
-    QVERIFY(!studio.coordinator->isFinishing());
-    if (step == 1) { // and nothing of it is left for later
-        const auto exporting = studio.coordinator->stopAndExport();
-        QVERIFY(!studio.coordinator->isFinishing());
-        QVERIFY(test::eventually([&] { return exporting.isReady(); }));
-    }
 }
 
 void RecordingCoordinatorTest::mayBeDestroyedDuringTheSelection()
@@ -538,16 +402,6 @@ void RecordingCoordinatorTest::mayBeDestroyedByAnObserverOfProcessing()
     connect(studio.coordinator.get(), &Coordinator::phaseChanged, this, [&] { studio.coordinator.reset(); });
     test::await(studio.coordinator->stopAndExport());
     QCOMPARE(studio.recorder->stops, 0);
-}
-
-void RecordingCoordinatorTest::mayBeDestroyedByAnObserverOfProgress()
-{
-    Studio studio;
-    studio.recordARegion();
-    connect(studio.coordinator.get(), &Coordinator::progressChanged, this, [&] { studio.coordinator.reset(); });
-    test::await(studio.coordinator->stopAndExport());
-    QVERIFY(!studio.coordinator);
-    QVERIFY(studio.history->entries().empty());
 }
 
 void RecordingCoordinatorTest::makesItsOwnRecorderAndSelectorWhenGivenNone()
