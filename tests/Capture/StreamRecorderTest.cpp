@@ -1,8 +1,5 @@
 #include "Capture/StreamRecorder.h"
 
-#include "Capture/LiveIntake.h"
-#include "Encoding/GIFOptimizer.h"
-
 #include "RecorderStudio.h"
 
 #include <QSignalSpy>
@@ -51,9 +48,6 @@ private Q_SLOTS:
     void anInterruptionBeforeStartFinishesIsAnnouncedAfterwards();
     void stoppingDuringAStartChangesNothing();
     void aSecondStopWaitsForTheSameEnd();
-    void learnsOfTheFramesWhatTheyComeTo();
-    void learnsNothingOfAPictureAfterTheStop();
-    void hasLearntNothingWithoutARecording();
     void theEventLoopTurnsWhileStartWaits();
     void destroyingItDuringAStartEndsTheStream();
     void destroyingItDuringAStopStillReturnsTheFrames();
@@ -348,40 +342,6 @@ void StreamRecorderTest::aSecondStopWaitsForTheSameEnd()
     QCOMPARE(numbers(test::await(std::move(second))), (std::vector{1, 2}));
     QCOMPARE(changes.count(), 1);
     QVERIFY(!studio.recorder->isRecording());
-}
-
-void StreamRecorderTest::learnsOfTheFramesWhatTheyComeTo()
-{
-    Studio studio;
-    studio.recordTwo();
-    studio.deliver(3);
-    for (int i = 0; i < 10; ++i)
-        studio.tick();
-    const auto frames = studio.stop();
-    const auto intake = studio.recorder->intake();
-    const FrameIntake* const taken = intake->of(frames);
-    QVERIFY(taken != nullptr);
-    QCOMPARE(taken->frameCount(), std::ssize(frames));
-    const GIFOptimizer::Config config{.preset = ExportPreset::docs, .sourceFPS = 30, .ditheringOverride = {}};
-    QVERIFY(GIFOptimizer::optimize(*taken, config) == GIFOptimizer::optimize(frames, config));
-}
-
-void StreamRecorderTest::learnsNothingOfAPictureAfterTheStop()
-{
-    Studio studio;
-    studio.recordTwo();
-    const auto frames = studio.stop();
-    studio.deliver(3);
-    QCoreApplication::processEvents();
-    const auto intake = studio.recorder->intake();
-    QCOMPARE(intake->of(frames)->frameCount(), 2);
-    QVERIFY(intake->of(studio.stop()) == nullptr); // that one has three
-}
-
-void StreamRecorderTest::hasLearntNothingWithoutARecording()
-{
-    Studio studio;
-    QVERIFY(studio.recorder->intake() == nullptr);
 }
 
 void StreamRecorderTest::theEventLoopTurnsWhileStartWaits()
