@@ -1,10 +1,8 @@
 // Runs on a real X server that the caller starts: see CMakeLists.txt beside it for the servers and what runs on each.
-// One long file: many short suites share one fixture.
 #include "Capture/X11Stream.h"
 
 #include "Capture/StreamRecorder.h"
-#include "X11/Gallery.h"
-#include "X11/TestScreen.h"
+#include "X11/StreamFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -19,40 +17,18 @@
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
-#include <string>
-#include <vector>
 
 namespace quillbox {
 namespace {
 
-constexpr RGBColor black{0, 0, 0};
-constexpr RGBColor white{255, 255, 255};
-constexpr RGBColor red{255, 0, 0};
-constexpr RGBColor green{0, 255, 0};
-constexpr RGBColor blue{0, 0, 255};
-
-PixelRect pixelsOf(CaptureRegion region)
-{
-    return {static_cast<std::int32_t>(region.x), static_cast<std::int32_t>(region.y),
-        static_cast<std::int32_t>(region.width), static_cast<std::int32_t>(region.height)};
-}
-
-/// A picture with a square drawn over it.
-RGBAFrame withSquare(const RGBAFrame& frame, PixelRect square, RGBColor color)
-{
-    Bytes pixels(frame.pixels());
-    const PixelRect extent{0, 0, static_cast<std::int32_t>(frame.width()), static_cast<std::int32_t>(frame.height())};
-    const PixelRect visible = square.intersected(extent);
-    for (std::int32_t y = visible.y; y < visible.y + visible.height; ++y) {
-        for (std::int32_t x = visible.x; x < visible.x + visible.width; ++x) {
-            const auto offset = static_cast<std::size_t>((y * frame.width() + x) * 4);
-            pixels[offset] = color.r;
-            pixels[offset + 1] = color.g;
-            pixels[offset + 2] = color.b;
-        }
-    }
-    return RGBAFrame(frame.width(), frame.height(), std::move(pixels));
-}
+using test::black;
+using test::blue;
+using test::green;
+using test::pixelsOf;
+using test::red;
+using test::WatchedStream;
+using test::white;
+using test::X11StreamTest;
 
 /// The process of the X server, as the session script names it.
 pid_t serverProcess()
@@ -62,57 +38,6 @@ pid_t serverProcess()
         throw std::runtime_error("XSERVER_PID is not set");
     return static_cast<pid_t>(std::atoi(text));
 }
-
-void run(const std::string& command)
-{
-    ASSERT_EQ(std::system(command.c_str()), 0) << command; // NOLINT(cert-env33-c): a test's own words
-}
-
-/// An X11 stream whose pictures a gallery keeps too: the test learns from it what the recorder has got.
-class WatchedStream : public CaptureStream {
-public:
-    explicit WatchedStream(test::Gallery& gallery)
-        : m_gallery(gallery)
-    {
-    }
-    QCoro::Task<> start(CaptureRegion region, FrameSink sink) override
-    {
-        sink.frame = [kept = m_gallery.sink().frame, passedOn = std::move(sink.frame)](
-                         const RGBAFrame& frame, CaptureClock::time_point shownAt) {
-            passedOn(frame, shownAt);
-            kept(frame, shownAt);
-        };
-        return m_stream.start(region, std::move(sink));
-    }
-    QCoro::Task<> stop() override { return m_stream.stop(); }
-
-private:
-    test::Gallery& m_gallery;
-    X11Stream m_stream;
-};
-
-class X11StreamTest : public testing::Test {
-protected:
-    /// Colours at the region's corners and in its middle, and others just outside each edge.
-    void paintAround(CaptureRegion region)
-    {
-        const PixelRect inner = pixelsOf(region);
-        m_screen.fill({inner.x - 3, inner.y - 3, inner.width + 6, inner.height + 6}, blue);
-        m_screen.fill(inner, white);
-        m_screen.fill({inner.x, inner.y, 3, 2}, red);
-        m_screen.fill({inner.x + inner.width - 2, inner.y, 2, 3}, green);
-        m_screen.fill({inner.x, inner.y + inner.height - 1, 1, 1}, black);
-        m_screen.fill({inner.x + inner.width - 1, inner.y + inner.height - 1, 1, 1}, blue);
-        m_screen.fill({inner.x + inner.width / 2, inner.y + inner.height / 3, 7, 5}, RGBColor(255, 255, 0));
-    }
-    void start(CaptureRegion region) { test::await(m_stream.start(region, m_gallery.sink())); }
-    void stop() { test::await(m_stream.stop()); }
-    [[nodiscard]] bool shows(const RGBAFrame& expected) const { return m_gallery.shows(expected); }
-
-    test::TestScreen m_screen;
-    test::Gallery m_gallery; // outlives the stream
-    X11Stream m_stream;
-};
 
 // What every server can do.
 class AnyServer : public X11StreamTest { };
@@ -286,192 +211,6 @@ TEST_F(FullColorServer, EveryValueOfAChannelComesThrough)
     }
     start({0, 0, 256, 3});
     EXPECT_TRUE(shows(m_screen.expected({0, 0, 256, 3})));
-}
-
-// Where the server has XFixes.
-class PointerServer : public X11StreamTest { };
-
-TEST_F(PointerServer, DrawsThePointerWithItsHotSpotAtThePosition)
-{
-    constexpr PixelRect area{50, 60, 40, 30};
-    m_screen.fill(area, blue);
-    m_screen.setPointer(8, 3, red);
-    m_screen.movePointer(70, 75);
-    start({50, 60, 40, 30});
-    EXPECT_TRUE(shows(withSquare(m_screen.expected(area), {20 - 3, 15 - 3, 8, 8}, red)));
-}
-
-TEST_F(PointerServer, FollowsThePointerWithoutATrace)
-{
-    constexpr PixelRect area{50, 60, 40, 30};
-    m_screen.fill(area, white);
-    m_screen.setPointer(8, 0, red);
-    m_screen.movePointer(500, 500);
-    start({50, 60, 40, 30});
-    EXPECT_TRUE(shows(m_screen.expected(area)));
-    // Across every corner of the region, in it, and out of it again.
-    for (const auto& [x, y] : std::vector<std::pair<int, int>>{{46, 56}, {86, 56}, {46, 86}, {86, 86}, {60, 70}}) {
-        m_screen.movePointer(x, y);
-        EXPECT_TRUE(shows(withSquare(m_screen.expected(area), {x - 50, y - 60, 8, 8}, red)));
-    }
-    m_screen.movePointer(500, 500);
-    EXPECT_TRUE(shows(m_screen.expected(area)));
-}
-
-TEST_F(PointerServer, ANewPictureOfThePointerIsSeenWithoutAMove)
-{
-    constexpr PixelRect area{50, 60, 40, 30};
-    m_screen.fill(area, white);
-    m_screen.setPointer(8, 0, red);
-    m_screen.movePointer(60, 70);
-    start({50, 60, 40, 30});
-    m_screen.setPointer(5, 1, green);
-    EXPECT_TRUE(shows(withSquare(m_screen.expected(area), {9, 9, 5, 5}, green)));
-}
-
-TEST_F(PointerServer, AChangeBelowThePointerIsSeenAroundIt)
-{
-    constexpr PixelRect area{50, 60, 40, 30};
-    m_screen.setPointer(8, 0, red);
-    m_screen.movePointer(60, 70);
-    start({50, 60, 40, 30});
-    m_screen.fill({55, 65, 20, 20}, white);
-    EXPECT_TRUE(shows(withSquare(m_screen.expected(area), {10, 10, 8, 8}, red)));
-    m_screen.fill({62, 72, 1, 1}, blue);
-    m_screen.movePointer(500, 500);
-    EXPECT_TRUE(shows(m_screen.expected(area)));
-}
-
-TEST_F(PointerServer, APointerThatMovesOutsideDeliversNothing)
-{
-    m_screen.setPointer(8, 0, red);
-    m_screen.movePointer(500, 500);
-    start({50, 60, 40, 30});
-    m_screen.movePointer(510, 500);
-    m_screen.movePointer(42, 52); // its last pixel is one short of the region
-    m_screen.movePointer(520, 500);
-    m_screen.fill({55, 65, 2, 2}, white);
-    EXPECT_TRUE(shows(m_screen.expected({50, 60, 40, 30})));
-    stop();
-    EXPECT_EQ(m_gallery.frames().size(), 2U);
-}
-
-// Where the server lacks XFixes.
-class PointerlessServer : public X11StreamTest { };
-
-TEST_F(PointerlessServer, DrawsNoPointer)
-{
-    m_screen.setPointer(8, 0, red);
-    m_screen.movePointer(60, 70);
-    start({50, 60, 40, 30});
-    m_screen.fill({55, 65, 20, 20}, white);
-    EXPECT_TRUE(shows(m_screen.expected({50, 60, 40, 30})));
-}
-
-// Where the resources say 192 dots an inch.
-class DenseServer : public X11StreamTest {
-protected:
-    DenseServer() { m_screen.setResources("Xft.antialias:\t1\nXft.dpi:\t192\n"); }
-    ~DenseServer() override { m_screen.setResources(""); }
-};
-
-TEST_F(DenseServer, OnePointIsOnePixelMadeOfFour)
-{
-    m_screen.fill({20, 40, 2, 2}, white);  // the point (10, 20)
-    m_screen.fill({22, 40, 1, 2}, red);    // the left half of the next one
-    m_screen.fill({28, 46, 2, 2}, green);  // the point (14, 23), the region's last
-    m_screen.fill({30, 48, 20, 20}, blue); // beyond
-    start({10, 20, 5, 4});
-    ASSERT_FALSE(m_gallery.frames().empty());
-    RGBAFrame expected(5, 4, m_screen.expected({500, 500, 5, 4}).pixels());
-    expected = withSquare(expected, {0, 0, 1, 1}, white);
-    expected = withSquare(expected, {1, 0, 1, 1}, RGBColor(127, 0, 0)); // the mean, truncated
-    expected = withSquare(expected, {4, 3, 1, 1}, green);
-    EXPECT_TRUE(shows(expected));
-}
-
-TEST_F(DenseServer, TheDisplayHasHalfAsManyPoints)
-{
-    start({0, 0, 5000, 5000});
-    ASSERT_FALSE(m_gallery.frames().empty());
-    EXPECT_EQ(m_gallery.frames().front().width(), 640);
-    EXPECT_EQ(m_gallery.frames().front().height(), 360);
-}
-
-// Where a second monitor, on the right, is the primary one.
-class TwoMonitorServer : public X11StreamTest {
-protected:
-    TwoMonitorServer()
-    {
-        run("xrandr --setmonitor left 640/169x720/190+0+0 none && xrandr --setmonitor '*right' "
-            "640/169x720/190+640+0 screen");
-    }
-    ~TwoMonitorServer() override { run("xrandr --delmonitor left --delmonitor right"); }
-};
-
-TEST_F(TwoMonitorServer, RecordsThePrimaryMonitor)
-{
-    m_screen.fill({0, 0, 640, 720}, red);
-    m_screen.fill({640, 0, 3, 3}, green);
-    start({0, 0, 30, 20});
-    EXPECT_TRUE(shows(m_screen.expected({640, 0, 30, 20})));
-}
-
-TEST_F(TwoMonitorServer, CutsTheRegionAtThePrimaryMonitor)
-{
-    m_screen.fill({0, 0, 640, 720}, red);
-    start({-10, 700, 5000, 50});
-    EXPECT_TRUE(shows(m_screen.expected({640, 700, 640, 20})));
-}
-
-TEST_F(TwoMonitorServer, PrefersTheMonitorOfThePrimaryOutputAsToolkitsDo)
-{
-    run("xrandr --delmonitor right && xrandr --setmonitor '*right' 640/169x720/190+640+0 none && "
-        "xrandr --delmonitor left && xrandr --setmonitor left 640/169x720/190+0+0 screen");
-    m_screen.fill({0, 0, 1280, 720}, red);
-    m_screen.fill({0, 0, 3, 3}, green);
-    start({0, 0, 30, 20});
-    EXPECT_TRUE(shows(m_screen.expected({0, 0, 30, 20})));
-}
-
-// Where the screen can become smaller.
-class ShrinkingServer : public X11StreamTest {
-protected:
-    ShrinkingServer() { run("xrandr --newmode half 0 640 0 0 640 360 0 0 360 && xrandr --addmode screen half"); }
-    ~ShrinkingServer() override
-    {
-        run("xrandr --output screen --mode 1280x720 && xrandr --delmode screen half && xrandr --rmmode half");
-    }
-};
-
-TEST_F(ShrinkingServer, WhatLeavesTheScreenIsBlack)
-{
-    constexpr PixelRect area{600, 340, 80, 40};
-    m_screen.fill(area, white);
-    start({600, 340, 80, 40});
-    EXPECT_TRUE(shows(m_screen.expected(area)));
-    run("xrandr --output screen --mode half");
-    m_screen.fill(area, white);                                             // the server has cleared the windows
-    RGBAFrame expected(80, 40, m_screen.expected({0, 0, 80, 40}).pixels()); // nothing was drawn there: black
-    expected = withSquare(expected, {0, 0, 40, 20}, white);
-    EXPECT_TRUE(shows(expected)) << "the size stays, the rest is black";
-
-    m_screen.fill({610, 350, 5, 5}, red); // it goes on
-    EXPECT_TRUE(shows(withSquare(expected, {10, 10, 5, 5}, red)));
-
-    run("xrandr --output screen --mode 1280x720");
-    m_screen.fill(area, green);
-    EXPECT_TRUE(shows(m_screen.expected(area)));
-    EXPECT_TRUE(m_gallery.ends().empty());
-}
-
-TEST_F(ShrinkingServer, ARegionThatLeavesTheScreenIsAllBlack)
-{
-    m_screen.fill({700, 400, 80, 40}, white);
-    start({700, 400, 80, 40});
-    run("xrandr --output screen --mode half");
-    EXPECT_TRUE(shows(m_screen.expected({0, 0, 80, 40})));
-    EXPECT_TRUE(m_gallery.ends().empty());
 }
 
 // Where a compositor draws the screen. It draws some time after it was told to, and picom 9 sometimes forgets a window
