@@ -106,6 +106,24 @@ TEST(GIFOptimizerBudget, AnAttemptIsLeftAsSoonAsItExceedsTheBudget)
     }
 }
 
+TEST(GIFOptimizerBudget, AnAttemptThatIsLargerAlreadyDoesNotGoOn)
+{
+    // The first frame alone is over the budget, and at 16 colours it is smaller than with any other palette.
+    Random random(107);
+    const std::vector<RGBAFrame> frames{support::noise(960, 4200, random), support::solid(1, 1, support::gray(0)),
+        support::solid(2, 1, support::gray(0))};
+    std::vector<Progress> last(9); // of each advance
+    const Result result = optimize(frames, {.preset = ExportPreset::slack, .sourceFPS = 12, .ditheringOverride = false},
+        {.parallelism = {1}, .progress = [&](const Progress& progress) {
+             last.at(static_cast<std::size_t>(progress.attempt) - 1) = progress;
+         }});
+    EXPECT_GT(result.byteCount, 2'000'000);
+    EXPECT_EQ(result.colorCount, 16);
+    EXPECT_EQ(last[4].framesDone, 3);
+    for (const std::size_t i : {0U, 1U, 2U, 3U, 5U, 6U, 7U, 8U})
+        EXPECT_EQ(last[i].framesDone, 1) << last[i].attempt;
+}
+
 TEST(GIFOptimizerBudget, GitHubGoesDownItsWholeLadder)
 {
     const Outcome outcome = optimizeNoting(noiseClip(18'000'000), {.preset = ExportPreset::github, .sourceFPS = 20});
