@@ -91,10 +91,15 @@ void ExportJob::finishNow()
 
 void ExportJob::takeProgress()
 {
-    if (const auto latest = m_mailbox->take()) {
-        m_latest = latest;
+    const auto latest = m_mailbox->take();
+    if (!latest)
+        return;
+    const auto before = progress();
+    const auto previous = std::exchange(m_latest, latest);
+    if (before && progress()->fraction() < before->fraction())
+        m_latest = previous; // the wish to finish met an attempt that we had not heard of: more are left than was said
+    else
         Q_EMIT progressChanged();
-    }
 }
 
 } // namespace quillbox

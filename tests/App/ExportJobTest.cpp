@@ -37,7 +37,9 @@ private Q_SLOTS:
     void announcesOnceWhatComesFasterThanTheEventLoopTurns();
     void finishesWithTheFirstAttemptWhenToldBeforehand();
     void announcesOnceThatItIsFinishing();
+    void expectsFewAttemptsWhenFinishing_data();
     void expectsFewAttemptsWhenFinishing();
+    void expectsNoFewerAttemptsThanThereWere();
     void savesTheClipWhenItIsDestroyed();
     void mayBeDestroyedByAnObserver();
 
@@ -104,11 +106,19 @@ void ExportJobTest::announcesOnceThatItIsFinishing()
     QCOMPARE(announcements.size(), 1);
 }
 
+void ExportJobTest::expectsFewAttemptsWhenFinishing_data()
+{
+    QTest::addColumn<int>("least");
+    for (const int attempt : {1, 2, 3, 5})
+        QTest::addRow("from attempt %d on", attempt) << attempt;
+}
+
 void ExportJobTest::expectsFewAttemptsWhenFinishing()
 {
+    QFETCH(const int, least);
     ExportJob job;
     const auto future = job.start({.frames = support::hardClip()}, ExportPreset::slack);
-    QVERIFY(test::eventually([&] { return job.progress().has_value(); }));
+    QVERIFY(test::eventually([&] { return job.progress() && job.progress()->attempt >= least; }));
     const double before = job.progress()->fraction();
     const auto attempt = job.progress()->attempt;
     job.finishNow();
@@ -117,6 +127,17 @@ void ExportJobTest::expectsFewAttemptsWhenFinishing()
     connect(&job, &ExportJob::progressChanged, &job, [&] { fractions.push_back(job.progress()->fraction()); });
     (void)result(future);
     QVERIFY(std::is_sorted(fractions.begin(), fractions.end()));
+}
+
+void ExportJobTest::expectsNoFewerAttemptsThanThereWere()
+{
+    ExportJob job;
+    auto future = job.start({.frames = support::hardClip()}, ExportPreset::slack);
+    future.waitForFinished(); // the event loop stands still
+    job.finishNow();
+    (void)result(future);
+    QVERIFY(job.progress()->attempt >= 5);
+    QVERIFY(job.progress()->attempts == job.progress()->attempt);
 }
 
 void ExportJobTest::savesTheClipWhenItIsDestroyed()

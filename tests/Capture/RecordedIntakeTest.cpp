@@ -47,7 +47,9 @@ void RecordedIntakeTest::learnsNothingOfAPictureAfterTheStop()
     studio.deliver(3);
     QCoreApplication::processEvents();
     const auto intake = studio.recorder->intake();
-    QCOMPARE(intake->of(frames)->frameCount(), 2);
+    const FrameIntake* const taken = intake->of(frames);
+    QVERIFY(taken != nullptr);
+    QCOMPARE(taken->frameCount(), 2);
     QVERIFY(intake->of(studio.stop()) == nullptr); // that one has three
 }
 
