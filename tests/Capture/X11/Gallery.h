@@ -44,13 +44,15 @@ public:
         return m_ends;
     }
 
+    [[nodiscard]] bool latestIs(const RGBAFrame& expected) const
+    {
+        const std::scoped_lock lock(m_mutex);
+        return !m_frames.empty() && m_frames.back() == expected;
+    }
     /// Waits until the latest picture is `expected`. @return false when patience ran out.
     [[nodiscard]] bool shows(const RGBAFrame& expected) const
     {
-        return eventually([&] {
-            const std::scoped_lock lock(m_mutex);
-            return !m_frames.empty() && m_frames.back() == expected;
-        });
+        return eventually([&] { return latestIs(expected); });
     }
 
 private:
