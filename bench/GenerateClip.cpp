@@ -18,9 +18,11 @@ int main(int argc, char** argv)
         using namespace quillbox::bench;
         const PictureSize size = pictureSize(arguments[2]);
         const auto frameCount = static_cast<int>(std::strtol(arguments[3], nullptr, 10));
-        for (const auto& frame : generatedClip(arguments[1], size.width, size.height, frameCount).frames)
-            if (std::fwrite(frame.pixels().data(), 1, frame.pixels().size(), stdout) != frame.pixels().size())
+        for (const auto& frame : generatedClip(arguments[1], size.width, size.height, frameCount).frames) {
+            const quillbox::PixelView pixels = frame.pixels();
+            if (std::fwrite(pixels.data(), 1, pixels.size(), stdout) != pixels.size())
                 return 1;
+        }
         return std::fflush(stdout) == 0 ? 0 : 1;
     } catch (const std::exception& error) {
         (void)std::fprintf(stderr, "generate-clip: %s\n", error.what()); // nothing is left to do if that fails

@@ -84,13 +84,14 @@ public:
             return previous;
         if (kind % 6 == 5)
             return picture(largestSide);
-        Bytes pixels = previous.pixels();
+        Bytes pixels(previous.pixels());
         const std::int64_t rowBytes = previous.width() * 4;
         if (kind % 6 == 2) {
             const std::int64_t first = below(previous.height());
             const std::int64_t count = std::min(1 + below(previous.height()), previous.height() - first);
             const RGBAFrame band = picture(previous.width(), count);
-            std::copy(band.pixels().begin(), band.pixels().end(), pixels.begin() + first * rowBytes);
+            const PixelView rows = band.pixels();
+            std::copy(rows.begin(), rows.end(), pixels.begin() + first * rowBytes);
         } else if (kind % 6 == 3) {
             pixels[static_cast<std::size_t>(number16() % (previous.pixelCount() * 4))] ^= byte();
         } else if (kind % 6 == 4) {

@@ -37,7 +37,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     auto place = bytes.begin();
     for (std::size_t i = 0; i < frames->size(); ++i) {
         const RGBAFrame& frame = (*frames)[i];
-        precondition(std::equal(frame.pixels().begin(), frame.pixels().end(), place), "frames hold the input's bytes");
+        const PixelView pixels = frame.pixels();
+        precondition(std::equal(pixels.begin(), pixels.end(), place), "frames hold the input's bytes");
         place += frameBytes;
         if (i > 0)
             precondition((frame == (*frames)[i - 1]) == frame.sharesPixels((*frames)[i - 1]), "equal neighbours share");

@@ -41,6 +41,7 @@ constexpr int prefetchBytes = 64; // how far ahead a row is fetched: processors 
 template <typename Lane> constexpr int rowsAtOnce = vectorBytes / static_cast<int>(sizeof(Lane)) * vectorsAtOnce;
 
 constexpr int bandRows = rowsAtOnce<std::int16_t>; // the unit of reuse
+static_assert(bandRows == RGBAFrame::rowsPerBand);
 
 template <typename Lane> struct VectorOf {
     using Type __attribute__((vector_size(vectorBytes))) = Lane;
@@ -326,6 +327,11 @@ QUILLBOX_MULTIVERSION void ditherWide(const RowsTask& task)
     (void)ditherRows<std::int32_t>(task);
 } // always in range
 
+bool isSameBand(const RGBAFrame& a, const RGBAFrame& b, std::int64_t band)
+{
+    return a.sharesBand(b, band) || a.band(band) == b.band(band);
+}
+
 bool fitsNarrow(const std::array<std::vector<std::int32_t>, 3>& errors)
 {
     std::int32_t largest = 0;
@@ -379,18 +385,16 @@ void Ditherer::ditherBands(const RGBAFrame& frame, Bytes& indices)
     for (std::size_t band = 0; band < bands; ++band) {
         const std::size_t firstPixel = band * bandRows * width;
         const std::size_t rows = std::min<std::size_t>(bandRows, height - band * bandRows);
-        const std::uint8_t* pixels = frame.pixels().data() + 4 * firstPixel;
-        const bool sameAsBefore = m_previous && m_incoming[band] == m_errors
-            && (frame.sharesPixels(*m_previous)
-                || std::memcmp(pixels, m_previous->pixels().data() + 4 * firstPixel, 4 * rows * width) == 0);
-        if (sameAsBefore) {
+        const auto number = static_cast<std::int64_t>(band);
+        if (m_previous && m_incoming[band] == m_errors && isSameBand(frame, *m_previous, number)) {
             std::memcpy(&indices[firstPixel], &m_previousIndices[firstPixel], rows * width);
             if (band + 1 < bands)
                 m_errors = m_incoming[band + 1];
             continue;
         }
         m_incoming[band] = m_errors;
-        ditherBand(pixels, &indices[firstPixel], frame.width(), static_cast<int>(rows), m_incoming[band]);
+        const PixelView pixels = frame.band(number);
+        ditherBand(pixels.data(), &indices[firstPixel], frame.width(), static_cast<int>(rows), m_incoming[band]);
     }
 }
 

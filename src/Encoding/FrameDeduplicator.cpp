@@ -38,6 +38,7 @@ QUILLBOX_MULTIVERSION std::int64_t changedAmong(
 static_assert(std::endian::native == std::endian::little, "alpha is the high byte of a loaded pixel");
 
 constexpr std::int64_t blockPixels = 1024;
+constexpr auto all = std::numeric_limits<std::int64_t>::max();
 
 /// Changed pixels between two runs of `count` pixels; where they are `enough`, perhaps only as many of them. Equal
 /// blocks, the usual case, cost one comparison of memory.
@@ -45,8 +46,6 @@ std::int64_t changedIn(
     const std::uint8_t* a, const std::uint8_t* b, std::int64_t count, std::int64_t tolerance, std::int64_t enough)
 {
     constexpr std::int64_t largestDistance = 3 * 255 * 255;
-    if (tolerance < 0)
-        return count; // a distance of zero is above it already
     const auto limit = static_cast<std::int32_t>(std::min(tolerance, largestDistance));
     std::int64_t changed = 0;
     for (std::int64_t done = 0; done < count && changed < enough; done += blockPixels) {
@@ -59,15 +58,29 @@ std::int64_t changedIn(
     return changed;
 }
 
+/// `changedIn` for two frames of one size: bands that they share cost nothing.
+std::int64_t changedBetween(const RGBAFrame& a, const RGBAFrame& b, std::int64_t tolerance, std::int64_t enough)
+{
+    if (tolerance < 0)
+        return a.pixelCount(); // a distance of zero is above it already
+    std::int64_t changed = 0;
+    for (std::int64_t band = 0; band < a.bandCount() && changed < enough; ++band) {
+        if (a.sharesBand(b, band))
+            continue;
+        const PixelView left = a.band(band);
+        const PixelView right = b.band(band);
+        changed += changedIn(
+            left.data(), right.data(), std::ssize(left) / RGBAFrame::bytesPerPixel, tolerance, enough - changed);
+    }
+    return changed;
+}
+
 } // namespace
 
 std::int64_t changedPixels(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPixelTolerance)
 {
     precondition(a.width() == b.width() && a.height() == b.height(), "only frames of one size are compared by pixel");
-    if (a.sharesPixels(b) && perPixelTolerance >= 0)
-        return 0;
-    constexpr auto all = std::numeric_limits<std::int64_t>::max();
-    return changedIn(a.pixels().data(), b.pixels().data(), a.pixelCount(), perPixelTolerance, all);
+    return changedBetween(a, b, perPixelTolerance, all);
 }
 
 double fractionChanged(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPixelTolerance)
@@ -81,8 +94,6 @@ bool changesMoreThan(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPix
 {
     if (a.width() != b.width() || a.height() != b.height() || a.pixelCount() < 1)
         return threshold < 1.0; // entirely changed
-    if (a.sharesPixels(b) && perPixelTolerance >= 0)
-        return threshold < 0.0;
     const std::int64_t pixels = a.pixelCount();
     const auto exceeds = [pixels, threshold](std::int64_t changed) {
         return static_cast<double>(changed) / static_cast<double>(pixels) > threshold;
@@ -93,7 +104,7 @@ bool changesMoreThan(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPix
         --enough;
     while (enough <= pixels && !exceeds(enough))
         ++enough;
-    return changedIn(a.pixels().data(), b.pixels().data(), pixels, perPixelTolerance, enough) >= enough;
+    return changedBetween(a, b, perPixelTolerance, enough) >= enough;
 }
 
 Deduplicator::Deduplicator(std::int64_t perFrameDelayCentiseconds, double changeThreshold)

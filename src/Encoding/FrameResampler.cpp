@@ -108,9 +108,10 @@ void filterRowOfLargeBlocks(const RowTask& task)
 template <typename Visitor> void forEachOutputRow(const RGBAFrame& frame, Size size, Visitor&& visit)
 {
     const std::int64_t rowBytes = frame.width() * RGBAFrame::bytesPerPixel;
+    const PixelView pixels = frame.pixels();
     for (std::int64_t y = 0; y < size.height; ++y) {
         const Span rows = sourceSpan(y, frame.height(), size.height);
-        visit(frame.pixels().data() + rows.begin * rowBytes, rows.length());
+        visit(pixels.data() + rows.begin * rowBytes, rows.length());
     }
 }
 

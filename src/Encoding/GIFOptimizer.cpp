@@ -21,44 +21,77 @@ namespace {
 
 using FrameDeduplicator::Timed;
 
+/// The GIF's frames at their final size. If they had to be shrunk, they stay in memory unless they are too many; then
+/// each is shrunk again whenever it is asked for, so that a long recording that lies elsewhere stays there.
+class FinalFrames {
+public:
+    /// @pre not empty.
+    FinalFrames(std::vector<Timed> frames, std::optional<std::int64_t> maxWidth)
+        : m_frames(std::move(frames))
+        , m_cap(m_frames.front().frame, maxWidth)
+        , m_shrunk(m_frames.size())
+    {
+    }
+
+    [[nodiscard]] std::int64_t count() const { return std::ssize(m_frames); }
+    [[nodiscard]] std::int64_t delay(std::int64_t index) const { return at(index).delayCentiseconds; }
+    [[nodiscard]] RGBAFrame frame(std::int64_t index) const
+    {
+        const auto& kept = m_shrunk[static_cast<std::size_t>(index)];
+        return kept ? *kept : m_cap.applied(at(index).frame);
+    }
+
+    /// Counts the colours of all of them, and shrinks them on the way.
+    [[nodiscard]] ColorHistogram histogram(Parallelism parallelism)
+    {
+        if (m_cap.isNone()) {
+            std::vector<RGBAFrame> pictures;
+            pictures.reserve(m_frames.size());
+            std::ranges::transform(m_frames, std::back_inserter(pictures), &Timed::frame);
+            return PaletteQuantizer::histogram(pictures, parallelism);
+        }
+        PaletteQuantizer::Counter counter(workerCount(parallelism, count()));
+        parallelFor(parallelism, count(), [&](std::int64_t index, int worker) {
+            RGBAFrame shrunk = m_cap.applied(at(index).frame);
+            counter.add(shrunk, worker);
+            if (shrunk.pixelCount() <= mostShrunkPixels / count())
+                m_shrunk[static_cast<std::size_t>(index)] = std::move(shrunk);
+        });
+        return counter.total();
+    }
+
+private:
+    static constexpr std::int64_t mostShrunkPixels = 128'000'000; // half a gigabyte
+
+    [[nodiscard]] const Timed& at(std::int64_t index) const { return m_frames[static_cast<std::size_t>(index)]; }
+
+    std::vector<Timed> m_frames; ///< as they were taken
+    FrameResampler::WidthCap m_cap;
+    std::vector<std::optional<RGBAFrame>> m_shrunk;
+};
+
 /// What all attempts have in common.
 struct Material {
-    std::vector<Timed> frames; ///< the GIF's frames, at their final size
-    ColorHistogram histogram;  ///< of all of them
+    FinalFrames frames;
+    ColorHistogram histogram; ///< of all of them
     std::int64_t sourceFrameCount = 0;
     std::int64_t fps = 0;
     double durationSeconds = 0;
 };
 
-std::vector<Timed> cappedToWidth(
-    std::vector<Timed> timed, std::optional<std::int64_t> maxWidth, Parallelism parallelism)
-{
-    std::vector<RGBAFrame> frames;
-    frames.reserve(timed.size());
-    std::ranges::transform(timed, std::back_inserter(frames), &Timed::frame);
-    frames = FrameResampler::cappedToWidth(frames, maxWidth, parallelism);
-    for (std::size_t i = 0; i < timed.size(); ++i)
-        timed[i].frame = std::move(frames[i]);
-    return timed;
-}
-
 Material prepare(const FrameIntake& intake, ExportPreset preset, Parallelism parallelism)
 {
     FrameIntake::Selection selection = intake.selection(preset);
-    Material material;
-    material.sourceFrameCount = intake.frameCount();
-    material.fps = selection.fps;
-    material.frames = cappedToWidth(std::move(selection.frames), preset.maxWidth(), parallelism);
-
-    std::vector<RGBAFrame> pictures;
     std::int64_t centiseconds = 0;
-    for (const Timed& timed : material.frames) {
-        pictures.push_back(timed.frame);
+    for (const Timed& timed : selection.frames)
         centiseconds = checkedAdd(centiseconds, timed.delayCentiseconds);
-    }
-    material.histogram = PaletteQuantizer::histogram(pictures, parallelism);
-    material.durationSeconds = static_cast<double>(centiseconds) / 100.0;
-    return material;
+    FinalFrames frames(std::move(selection.frames), preset.maxWidth());
+    ColorHistogram histogram = frames.histogram(parallelism);
+    return {.frames = std::move(frames),
+        .histogram = std::move(histogram),
+        .sourceFrameCount = intake.frameCount(),
+        .fps = selection.fps,
+        .durationSeconds = static_cast<double>(centiseconds) / 100.0};
 }
 
 /// What a worker keeps from frame to frame and from attempt to attempt, so that its memory is made once.
@@ -88,7 +121,7 @@ public:
         : m_material(material)
         , m_config(config)
         , m_execution(execution)
-        , m_workers(static_cast<std::size_t>(workerCount(execution.parallelism, std::ssize(material.frames))))
+        , m_workers(static_cast<std::size_t>(workerCount(execution.parallelism, material.frames.count())))
     {
     }
 
@@ -101,7 +134,7 @@ public:
             .colors = colors,
             .lut = std::move(lut),
             .usesDithering = m_config.ditheringOverride.value_or(isCoarse),
-            .frameParts = std::vector<Bytes>(m_material.frames.size())};
+            .frameParts = std::vector<Bytes>(static_cast<std::size_t>(m_material.frames.count()))};
     }
 
     /// Maps and compresses what is still to be done, until all is or the file exceeds `byteLimit` or `stop` asks for
@@ -109,7 +142,7 @@ public:
     void advance(Attempt& attempt, std::int64_t byteLimit, const std::stop_token& stop)
     {
         constexpr std::int64_t largestRun = 16;
-        const std::int64_t count = std::ssize(m_material.frames);
+        const std::int64_t count = m_material.frames.count();
         const std::int64_t run = std::clamp<std::int64_t>(count / (4 * std::ssize(m_workers)), 1, largestRun);
         for (Worker& worker : m_workers) {
             worker.indexed.palette = attempt.lut.palette();
@@ -138,10 +171,10 @@ private:
     [[nodiscard]] Bytes encodedFrame(const Attempt& attempt, Worker& worker, std::int64_t index) const
     {
         auto& [ditherer, compressor, indexed] = worker;
-        const auto& [frame, delay] = m_material.frames[static_cast<std::size_t>(index)];
+        const RGBAFrame frame = m_material.frames.frame(index);
         indexed.width = frame.width();
         indexed.height = frame.height();
-        indexed.delayCentiseconds = delay;
+        indexed.delayCentiseconds = m_material.frames.delay(index);
         if (attempt.usesDithering)
             ditherer.dither(frame, indexed.indices);
         else
@@ -199,10 +232,10 @@ Attempt bestAttempt(Attempts& attempts, const Config& config, const std::stop_to
 
 Result resultOf(const Attempt& attempt, const Material& material)
 {
-    const RGBAFrame& first = material.frames.front().frame;
+    const RGBAFrame first = material.frames.frame(0);
     return {.data = GIFEncoder::fileOf(attempt.frameParts, first.width(), first.height(), {.loopCount = 0}),
         .byteCount = attempt.byteCount,
-        .frameCount = std::ssize(material.frames),
+        .frameCount = material.frames.count(),
         .sourceFrameCount = material.sourceFrameCount,
         .colorCount = std::ssize(attempt.lut.palette()),
         .effectiveFPS = material.fps,

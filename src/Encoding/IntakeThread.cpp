@@ -4,9 +4,10 @@
 
 namespace quillbox {
 
-IntakeThread::IntakeThread(FrameIntake intake, std::size_t largestQueue)
+IntakeThread::IntakeThread(FrameIntake intake, std::size_t largestQueue, Afterwards afterwards)
     : m_intake(std::move(intake))
     , m_largestQueue(largestQueue)
+    , m_afterwards(std::move(afterwards))
     , m_thread([this] { work(); })
 {
 }
@@ -54,12 +55,15 @@ void IntakeThread::work()
         lock.unlock();
         try {
             m_intake.append(frame);
-        } catch (...) { // out of memory
+            if (m_afterwards)
+                m_afterwards(frame);
+        } catch (...) { // as a rule out of memory
             lock.lock();
             m_error = std::current_exception();
             m_changed.notify_all();
             return;
         }
+        ++m_doneCount;
         lock.lock();
     }
 }

@@ -3,11 +3,13 @@
 #include "Encoding/FrameIntake.h"
 #include "Encoding/PixelTypes.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <exception>
+#include <functional>
 #include <mutex>
 #include <thread>
 
@@ -18,9 +20,11 @@ namespace quillbox {
 class IntakeThread {
 public:
     static constexpr std::size_t unlimited = 0;
+    using Afterwards = std::function<void(const RGBAFrame&)>;
 
     /// @param largestQueue  Frames that may be under way; a faster caller then waits. `unlimited`: nobody ever waits.
-    explicit IntakeThread(FrameIntake intake, std::size_t largestQueue = unlimited);
+    /// @param afterwards    Called on the thread with each frame that has been taken in; may be empty.
+    explicit IntakeThread(FrameIntake intake, std::size_t largestQueue = unlimited, Afterwards afterwards = nullptr);
     /// What is still waiting is dropped.
     ~IntakeThread();
     IntakeThread(const IntakeThread&) = delete;
@@ -32,8 +36,11 @@ public:
     /// Frames handed over so far.
     [[nodiscard]] std::int64_t takenCount() const { return m_takenCount; }
 
+    /// Frames done with so far.
+    [[nodiscard]] std::int64_t doneCount() const { return m_doneCount; }
+
     /// What the frames came to. Waits until all have been taken in; no frame may follow.
-    /// @throws std::bad_alloc  measuring ran out of memory.
+    /// @throws std::bad_alloc  measuring ran out of memory; and whatever `afterwards` threw.
     [[nodiscard]] const FrameIntake& finished();
 
 private:
@@ -42,7 +49,9 @@ private:
 
     FrameIntake m_intake; ///< the thread's while it runs
     std::size_t m_largestQueue;
+    Afterwards m_afterwards;
     std::int64_t m_takenCount = 0;
+    std::atomic<std::int64_t> m_doneCount = 0;
 
     std::mutex m_mutex;
     std::condition_variable m_changed;

@@ -118,7 +118,13 @@ int nearestIndexLinear(RGBColor color, std::span<const RGBColor> palette)
 void mapInto(Bytes& indices, const RGBAFrame& frame, const NearestColorLUT& lut)
 {
     indices.resize(static_cast<std::size_t>(frame.pixelCount()));
-    mapPixels(frame.pixels().data(), indices.size(), lut.table().data(), indices.data());
+    std::uint8_t* next = indices.data();
+    for (std::int64_t index = 0; index < frame.bandCount(); ++index) {
+        const PixelView band = frame.band(index);
+        const std::size_t count = band.size() / RGBAFrame::bytesPerPixel;
+        mapPixels(band.data(), count, lut.table().data(), next);
+        next += count;
+    }
 }
 
 IndexedFrame map(const RGBAFrame& frame, const NearestColorLUT& lut, std::int64_t delayCentiseconds)

@@ -8,6 +8,7 @@
 #include <mutex>
 #include <numeric>
 #include <ranges>
+#include <unordered_map>
 
 namespace quillbox {
 
@@ -54,16 +55,17 @@ QUILLBOX_MULTIVERSION void pixelKeys(const std::uint8_t* pixels, std::size_t cou
 /// 32-bit counts of one worker. Equal neighbours, which screens are full of, are counted four at a time.
 class PartialCounts {
 public:
-    void addFrame(const RGBAFrame& frame)
+    /// Counts every pixel `times` over. @pre there is room for them.
+    void add(const PixelView& bytes, std::uint32_t times)
     {
-        const Bytes& bytes = frame.pixels();
         const std::size_t pixels = bytes.size() / 4;
         std::array<std::uint16_t, keysAtOnce> keys{};
         for (std::size_t done = 0; done < pixels; done += keysAtOnce) {
             const std::size_t count = std::min(keysAtOnce, pixels - done);
             pixelKeys(bytes.data() + 4 * done, count, keys.data());
-            addKeys({keys.data(), count});
+            addKeys({keys.data(), count}, times);
         }
+        m_counted += static_cast<std::int64_t>(pixels) * times;
     }
 
     void flushInto(ColorHistogram& total)
@@ -74,31 +76,53 @@ public:
         m_counted = 0;
     }
 
-    /// Whether `pixels` more might not fit the 32-bit counts.
-    [[nodiscard]] bool isFull(std::int64_t pixels) const { return m_counted + pixels > 0xFFFF'FFFF; }
+    [[nodiscard]] bool hasRoomFor(std::int64_t pixels) const { return m_counted + pixels <= mostPixels; }
+    static constexpr std::int64_t mostPixels = 0xFFFF'FFFF;
 
 private:
-    void addKeys(std::span<const std::uint16_t> keys)
+    void addKeys(std::span<const std::uint16_t> keys, std::uint32_t times)
     {
         std::size_t i = 0;
         for (; i + 4 <= keys.size(); i += 4) {
             std::uint64_t four = 0;
             std::memcpy(&four, &keys[i], sizeof four);
             if (four == 0x0001'0001'0001'0001U * keys[i]) {
-                m_counts[keys[i]] += 4;
+                m_counts[keys[i]] += 4 * times;
                 continue;
             }
             for (std::size_t k = 0; k < 4; ++k)
-                ++m_counts[keys[i + k]];
+                m_counts[keys[i + k]] += times;
         }
         for (; i < keys.size(); ++i)
-            ++m_counts[keys[i]];
-        m_counted += std::ssize(keys);
+            m_counts[keys[i]] += times;
     }
 
     std::vector<std::uint32_t> m_counts = std::vector<std::uint32_t>(Color15::keyCount, 0);
     std::int64_t m_counted = 0;
 };
+
+/// A band, and how often it is shown.
+struct CountedBand {
+    const RGBAFrame* frame;
+    std::int64_t index;
+    std::int64_t times = 0;
+};
+
+/// The bands of all frames, those that are shared once.
+std::vector<CountedBand> distinctBands(std::span<const RGBAFrame> frames)
+{
+    std::vector<CountedBand> bands;
+    std::unordered_map<const void*, std::size_t> places;
+    for (const RGBAFrame& frame : frames) {
+        for (std::int64_t index = 0; frame.width() > 0 && index < frame.bandCount(); ++index) {
+            const auto [place, isNew] = places.try_emplace(frame.bandIdentity(index), bands.size());
+            if (isNew)
+                bands.push_back({.frame = &frame, .index = index});
+            ++bands[place->second].times;
+        }
+    }
+    return bands;
+}
 
 // Median cut.
 
@@ -216,24 +240,54 @@ std::vector<RGBColor> medianCut(std::vector<Entry> entries, std::size_t limit)
 
 } // namespace
 
+struct Counter::Worker {
+    PartialCounts counts;
+};
+
+Counter::Counter(int workers)
+    : m_workers(static_cast<std::size_t>(workers))
+{
+}
+Counter::~Counter() = default;
+
+void Counter::add(const RGBAFrame& frame, int worker)
+{
+    for (std::int64_t index = 0; frame.width() > 0 && index < frame.bandCount(); ++index)
+        add(frame, index, 1, worker);
+}
+
+void Counter::add(const RGBAFrame& frame, std::int64_t index, std::int64_t times, int worker)
+{
+    PartialCounts& counts = m_workers[static_cast<std::size_t>(worker)].counts;
+    const std::int64_t pixels = frame.width() * frame.rowsOfBand(index);
+    const PixelView band = frame.band(index);
+    while (times > 0) {
+        const std::int64_t atOnce = std::min(times, PartialCounts::mostPixels / pixels);
+        if (!counts.hasRoomFor(atOnce * pixels)) {
+            const std::scoped_lock lock(m_mutex);
+            counts.flushInto(m_total);
+        }
+        counts.add(band, static_cast<std::uint32_t>(atOnce));
+        times -= atOnce;
+    }
+}
+
+ColorHistogram Counter::total()
+{
+    for (Worker& worker : m_workers)
+        worker.counts.flushInto(m_total);
+    return m_total;
+}
+
 ColorHistogram histogram(std::span<const RGBAFrame> frames, Parallelism parallelism)
 {
-    ColorHistogram total;
-    std::mutex totalMutex;
-    const auto flush = [&](PartialCounts& counts) {
-        const std::scoped_lock lock(totalMutex);
-        counts.flushInto(total);
-    };
-    std::vector<PartialCounts> partials(static_cast<std::size_t>(workerCount(parallelism, std::ssize(frames))));
-    parallelFor(parallelism, std::ssize(frames), [&](std::int64_t item, int worker) {
-        const RGBAFrame& frame = frames[static_cast<std::size_t>(item)];
-        PartialCounts& counts = partials[static_cast<std::size_t>(worker)];
-        if (counts.isFull(frame.pixelCount()))
-            flush(counts);
-        counts.addFrame(frame);
+    const std::vector<CountedBand> bands = distinctBands(frames);
+    Counter counter(workerCount(parallelism, std::ssize(bands)));
+    parallelFor(parallelism, std::ssize(bands), [&](std::int64_t item, int worker) {
+        const auto [frame, index, times] = bands[static_cast<std::size_t>(item)];
+        counter.add(*frame, index, times, worker);
     });
-    std::ranges::for_each(partials, flush);
-    return total;
+    return counter.total();
 }
 
 std::vector<RGBColor> quantize(const ColorHistogram& histogram, std::int64_t maxColors)

@@ -6,6 +6,7 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <mutex>
 #include <span>
 #include <vector>
 
@@ -87,6 +88,31 @@ namespace PaletteQuantizer {
 {
     return Color15::color(Color15::key(color.r, color.g, color.b));
 }
+
+/// Counts pixels, reduced to 15 bits, as they come along.
+class Counter {
+public:
+    /// @param workers  Threads that add at the same time.
+    explicit Counter(int workers);
+    ~Counter();
+    Counter(const Counter&) = delete;
+    Counter& operator=(const Counter&) = delete;
+
+    /// Counts all of a frame. @param worker  In 0…workers − 1; one thread each.
+    void add(const RGBAFrame& frame, int worker);
+    /// Counts one of its bands `times` over. @pre it has pixels.
+    void add(const RGBAFrame& frame, std::int64_t index, std::int64_t times, int worker);
+
+    /// What was counted; nothing may be added afterwards.
+    [[nodiscard]] ColorHistogram total();
+
+private:
+    struct Worker;
+
+    std::vector<Worker> m_workers;
+    std::mutex m_mutex;
+    ColorHistogram m_total; ///< guarded by m_mutex
+};
 
 /// Counts every pixel of every frame, reduced to 15 bits.
 [[nodiscard]] ColorHistogram histogram(std::span<const RGBAFrame> frames, Parallelism parallelism = {});

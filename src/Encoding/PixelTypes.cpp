@@ -6,27 +6,87 @@
 namespace quillbox {
 
 RGBAFrame::RGBAFrame(std::int64_t width, std::int64_t height, Bytes pixels)
-    : RGBAFrame(std::make_shared<const Bytes>(std::move(pixels)), width, height)
+    : RGBAFrame(sharing(width, height, std::make_shared<const Bytes>(std::move(pixels))))
 {
 }
 
 RGBAFrame RGBAFrame::sharing(std::int64_t width, std::int64_t height, std::shared_ptr<const Bytes> pixels)
 {
-    return {std::move(pixels), width, height};
+    precondition(pixels != nullptr, "a frame has pixels, if only none");
+    precondition(std::ssize(*pixels) == checkedMul(checkedMul(width, height), bytesPerPixel), "four bytes per pixel");
+    return {std::make_shared<const Storage>(Storage{.whole = std::move(pixels), .bands = {}}), width, height};
 }
 
-RGBAFrame::RGBAFrame(std::shared_ptr<const Bytes> pixels, std::int64_t width, std::int64_t height)
+RGBAFrame RGBAFrame::ofBands(std::int64_t width, std::int64_t height, std::vector<Band> bands)
+{
+    precondition(width > 0 && height > 0, "a frame made of bands has pixels");
+    (void)checkedMul(checkedMul(width, height), bytesPerPixel); // every size below fits
+    RGBAFrame frame(
+        std::make_shared<const Storage>(Storage{.whole = nullptr, .bands = std::move(bands)}), width, height);
+    const auto& made = frame.m_storage->bands;
+    precondition(std::ssize(made) == frame.bandCount(), "a frame has all its bands");
+    for (std::int64_t index = 0; index < frame.bandCount(); ++index) {
+        const Band& band = made[static_cast<std::size_t>(index)];
+        precondition(band && std::cmp_equal(band->byteCount(), width * frame.rowsOfBand(index) * bytesPerPixel),
+            "a band has its rows");
+    }
+    return frame;
+}
+
+RGBAFrame::RGBAFrame(std::shared_ptr<const Storage> storage, std::int64_t width, std::int64_t height)
     : m_width(width)
     , m_height(height)
-    , m_pixels(std::move(pixels))
+    , m_storage(std::move(storage))
 {
-    precondition(m_pixels != nullptr, "a frame has pixels, if only none");
-    precondition(std::ssize(*m_pixels) == checkedMul(checkedMul(width, height), bytesPerPixel), "four bytes per pixel");
+}
+
+PixelView RGBAFrame::pixels() const
+{
+    if (m_storage->whole)
+        return PixelView(m_storage->whole);
+    Bytes together;
+    together.reserve(static_cast<std::size_t>(m_width * m_height * bytesPerPixel));
+    for (const Band& band : m_storage->bands) {
+        const PixelView rows = band->pixels();
+        together.insert(together.end(), rows.begin(), rows.end());
+    }
+    return PixelView(std::make_shared<const Bytes>(std::move(together)));
+}
+
+PixelView RGBAFrame::band(std::int64_t index) const
+{
+    const auto number = static_cast<std::size_t>(index);
+    if (!m_storage->whole)
+        return m_storage->bands[number]->pixels();
+    const auto rowBytes = static_cast<std::size_t>(m_width * bytesPerPixel);
+    return PixelView(m_storage->whole)
+        .part(number * bandBytes(), static_cast<std::size_t>(rowsOfBand(index)) * rowBytes);
+}
+
+RGBAFrame::Band RGBAFrame::ownBand(std::int64_t index) const
+{
+    return m_storage->whole ? nullptr : m_storage->bands[static_cast<std::size_t>(index)];
+}
+
+const void* RGBAFrame::bandIdentity(std::int64_t index) const
+{
+    const auto number = static_cast<std::size_t>(index);
+    if (m_storage->whole)
+        return m_storage->whole->data() + number * bandBytes();
+    return m_storage->bands[number].get();
 }
 
 bool operator==(const RGBAFrame& a, const RGBAFrame& b)
 {
-    return a.m_width == b.m_width && a.m_height == b.m_height && (a.sharesPixels(b) || *a.m_pixels == *b.m_pixels);
+    if (a.m_width != b.m_width || a.m_height != b.m_height)
+        return false;
+    if (a.sharesPixels(b))
+        return true;
+    for (std::int64_t index = 0; index < a.bandCount(); ++index) {
+        if (!a.sharesBand(b, index) && !(a.band(index) == b.band(index)))
+            return false;
+    }
+    return true;
 }
 
 } // namespace quillbox

@@ -344,7 +344,8 @@ void RecordingCoordinatorTest::takesWhatWasLearntWhileRecording()
 {
     Studio studio;
     studio.recorder->frames = {gray(8, 6), gray(8, 6)};
-    studio.recorder->learnt = std::make_shared<LiveIntake>();
+    studio.recorder->learnt
+        = std::make_shared<LiveIntake>(BandStore(BandStore::usualLimits(), BandStore::usualFolder()));
     studio.recorder->learnt->follow({gray(16, 12), gray(16, 12)}); // of other frames, so that the file tells
     studio.recordARegion();
     test::await(studio.coordinator->stopAndExport());

@@ -42,7 +42,7 @@ TEST(Ditherer, SeesAChangeOfOneRowWhereverItIs)
     for (std::int64_t row = 0; row < first.height(); ++row) {
         const RGBAFrame changed = support::picture(40, 70, [&](std::int64_t x, std::int64_t y) {
             const auto offset = static_cast<std::size_t>((y * 40 + x) * 4);
-            const Bytes& pixels = first.pixels();
+            const PixelView pixels = first.pixels();
             return y == row ? gray(200) : RGBColor(pixels[offset], pixels[offset + 1], pixels[offset + 2]);
         });
         expectEachAsIfAlone({first, changed, first}, palette);

@@ -34,6 +34,8 @@ void expectReference(const std::vector<RGBAFrame>& frames, const Config& config,
         = GIFOptimizer::optimize(frames, config, {.parallelism = {threads}, .progress = {}});
     ASSERT_EQ(result.data, expected.result.data) << described(config, threads);
     ASSERT_EQ(result, expected.result) << described(config, threads);
+    ASSERT_EQ(GIFOptimizer::optimize(support::inBands(frames), config, {.parallelism = {threads}}), expected.result)
+        << described(config, threads) << ", in bands";
     const bool allHavePixels
         = std::ranges::all_of(expected.frames, [](const IndexedFrame& frame) { return !frame.indices.empty(); });
     if (allHavePixels) {

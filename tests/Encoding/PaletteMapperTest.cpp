@@ -311,7 +311,7 @@ TEST(MapDithered, AlphaHasNoInfluence)
 {
     Random random(33);
     const RGBAFrame frame = support::noise(17, 9, random);
-    Bytes opaque = frame.pixels();
+    Bytes opaque(frame.pixels());
     for (std::size_t offset = 3; offset < opaque.size(); offset += 4)
         opaque[offset] = 255;
     const NearestColorLUT lut(support::randomPalette(12, random));

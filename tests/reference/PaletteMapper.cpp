@@ -100,7 +100,7 @@ int gridIndex(RGBColor color, std::span<const RGBColor> palette)
 IndexedFrame map(const RGBAFrame& frame, std::span<const RGBColor> palette, std::int64_t delayCentiseconds)
 {
     IndexedFrame result = indexed(frame, palette, delayCentiseconds);
-    const Bytes& pixels = frame.pixels();
+    const PixelView pixels = frame.pixels();
     Searched search(palette);
     for (std::int64_t i = 0; i < frame.pixelCount(); ++i) {
         const RGBColor color{pixels[at(4 * i)], pixels[at(4 * i + 1)], pixels[at(4 * i + 2)]};

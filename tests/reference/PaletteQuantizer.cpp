@@ -131,7 +131,7 @@ Histogram histogram(std::span<const RGBAFrame> frames)
     Histogram counts;
     for (const RGBAFrame& frame : frames) {
         for (std::size_t offset = 0; offset + 3 < frame.pixels().size(); offset += 4) {
-            const Bytes& pixels = frame.pixels();
+            const PixelView pixels = frame.pixels();
             counts[keyOf({pixels[offset], pixels[offset + 1], pixels[offset + 2]})] += 1;
         }
     }

@@ -126,7 +126,7 @@ RGBAFrame randomSuccessor(const RGBAFrame& previous, Random& random)
     const std::int64_t height = previous.height();
     if (previous.pixelCount() == 0)
         return random.oneIn(2) ? previous : deepCopy(previous);
-    Bytes pixels = previous.pixels();
+    Bytes pixels(previous.pixels());
     const auto rowBytes = static_cast<std::size_t>(width * 4);
     switch (random.below(8)) {
     case 0:
@@ -137,7 +137,8 @@ RGBAFrame randomSuccessor(const RGBAFrame& previous, Random& random)
         const RGBAFrame other = randomPicture(width, height, random);
         const std::int64_t first = random.below(height);
         const std::int64_t last = random.between(first, height - 1);
-        std::copy(other.pixels().begin() + first * width * 4, other.pixels().begin() + (last + 1) * width * 4,
+        const PixelView rows = other.pixels();
+        std::copy(rows.begin() + first * width * 4, rows.begin() + (last + 1) * width * 4,
             pixels.begin() + first * width * 4);
         break;
     }
@@ -191,6 +192,30 @@ std::vector<RGBColor> randomPalette(std::int64_t count, Random& random)
 RGBAFrame deepCopy(const RGBAFrame& frame)
 {
     return {frame.width(), frame.height(), Bytes(frame.pixels())};
+}
+
+std::vector<RGBAFrame> inBands(const std::vector<RGBAFrame>& frames)
+{
+    std::vector<RGBAFrame> result;
+    std::vector<RGBAFrame::Band> bands; // of the frame before
+    for (std::size_t i = 0; i < frames.size(); ++i) {
+        const RGBAFrame& frame = frames[i];
+        const bool hasSameSize
+            = i > 0 && frame.width() == frames[i - 1].width() && frame.height() == frames[i - 1].height();
+        if (frame.pixelCount() == 0 || (hasSameSize && frame.sharesPixels(frames[i - 1]))) {
+            result.push_back(frame.pixelCount() == 0 ? frame : result.back());
+            continue;
+        }
+        bands.resize(static_cast<std::size_t>(frame.bandCount()));
+        for (std::int64_t index = 0; index < frame.bandCount(); ++index) {
+            RGBAFrame::Band& band = bands[static_cast<std::size_t>(index)];
+            const PixelView rows = frame.band(index);
+            if (!hasSameSize || !band || !(band->pixels() == rows))
+                band = std::make_shared<const PixelBand>(Bytes(rows));
+        }
+        result.push_back(RGBAFrame::ofBands(frame.width(), frame.height(), bands));
+    }
+    return result;
 }
 
 } // namespace quillbox::support

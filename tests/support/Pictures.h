@@ -44,4 +44,8 @@ namespace quillbox::support {
 /// A copy with storage of its own.
 [[nodiscard]] RGBAFrame deepCopy(const RGBAFrame& frame);
 
+/// The same pictures made of bands; each shares those that equal the one before's. What has no pixels stays as it is,
+/// and what repeats the picture before goes on sharing all of it.
+[[nodiscard]] std::vector<RGBAFrame> inBands(const std::vector<RGBAFrame>& frames);
+
 } // namespace quillbox::support

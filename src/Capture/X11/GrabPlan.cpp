@@ -43,12 +43,12 @@ RGBAFrame nearest(const RGBAFrame& frame, FrameResampler::Size size)
 {
     Bytes pixels(static_cast<std::size_t>(checkedMul(checkedMul(size.width, size.height), RGBAFrame::bytesPerPixel)));
     std::uint8_t* destination = pixels.data();
+    const PixelView source = frame.pixels();
     for (std::int64_t y = 0; y < size.height; ++y) {
         const std::int64_t sourceRow = y * frame.height() / size.height * frame.width();
         for (std::int64_t x = 0; x < size.width; ++x) {
-            const std::int64_t source = sourceRow + x * frame.width() / size.width;
-            std::memcpy(
-                destination, frame.pixels().data() + source * RGBAFrame::bytesPerPixel, RGBAFrame::bytesPerPixel);
+            const std::int64_t pixel = sourceRow + x * frame.width() / size.width;
+            std::memcpy(destination, source.data() + pixel * RGBAFrame::bytesPerPixel, RGBAFrame::bytesPerPixel);
             destination += RGBAFrame::bytesPerPixel;
         }
     }

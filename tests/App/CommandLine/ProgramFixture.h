@@ -41,8 +41,10 @@ protected:
     void writeRaw(const std::string& name, const std::vector<RGBAFrame>& frames) const
     {
         Bytes bytes;
-        for (const auto& frame : frames)
-            bytes.insert(bytes.end(), frame.pixels().begin(), frame.pixels().end());
+        for (const auto& frame : frames) {
+            const PixelView pixels = frame.pixels();
+            bytes.insert(bytes.end(), pixels.begin(), pixels.end());
+        }
         support::writeFile(path(name), bytes);
     }
 

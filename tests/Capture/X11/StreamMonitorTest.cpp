@@ -39,7 +39,7 @@ TEST_F(DenseServer, OnePointIsOnePixelMadeOfFour)
     m_screen.fill({30, 48, 20, 20}, blue); // beyond
     start({10, 20, 5, 4});
     ASSERT_FALSE(m_gallery.frames().empty());
-    RGBAFrame expected(5, 4, m_screen.expected({500, 500, 5, 4}).pixels());
+    RGBAFrame expected(5, 4, Bytes(m_screen.expected({500, 500, 5, 4}).pixels()));
     expected = withSquare(expected, {0, 0, 1, 1}, white);
     expected = withSquare(expected, {1, 0, 1, 1}, RGBColor(127, 0, 0)); // the mean, truncated
     expected = withSquare(expected, {4, 3, 1, 1}, green);
@@ -107,8 +107,8 @@ TEST_F(ShrinkingServer, WhatLeavesTheScreenIsBlack)
     start({600, 340, 80, 40});
     EXPECT_TRUE(shows(m_screen.expected(area)));
     run("xrandr --output screen --mode half");
-    m_screen.fill(area, white);                                             // the server has cleared the windows
-    RGBAFrame expected(80, 40, m_screen.expected({0, 0, 80, 40}).pixels()); // nothing was drawn there: black
+    m_screen.fill(area, white);                                                    // the server has cleared the windows
+    RGBAFrame expected(80, 40, Bytes(m_screen.expected({0, 0, 80, 40}).pixels())); // nothing was drawn there: black
     expected = withSquare(expected, {0, 0, 40, 20}, white);
     EXPECT_TRUE(shows(expected)) << "the size stays, the rest is black";
 
