@@ -54,23 +54,38 @@ void populate(Bytes& pixels)
 #endif
 }
 
-} // namespace
-
-std::optional<RGBAFrame> makeFrame(const PixelBuffer& buffer)
+/// The rows as a tightly packed picture.
+Bytes converted(const PixelBuffer& buffer, std::int64_t firstRow, std::int64_t rows)
 {
-    if (buffer.base == nullptr)
-        return std::nullopt;
     precondition(buffer.width >= 0 && buffer.height >= 0, "a pixel buffer's size is not negative");
     const std::int64_t rowBytes = checkedMul(buffer.width, RGBAFrame::bytesPerPixel);
     precondition(buffer.stride >= rowBytes, "a pixel buffer's row holds its pixels");
     (void)checkedMul(buffer.stride, buffer.height); // every offset below fits
 
     const std::uint32_t opaque = buffer.alpha == PixelBuffer::Alpha::Undefined ? 0xFFU << shiftOf(3) : 0;
-    Bytes pixels(static_cast<std::size_t>(checkedMul(rowBytes, buffer.height))); // every byte is written below
+    Bytes pixels(static_cast<std::size_t>(checkedMul(rowBytes, rows))); // every byte is written below
     populate(pixels);
-    for (std::int64_t y = 0; y < buffer.height; ++y)
-        swapRedAndBlue(buffer.base + y * buffer.stride, pixels.data() + y * rowBytes, buffer.width, opaque);
-    return RGBAFrame(buffer.width, buffer.height, std::move(pixels));
+    for (std::int64_t y = 0; y < rows; ++y) {
+        const std::uint8_t* const source = buffer.base + (firstRow + y) * buffer.stride;
+        swapRedAndBlue(source, pixels.data() + y * rowBytes, buffer.width, opaque);
+    }
+    return pixels;
+}
+
+} // namespace
+
+std::optional<RGBAFrame> makeFrame(const PixelBuffer& buffer)
+{
+    if (buffer.base == nullptr)
+        return std::nullopt;
+    return RGBAFrame(buffer.width, buffer.height, converted(buffer, 0, buffer.height));
+}
+
+RGBAFrame::Band makeBand(const PixelBuffer& buffer, std::int64_t firstRow, std::int64_t rows)
+{
+    precondition(buffer.base != nullptr && firstRow >= 0 && rows >= 0 && rows <= buffer.height - firstRow,
+        "a band's rows are in the buffer");
+    return std::make_shared<const PixelBand>(converted(buffer, firstRow, rows));
 }
 
 } // namespace quillbox::PixelBufferAdapter

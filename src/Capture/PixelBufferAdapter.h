@@ -29,5 +29,8 @@ namespace PixelBufferAdapter {
 /// @pre 0 ≤ width, 0 ≤ height, width × 4 ≤ stride, and no size overflows; a violation ends the process.
 [[nodiscard]] std::optional<RGBAFrame> makeFrame(const PixelBuffer& buffer);
 
+/// Some rows of the picture, as a band of a frame. @pre as above; the buffer has a base address and those rows.
+[[nodiscard]] RGBAFrame::Band makeBand(const PixelBuffer& buffer, std::int64_t firstRow, std::int64_t rows);
+
 } // namespace PixelBufferAdapter
 } // namespace quillbox

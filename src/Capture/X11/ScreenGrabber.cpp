@@ -2,6 +2,7 @@
 
 #include "Capture/CaptureError.h"
 
+#include <algorithm>
 #include <string>
 
 namespace quillbox {
@@ -47,6 +48,10 @@ std::optional<RGBAFrame> ScreenGrabber::grab()
     const PointerState pointer = pointerToDraw();
     if (!changed && pointer == m_drawn)
         return std::nullopt;
+    if (pointer != m_drawn) {
+        for (const PixelRect& place : {m_drawn.place, pointer.place})
+            m_picture.changedBands().markRows(place.y, place.height);
+    }
     m_drawn = pointer;
     return compose();
 }
@@ -116,9 +121,43 @@ RGBAFrame ScreenGrabber::compose()
     const bool hasPointer = !m_drawn.place.isEmpty();
     const DrawnPointer drawn(m_picture.data(), m_picture.stride(), extent(), hasPointer ? m_pointer.image() : none,
         hasPointer ? m_drawn.place : PixelRect{});
+    const bool isScaled = m_plan.output != FrameResampler::Size{m_plan.source.width, m_plan.source.height};
+    if (!isScaled)
+        return composeBands();
     const auto frame = PixelBufferAdapter::makeFrame(m_picture.buffer());
     precondition(frame.has_value(), "our own picture has an address");
-    return scaledTo(*frame, m_plan.output);
+    m_picture.changedBands().clear();
+    return inBands(scaledTo(*frame, m_plan.output));
+}
+
+/// The frame with what it has in common with the one before shared.
+RGBAFrame ScreenGrabber::inBands(const RGBAFrame& frame)
+{
+    m_bands.resize(static_cast<std::size_t>(frame.bandCount()));
+    for (std::int64_t index = 0; index < frame.bandCount(); ++index) {
+        RGBAFrame::Band& band = m_bands[static_cast<std::size_t>(index)];
+        const PixelView pixels = frame.band(index);
+        if (!band || !(band->pixels() == pixels))
+            band = std::make_shared<const PixelBand>(Bytes(pixels));
+    }
+    return RGBAFrame::ofBands(frame.width(), frame.height(), m_bands);
+}
+
+/// The picture with what it has in common with the one before shared.
+RGBAFrame ScreenGrabber::composeBands()
+{
+    const PixelBuffer buffer = m_picture.buffer();
+    ChangedBands& changed = m_picture.changedBands();
+    m_bands.resize(changed.count());
+    for (std::size_t index = 0; index < m_bands.size(); ++index) {
+        if (!changed.contains(index))
+            continue;
+        const std::int64_t first = static_cast<std::int64_t>(index) * RGBAFrame::rowsPerBand;
+        const std::int64_t rows = std::min(RGBAFrame::rowsPerBand, buffer.height - first);
+        m_bands[index] = PixelBufferAdapter::makeBand(buffer, first, rows);
+    }
+    changed.clear();
+    return RGBAFrame::ofBands(buffer.width, buffer.height, m_bands);
 }
 
 } // namespace quillbox

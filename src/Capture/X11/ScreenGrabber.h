@@ -7,6 +7,7 @@
 #include "Capture/X11/ScreenPicture.h"
 
 #include <optional>
+#include <vector>
 
 namespace quillbox {
 
@@ -38,6 +39,8 @@ private:
     [[nodiscard]] PixelRect extent() const { return m_plan.source.relativeTo(m_plan.source); }
     [[nodiscard]] PointerState pointerToDraw() const;
     [[nodiscard]] RGBAFrame compose();
+    [[nodiscard]] RGBAFrame composeBands();
+    [[nodiscard]] RGBAFrame inBands(const RGBAFrame& frame);
 
     const X11Display& m_display;
     GrabPlan m_plan;
@@ -47,7 +50,8 @@ private:
     PixelRect m_screen; // the whole screen as it is now
     PixelRect m_stale;  // to be fetched whatever the damage says
     PointerState m_drawn;
-    bool m_mustDeliver = true; // even if no pixel turns out to be new
+    bool m_mustDeliver = true;            // even if no pixel turns out to be new
+    std::vector<RGBAFrame::Band> m_bands; // of the latest picture
 };
 
 } // namespace quillbox

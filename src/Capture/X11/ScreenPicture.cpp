@@ -19,6 +19,7 @@ ScreenPicture::ScreenPicture(const X11Display& display, PixelRect source)
     , m_stride(std::int64_t{source.width} * RGBAFrame::bytesPerPixel)
     , m_pictureBytes(checkedMul<std::int64_t>(m_stride, source.height))
     , m_row(static_cast<std::size_t>(m_stride))
+    , m_changed(source.height)
 {
     const std::int64_t rawBytes = checkedMul<std::int64_t>(m_layout.strideFor(source.width), source.height);
     const std::int64_t shared = m_layout.isBGRA() ? m_pictureBytes : 0;
@@ -47,8 +48,10 @@ PixelBuffer ScreenPicture::buffer() const
 ScreenPicture::Outcome ScreenPicture::fetch(PixelRect box, bool mayOverwrite)
 {
     precondition(!box.isEmpty() && box.intersected(m_source) == box, "a part of a picture lies within it");
-    if (mayOverwrite && box == m_source && m_memory.empty())
+    if (mayOverwrite && box == m_source && m_memory.empty()) {
+        m_changed.markRows(0, m_source.height);
         return fetchInto(box, 0) ? Outcome::Updated : Outcome::Refused;
+    }
     const std::uint8_t* const raw = fetchRaw(box);
     if (raw == nullptr)
         return Outcome::Refused;
@@ -57,6 +60,7 @@ ScreenPicture::Outcome ScreenPicture::fetch(PixelRect box, bool mayOverwrite)
 
 void ScreenPicture::blacken()
 {
+    m_changed.markRows(0, m_source.height);
     const std::uint32_t black = 0xFF000000; // its bytes are 0, 0, 0, 255 in the order of the picture
     for (std::int64_t offset = 0; offset < m_pictureBytes; offset += RGBAFrame::bytesPerPixel)
         for (int byte = 0; byte < 4; ++byte)
@@ -106,6 +110,7 @@ bool ScreenPicture::merge(const std::uint8_t* raw, PixelRect box)
         if (std::memcmp(own, row, rowBytes) == 0)
             continue;
         std::memcpy(own, row, rowBytes);
+        m_changed.markRows(place.y + y, 1);
         changed = true;
     }
     return changed;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Capture/PixelBufferAdapter.h"
+#include "Capture/X11/ChangedBands.h"
 #include "Capture/X11/PixelLayout.h"
 #include "Capture/X11/SharedSegment.h"
 #include "Capture/X11/X11Display.h"
@@ -25,6 +26,8 @@ public:
     [[nodiscard]] std::uint8_t* data() { return m_pixels; }
     [[nodiscard]] std::int64_t stride() const { return m_stride; }
     [[nodiscard]] PixelBuffer buffer() const;
+    /// Marked wherever pixels have changed; whoever has taken note clears it.
+    [[nodiscard]] ChangedBands& changedBands() { return m_changed; }
 
     enum class Outcome {
         Unchanged, ///< the pixels are what they were
@@ -54,6 +57,7 @@ private:
     std::uint8_t* m_pixels = nullptr;          // the picture
     XCBPointer<xcb_get_image_reply_t> m_reply; // the latest raw picture without a segment
     std::vector<std::uint8_t> m_row;
+    ChangedBands m_changed;
 };
 
 } // namespace quillbox
