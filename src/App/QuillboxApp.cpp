@@ -3,6 +3,7 @@
 #include "App/CurrentCoordinator.h"
 #include "App/Desktop/ApplicationService.h"
 #include "App/Desktop/ClipboardHandOver.h"
+#include "App/Desktop/DesktopNotice.h"
 #include "App/Desktop/PanelGuard.h"
 #include "App/Desktop/TrayIcon.h"
 #include "App/Hotkey/GlobalHotkey.h"
@@ -89,8 +90,13 @@ QuillboxApp::QuillboxApp()
 
     QObject::connect(m_handOver.get(), &ClipboardHandOver::ended, m_handOver.get(), &QCoreApplication::quit);
 
-    // The screen can't be recorded any longer: what there is becomes the clip.
-    QObject::connect(&recorder(), &StreamRecorder::interrupted, m_coordinator.get(), &CurrentCoordinator::stop,
+    // The recording can't go on: what there is becomes the clip.
+    QObject::connect(
+        &recorder(), &StreamRecorder::interrupted, m_coordinator.get(),
+        [coordinator = m_coordinator.get()](const QString& reason) {
+            coordinator->stop();
+            DesktopNotice::show(text("The recording ended early"), text("%1. What was recorded is kept.").arg(reason));
+        },
         Qt::QueuedConnection);
 }
 

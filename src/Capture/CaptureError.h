@@ -14,6 +14,7 @@ public:
         Unavailable,    ///< this kind of desktop, or the named back end, can't be captured
         OutsideDisplay, ///< no part of the region lies on the main display
         Unreadable,     ///< the display refuses its pixels, or lays them out in a way that can't be read
+        NoRoom,         ///< neither memory nor disk take more of the recording
         DisplayGone,    ///< the connection to the display broke
         Stopped,        ///< the stream was stopped or destroyed before it had started
     };

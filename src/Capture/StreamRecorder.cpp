@@ -29,12 +29,23 @@ public:
 
     void put(Delivery delivery)
     {
-        {
-            const std::scoped_lock lock(m_mutex);
-            m_deliveries.push_back(std::move(delivery));
-        }
-        if (m_recorder)
-            QCoreApplication::postEvent(m_recorder, new QEvent(QEvent::User)); // the event queue owns it
+        const std::scoped_lock lock(m_mutex);
+        m_deliveries.push_back(std::move(delivery));
+        post();
+    }
+
+    /// Has the recorder look around.
+    void wake()
+    {
+        const std::scoped_lock lock(m_mutex);
+        post();
+    }
+
+    /// The recorder is about to go.
+    void close()
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_recorder = nullptr;
     }
 
     [[nodiscard]] std::vector<Delivery> takeAll()
@@ -44,15 +55,23 @@ public:
     }
 
 private:
-    QPointer<StreamRecorder> m_recorder;
+    void post()
+    {
+        if (m_recorder != nullptr) // it can't go meanwhile: closing waits for the lock
+            QCoreApplication::postEvent(m_recorder, new QEvent(QEvent::User)); // the event queue owns it
+    }
+
+    StreamRecorder* m_recorder;
     std::mutex m_mutex;
     std::vector<Delivery> m_deliveries;
 };
 
-StreamRecorder::StreamRecorder(StreamFactory makeStream, Now now, QObject* parent)
+StreamRecorder::StreamRecorder(
+    StreamFactory makeStream, Now now, std::optional<BandStore::Limits> limits, QObject* parent)
     : QObject(parent)
     , m_makeStream(std::move(makeStream))
     , m_now(std::move(now))
+    , m_limits(limits)
     , m_inbox(std::make_shared<Inbox>(this))
     , m_session(std::make_shared<Session>())
 {
@@ -60,6 +79,7 @@ StreamRecorder::StreamRecorder(StreamFactory makeStream, Now now, QObject* paren
 
 StreamRecorder::~StreamRecorder()
 {
+    m_inbox->close();
     // While this object is whole: a stream may call its sink until its destructor returns.
     m_starting.clear();
     m_stream.reset();
@@ -72,7 +92,7 @@ QCoro::Task<> StreamRecorder::start(CaptureRegion region)
     const QPointer self(this);
     auto session = std::make_shared<Session>();
     session->region = region.normalized();
-    session->intake = std::make_shared<LiveIntake>();
+    session->intake = makeIntake();
     m_starting.push_back(m_makeStream());
     CaptureStream* const stream = m_starting.back().get();
     try {
@@ -94,8 +114,12 @@ QCoro::Task<> StreamRecorder::start(CaptureRegion region)
     m_stream = takeStarting(stream);
     m_session = std::move(session); // what arrived before this moment belongs to the recording
     setRecording(true);
-    if (self && !m_session->interruption.isEmpty()) // it ended before we were told that it had begun
+    if (!self)
+        co_return;
+    if (!m_session->interruption.isEmpty()) // it ended before we were told that it had begun
         Q_EMIT interrupted(m_session->interruption);
+    else
+        takeDeliveries(); // there may have been no room for the first picture
 }
 
 QCoro::Task<std::vector<RGBAFrame>> StreamRecorder::stop()
@@ -112,7 +136,7 @@ QCoro::Task<std::vector<RGBAFrame>> StreamRecorder::stop()
     }
     if (self)
         takeDeliveries(); // what the stream handed over before it ended
-    session->timeline.finish(stoppedAt);
+    finish(*session, stoppedAt);
     if (self && m_isRecording && m_session == session) { // unless another stop() was faster
         m_stream.reset();
         m_hold.reset();
@@ -161,6 +185,15 @@ std::unique_ptr<CaptureStream> StreamRecorder::takeStarting(const CaptureStream*
     return taken;
 }
 
+std::shared_ptr<LiveIntake> StreamRecorder::makeIntake() const
+{
+    BandStore store(m_limits.value_or(BandStore::usualLimits()), BandStore::usualFolder());
+    return std::make_shared<LiveIntake>(std::move(store), [inbox = std::weak_ptr(m_inbox)] { // it may outlive us
+        if (const auto recorders = inbox.lock())
+            recorders->wake();
+    });
+}
+
 FrameSink StreamRecorder::sinkFor(const std::shared_ptr<Session>& session)
 {
     // Both run on the stream's thread, which ends before this object does.
@@ -190,19 +223,43 @@ void StreamRecorder::takeDeliveries()
         else
             end(delivery.session, delivery.time, std::get<CaptureError>(delivery.content));
     }
+    const auto reason = m_isRecording ? m_session->intake->fullReason() : std::string();
+    if (!reason.empty() && !m_session->timeline.isFinished())
+        end(m_session, m_now(), CaptureError(CaptureError::Reason::NoRoom, reason));
 }
 
 void StreamRecorder::deliver(Session& session, RGBAFrame frame, CaptureClock::time_point time)
 {
+    if (!session.interruption.isEmpty())
+        return; // the recording is over, if the stream is not
+    if (!session.timeline.isFinished() && session.intake->isBehind(session.timeline.frames())) {
+        session.late.emplace(std::move(frame), time); // the picture before is shown until one can be taken
+        return;
+    }
+    takeLate(session);
     session.timeline.deliver(std::move(frame), time);
     if (!session.timeline.isFinished()) // a picture that comes later is in no clip
         session.intake->follow(session.timeline.frames());
 }
 
+/// The latest picture of those that could not be taken is in the clip, for as long as it was on the screen.
+void StreamRecorder::takeLate(Session& session)
+{
+    if (session.late && !session.timeline.isFinished())
+        session.timeline.deliver(std::move(session.late->first), session.late->second);
+    session.late.reset();
+}
+
+void StreamRecorder::finish(Session& session, CaptureClock::time_point time)
+{
+    takeLate(session);
+    session.timeline.finish(time);
+}
+
 void StreamRecorder::end(
     const std::shared_ptr<Session>& session, CaptureClock::time_point time, const CaptureError& reason)
 {
-    session->timeline.finish(time);
+    finish(*session, time);
     session->interruption = QString::fromUtf8(reason.what());
     if (session == m_session && m_isRecording)
         Q_EMIT interrupted(session->interruption);

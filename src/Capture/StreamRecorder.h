@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Capture/BandStore.h"
 #include "Capture/CaptureStream.h"
 #include "Capture/FrameTimeline.h"
 #include "Capture/RecorderControlling.h"
@@ -14,12 +15,13 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace quillbox {
 
-/// Records a region of the main display into memory, 30 frames a second, until told to stop. There is no limit on the
-/// number of frames. Thread: main; pictures are converted on the stream's thread and appended here.
+/// Records a region of the main display, 30 frames a second, until told to stop or neither memory nor disk take more.
+/// Thread: main; pictures are converted on the stream's thread and appended here.
 class StreamRecorder : public QObject, public RecorderControlling {
     Q_OBJECT
 
@@ -48,8 +50,9 @@ public:
 
     /// @param makeStream  Makes the stream of each recording.
     /// @param now         The clock that ends a recording; called from any thread.
-    explicit StreamRecorder(
-        StreamFactory makeStream = &makeCaptureStream, Now now = &CaptureClock::now, QObject* parent = nullptr);
+    /// @param limits      What a recording may take up; then it is interrupted.
+    explicit StreamRecorder(StreamFactory makeStream = &makeCaptureStream, Now now = &CaptureClock::now,
+        std::optional<BandStore::Limits> limits = std::nullopt, QObject* parent = nullptr);
     ~StreamRecorder() override;
 
     [[nodiscard]] bool isRecording() const override { return m_isRecording; }
@@ -87,14 +90,18 @@ private:
     struct Session {
         CaptureRegion region;
         FrameTimeline timeline;
-        std::shared_ptr<LiveIntake> intake; // follows the timeline until its end
-        QString interruption;               // empty unless the source went away
+        std::shared_ptr<LiveIntake> intake;                                 // follows the timeline until its end
+        QString interruption;                                               // empty unless it ended by itself
+        std::optional<std::pair<RGBAFrame, CaptureClock::time_point>> late; // not taken: too many were waiting
     };
     class Inbox;
 
     std::unique_ptr<CaptureStream> takeStarting(const CaptureStream* stream);
+    [[nodiscard]] std::shared_ptr<LiveIntake> makeIntake() const;
     FrameSink sinkFor(const std::shared_ptr<Session>& session);
     void takeDeliveries();
+    static void takeLate(Session& session);
+    static void finish(Session& session, CaptureClock::time_point time);
     static void deliver(Session& session, RGBAFrame frame, CaptureClock::time_point time);
     void end(const std::shared_ptr<Session>& session, CaptureClock::time_point time, const CaptureError& reason);
     void setRecording(bool next);
@@ -106,6 +113,7 @@ private:
 
     StreamFactory m_makeStream;
     Now m_now;
+    std::optional<BandStore::Limits> m_limits; // none: the usual ones
     bool m_isRecording = false;
     std::optional<Hold> m_hold; // only while recording
     std::shared_ptr<Inbox> m_inbox;

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <limits>
 #include <vector>
 
 namespace quillbox {
@@ -24,6 +26,13 @@ std::vector<RGBAFrame> firstOf(const std::vector<RGBAFrame>& frames, int count)
     return {frames.begin(), frames.begin() + count};
 }
 
+/// Room that no test uses up.
+BandStore plenty()
+{
+    constexpr auto most = std::numeric_limits<std::int64_t>::max();
+    return BandStore({.plainBytes = most, .memoryBytes = most, .diskSpaceToLeave = 0}, testing::TempDir());
+}
+
 GIFOptimizer::Config configFor(ExportPreset preset)
 {
     return {.preset = preset, .sourceFPS = 30, .ditheringOverride = {}};
@@ -32,7 +41,7 @@ GIFOptimizer::Config configFor(ExportPreset preset)
 TEST(LiveIntake, GivesTheGIFOfTheWholeRecording)
 {
     const auto frames = recording();
-    LiveIntake intake;
+    LiveIntake intake(plenty());
     for (const int count : {0, 1, 2, 2, 30, 59}) // the rest is taken in at the end
         intake.follow(firstOf(frames, count));
     const FrameIntake* const taken = intake.of(frames);
@@ -43,28 +52,55 @@ TEST(LiveIntake, GivesTheGIFOfTheWholeRecording)
 
 TEST(LiveIntake, KnowsARecordingThatItNeverFollowed)
 {
-    LiveIntake intake;
+    LiveIntake intake(plenty());
     ASSERT_NE(intake.of(recording()), nullptr);
     EXPECT_EQ(intake.of(recording())->frameCount(), 60);
 }
 
 TEST(LiveIntake, KnowsNothingOfARecordingThatWasCut)
 {
-    LiveIntake intake;
+    LiveIntake intake(plenty());
     intake.follow(recording());
     EXPECT_EQ(intake.of(firstOf(recording(), 59)), nullptr);
 }
 
 TEST(LiveIntake, KnowsNothingWithoutAFrame)
 {
-    LiveIntake intake;
+    LiveIntake intake(plenty());
     intake.follow({});
     EXPECT_EQ(intake.of({}), nullptr);
 }
 
+TEST(LiveIntake, GivesTheSameGIFOfFramesThatWereParked)
+{
+    const auto frames = support::inBands(recording());
+    LiveIntake intake(BandStore({.plainBytes = 0, .memoryBytes = 20'000, .diskSpaceToLeave = 0}, testing::TempDir()));
+    intake.follow(frames);
+    const FrameIntake* const taken = intake.of(frames);
+    for (const ExportPreset preset : ExportPreset::allCases) {
+        EXPECT_EQ(
+            GIFOptimizer::optimize(*taken, configFor(preset)), GIFOptimizer::optimize(recording(), configFor(preset)));
+    }
+    EXPECT_EQ(intake.fullReason(), "");
+}
+
+TEST(LiveIntake, SaysOnceThatThereIsNoRoom)
+{
+    std::atomic<int> calls = 0;
+    LiveIntake intake(
+        BandStore({.plainBytes = 0, .memoryBytes = 0, .diskSpaceToLeave = ~std::uint64_t{0}}, testing::TempDir()),
+        [&calls] { ++calls; });
+    const auto frames = support::inBands(recording());
+    intake.follow(frames);
+    const FrameIntake* const taken = intake.of(frames);
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(intake.fullReason(), "The disk is nearly full");
+    EXPECT_EQ(taken->frameCount(), 60) << "what came later is not lost";
+}
+
 TEST(LiveIntakeDeathTest, FollowsNothingAfterTheEnd)
 {
-    LiveIntake intake;
+    LiveIntake intake(plenty());
     (void)intake.of({});
     EXPECT_DEATH(intake.follow({}), "until its end");
 }

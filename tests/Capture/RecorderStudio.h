@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -19,7 +20,7 @@ inline constexpr CaptureRegion someRegion{1, 2, 30, 40};
 
 inline RGBAFrame frame(std::uint8_t number)
 {
-    return RGBAFrame(1, 1, Bytes{number, number, number, 255});
+    return RGBAFrame::ofBands(1, 1, {std::make_shared<const PixelBand>(Bytes{number, number, number, 255})});
 }
 
 inline std::vector<int> numbers(const Frames& frames)
@@ -35,12 +36,19 @@ struct RecorderStudio {
     std::shared_ptr<Script> script = std::make_shared<Script>(); // of the next stream
     int streams = 0;
     std::shared_ptr<CaptureClock::time_point> now = std::make_shared<CaptureClock::time_point>();
-    std::unique_ptr<StreamRecorder> recorder = std::make_unique<StreamRecorder>(
-        [this] {
-            ++streams;
-            return std::make_unique<ScriptedStream>(script);
-        },
-        [now = now] { return *now; });
+    std::unique_ptr<StreamRecorder> recorder;
+
+    explicit RecorderStudio(std::optional<BandStore::Limits> limits = std::nullopt)
+        : recorder(std::make_unique<StreamRecorder>(
+            [this] {
+                ++streams;
+                return std::make_unique<ScriptedStream>(script);
+            },
+            [now = now] { return *now; }, limits))
+    {
+    }
+    RecorderStudio(const RecorderStudio&) = delete;
+    RecorderStudio& operator=(const RecorderStudio&) = delete;
 
     void start() { await(recorder->start(someRegion)); }
     Frames stop() { return await(recorder->stop()); }

@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """The desktop application on a real X server, used as a person uses it. Run by CTest, one test a session."""
 
+import itertools
 import json
 import os
 import pathlib
@@ -131,6 +132,21 @@ class DesktopTest(unittest.TestCase):
         self.assertTrue([text for text in desktop.texts() if "in use by another program" in text])
         self.keep_screenshot("panel-hotkey-taken")
         del other
+
+    def test_a_recording_that_finds_no_room_ends_by_itself_and_says_so(self):
+        notices = self.run_beside("dbus-monitor", "--session", "type='method_call',member='Notify'",
+                                  stdout=subprocess.PIPE)
+        notices.stdout.readline()  # it listens
+        desktop = self.start(QUILLBOX_RECORDING_MEMORY="0", XDG_CACHE_HOME="/proc")
+        desktop.begin()
+        desktop.drag(*AREA)
+        steps = itertools.cycle(range(7))
+        until(lambda: self.screen.show(next(steps)) or phase() == "done", "it ends while the screen changes")
+        self.assert_is_a_finished_clip(desktop, AREA)
+        wanted = ("The recording ended early", "A long recording needs a file in /proc/Quillbox: ")
+        for text in wanted:
+            while text not in (line := notices.stdout.readline()):
+                self.assertTrue(line, f"it says: {text}")
 
     def test_ignores_the_hotkey_while_recording(self):
         desktop = self.start()

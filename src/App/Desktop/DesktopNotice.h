@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+namespace quillbox::DesktopNotice {
+
+/// Shows a message in the corner of the desktop, where notices of all programs appear; nowhere if the desktop has none.
+/// Published: Desktop Notifications Specification 1.2, org.freedesktop.Notifications.Notify. Thread: main.
+/// @param title, text  Plain words; one line and one sentence or two.
+void show(const QString& title, const QString& text);
+
+} // namespace quillbox::DesktopNotice

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Encoding/Bytes.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <span>
+#include <stdexcept>
+
+namespace quillbox {
+
+/// No more can be written: the disk, or the user's share of it, is all but full, or it failed.
+class SpillError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// A file without a name that goes with its last user, even if the process is killed. Written at its end by one thread,
+/// read by any.
+class SpillFile {
+public:
+    /// @param folder        Made if need be.
+    /// @param spaceToLeave  Bytes of the disk that stay free for others.
+    /// @throws SpillError  there can be no file.
+    SpillFile(const std::filesystem::path& folder, std::uint64_t spaceToLeave);
+    ~SpillFile();
+    SpillFile(const SpillFile&) = delete;
+    SpillFile& operator=(const SpillFile&) = delete;
+
+    /// @return where the bytes are. @throws SpillError  nothing was added.
+    [[nodiscard]] std::int64_t append(std::span<const std::uint8_t> bytes);
+
+    /// @throws SpillError  they can't be read back.
+    void read(std::int64_t offset, std::span<std::uint8_t> bytes) const;
+
+    [[nodiscard]] std::int64_t size() const { return m_size; }
+
+private:
+    int m_file;
+    std::uint64_t m_spaceToLeave;
+    std::int64_t m_size = 0;
+    std::int64_t m_checkedUpTo = 0; ///< so far there was enough space when it was last looked at
+};
+
+} // namespace quillbox
