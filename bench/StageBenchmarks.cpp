@@ -27,6 +27,7 @@ constexpr std::int64_t generatedHeight = 400;
 constexpr std::string_view clipOption = "--clip=";
 constexpr std::string_view oursSuffix = "/ours";
 constexpr std::string_view plainSuffix = "/plain";
+constexpr const char* rateCounter = "Mpx/s";
 
 /// Prints as usual and ends with one line a stage that divides the two times.
 class RatioReporter : public benchmark::ConsoleReporter {
@@ -47,22 +48,34 @@ public:
             name.remove_suffix(plain ? plainSuffix.size() : oursSuffix.size());
             auto& pair = m_milliseconds[std::string(name)];
             (plain ? pair.plain : pair.ours) = run.GetAdjustedRealTime();
+            const auto rate = run.counters.find(rateCounter);
+            if (!plain && rate != run.counters.end())
+                pair.megapixelsPerSecond = rate->second.value;
         }
     }
 
     void Finalize() override
     {
-        std::printf("\n| stage | ours, ms | plain, ms | times faster |\n| --- | ---: | ---: | ---: |\n");
-        for (const auto& [name, pair] : m_milliseconds)
-            if (pair.ours > 0 && pair.plain > 0)
-                std::printf(
-                    "| %s | %.3f | %.3f | %.1f |\n", name.c_str(), pair.ours, pair.plain, pair.plain / pair.ours);
+        std::printf("\n| stage | ours, ms | plain, ms | times faster | Mpx/s | passes over memory |\n"
+                    "| --- | ---: | ---: | ---: | ---: | ---: |\n");
+        for (const auto& [name, pair] : m_milliseconds) {
+            if (pair.ours <= 0 || pair.plain <= 0)
+                continue;
+            std::printf("| %s | %.3f | %.3f | %.1f | ", name.c_str(), pair.ours, pair.plain, pair.plain / pair.ours);
+            const auto onePass = m_milliseconds.find(name.substr(0, name.find('/') + 1) + std::string(onePassName));
+            if (pair.megapixelsPerSecond > 0 && onePass != m_milliseconds.end())
+                std::printf("%.0f | %.1f |\n", pair.megapixelsPerSecond,
+                    onePass->second.megapixelsPerSecond / pair.megapixelsPerSecond);
+            else
+                std::printf("– | – |\n");
+        }
     }
 
 private:
     struct Pair {
         double ours = 0;
         double plain = 0;
+        double megapixelsPerSecond = 0; // of ours
     };
     std::map<std::string, Pair> m_milliseconds;
 };
@@ -73,7 +86,7 @@ void registerOne(const std::string& name, const std::function<void()>& body, dou
         for ([[maybe_unused]] auto iteration : state)
             body();
         if (megapixels > 0)
-            state.counters["Mpx/s"]
+            state.counters[rateCounter]
                 = benchmark::Counter(megapixels * static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
     })->Unit(benchmark::kMillisecond);
 }

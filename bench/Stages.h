@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quillbox::bench {
@@ -17,6 +18,9 @@ struct Stage {
     std::function<void()> plain;
     std::function<bool()> agree; ///< runs both and compares their results
 };
+
+/// The stage that only reads every pixel, once: what no other can beat.
+inline constexpr std::string_view onePassName = "one pass";
 
 /// Every stage on `clip`, in the order of the pipeline. Preparing the inputs runs the stages before. @pre frames.
 [[nodiscard]] std::vector<Stage> stagesOf(const Clip& clip);
