@@ -1,5 +1,7 @@
 #include "Capture/BandStore.h"
 
+#include <QStandardPaths>
+
 #include <lz4.h>
 
 #include <algorithm>
@@ -104,12 +106,7 @@ BandStore::Limits BandStore::usualLimits()
 
 std::filesystem::path BandStore::usualFolder()
 {
-    const char* const cache = std::getenv("XDG_CACHE_HOME");
-    if (cache != nullptr && *cache == '/')
-        return std::filesystem::path(cache) / "Quillbox";
-    const char* const home = std::getenv("HOME");
-    return home != nullptr && *home == '/' ? std::filesystem::path(home) / ".cache/Quillbox"
-                                           : std::filesystem::temp_directory_path();
+    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation).toStdString() + "/Quillbox";
 }
 
 BandStore::BandStore(Limits limits, std::filesystem::path folder)

@@ -25,7 +25,7 @@ public:
     /// 128 MB of memory, but no more than a quarter of what is available now: a third of it for bands as they are. The
     /// environment's QUILLBOX_RECORDING_MEMORY, in megabytes up to 2000, overrides that. 1 GB of disk for others.
     [[nodiscard]] static Limits usualLimits();
-    /// The user's cache folder.
+    /// The program's own in the user's cache folder; it need not exist.
     [[nodiscard]] static std::filesystem::path usualFolder();
 
     BandStore(Limits limits, std::filesystem::path folder);

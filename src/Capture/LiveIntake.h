@@ -27,7 +27,8 @@ public:
     /// What lies in a file. @pre of() has been called.
     [[nodiscard]] std::int64_t fileBytes() const { return m_store.fileBytes(); }
 
-    /// Whether pictures come faster than they can be taken care of. @param frames  As for follow().
+    /// Whether pictures come faster than they can be taken care of: more bytes of them wait than the store's limit.
+    /// @param frames  As for follow().
     [[nodiscard]] bool isBehind(const std::vector<RGBAFrame>& frames) const;
 
     /// Takes in what is new. Never waits.
