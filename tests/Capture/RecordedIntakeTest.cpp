@@ -91,6 +91,7 @@ private Q_SLOTS:
     void endsTheRecordingWhenThereWasNoRoomBeforeItBegan();
     void skipsPicturesThatItCannotTakeCareOf();
     void showsTheLastPictureEvenIfItHadToWait();
+    void showsAPictureThatHadToWaitUntilTheNextOne();
 };
 
 void RecordedIntakeTest::learnsOfTheFramesWhatTheyComeTo()
@@ -184,6 +185,26 @@ void RecordedIntakeTest::showsTheLastPictureEvenIfItHadToWait()
     const auto numbers = test::numbers(studio.stop());
     QCOMPARE(std::ssize(numbers), 14);
     QCOMPARE(std::ranges::count(numbers, 9), 6);
+}
+
+void RecordedIntakeTest::showsAPictureThatHadToWaitUntilTheNextOne()
+{
+    Studio studio(fewWaiting);
+    std::promise<void> release;
+    recordHeldUp(studio, 9, release); // the ninth waits
+    for (int i = 0; i < 5; ++i)
+        studio.tick();
+    release.set_value();
+    const test::Frames five{test::frame(1), test::frame(2), test::frame(3), test::frame(4), test::frame(5)};
+    const auto intake = studio.recorder->intake();
+    QVERIFY(test::eventually([&] { return !intake->isBehind(five); })); // three of them are done with
+    studio.deliver(10);
+    QCoreApplication::processEvents();
+    studio.tick();
+    const auto numbers = test::numbers(studio.stop());
+    QCOMPARE(std::ssize(numbers), 15);
+    QCOMPARE(std::ranges::count(numbers, 9), 6);
+    QCOMPARE(numbers.back(), 10);
 }
 
 } // namespace quillbox
