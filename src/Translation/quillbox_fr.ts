@@ -1,0 +1,1545 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name>CaptureError</name>
+    <message>
+        <source>Recorded pixels can&apos;t be read back: they are damaged</source>
+        <translation>Impossible de relire les pixels enregistrés&#xa0;: ils sont endommagés</translation>
+    </message>
+    <message>
+        <source>Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND</source>
+        <translation>La capture d&apos;écran est désactivée par QUILLBOX_CAPTURE_BACKEND</translation>
+    </message>
+    <message>
+        <source>A long recording needs a file in %1: %2</source>
+        <translation>Un long enregistrement a besoin d&apos;un fichier dans %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>The disk is nearly full</source>
+        <translation>Le disque est presque plein</translation>
+    </message>
+    <message>
+        <source>The file of a long recording can&apos;t grow: %1</source>
+        <translation>Le fichier d&apos;un long enregistrement ne peut pas grandir&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Recorded pixels can&apos;t be read back: %1</source>
+        <translation>Impossible de relire les pixels enregistrés&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The region lies outside the main display, which is %1×%2</source>
+        <translation>La zone est en dehors de l&apos;écran principal, qui mesure %1×%2</translation>
+    </message>
+    <message>
+        <source>DISPLAY is not set, so there is no X11 display to record</source>
+        <translation>DISPLAY n&apos;est pas défini, il n&apos;y a donc pas d&apos;écran X11 à enregistrer</translation>
+    </message>
+    <message>
+        <source>The X11 display %1 can&apos;t be connected to</source>
+        <translation>Impossible de se connecter à l&apos;écran X11 %1</translation>
+    </message>
+    <message>
+        <source>The screen&apos;s colours can&apos;t be read (depth %1); only true-colour screens can be recorded</source>
+        <translation>Impossible de lire les couleurs de l&apos;écran (profondeur %1)&#xa0;; seuls les écrans en vraies couleurs peuvent être enregistrés</translation>
+    </message>
+    <message>
+        <source>The connection to the X11 display was lost</source>
+        <translation>La connexion à l&apos;écran X11 a été perdue</translation>
+    </message>
+    <message>
+        <source>Screen capture needs a free file descriptor</source>
+        <translation>La capture d&apos;écran a besoin d&apos;un descripteur de fichier libre</translation>
+    </message>
+    <message>
+        <source>Screen capture failed: %1</source>
+        <translation>La capture d&apos;écran a échoué&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Screen capture was stopped before it began</source>
+        <translation>La capture d&apos;écran a été arrêtée avant d&apos;avoir commencé</translation>
+    </message>
+    <message>
+        <source>The X11 display refuses to show its pixels</source>
+        <translation>L&apos;écran X11 refuse de livrer ses pixels</translation>
+    </message>
+    <message>
+        <source>QUILLBOX_CAPTURE_BACKEND is &quot;%1&quot;, which is none of x11, portal and none</source>
+        <translation>QUILLBOX_CAPTURE_BACKEND vaut « %1 », ce qui n&apos;est ni x11, ni portal, ni none</translation>
+    </message>
+    <message>
+        <source>PipeWire, which carries the screen&apos;s pictures, can&apos;t be reached</source>
+        <translation>PipeWire, qui transmet les images de l&apos;écran, est injoignable</translation>
+    </message>
+    <message>
+        <source>PipeWire, which carries the screen&apos;s pictures, went away</source>
+        <translation>PipeWire, qui transmet les images de l&apos;écran, s&apos;est arrêté</translation>
+    </message>
+    <message>
+        <source>PipeWire does not deliver the screen&apos;s pictures: %1</source>
+        <translation>PipeWire ne livre pas les images de l&apos;écran : %1</translation>
+    </message>
+    <message>
+        <source>unknown error</source>
+        <translation>erreur inconnue</translation>
+    </message>
+    <message>
+        <source>The desktop no longer delivers the screen&apos;s pictures</source>
+        <translation>Le bureau ne livre plus les images de l&apos;écran</translation>
+    </message>
+    <message>
+        <source>The screen&apos;s pictures come in a format that was not asked for</source>
+        <translation>Les images de l&apos;écran arrivent dans un format qui n&apos;a pas été demandé</translation>
+    </message>
+    <message>
+        <source>PipeWire refuses to deliver the screen&apos;s pictures</source>
+        <translation>PipeWire refuse de livrer les images de l&apos;écran</translation>
+    </message>
+    <message>
+        <source>The desktop delivers no picture of the screen</source>
+        <translation>Le bureau ne livre aucune image de l&apos;écran</translation>
+    </message>
+    <message>
+        <source>The region lies outside the display, which is %1×%2</source>
+        <translation>La zone est en dehors de l&apos;écran, qui mesure %1×%2</translation>
+    </message>
+    <message>
+        <source>Screens of Wayland desktops are recorded through the desktop portal, and none answers: install xdg-desktop-portal and its back end for this desktop</source>
+        <translation>Sous Wayland, l&apos;écran s&apos;enregistre par le portail de bureau, et aucun ne répond : installez xdg-desktop-portal et son moteur pour ce bureau</translation>
+    </message>
+    <message>
+        <source>The desktop portal does not offer the screen: install PipeWire and the portal&apos;s back end for this desktop</source>
+        <translation>Le portail de bureau ne propose pas l&apos;écran : installez PipeWire et le moteur du portail pour ce bureau</translation>
+    </message>
+    <message>
+        <source>The desktop portal, which shows us the screen, went away</source>
+        <translation>Le portail de bureau, qui montre l&apos;écran, s&apos;est arrêté</translation>
+    </message>
+    <message>
+        <source>The desktop has ended the recording of its screen</source>
+        <translation>Le bureau a mis fin à l&apos;enregistrement de son écran</translation>
+    </message>
+    <message>
+        <source>The desktop portal&apos;s answer can&apos;t be understood</source>
+        <translation>La réponse du portail de bureau est incompréhensible</translation>
+    </message>
+    <message>
+        <source>The desktop portal refused: %1</source>
+        <translation>Le portail de bureau a refusé : %1</translation>
+    </message>
+    <message>
+        <source>Screens of Wayland desktops are recorded through the desktop portal, and there is no session bus to reach it</source>
+        <translation>Sous Wayland, l&apos;écran s&apos;enregistre par le portail de bureau, et il n&apos;y a pas de bus de session pour l&apos;atteindre</translation>
+    </message>
+    <message>
+        <source>The permission to record the screen was not given</source>
+        <translation>L&apos;autorisation d&apos;enregistrer l&apos;écran n&apos;a pas été donnée</translation>
+    </message>
+    <message>
+        <source>The desktop portal could not start to show us the screen</source>
+        <translation>Le portail de bureau n&apos;a pas pu commencer à montrer l&apos;écran</translation>
+    </message>
+</context>
+<context>
+    <name>Clipboard</name>
+    <message>
+        <source>QUILLBOX_CLIPBOARD_BACKEND is &quot;%1&quot;, which is none of x11, data-control, toolkit and none</source>
+        <translation>QUILLBOX_CLIPBOARD_BACKEND vaut « %1 », ce qui n&apos;est ni x11, ni data-control, ni toolkit, ni none</translation>
+    </message>
+    <message>
+        <source>QUILLBOX_CLIPBOARD_BACKEND is &quot;%1&quot;</source>
+        <translation>QUILLBOX_CLIPBOARD_BACKEND vaut « %1 »</translation>
+    </message>
+    <message>
+        <source>There is no display</source>
+        <translation>Il n&apos;y a pas d&apos;écran</translation>
+    </message>
+    <message>
+        <source>The desktop is an X11 display</source>
+        <translation>Le bureau est un écran X11</translation>
+    </message>
+    <message>
+        <source>The toolkit shows its windows on &quot;%1&quot;</source>
+        <translation>Le toolkit affiche ses fenêtres sur « %1 »</translation>
+    </message>
+    <message>
+        <source>The compositor offers %1</source>
+        <translation>Le compositeur propose %1</translation>
+    </message>
+    <message>
+        <source>The compositor lets only a window that has the keyboard set the clipboard</source>
+        <translation>Le compositeur ne laisse écrire dans le presse-papiers que la fenêtre qui a le clavier</translation>
+    </message>
+</context>
+<context>
+    <name>ControlCommand</name>
+    <message>
+        <source>the answer can&apos;t be written to standard output</source>
+        <translation>impossible d&apos;écrire la réponse sur la sortie standard</translation>
+    </message>
+    <message>
+        <source>a clip is being made already; quillbox stop ends a recording</source>
+        <translation>un clip est déjà en cours&#xa0;; quillbox stop termine un enregistrement</translation>
+    </message>
+    <message>
+        <source>Quillbox is not running; start it with quillbox</source>
+        <translation>Quillbox n&apos;est pas lancé&#xa0;; démarrez-le avec quillbox</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopApplication</name>
+    <message>
+        <source>%1. quillbox record and encode work from a terminal</source>
+        <translation>%1. quillbox record et encode fonctionnent depuis un terminal</translation>
+    </message>
+</context>
+<context>
+    <name>Doctor</name>
+    <message>
+        <source>no display</source>
+        <translation>aucun écran</translation>
+    </message>
+    <message>
+        <source>the report can&apos;t be written to standard output</source>
+        <translation>impossible d&apos;écrire le rapport sur la sortie standard</translation>
+    </message>
+    <message>
+        <source>What this desktop has for Quillbox</source>
+        <translation>Ce que ce bureau offre à Quillbox</translation>
+    </message>
+    <message>
+        <source>What is missing comes, on Debian and Ubuntu, with</source>
+        <translation>Ce qui manque s&apos;installe, sous Debian et Ubuntu, avec</translation>
+    </message>
+    <message>
+        <source>The screen can be recorded.</source>
+        <translation>L&apos;écran peut être enregistré.</translation>
+    </message>
+    <message>
+        <source>The screen can&apos;t be recorded.</source>
+        <translation>L&apos;écran ne peut pas être enregistré.</translation>
+    </message>
+    <message>
+        <source>Tray</source>
+        <translation>Icône</translation>
+    </message>
+    <message>
+        <source>a StatusNotifierItem watcher with a host</source>
+        <translation>un observateur de StatusNotifierItem avec hôte</translation>
+    </message>
+    <message>
+        <source>a StatusNotifierItem watcher without a host</source>
+        <translation>un observateur de StatusNotifierItem sans hôte</translation>
+    </message>
+    <message>
+        <source>a tray of the X server&apos;s kind (XEmbed)</source>
+        <translation>une zone de notification du serveur X (XEmbed)</translation>
+    </message>
+    <message>
+        <source>a StatusNotifierItem</source>
+        <translation>un StatusNotifierItem</translation>
+    </message>
+    <message>
+        <source>This desktop shows no tray icons</source>
+        <translation>Ce bureau n&apos;affiche pas d&apos;icônes de notification</translation>
+    </message>
+    <message>
+        <source>quillbox show opens the panel</source>
+        <translation>quillbox show ouvre le panneau</translation>
+    </message>
+    <message>
+        <source>bind quillbox toggle to a key in the desktop&apos;s settings</source>
+        <translation>associez quillbox toggle à une touche dans les paramètres du bureau</translation>
+    </message>
+    <message>
+        <source>Hotkey</source>
+        <translation>Raccourci</translation>
+    </message>
+    <message>
+        <source>Super+Shift+2 of the X server</source>
+        <translation>Super+Maj+2 du serveur X</translation>
+    </message>
+    <message>
+        <source>no other program holds it</source>
+        <translation>aucun autre programme ne l&apos;occupe</translation>
+    </message>
+    <message>
+        <source>it is held, as Quillbox runs</source>
+        <translation>il est occupé, puisque Quillbox est lancé</translation>
+    </message>
+    <message>
+        <source>Another program holds Super+Shift+2</source>
+        <translation>Un autre programme occupe Super+Maj+2</translation>
+    </message>
+    <message>
+        <source>There is no X server that has the keys</source>
+        <translation>Il n&apos;y a pas de serveur X qui ait les touches</translation>
+    </message>
+    <message>
+        <source>the portal&apos;s GlobalShortcuts, version %1</source>
+        <translation>GlobalShortcuts du portail, version %1</translation>
+    </message>
+    <message>
+        <source>There is no session bus</source>
+        <translation>Il n&apos;y a pas de bus de session</translation>
+    </message>
+    <message>
+        <source>There is no desktop portal</source>
+        <translation>Il n&apos;y a pas de portail de bureau</translation>
+    </message>
+    <message>
+        <source>The portal has no global shortcuts on this desktop</source>
+        <translation>Le portail n&apos;a pas de raccourcis globaux sur ce bureau</translation>
+    </message>
+    <message>
+        <source>The desktop portal does not answer</source>
+        <translation>Le portail de bureau ne répond pas</translation>
+    </message>
+    <message>
+        <source>You refused it when the desktop asked</source>
+        <translation>Vous l&apos;avez refusé quand le bureau l&apos;a demandé</translation>
+    </message>
+    <message>
+        <source>to be asked again, remove %1 and start Quillbox anew; or bind quillbox toggle to a key in the desktop&apos;s settings</source>
+        <translation>pour que la question soit posée de nouveau, supprimez %1 et relancez Quillbox ; ou associez quillbox toggle à une touche dans les paramètres du bureau</translation>
+    </message>
+    <message>
+        <source>the desktop portal, which proposes Super+Shift+2</source>
+        <translation>le portail de bureau, qui propose Super+Maj+2</translation>
+    </message>
+    <message>
+        <source>The hotkey is switched off by QUILLBOX_HOTKEY_BACKEND</source>
+        <translation>Le raccourci est désactivé par QUILLBOX_HOTKEY_BACKEND</translation>
+    </message>
+    <message>
+        <source>QUILLBOX_HOTKEY_BACKEND is &quot;%1&quot;, which is none of x11, portal and none</source>
+        <translation>QUILLBOX_HOTKEY_BACKEND vaut « %1 », ce qui n&apos;est ni x11, ni portal, ni none</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Mises à jour</translation>
+    </message>
+    <message>
+        <source>There is no system bus</source>
+        <translation>Il n&apos;y a pas de bus système</translation>
+    </message>
+    <message>
+        <source>There is no PackageKit</source>
+        <translation>PackageKit n&apos;est pas là</translation>
+    </message>
+    <message>
+        <source>update Quillbox the way it was installed</source>
+        <translation>mettez Quillbox à jour comme il a été installé</translation>
+    </message>
+    <message>
+        <source>Screen</source>
+        <translation>Écran</translation>
+    </message>
+    <message>
+        <source>the X server %1</source>
+        <translation>le serveur X %1</translation>
+    </message>
+    <message>
+        <source>extensions %1</source>
+        <translation>extensions %1</translation>
+    </message>
+    <message>
+        <source>the server lacks %1: recording is slower, has no pointer, or knows no monitors</source>
+        <translation>il manque au serveur %1 : l&apos;enregistrement est plus lent, n&apos;a pas de pointeur ou ignore les moniteurs</translation>
+    </message>
+    <message>
+        <source>start it inside a desktop session; quillbox encode needs none</source>
+        <translation>lancez-le dans une session de bureau ; quillbox encode s&apos;en passe</translation>
+    </message>
+    <message>
+        <source>monitors</source>
+        <translation>moniteurs</translation>
+    </message>
+    <message>
+        <source>windows</source>
+        <translation>fenêtres</translation>
+    </message>
+    <message>
+        <source>virtual monitors</source>
+        <translation>moniteurs virtuels</translation>
+    </message>
+    <message>
+        <source>the portal&apos;s ScreenCast, version %1: %2</source>
+        <translation>ScreenCast du portail, version %1 : %2</translation>
+    </message>
+    <message>
+        <source>a desktop portal</source>
+        <translation>un portail de bureau</translation>
+    </message>
+    <message>
+        <source>the desktop portal and PipeWire</source>
+        <translation>le portail de bureau et PipeWire</translation>
+    </message>
+    <message>
+        <source>the desktop will ask which monitor to show</source>
+        <translation>le bureau demandera quel moniteur montrer</translation>
+    </message>
+    <message>
+        <source>the desktop may remember which monitor to show</source>
+        <translation>le bureau se souvient peut-être du moniteur à montrer</translation>
+    </message>
+    <message>
+        <source>systemctl --user restart xdg-desktop-portal may help</source>
+        <translation>systemctl --user restart xdg-desktop-portal aidera peut-être</translation>
+    </message>
+    <message>
+        <source>The desktop portal shows the screen through PipeWire, which does not run</source>
+        <translation>Le portail de bureau montre l&apos;écran par PipeWire, qui n&apos;est pas lancé</translation>
+    </message>
+    <message>
+        <source>log in again when it is installed: the portal looks for its pieces only once</source>
+        <translation>reconnectez-vous après l&apos;installation : le portail ne cherche ses éléments qu&apos;une fois</translation>
+    </message>
+    <message>
+        <source>Switched off: QUILLBOX_CAPTURE_BACKEND is &quot;%1&quot;, which is neither x11 nor portal</source>
+        <translation>Désactivé : QUILLBOX_CAPTURE_BACKEND vaut « %1 », ce qui n&apos;est ni x11 ni portal</translation>
+    </message>
+    <message>
+        <source>The X server does not answer</source>
+        <translation>Le serveur X ne répond pas</translation>
+    </message>
+    <message>
+        <source>a clipboard manager, which keeps clips when Quillbox ends</source>
+        <translation>un gestionnaire de presse-papiers, qui garde les clips quand Quillbox se termine</translation>
+    </message>
+    <message>
+        <source>no clipboard manager: a clip stays while Quillbox runs</source>
+        <translation>pas de gestionnaire de presse-papiers : un clip reste tant que Quillbox est lancé</translation>
+    </message>
+    <message>
+        <source>the X server&apos;s selection</source>
+        <translation>la sélection du serveur X</translation>
+    </message>
+    <message>
+        <source>There is no display</source>
+        <translation>Il n&apos;y a pas d&apos;écran</translation>
+    </message>
+    <message>
+        <source>the compositor&apos;s data control</source>
+        <translation>le contrôle des données (data control) du compositeur</translation>
+    </message>
+    <message>
+        <source>the toolkit</source>
+        <translation>le toolkit</translation>
+    </message>
+    <message>
+        <source>Clipboard</source>
+        <translation>Presse-papiers</translation>
+    </message>
+    <message>
+        <source>The display does not answer</source>
+        <translation>L&apos;écran ne répond pas</translation>
+    </message>
+    <message>
+        <source>File manager</source>
+        <translation>Fichiers</translation>
+    </message>
+    <message>
+        <source>a file manager on the bus (FileManager1)</source>
+        <translation>un gestionnaire de fichiers sur le bus (FileManager1)</translation>
+    </message>
+    <message>
+        <source>the portal&apos;s OpenURI, version %1</source>
+        <translation>OpenURI du portail, version %1</translation>
+    </message>
+    <message>
+        <source>the file manager, which selects the clip</source>
+        <translation>le gestionnaire de fichiers, qui sélectionne le clip</translation>
+    </message>
+    <message>
+        <source>the desktop portal, which opens the folder</source>
+        <translation>le portail de bureau, qui ouvre le dossier</translation>
+    </message>
+    <message>
+        <source>xdg-open, which opens the folder</source>
+        <translation>xdg-open, qui ouvre le dossier</translation>
+    </message>
+    <message>
+        <source>Nothing here opens folders</source>
+        <translation>Rien ici n&apos;ouvre les dossiers</translation>
+    </message>
+    <message>
+        <source>Quillbox was not installed as a package</source>
+        <translation>Quillbox n’a pas été installé sous forme de paquet</translation>
+    </message>
+</context>
+<context>
+    <name>ErrorReport</name>
+    <message>
+        <source>there is not enough memory for these frames; use fewer or smaller ones</source>
+        <translation>la mémoire ne suffit pas pour ces images&#xa0;; utilisez-en moins ou de plus petites</translation>
+    </message>
+</context>
+<context>
+    <name>ExportPreset</name>
+    <message>
+        <source>Slack</source>
+        <translation>Slack</translation>
+    </message>
+    <message>
+        <source>Tiny GIF under 2 MB</source>
+        <translation>Minuscule GIF de moins de 2 MB</translation>
+    </message>
+    <message>
+        <source>GitHub</source>
+        <translation>GitHub</translation>
+    </message>
+    <message>
+        <source>GIF under 10 MB</source>
+        <translation>GIF de moins de 10 MB</translation>
+    </message>
+    <message>
+        <source>Docs</source>
+        <translation>Docs</translation>
+    </message>
+    <message>
+        <source>Crisp, balanced quality</source>
+        <translation>Qualité nette et équilibrée</translation>
+    </message>
+</context>
+<context>
+    <name>FrameReadError</name>
+    <message>
+        <source>can&apos;t be opened: %1</source>
+        <translation>ouverture impossible&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>can&apos;t be read: %1</source>
+        <translation>lecture impossible&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>holds no frame; at least one is needed</source>
+        <translation>ne contient aucune image&#xa0;; il en faut au moins une</translation>
+    </message>
+    <message>
+        <source>frame %1 ends after %2 of %3 bytes; %4</source>
+        <translation>l&apos;image %1 s&apos;arrête après %2 octets sur %3&#xa0;; %4</translation>
+    </message>
+    <message>
+        <source>frame %1 is %2; each side must be 1 to 65535 pixels</source>
+        <translation>l&apos;image %1 mesure %2&#xa0;; chaque côté doit avoir de 1 à 65535 pixels</translation>
+    </message>
+    <message>
+        <source>frame %1 is %2, more than this machine&apos;s memory holds; use smaller frames</source>
+        <translation>l&apos;image %1 mesure %2, plus que n&apos;en contient la mémoire de cette machine&#xa0;; utilisez des images plus petites</translation>
+    </message>
+    <message>
+        <source>header has &quot;%1&quot;; expected %2</source>
+        <translation>l&apos;en-tête contient «&#xa0;%1&#xa0;»&#xa0;; attendu&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>frame %1 has &quot;%2&quot;; expected %3</source>
+        <translation>l&apos;image %1 contient «&#xa0;%2&#xa0;»&#xa0;; attendu&#xa0;: %3</translation>
+    </message>
+    <message>
+        <source>is not an image that can be read; expected PNG, JPEG, GIF or the like, a YUV4MPEG2 stream, or --raw WxH for raw RGBA frames</source>
+        <translation>n&apos;est pas une image lisible&#xa0;; attendu&#xa0;: PNG, JPEG, GIF ou semblable, un flux YUV4MPEG2, ou --raw WxH pour des images RGBA brutes</translation>
+    </message>
+    <message>
+        <source>frame %1 can&apos;t be decoded: %2</source>
+        <translation>impossible de décoder l&apos;image %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>plays for %1 s, more than %2 s; use --source-fps to take its frames one each</source>
+        <translation>dure %1 s, plus de %2 s&#xa0;; --source-fps prend ses images une à une</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>is --raw %1 its true size?</source>
+        <translation>--raw %1 est-elle sa vraie taille&#xa0;?</translation>
+    </message>
+    <message>
+        <source>8-bit C420, C422, C444, C411 or Cmono (with FFmpeg: -pix_fmt yuv444p)</source>
+        <translation>C420, C422, C444, C411 ou Cmono sur 8 bits (avec FFmpeg&#xa0;: -pix_fmt yuv444p)</translation>
+    </message>
+    <message>
+        <source>a rate like F30:1 or F30000:1001</source>
+        <translation>une cadence comme F30:1 ou F30000:1001</translation>
+    </message>
+    <message>
+        <source>a YUV4MPEG2 stream (or --raw WxH for raw RGBA frames)</source>
+        <translation>un flux YUV4MPEG2 (ou --raw WxH pour des images RGBA brutes)</translation>
+    </message>
+    <message>
+        <source>a whole number of pixels</source>
+        <translation>un nombre entier de pixels</translation>
+    </message>
+    <message>
+        <source>the frame size in its tags W and H</source>
+        <translation>la taille d&apos;image dans ses champs W et H</translation>
+    </message>
+    <message>
+        <source>XCOLORRANGE=FULL or XCOLORRANGE=LIMITED</source>
+        <translation>XCOLORRANGE=FULL ou XCOLORRANGE=LIMITED</translation>
+    </message>
+    <message>
+        <source>FRAME and its picture; the stream is cut off</source>
+        <translation>FRAME et son image&#xa0;; le flux est tronqué</translation>
+    </message>
+    <message>
+        <source>FRAME; the frame before it has another size</source>
+        <translation>FRAME&#xa0;; l&apos;image précédente a une autre taille</translation>
+    </message>
+    <message>
+        <source>write the stream again</source>
+        <translation>écrivez à nouveau le flux</translation>
+    </message>
+</context>
+<context>
+    <name>Help</name>
+    <message>
+        <source>Examples:
+  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
+  ffmpeg -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
+  quillbox encode --raw 1280x720 --preset github capture.rgba</source>
+        <translation>Exemples&#xa0;:
+  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
+  ffmpeg -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
+  quillbox encode --raw 1280x720 --preset github capture.rgba</translation>
+    </message>
+    <message>
+        <source>Examples:
+  quillbox record --region 0,0,800x600 --duration 10
+  quillbox record --select --copy --duration 5
+  quillbox record --region 100,50,640x480 -o demo.gif     (Ctrl-C stops and saves)</source>
+        <translation>Exemples&#xa0;:
+  quillbox record --region 0,0,800x600 --duration 10
+  quillbox record --select --copy --duration 5
+  quillbox record --region 100,50,640x480 -o demo.gif     (Ctrl-C arrête et enregistre)</translation>
+    </message>
+    <message>
+        <source>Where the GIF is meant for: its limits on size, width and colours</source>
+        <translation>Ce à quoi le GIF est destiné&#xa0;: ses limites de taille, de largeur et de couleurs</translation>
+    </message>
+    <message>
+        <source>The GIF to write, - for standard output (default: %1)</source>
+        <translation>Le GIF à écrire, - pour la sortie standard (par défaut&#xa0;: %1)</translation>
+    </message>
+    <message>
+        <source>Describe the result as a JSON object</source>
+        <translation>Décrire le résultat par un objet JSON</translation>
+    </message>
+    <message>
+        <source>Replace OUT if it exists</source>
+        <translation>Remplacer OUT s&apos;il existe</translation>
+    </message>
+    <message>
+        <source>Let the user drag out a region and record it</source>
+        <translation>Faire tracer une zone et l&apos;enregistrer</translation>
+    </message>
+    <message>
+        <source>Stop recording, save and copy the clip, and print where it is</source>
+        <translation>Arrêter l&apos;enregistrement, enregistrer et copier le clip, et afficher où il est</translation>
+    </message>
+    <message>
+        <source>Stop a recording, or begin one</source>
+        <translation>Arrêter un enregistrement, ou en commencer un</translation>
+    </message>
+    <message>
+        <source>Open the panel</source>
+        <translation>Ouvrir le panneau</translation>
+    </message>
+    <message>
+        <source>Print what the application is doing</source>
+        <translation>Afficher ce que fait l&apos;application</translation>
+    </message>
+    <message>
+        <source>End the application</source>
+        <translation>Quitter l&apos;application</translation>
+    </message>
+    <message>
+        <source>Example:
+  quillbox %1</source>
+        <translation>Exemple&#xa0;:
+  quillbox %1</translation>
+    </message>
+    <message>
+        <source>Usage</source>
+        <translation>Utilisation</translation>
+    </message>
+    <message>
+        <source>OPTIONS</source>
+        <translation>OPTIONS</translation>
+    </message>
+    <message>
+        <source>SUBCOMMAND</source>
+        <translation>COMMANDE</translation>
+    </message>
+    <message>
+        <source>Positionals</source>
+        <translation>Arguments</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>Options</translation>
+    </message>
+    <message>
+        <source>REQUIRED</source>
+        <translation>OBLIGATOIRE</translation>
+    </message>
+    <message>
+        <source>Subcommands</source>
+        <translation>Commandes</translation>
+    </message>
+    <message>
+        <source>Print this help message and exit</source>
+        <translation>Afficher cette aide et quitter</translation>
+    </message>
+    <message>
+        <source>%1 (of the running application)</source>
+        <translation>%1 (dans l&apos;application en cours)</translation>
+    </message>
+    <message>
+        <source>Answer with a JSON object</source>
+        <translation>Répondre par un objet JSON</translation>
+    </message>
+    <message>
+        <source>Print the version</source>
+        <translation>Afficher la version</translation>
+    </message>
+    <message>
+        <source>Turn images, YUV4MPEG2 or raw frames into a GIF</source>
+        <translation>Convertir des images, du YUV4MPEG2 ou des images brutes en GIF</translation>
+    </message>
+    <message>
+        <source>Images, one frame each; or one animated image; or one YUV4MPEG2 stream; - for standard input</source>
+        <translation>Des images, une par vue&#xa0;; ou une image animée&#xa0;; ou un flux YUV4MPEG2&#xa0;; - pour l&apos;entrée standard</translation>
+    </message>
+    <message>
+        <source>beside the first INPUT, with the extension gif</source>
+        <translation>à côté du premier INPUT, avec l&apos;extension gif</translation>
+    </message>
+    <message>
+        <source>Frames per second of the input (default: its own, or 30)</source>
+        <translation>Images par seconde de l&apos;entrée (par défaut&#xa0;: les siennes, ou 30)</translation>
+    </message>
+    <message>
+        <source>Mix colours that the palette lacks</source>
+        <translation>Mélanger les couleurs absentes de la palette</translation>
+    </message>
+    <message>
+        <source>INPUT is raw RGBA frames of this size, 4 bytes a pixel, without padding</source>
+        <translation>INPUT est fait d&apos;images RGBA brutes de cette taille, 4 octets par pixel, sans remplissage</translation>
+    </message>
+    <message>
+        <source>Record a region of the screen as a GIF</source>
+        <translation>Enregistrer une zone de l&apos;écran en GIF</translation>
+    </message>
+    <message>
+        <source>Left, top and size of the region, points of the main display</source>
+        <translation>Gauche, haut et taille de la zone, en points de l&apos;écran principal</translation>
+    </message>
+    <message>
+        <source>Drag the region out on the screen</source>
+        <translation>Tracer la zone sur l&apos;écran</translation>
+    </message>
+    <message>
+        <source>Stop after so many seconds (default: Ctrl-C stops)</source>
+        <translation>S&apos;arrêter après ce nombre de secondes (par défaut&#xa0;: Ctrl-C arrête)</translation>
+    </message>
+    <message>
+        <source>a dated file in the folder Quillbox of your videos</source>
+        <translation>un fichier daté dans le dossier Quillbox de vos vidéos</translation>
+    </message>
+    <message>
+        <source>Put the clip on the clipboard, too</source>
+        <translation>Mettre aussi le clip dans le presse-papiers</translation>
+    </message>
+    <message>
+        <source>List the clips made lately, newest first</source>
+        <translation>Lister les derniers clips, le plus récent d&apos;abord</translation>
+    </message>
+    <message>
+        <source>Print them as a JSON array</source>
+        <translation>Les afficher sous forme de tableau JSON</translation>
+    </message>
+    <message>
+        <source>Turns a part of the screen, or a clip, into a small animated GIF.
+Without a command: the application in the tray, from where everything can be done with the mouse.
+
+Examples:
+  quillbox                      (starts the application, or shows it)
+  quillbox toggle               (for a key binding: record, then stop and copy)
+Record a region from a script:
+  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
+Encode frames of another program:
+  ffmpeg -v error -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
+Record a program in continuous integration, without a display:
+  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
+    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
+
+The commands below have more examples: quillbox encode --help</source>
+        <translation>Transforme une partie de l&apos;écran, ou un clip, en un petit GIF animé.
+Sans commande : l&apos;application dans la zone de notification, d&apos;où tout peut se faire à la souris.
+
+Exemples :
+  quillbox                      (démarre l&apos;application, ou la montre)
+  quillbox toggle               (pour un raccourci clavier : enregistrer, puis arrêter et copier)
+Enregistrer une zone depuis un script :
+  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
+Encoder les images d&apos;un autre programme :
+  ffmpeg -v error -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
+Enregistrer un programme en intégration continue, sans écran :
+  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
+    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
+
+Les commandes ci-dessous ont d&apos;autres exemples : quillbox encode --help</translation>
+    </message>
+    <message>
+        <source>Tell what this desktop has to record, copy and so on, and what is missing</source>
+        <translation>Dire ce que ce bureau a pour enregistrer, copier, etc., et ce qui manque</translation>
+    </message>
+    <message>
+        <source>Print it as a JSON object</source>
+        <translation>L&apos;afficher sous forme d&apos;objet JSON</translation>
+    </message>
+    <message>
+        <source>The exit status is 0 where the screen can be recorded, else 1.</source>
+        <translation>Le code de retour est 0 si l&apos;écran peut être enregistré, sinon 1.</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryCommand</name>
+    <message>
+        <source>the list can&apos;t be written to standard output</source>
+        <translation>impossible d&apos;écrire la liste sur la sortie standard</translation>
+    </message>
+</context>
+<context>
+    <name>HotkeyNotice</name>
+    <message>
+        <source>⌘⇧2 is in use by another program. “quillbox toggle” can be bound to any other key.</source>
+        <translation>⌘⇧2 est utilisé par un autre programme. « quillbox toggle » peut être associé à toute autre touche.</translation>
+    </message>
+    <message>
+        <source>This desktop has given Quillbox no hotkey. Bind “quillbox toggle” to a key in its settings.</source>
+        <translation>Ce bureau n&apos;a donné aucun raccourci à Quillbox. Associez « quillbox toggle » à une touche dans ses paramètres.</translation>
+    </message>
+    <message>
+        <source>This desktop has no global hotkeys. Bind “quillbox toggle” to a key in its settings.</source>
+        <translation>Ce bureau n&apos;a pas de raccourcis globaux. Associez « quillbox toggle » à une touche dans ses paramètres.</translation>
+    </message>
+    <message>
+        <source>No hotkey, as you decided. “quillbox toggle” can be bound to a key; “quillbox doctor” tells how to be asked again.</source>
+        <translation>Pas de raccourci, comme vous en avez décidé. « quillbox toggle » peut être associé à une touche ; « quillbox doctor » dit comment être sollicité de nouveau.</translation>
+    </message>
+    <message>
+        <source>The desktop may ask whether Quillbox may have this hotkey.</source>
+        <translation>Le bureau demandera peut-être si Quillbox peut avoir ce raccourci.</translation>
+    </message>
+    <message>
+        <source>⌘ is the Super key: press Super + Shift + 2 in any program.</source>
+        <translation>⌘ est la touche Super : appuyez sur Super + Maj + 2 dans n&apos;importe quel programme.</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s settings tell the keys, and can change them.</source>
+        <translation>Les touches figurent dans les paramètres du bureau, où elles peuvent être changées.</translation>
+    </message>
+    <message>
+        <source>The desktop has set the keys to: %1. Its settings can change them.</source>
+        <translation>Le bureau a choisi ces touches : %1. Elles peuvent être changées dans ses paramètres.</translation>
+    </message>
+</context>
+<context>
+    <name>OutputFileError</name>
+    <message>
+        <source>the file exists already; use --force to replace it</source>
+        <translation>le fichier existe déjà&#xa0;; --force le remplace</translation>
+    </message>
+    <message>
+        <source>there is no folder %1; create it first</source>
+        <translation>il n&apos;y a pas de dossier %1&#xa0;; créez-le d&apos;abord</translation>
+    </message>
+    <message>
+        <source>it is a folder; name a file</source>
+        <translation>c&apos;est un dossier&#xa0;; indiquez un fichier</translation>
+    </message>
+    <message>
+        <source>it is an input itself; name another file with -o</source>
+        <translation>c&apos;est lui-même une entrée&#xa0;; indiquez un autre fichier avec -o</translation>
+    </message>
+    <message>
+        <source>no space left; free some or save elsewhere</source>
+        <translation>il n&apos;y a plus de place&#xa0;; libérez-en ou enregistrez ailleurs</translation>
+    </message>
+    <message>
+        <source>%1: can&apos;t be saved: %2</source>
+        <translation>%1&#xa0;: enregistrement impossible&#xa0;: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ParserMessages</name>
+    <message>
+        <source>%1 is required</source>
+        <translation>%1 est obligatoire</translation>
+    </message>
+    <message>
+        <source>The following argument was not expected: %1</source>
+        <translation>Argument inattendu&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The following arguments were not expected: %1</source>
+        <translation>Arguments inattendus&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Could not convert: %1 = %2</source>
+        <translation>Valeur non valable&#xa0;: %1 = %2</translation>
+    </message>
+    <message>
+        <source>%1: 1 required %2 missing</source>
+        <translation>%1&#xa0;: il manque la valeur %2</translation>
+    </message>
+</context>
+<context>
+    <name>ProgressLine</name>
+    <message>
+        <source>reading</source>
+        <translation>lecture</translation>
+    </message>
+    <message>
+        <source>saving</source>
+        <translation>enregistrement du fichier</translation>
+    </message>
+    <message numerus="yes">
+        <source>attempt %1: %n colour(s), %2 %</source>
+        <translation>
+            <numerusform>essai %1&#xa0;: %n couleur, %2 %</numerusform>
+            <numerusform>essai %1&#xa0;: %n couleurs, %2 %</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>recording %1 s, %n frame(s); Ctrl-C stops</source>
+        <translation>
+            <numerusform>enregistrement&#xa0;: %1 s, %n image&#xa0;; Ctrl-C arrête</numerusform>
+            <numerusform>enregistrement&#xa0;: %1 s, %n images&#xa0;; Ctrl-C arrête</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>QuillboxApp</name>
+    <message>
+        <source>The recording ended early</source>
+        <translation>L&apos;enregistrement s&apos;est terminé prématurément</translation>
+    </message>
+    <message>
+        <source>%1. What was recorded is kept.</source>
+        <translation>%1. Ce qui a été enregistré est conservé.</translation>
+    </message>
+    <message>
+        <source>A new version of Quillbox is available</source>
+        <translation>Une nouvelle version de Quillbox est disponible</translation>
+    </message>
+    <message>
+        <source>Quillbox %1 is available</source>
+        <translation>Quillbox %1 est disponible</translation>
+    </message>
+    <message>
+        <source>“Check for Updates…” in the panel installs it.</source>
+        <translation>« Rechercher des mises à jour… » dans le panneau l&apos;installe.</translation>
+    </message>
+</context>
+<context>
+    <name>RecordCommand</name>
+    <message>
+        <source>There is no display to record. Set DISPLAY to an X11 display, such as :0</source>
+        <translation>Il n&apos;y a pas d&apos;écran à enregistrer. Donnez à DISPLAY un écran X11, comme&#xa0;:0</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t start recording: %1.</source>
+        <translation>Impossible de démarrer l&apos;enregistrement&#xa0;: %1.</translation>
+    </message>
+    <message>
+        <source>The recording ended early: %1. What was recorded is kept.</source>
+        <translation>L&apos;enregistrement s&apos;est terminé prématurément&#xa0;: %1. Ce qui a été enregistré est conservé.</translation>
+    </message>
+    <message>
+        <source>the clip stays on the clipboard until something else is copied; Ctrl-C ends this program</source>
+        <translation>le clip reste dans le presse-papiers jusqu&apos;à la prochaine copie&#xa0;; Ctrl-C termine ce programme</translation>
+    </message>
+    <message>
+        <source>nothing was selected, so nothing was recorded</source>
+        <translation>rien n&apos;a été sélectionné, donc rien n&apos;a été enregistré</translation>
+    </message>
+    <message>
+        <source>%1. The desktop application does it: start quillbox first.</source>
+        <translation>%1. L&apos;application de bureau le fait : lancez d&apos;abord quillbox.</translation>
+    </message>
+    <message>
+        <source>%1.</source>
+        <translation>%1.</translation>
+    </message>
+    <message>
+        <source>the clip gets onto the clipboard when the panel is opened: quillbox show</source>
+        <translation>le clip arrive dans le presse-papiers à l&apos;ouverture du panneau : quillbox show</translation>
+    </message>
+    <message>
+        <source>the clip is saved, but it couldn&apos;t be put on the clipboard</source>
+        <translation>le clip est enregistré, mais n&apos;a pas pu être mis dans le presse-papiers</translation>
+    </message>
+    <message>
+        <source>the clip could not be copied, so nothing was recorded. %1</source>
+        <translation>le clip ne pourrait pas être copié, donc rien n&apos;a été enregistré. %1</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingCoordinator</name>
+    <message>
+        <source>an unknown error</source>
+        <translation>erreur inconnue</translation>
+    </message>
+    <message>
+        <source>There is no display to record</source>
+        <translation>Il n&apos;y a pas d&apos;écran à enregistrer</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for this recording</source>
+        <translation>La mémoire ne suffit pas pour cet enregistrement</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t start recording: %1</source>
+        <translation>Impossible de démarrer l&apos;enregistrement&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>No frames captured.</source>
+        <translation>Aucune image capturée.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t save clip: %1</source>
+        <translation>Impossible d&apos;enregistrer le clip&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Region too large to encode (%1×%2). Max is %3 per side.</source>
+        <translation>Zone trop grande pour être encodée (%1×%2). Le maximum est de %3 par côté.</translation>
+    </message>
+</context>
+<context>
+    <name>ResultReport</name>
+    <message>
+        <source>%1: %2, %3, %4, %5 fps, %6 s, %7</source>
+        <translation>%1&#xa0;: %2, %3, %4, %5 i/s, %6 s, %7</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n frame(s)</source>
+        <translation>
+            <numerusform>%n image</numerusform>
+            <numerusform>%n images</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n colour(s)</source>
+        <translation>
+            <numerusform>%n couleur</numerusform>
+            <numerusform>%n couleurs</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>dithered</source>
+        <translation>avec tramage</translation>
+    </message>
+    <message>
+        <source>not dithered</source>
+        <translation>sans tramage</translation>
+    </message>
+    <message>
+        <source>; over the %1 MB budget of %2: record less, or a smaller part of the screen</source>
+        <translation>; au-delà des %1 MB prévus pour %2&#xa0;: enregistrez moins longtemps, ou une plus petite partie de l&apos;écran</translation>
+    </message>
+</context>
+<context>
+    <name>Streams</name>
+    <message>
+        <source>standard output</source>
+        <translation>sortie standard</translation>
+    </message>
+    <message>
+        <source>standard error</source>
+        <translation>sortie d&apos;erreur standard</translation>
+    </message>
+    <message>
+        <source>standard input</source>
+        <translation>entrée standard</translation>
+    </message>
+</context>
+<context>
+    <name>UpdaterController</name>
+    <message>
+        <source>The system&apos;s software service can&apos;t be reached.</source>
+        <translation>Le service de logiciels du système est injoignable.</translation>
+    </message>
+    <message>
+        <source>The system&apos;s software service ended while it was working.</source>
+        <translation>Le service de logiciels du système s&apos;est arrêté en plein travail.</translation>
+    </message>
+    <message>
+        <source>This copy of Quillbox was not installed as a package, so the system can&apos;t update it.</source>
+        <translation>Cette copie de Quillbox n&apos;a pas été installée sous forme de paquet, le système ne peut donc pas la mettre à jour.</translation>
+    </message>
+    <message>
+        <source>None of this computer&apos;s package sources offers Quillbox.</source>
+        <translation>Aucune des sources de paquets de cet ordinateur ne propose Quillbox.</translation>
+    </message>
+    <message>
+        <source>You were not allowed to do this, or no password was given.</source>
+        <translation>Vous n&apos;y étiez pas autorisé, ou aucun mot de passe n&apos;a été donné.</translation>
+    </message>
+    <message>
+        <source>The package sources can&apos;t be reached. Is this computer online?</source>
+        <translation>Les sources de paquets sont injoignables. Cet ordinateur est-il en ligne ?</translation>
+    </message>
+    <message>
+        <source>The new version isn&apos;t signed by anybody this system trusts, so it was not installed.</source>
+        <translation>La nouvelle version n&apos;est signée par personne en qui ce système a confiance ; elle n&apos;a donc pas été installée.</translation>
+    </message>
+    <message>
+        <source>Another program is installing software. Try again once it is done.</source>
+        <translation>Un autre programme installe des logiciels. Réessayez quand il aura terminé.</translation>
+    </message>
+    <message>
+        <source>The update was cancelled.</source>
+        <translation>La mise à jour a été annulée.</translation>
+    </message>
+    <message>
+        <source>The system reported success, but the old version is still installed.</source>
+        <translation>Le système a annoncé un succès, mais l&apos;ancienne version est toujours installée.</translation>
+    </message>
+    <message>
+        <source>The system&apos;s software service didn&apos;t say why.</source>
+        <translation>Le service de logiciels du système n&apos;a pas dit pourquoi.</translation>
+    </message>
+    <message>
+        <source>The system&apos;s software service says: %1</source>
+        <translation>Le service de logiciels du système indique : %1</translation>
+    </message>
+    <message>
+        <source>The package sources can&apos;t be reached, so there may be a newer version still.</source>
+        <translation>Les sources de paquets sont injoignables ; il existe peut-être une version plus récente.</translation>
+    </message>
+    <message>
+        <source>The package sources were not asked anew, so there may be a newer version still.</source>
+        <translation>Les sources de paquets n&apos;ont pas été réinterrogées ; il existe peut-être une version plus récente.</translation>
+    </message>
+    <message>
+        <source>The package sources couldn&apos;t be read anew, so there may be a newer version still.</source>
+        <translation>Les sources de paquets n&apos;ont pas pu être relues ; il existe peut-être une version plus récente.</translation>
+    </message>
+</context>
+<context>
+    <name>Usage</name>
+    <message>
+        <source>standard output is a terminal, which can&apos;t show a GIF; redirect it, or name a file with -o</source>
+        <translation>la sortie standard est un terminal, qui ne peut pas afficher un GIF&#xa0;; redirigez-la, ou indiquez un fichier avec -o</translation>
+    </message>
+    <message>
+        <source>--preset: there is no preset &quot;%1&quot;; use slack, github or docs</source>
+        <translation>--preset&#xa0;: le préréglage «&#xa0;%1&#xa0;» n&apos;existe pas&#xa0;; utilisez slack, github ou docs</translation>
+    </message>
+    <message>
+        <source>-o: the name is empty; name a file, or - for standard output</source>
+        <translation>-o&#xa0;: le nom est vide&#xa0;; indiquez un fichier, ou - pour la sortie standard</translation>
+    </message>
+    <message>
+        <source>--source-fps: use a whole number of frames per second from 1 to 1000</source>
+        <translation>--source-fps&#xa0;: utilisez un nombre entier d&apos;images par seconde, de 1 à 1000</translation>
+    </message>
+    <message>
+        <source>--dither: there is no &quot;%1&quot;; use auto, always or never</source>
+        <translation>--dither&#xa0;: «&#xa0;%1&#xa0;» n&apos;existe pas&#xa0;; utilisez auto, always ou never</translation>
+    </message>
+    <message>
+        <source>--raw: &quot;%1&quot; is not a size; write it like 1280x720</source>
+        <translation>--raw&#xa0;: «&#xa0;%1&#xa0;» n&apos;est pas une taille&#xa0;; écrivez-la comme 1280x720</translation>
+    </message>
+    <message>
+        <source>name the region with --region X,Y,WxH, or drag it out with --select</source>
+        <translation>indiquez la zone avec --region X,Y,WxH, ou tracez-la avec --select</translation>
+    </message>
+    <message>
+        <source>--region: &quot;%1&quot; is not a region; write it like 100,50,640x480 (left, top, size)</source>
+        <translation>--region&#xa0;: «&#xa0;%1&#xa0;» n&apos;est pas une zone&#xa0;; écrivez-la comme 100,50,640x480 (gauche, haut, taille)</translation>
+    </message>
+    <message>
+        <source>--copy: the clipboard needs a file; leave out -o - or --copy</source>
+        <translation>--copy&#xa0;: le presse-papiers a besoin d&apos;un fichier&#xa0;; retirez -o - ou --copy</translation>
+    </message>
+    <message>
+        <source>--duration: &quot;%1&quot; is not a number of seconds above 0, at most 86400</source>
+        <translation>--duration&#xa0;: «&#xa0;%1&#xa0;» n&apos;est pas un nombre de secondes supérieur à 0 et d&apos;au plus 86400</translation>
+    </message>
+    <message>
+        <source>%1; see %2</source>
+        <translation>%1&#xa0;; voir %2</translation>
+    </message>
+    <message>
+        <source>this INPUT gives the GIF no name; add one, like -o clip.gif</source>
+        <translation>cet INPUT ne donne pas de nom au GIF&#xa0;; ajoutez-en un, comme -o clip.gif</translation>
+    </message>
+    <message>
+        <source>%1 is a YUV4MPEG2 stream; give it alone</source>
+        <translation>%1 est un flux YUV4MPEG2&#xa0;; donnez-le seul</translation>
+    </message>
+    <message>
+        <source>--raw: give one INPUT with all frames, one after another</source>
+        <translation>--raw&#xa0;: donnez un seul INPUT avec toutes les images à la suite</translation>
+    </message>
+    <message>
+        <source>standard input must be the only INPUT</source>
+        <translation>l&apos;entrée standard doit être le seul INPUT</translation>
+    </message>
+    <message>
+        <source>standard input is a terminal; pipe a YUV4MPEG2 stream or raw frames into it</source>
+        <translation>l&apos;entrée standard est un terminal&#xa0;; envoyez-y un flux YUV4MPEG2 ou des images brutes</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ApplicationService</name>
+    <message>
+        <source>Nothing is being recorded</source>
+        <translation>Aucun enregistrement n&apos;est en cours</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::FirstUseCard</name>
+    <message>
+        <source>How it works</source>
+        <translation>Comment ça marche</translation>
+    </message>
+    <message>
+        <source>Got it</source>
+        <translation>Compris</translation>
+    </message>
+    <message>
+        <source>Quillbox waits in the tray of your desktop. Click its icon to open this panel.</source>
+        <translation>Quillbox attend dans la zone de notification du bureau. Cliquez sur son icône pour ouvrir ce panneau.</translation>
+    </message>
+    <message>
+        <source>This desktop has no tray for an icon. Start Quillbox again to open this panel.</source>
+        <translation>Ce bureau n&apos;a pas de zone de notification pour une icône. Lancez à nouveau Quillbox pour ouvrir ce panneau.</translation>
+    </message>
+    <message>
+        <source>Press Super + Shift + 2 (⌘⇧2) in any program and drag out a region to record it.</source>
+        <translation>Appuyez sur Super + Maj + 2 (⌘⇧2) dans n&apos;importe quel programme, puis tracez la zone à enregistrer.</translation>
+    </message>
+    <message>
+        <source>Clips are copied, ready to paste, and saved in %1.</source>
+        <translation>Les clips sont copiés, prêts à être collés, et enregistrés dans %1.</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::HistoryPanel</name>
+    <message>
+        <source>Recent Clips</source>
+        <translation>Clips récents</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Effacer</translation>
+    </message>
+    <message>
+        <source>No clips yet</source>
+        <translation>Aucun clip pour l&apos;instant</translation>
+    </message>
+    <message>
+        <source>Your recorded clips will show up here.</source>
+        <translation>Vos clips enregistrés apparaîtront ici.</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::HistoryRow</name>
+    <message>
+        <source>clip</source>
+        <translation>clip</translation>
+    </message>
+    <message>
+        <source>· %1s</source>
+        <translation>· %1 s</translation>
+    </message>
+    <message>
+        <source>Reveal in Finder</source>
+        <translation>Afficher dans le gestionnaire de fichiers</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::Panel</name>
+    <message>
+        <source>Quillbox</source>
+        <translation>Quillbox</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Puts the clip on the clipboard</source>
+        <translation>Met le clip dans le presse-papiers</translation>
+    </message>
+    <message>
+        <source>The clip is not on the clipboard yet.</source>
+        <translation>Le clip n&apos;est pas encore dans le presse-papiers.</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::PortalHotkey</name>
+    <message>
+        <source>Record a region of the screen</source>
+        <translation>Enregistrer une zone de l&apos;écran</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::RecorderHUD</name>
+    <message>
+        <source>Press ⌘⇧2 or Record to capture a region.</source>
+        <translation>Pour capturer une zone&#xa0;: ⌘⇧2 ou «&#xa0;Enregistrer une zone&#xa0;».</translation>
+    </message>
+    <message>
+        <source>Drag to select a region…</source>
+        <translation>Tracez une zone…</translation>
+    </message>
+    <message>
+        <source>Recording…</source>
+        <translation>Enregistrement…</translation>
+    </message>
+    <message>
+        <source>Optimizing GIF…</source>
+        <translation>Optimisation du GIF…</translation>
+    </message>
+    <message>
+        <source>Copied — %1 · %2</source>
+        <translation>Copié — %1 · %2</translation>
+    </message>
+    <message>
+        <source>Quillbox</source>
+        <translation>Quillbox</translation>
+    </message>
+    <message>
+        <source>Preset</source>
+        <translation>Préréglage</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progression</translation>
+    </message>
+    <message>
+        <source>Finish now</source>
+        <translation>Terminer</translation>
+    </message>
+    <message>
+        <source>Ends with the smallest file made so far</source>
+        <translation>Termine avec le plus petit fichier obtenu jusqu&apos;ici</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Rechercher des mises à jour…</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Paramètres</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Quitter</translation>
+    </message>
+    <message>
+        <source>Stop &amp; Copy</source>
+        <translation>Arrêter et copier</translation>
+    </message>
+    <message>
+        <source>Record Region</source>
+        <translation>Enregistrer une zone</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::SelectionWindow</name>
+    <message>
+        <source>Select a region</source>
+        <translation>Sélectionner une zone</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::SettingsView</name>
+    <message>
+        <source>Capture</source>
+        <translation>Capture</translation>
+    </message>
+    <message>
+        <source>Global hotkey</source>
+        <translation>Raccourci global</translation>
+    </message>
+    <message>
+        <source>⌘⇧2</source>
+        <translation>⌘⇧2</translation>
+    </message>
+    <message>
+        <source>Privacy</source>
+        <translation>Confidentialité</translation>
+    </message>
+    <message>
+        <source>Everything stays on your Mac. No cloud, no telemetry, no account.</source>
+        <translation>Tout reste sur votre ordinateur. Ni cloud, ni télémétrie, ni compte.</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Paramètres</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Général</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::TrayIcon</name>
+    <message>
+        <source>Open Quillbox</source>
+        <translation>Ouvrir Quillbox</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Paramètres</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Quitter</translation>
+    </message>
+    <message>
+        <source>Stop &amp;&amp; Copy</source>
+        <translation>Arrêter et copier</translation>
+    </message>
+    <message>
+        <source>Record Region</source>
+        <translation>Enregistrer une zone</translation>
+    </message>
+    <message>
+        <source>Quillbox — Recording…</source>
+        <translation>Quillbox — Enregistrement…</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::UpdateView</name>
+    <message>
+        <source>Looking for updates…</source>
+        <translation>Recherche de mises à jour…</translation>
+    </message>
+    <message>
+        <source>The system is asked whether it knows a newer version.</source>
+        <translation>Le système est interrogé pour savoir s&apos;il connaît une version plus récente.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Quillbox is up to date</source>
+        <translation>Quillbox est à jour</translation>
+    </message>
+    <message>
+        <source>No newer version has been announced.</source>
+        <translation>Aucune version plus récente n&apos;a été annoncée.</translation>
+    </message>
+    <message>
+        <source>%1 is the newest version on offer.</source>
+        <translation>%1 est la version la plus récente disponible.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>No newer version is known</source>
+        <translation>Aucune version plus récente connue</translation>
+    </message>
+    <message>
+        <source>Version %1 is installed.</source>
+        <translation>La version %1 est installée.</translation>
+    </message>
+    <message>
+        <source>A new version of Quillbox is available</source>
+        <translation>Une nouvelle version de Quillbox est disponible</translation>
+    </message>
+    <message>
+        <source>Quillbox %1 is available</source>
+        <translation>Quillbox %1 est disponible</translation>
+    </message>
+    <message>
+        <source>The system installs it, and may ask for your password.</source>
+        <translation>Le système l&apos;installe, et peut demander votre mot de passe.</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Plus tard</translation>
+    </message>
+    <message>
+        <source>Installing the new version…</source>
+        <translation>Installation de la nouvelle version…</translation>
+    </message>
+    <message>
+        <source>Installing Quillbox %1…</source>
+        <translation>Installation de Quillbox %1…</translation>
+    </message>
+    <message>
+        <source>You can go on working meanwhile.</source>
+        <translation>Vous pouvez continuer à travailler pendant ce temps.</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>Masquer</translation>
+    </message>
+    <message>
+        <source>The new version is installed</source>
+        <translation>La nouvelle version est installée</translation>
+    </message>
+    <message>
+        <source>Quillbox %1 is installed</source>
+        <translation>Quillbox %1 est installé</translation>
+    </message>
+    <message>
+        <source>Restart Quillbox to use it.</source>
+        <translation>Redémarrez Quillbox pour l&apos;utiliser.</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Mise à jour</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progression</translation>
+    </message>
+    <message>
+        <source>Show in Software Center</source>
+        <translation>Voir dans la logithèque</translation>
+    </message>
+    <message>
+        <source>Install</source>
+        <translation>Installer</translation>
+    </message>
+    <message>
+        <source>Restart Quillbox</source>
+        <translation>Redémarrer Quillbox</translation>
+    </message>
+    <message>
+        <source>It can be restarted once your clip is done.</source>
+        <translation>Il pourra être redémarré une fois votre clip terminé.</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::UpdaterController</name>
+    <message>
+        <source>Couldn&apos;t look for updates</source>
+        <translation>Impossible de rechercher des mises à jour</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t install the update</source>
+        <translation>Impossible d&apos;installer la mise à jour</translation>
+    </message>
+</context>
+</TS>
