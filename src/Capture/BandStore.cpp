@@ -1,5 +1,7 @@
 #include "Capture/BandStore.h"
 
+#include "Translation/Translate.h"
+
 #include <QStandardPaths>
 
 #include <lz4.h>
@@ -52,7 +54,7 @@ Bytes decompressed(std::span<const std::uint8_t> bytes, std::size_t byteCount)
     const int got = LZ4_decompress_safe(reinterpret_cast<const char*>(bytes.data()),
         reinterpret_cast<char*>(pixels.data()), static_cast<int>(bytes.size()), static_cast<int>(byteCount));
     if (!std::cmp_equal(got, byteCount))
-        throw SpillError("Recorded pixels can't be read back: they are damaged");
+        throw SpillError(translate("CaptureError", "Recorded pixels can't be read back: they are damaged"));
     return pixels;
 }
 

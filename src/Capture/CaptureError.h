@@ -13,6 +13,7 @@ public:
         NoDisplay,      ///< there is no display to connect to
         Unavailable,    ///< this kind of desktop, or the named back end, can't be captured
         OutsideDisplay, ///< no part of the region lies on the main display
+        Refused,        ///< the user, or what decides in their place, does not permit it
         Unreadable,     ///< the display refuses its pixels, or lays them out in a way that can't be read
         NoRoom,         ///< neither memory nor disk take more of the recording
         DisplayGone,    ///< the connection to the display broke

@@ -1,28 +1,44 @@
 #include "Capture/CaptureStream.h"
 
+#include "Capture/PortalStream.h"
 #include "Capture/UnavailableStream.h"
+#include "Capture/WindowSystem.h"
 #include "Capture/X11Stream.h"
+#include "Translation/Translate.h"
 
 #include <QByteArray>
 #include <QtGlobal>
 
 namespace quillbox {
 
-std::unique_ptr<CaptureStream> makeCaptureStream()
+CaptureBackend captureBackend()
 {
     const QByteArray wanted = qgetenv("QUILLBOX_CAPTURE_BACKEND");
     if (wanted == "x11")
-        return std::make_unique<X11Stream>();
-    if (wanted == "none")
-        return std::make_unique<UnavailableStream>("Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND");
+        return CaptureBackend::X11;
+    if (wanted == "portal")
+        return CaptureBackend::Portal;
     if (!wanted.isEmpty())
+        return wanted == "none" ? CaptureBackend::None : CaptureBackend::Unknown;
+    return windowSystem() == WindowSystem::Wayland ? CaptureBackend::Portal : CaptureBackend::X11;
+}
+
+std::unique_ptr<CaptureStream> makeCaptureStream()
+{
+    switch (captureBackend()) {
+    case CaptureBackend::X11:
+        return std::make_unique<X11Stream>();
+    case CaptureBackend::Portal:
+        return std::make_unique<PortalStream>();
+    case CaptureBackend::None:
         return std::make_unique<UnavailableStream>(
-            "QUILLBOX_CAPTURE_BACKEND is \"" + wanted.toStdString() + "\", which is neither x11 nor none");
-    // An X server on a Wayland desktop shows only the X programs' windows, and most often nothing at all.
-    if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-        return std::make_unique<UnavailableStream>(
-            "This is a Wayland desktop, and only X11 desktops can be recorded so far");
-    return std::make_unique<X11Stream>();
+            translate("CaptureError", "Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND"));
+    case CaptureBackend::Unknown:
+        break;
+    }
+    return std::make_unique<UnavailableStream>(withArguments(
+        translate("CaptureError", "QUILLBOX_CAPTURE_BACKEND is \"%1\", which is none of x11, portal and none"),
+        {qgetenv("QUILLBOX_CAPTURE_BACKEND").toStdString()}));
 }
 
 } // namespace quillbox

@@ -44,9 +44,20 @@ public:
     virtual QCoro::Task<> stop() = 0;
 };
 
-/// A stream for the desktop that this process runs on; alone asks which one that is. The environment variable
-/// QUILLBOX_CAPTURE_BACKEND overrides the choice: "x11" or "none". Never null: where nothing can be captured the
-/// stream's start() says why.
+/// The ways to the screen.
+enum class CaptureBackend {
+    X11,
+    Portal,
+    None,    ///< switched off
+    Unknown, ///< asked for by a name that there is none of
+};
+
+/// The way that fits the session this process runs in; alone decides that. The environment variable
+/// QUILLBOX_CAPTURE_BACKEND overrides the choice: "x11", "portal" or "none".
+[[nodiscard]] CaptureBackend captureBackend();
+
+/// A stream for the desktop that this process runs on. Never null: where nothing can be captured
+/// the stream's start() says why.
 [[nodiscard]] std::unique_ptr<CaptureStream> makeCaptureStream();
 
 } // namespace quillbox

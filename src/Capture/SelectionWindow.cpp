@@ -28,6 +28,20 @@ constexpr double tagDistance = 8; // points, from the selection
 
 /// How long a compositor and the programs below get to draw what the overlay covered: three pictures of a 60 Hz screen.
 constexpr std::chrono::milliseconds overlaySettlingTime{50};
+/// The same where compositors animate the end of every window.
+constexpr std::chrono::milliseconds animationTime{250};
+
+/// Whether windows may go past the window manager: it would animate the overlay, or keep it below panels.
+bool managesItself()
+{
+    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
+Qt::WindowFlags windowKind()
+{
+    const Qt::WindowFlags kind = Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+    return managesItself() ? kind | Qt::BypassWindowManagerHint : kind;
+}
 
 RegionMath::Point pointOf(QPointF position)
 {
@@ -37,8 +51,7 @@ RegionMath::Point pointOf(QPointF position)
 } // namespace
 
 SelectionWindow::SelectionWindow(const QRect& screenFrame, QPixmap backdrop, ResultCallback onResult)
-    // Past the window manager: it would animate the window, or keep it below panels.
-    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::BypassWindowManagerHint)
+    : QWidget(nullptr, windowKind())
     , m_onResult(std::move(onResult))
     , m_backdrop(std::move(backdrop))
 {
@@ -49,16 +62,31 @@ SelectionWindow::SelectionWindow(const QRect& screenFrame, QPixmap backdrop, Res
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::CrossCursor);
     setGeometry(screenFrame);
+    if (!managesItself())
+        setFixedSize(screenFrame.size()); // tiling compositors make no room for such a window among the others
 }
 
 SelectionWindow::~SelectionWindow() = default;
 
 void SelectionWindow::makeKeyAndOrderFront()
 {
+    if (!managesItself()) {
+        showFullScreen(); // a full-screen window has the keyboard
+        return;
+    }
     show();
     raise();
     activateWindow();
     grabKeyboard(); // the focus alone could be taken away
+}
+
+void SelectionWindow::withdraw()
+{
+    if (std::exchange(m_isFinished, true))
+        return;
+    m_onResult = {};
+    hide();
+    deleteLater();
 }
 
 void SelectionWindow::mousePressEvent(QMouseEvent* event)
@@ -80,7 +108,7 @@ void SelectionWindow::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    const auto* const screen = QGuiApplication::primaryScreen();
+    const auto* const screen = QWidget::screen();
     if (!m_startPoint || screen == nullptr) {
         finish(std::nullopt);
         return;
@@ -107,12 +135,15 @@ void SelectionWindow::finish(std::optional<CaptureRegion> region)
 {
     if (std::exchange(m_isFinished, true))
         return;
-    releaseKeyboard();
+    if (managesItself())
+        releaseKeyboard();
     repaint(); // empty: a compositor that fades windows out has nothing to fade
     hide();
+    Q_EMIT finished();
     ScreenBackdrop::waitUntilApplied();
     if (region)
-        QTimer::singleShot(overlaySettlingTime, this, [this, region] { report(region); });
+        QTimer::singleShot(
+            managesItself() ? overlaySettlingTime : animationTime, this, [this, region] { report(region); });
     else
         report(region);
 }

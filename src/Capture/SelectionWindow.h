@@ -30,6 +30,13 @@ public:
     /// Shows the window in front and takes the keyboard.
     void makeKeyAndOrderFront();
 
+    /// Leaves the screen without a result: the gesture was made elsewhere.
+    void withdraw();
+
+Q_SIGNALS:
+    /// The gesture is over and the window has left the screen; `onResult` has yet to be called.
+    void finished();
+
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;

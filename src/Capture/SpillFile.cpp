@@ -1,5 +1,7 @@
 #include "Capture/SpillFile.h"
 
+#include "Translation/Translate.h"
+
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
@@ -40,7 +42,8 @@ SpillFile::SpillFile(const std::filesystem::path& folder, std::uint64_t spaceToL
     , m_spaceToLeave(spaceToLeave)
 {
     if (m_file < 0)
-        throw SpillError("A long recording needs a file in " + folder.string() + ": " + reasonOf(errno));
+        throw SpillError(withArguments(
+            translate("CaptureError", "A long recording needs a file in %1: %2"), {folder.string(), reasonOf(errno)}));
 }
 
 SpillFile::~SpillFile()
@@ -54,7 +57,7 @@ std::int64_t SpillFile::append(std::span<const std::uint8_t> bytes)
     if (place == 0 || place - m_checkedUpTo >= bytesBetweenChecks) {
         struct statvfs disk { };
         if (::fstatvfs(m_file, &disk) == 0 && disk.f_bavail * disk.f_frsize < m_spaceToLeave)
-            throw SpillError("The disk is nearly full");
+            throw SpillError(translate("CaptureError", "The disk is nearly full"));
         m_checkedUpTo = place;
     }
     std::size_t done = 0;
@@ -64,7 +67,8 @@ std::int64_t SpillFile::append(std::span<const std::uint8_t> bytes)
         if (written < 0 && errno == EINTR)
             continue;
         if (written <= 0)
-            throw SpillError("The file of a long recording can't grow: " + reasonOf(written < 0 ? errno : ENOSPC));
+            throw SpillError(withArguments(translate("CaptureError", "The file of a long recording can't grow: %1"),
+                {reasonOf(written < 0 ? errno : ENOSPC)}));
         done += static_cast<std::size_t>(written);
     }
     m_size += std::ssize(bytes);
@@ -80,7 +84,8 @@ void SpillFile::read(std::int64_t offset, std::span<std::uint8_t> bytes) const
         if (got < 0 && errno == EINTR)
             continue;
         if (got <= 0)
-            throw SpillError("Recorded pixels can't be read back: " + reasonOf(got < 0 ? errno : EIO));
+            throw SpillError(withArguments(translate("CaptureError", "Recorded pixels can't be read back: %1"),
+                {reasonOf(got < 0 ? errno : EIO)}));
         done += static_cast<std::size_t>(got);
     }
 }

@@ -122,6 +122,12 @@ QCoro::Task<> StreamRecorder::start(CaptureRegion region)
         takeDeliveries(); // there may have been no room for the first picture
 }
 
+void StreamRecorder::giveUpStart()
+{
+    for (const auto& stream : m_starting)
+        (void)stream->stop(); // start() tells what came of it
+}
+
 QCoro::Task<std::vector<RGBAFrame>> StreamRecorder::stop()
 {
     const auto session = m_session;

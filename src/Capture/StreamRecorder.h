@@ -60,6 +60,10 @@ public:
     QCoro::Task<std::vector<RGBAFrame>> stop() override;
     [[nodiscard]] std::shared_ptr<LiveIntake> intake() const override;
 
+    /// Ends a start() that is under way, as when the user goes away from the question whether the screen may be
+    /// recorded: it fails with CaptureError::Stopped, unless it has just succeeded. Ignored otherwise.
+    void giveUpStart();
+
     /// How many frames stop() would return now.
     [[nodiscard]] std::int64_t frameCount() const;
 

@@ -16,6 +16,18 @@ xcb_connection_t* toolkitConnection()
     return x11 == nullptr ? nullptr : x11->connection();
 }
 
+bool isOwned(xcb_connection_t* connection, std::string_view name)
+{
+    const auto cookie
+        = xcb_intern_atom(connection, /*only_if_exists=*/1, static_cast<std::uint16_t>(name.size()), name.data());
+    const XCBPointer<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(connection, cookie, nullptr));
+    if (!atom || atom->atom == XCB_ATOM_NONE)
+        return false;
+    const XCBPointer<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, atom->atom), nullptr));
+    return reply && reply->owner != XCB_WINDOW_NONE;
+}
+
 } // namespace
 
 void X11Queries::checkDisplay()
@@ -26,16 +38,13 @@ void X11Queries::checkDisplay()
 bool X11Queries::isSelectionOwned(std::string_view name)
 {
     auto* const connection = toolkitConnection();
-    if (connection == nullptr)
-        return false;
-    const auto cookie
-        = xcb_intern_atom(connection, /*only_if_exists=*/1, static_cast<std::uint16_t>(name.size()), name.data());
-    const XCBPointer<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(connection, cookie, nullptr));
-    if (!atom || atom->atom == XCB_ATOM_NONE)
-        return false;
-    const XCBPointer<xcb_get_selection_owner_reply_t> reply(
-        xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, atom->atom), nullptr));
-    return reply && reply->owner != XCB_WINDOW_NONE;
+    return connection != nullptr && isOwned(connection, name);
+}
+
+bool X11Queries::isSelectionOwnedOnDisplay(std::string_view name)
+{
+    const X11Display display;
+    return isOwned(display.connection(), name);
 }
 
 void X11Queries::finishRequests()

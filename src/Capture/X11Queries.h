@@ -15,6 +15,10 @@ void checkDisplay();
 /// @see Inter-Client Communication Conventions Manual, "Manager Selections"
 [[nodiscard]] bool isSelectionOwned(std::string_view name);
 
+/// The same for the display that DISPLAY names, without the toolkit; may wait for the server. Thread: any.
+/// @throws CaptureError  NoDisplay
+[[nodiscard]] bool isSelectionOwnedOnDisplay(std::string_view name);
+
 /// Returns once the server has carried out all that the toolkit has asked of it; at once on another window system.
 void finishRequests();
 

@@ -3,6 +3,7 @@
 #include "Capture/X11/ScreenGrabber.h"
 #include "Capture/X11/X11Display.h"
 #include "Encoding/Precondition.h"
+#include "Translation/Translate.h"
 
 #include <QCoro/QCoroFuture>
 #include <QFuture>
@@ -35,7 +36,8 @@ public:
         : m_file(::eventfd(0, EFD_CLOEXEC))
     {
         if (m_file < 0)
-            throw CaptureError(CaptureError::Reason::Unreadable, "Screen capture needs a free file descriptor");
+            throw CaptureError(CaptureError::Reason::Unreadable,
+                translate("CaptureError", "Screen capture needs a free file descriptor"));
     }
     ~StopSignal() { (void)::close(m_file); } // nothing is stored there
     StopSignal(const StopSignal&) = delete;
@@ -147,10 +149,12 @@ void X11Stream::Worker::run()
     } catch (const CaptureError& error) {
         failure = error;
     } catch (const std::exception& error) { // out of memory
-        failure.emplace(CaptureError::Reason::Unreadable, std::string("Screen capture failed: ") + error.what());
+        failure.emplace(CaptureError::Reason::Unreadable,
+            withArguments(translate("CaptureError", "Screen capture failed: %1"), {error.what()}));
     }
     if (m_stop.isRaised()) // whatever broke then, broke because of it
-        failure.emplace(CaptureError::Reason::Stopped, "Screen capture was stopped before it began");
+        failure.emplace(
+            CaptureError::Reason::Stopped, translate("CaptureError", "Screen capture was stopped before it began"));
     if (!m_isRunning)
         reportStart(failure);
     else if (!m_stop.isRaised())
@@ -167,7 +171,8 @@ void X11Stream::Worker::capture()
     ScreenGrabber grabber(*m_display, m_region, m_scale.value_or(m_display->scale()));
     auto first = grabber.grab();
     if (!first)
-        throw CaptureError(CaptureError::Reason::Unreadable, "The X11 display refuses to show its pixels");
+        throw CaptureError(
+            CaptureError::Reason::Unreadable, translate("CaptureError", "The X11 display refuses to show its pixels"));
     const auto start = CaptureClock::now();
     m_sink.frame(std::move(*first), start);
     m_isRunning = true;

@@ -15,7 +15,7 @@
 namespace quillbox::test {
 
 /// Long enough for the slowest machine; only a test that fails waits that long.
-inline constexpr std::chrono::seconds patience{30};
+inline constexpr std::chrono::seconds patience{120};
 
 /// Turns the event loop until `condition` holds. @return false when the time ran out.
 inline bool eventually(const std::function<bool()>& condition, std::chrono::seconds limit = patience)

@@ -49,14 +49,14 @@ private Q_SLOTS:
     void stoppingDuringAStartChangesNothing();
     void aSecondStopWaitsForTheSameEnd();
     void theEventLoopTurnsWhileStartWaits();
+    void givingUpAStartStopsItsStream();
+    void givingUpNothingIsNothing();
     void destroyingItDuringAStartEndsTheStream();
     void destroyingItDuringAStopStillReturnsTheFrames();
     void destroyingItDropsQueuedPictures();
     void destroyingItWhileRecordingEndsTheStream();
     void withoutADisplayARealStartFails_data();
     void withoutADisplayARealStartFails();
-    void theBackEndCanBeChosenByName_data();
-    void theBackEndCanBeChosenByName();
 };
 
 void StreamRecorderTest::isIdleAndEmptyAtFirst()
@@ -358,6 +358,33 @@ void StreamRecorderTest::theEventLoopTurnsWhileStartWaits()
     test::await(std::move(starting));
 }
 
+void StreamRecorderTest::givingUpAStartStopsItsStream()
+{
+    Studio studio;
+    (void)Script::close(studio.script->startGate);
+    studio.script->startError = std::make_exception_ptr(CaptureError(CaptureError::Reason::Stopped, "stopped"));
+    test::Outcome<bool> outcome;
+    const auto starting = test::follow(studio.recorder->start(test::someRegion), outcome);
+    studio.recorder->giveUpStart();
+    QCOMPARE(studio.script->stops, 1);
+    QVERIFY(!outcome.isDone); // the stream tells when it has ended
+    studio.script->startGate->finish();
+    QVERIFY(test::eventually([&] { return outcome.isDone; }));
+    QVERIFY(outcome.error != nullptr);
+    QVERIFY(!studio.recorder->isRecording());
+}
+
+void StreamRecorderTest::givingUpNothingIsNothing()
+{
+    Studio studio;
+    studio.recorder->giveUpStart();
+    studio.recordTwo();
+    studio.recorder->giveUpStart();
+    QCOMPARE(studio.script->stops, 0);
+    QVERIFY(studio.recorder->isRecording());
+    QCOMPARE(studio.stop().size(), std::size_t{2});
+}
+
 void StreamRecorderTest::destroyingItDuringAStartEndsTheStream()
 {
     Studio studio;
@@ -426,39 +453,6 @@ void StreamRecorderTest::withoutADisplayARealStartFails()
     QVERIFY(failed);
     QVERIFY(!recorder.isRecording());
     QVERIFY(test::await(recorder.stop()).empty());
-}
-
-void StreamRecorderTest::theBackEndCanBeChosenByName_data()
-{
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<QByteArray>("waylandDisplay");
-    QTest::addColumn<QString>("sentence");
-    QTest::newRow("none") << QByteArray("none") << QByteArray()
-                          << QStringLiteral("Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND");
-    QTest::newRow("unknown") << QByteArray("mirror") << QByteArray()
-                             << QStringLiteral("QUILLBOX_CAPTURE_BACKEND is \"mirror\", which is neither x11 nor none");
-    QTest::newRow("a Wayland desktop")
-        << QByteArray() << QByteArray("wayland-1")
-        << QStringLiteral("This is a Wayland desktop, and only X11 desktops can be recorded so far");
-}
-
-void StreamRecorderTest::theBackEndCanBeChosenByName()
-{
-    QFETCH(const QByteArray, name);
-    QFETCH(const QByteArray, waylandDisplay);
-    QFETCH(const QString, sentence);
-    qputenv("QUILLBOX_CAPTURE_BACKEND", name);
-    qputenv("WAYLAND_DISPLAY", waylandDisplay);
-    const auto stream = makeCaptureStream();
-    QString said;
-    try {
-        test::await(stream->start(someRegion, FrameSink{}));
-    } catch (const CaptureError& error) {
-        QVERIFY(error.reason() == CaptureError::Reason::Unavailable);
-        said = QString::fromUtf8(error.what());
-    }
-    QCOMPARE(said, sentence);
-    test::await(stream->stop());
 }
 
 } // namespace quillbox

@@ -1,6 +1,7 @@
 #include "Capture/X11/ScreenGrabber.h"
 
 #include "Capture/CaptureError.h"
+#include "Translation/Translate.h"
 
 #include <algorithm>
 #include <string>
@@ -16,8 +17,8 @@ GrabPlan planFor(const X11Display& display, CaptureRegion region, double scale)
     if (!plan) {
         const auto size = sizeInPoints(monitor, scale);
         throw CaptureError(CaptureError::Reason::OutsideDisplay,
-            "The region lies outside the main display, which is " + std::to_string(size.width) + "×"
-                + std::to_string(size.height));
+            withArguments(translate("CaptureError", "The region lies outside the main display, which is %1×%2"),
+                {std::to_string(size.width), std::to_string(size.height)}));
     }
     return *plan;
 }
@@ -123,41 +124,14 @@ RGBAFrame ScreenGrabber::compose()
         hasPointer ? m_drawn.place : PixelRect{});
     const bool isScaled = m_plan.output != FrameResampler::Size{m_plan.source.width, m_plan.source.height};
     if (!isScaled)
-        return composeBands();
+        return m_bands.remade(
+            m_plan.output, m_picture.changedBands(), [this](std::int64_t firstRow, std::int64_t rows) {
+                return PixelBufferAdapter::makeBand(m_picture.buffer(), firstRow, rows);
+            });
     const auto frame = PixelBufferAdapter::makeFrame(m_picture.buffer());
     precondition(frame.has_value(), "our own picture has an address");
     m_picture.changedBands().clear();
-    return inBands(scaledTo(*frame, m_plan.output));
-}
-
-/// The frame with what it has in common with the one before shared.
-RGBAFrame ScreenGrabber::inBands(const RGBAFrame& frame)
-{
-    m_bands.resize(static_cast<std::size_t>(frame.bandCount()));
-    for (std::int64_t index = 0; index < frame.bandCount(); ++index) {
-        RGBAFrame::Band& band = m_bands[static_cast<std::size_t>(index)];
-        const PixelView pixels = frame.band(index);
-        if (!band || !(band->pixels() == pixels))
-            band = std::make_shared<const PixelBand>(Bytes(pixels));
-    }
-    return RGBAFrame::ofBands(frame.width(), frame.height(), m_bands);
-}
-
-/// The picture with what it has in common with the one before shared.
-RGBAFrame ScreenGrabber::composeBands()
-{
-    const PixelBuffer buffer = m_picture.buffer();
-    ChangedBands& changed = m_picture.changedBands();
-    m_bands.resize(changed.count());
-    for (std::size_t index = 0; index < m_bands.size(); ++index) {
-        if (!changed.contains(index))
-            continue;
-        const std::int64_t first = static_cast<std::int64_t>(index) * RGBAFrame::rowsPerBand;
-        const std::int64_t rows = std::min(RGBAFrame::rowsPerBand, buffer.height - first);
-        m_bands[index] = PixelBufferAdapter::makeBand(buffer, first, rows);
-    }
-    changed.clear();
-    return RGBAFrame::ofBands(buffer.width, buffer.height, m_bands);
+    return m_bands.compared(scaledTo(*frame, m_plan.output));
 }
 
 } // namespace quillbox

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "Capture/BandSequence.h"
 #include "Capture/CaptureRegion.h"
+#include "Capture/GrabPlan.h"
 #include "Capture/X11/DamageWatch.h"
-#include "Capture/X11/GrabPlan.h"
 #include "Capture/X11/PointerWatch.h"
 #include "Capture/X11/ScreenPicture.h"
 
@@ -39,8 +40,6 @@ private:
     [[nodiscard]] PixelRect extent() const { return m_plan.source.relativeTo(m_plan.source); }
     [[nodiscard]] PointerState pointerToDraw() const;
     [[nodiscard]] RGBAFrame compose();
-    [[nodiscard]] RGBAFrame composeBands();
-    [[nodiscard]] RGBAFrame inBands(const RGBAFrame& frame);
 
     const X11Display& m_display;
     GrabPlan m_plan;
@@ -50,8 +49,8 @@ private:
     PixelRect m_screen; // the whole screen as it is now
     PixelRect m_stale;  // to be fetched whatever the damage says
     PointerState m_drawn;
-    bool m_mustDeliver = true;            // even if no pixel turns out to be new
-    std::vector<RGBAFrame::Band> m_bands; // of the latest picture
+    bool m_mustDeliver = true; // even if no pixel turns out to be new
+    BandSequence m_bands;
 };
 
 } // namespace quillbox

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Capture/ChangedBands.h"
 #include "Capture/PixelBufferAdapter.h"
-#include "Capture/X11/ChangedBands.h"
 #include "Capture/X11/PixelLayout.h"
 #include "Capture/X11/SharedSegment.h"
 #include "Capture/X11/X11Display.h"

@@ -1,5 +1,7 @@
 #include "Capture/X11/SharedSegment.h"
 
+#include "Capture/FileDescriptor.h"
+
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -7,30 +9,6 @@
 #include <limits>
 
 namespace quillbox {
-
-namespace {
-
-class FileDescriptor {
-public:
-    explicit FileDescriptor(int number)
-        : m_number(number)
-    {
-    }
-    ~FileDescriptor()
-    {
-        if (m_number >= 0)
-            (void)::close(m_number); // memory only: there is nothing to lose
-    }
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-
-    [[nodiscard]] int number() const { return m_number; }
-
-private:
-    int m_number;
-};
-
-} // namespace
 
 std::unique_ptr<SharedSegment> SharedSegment::create(const X11Display& display, std::size_t bytes)
 {

@@ -2,6 +2,7 @@
 
 #include "Capture/CaptureError.h"
 #include "Capture/X11/DisplayScale.h"
+#include "Translation/Translate.h"
 
 #include <xcb/damage.h>
 #include <xcb/randr.h>
@@ -76,12 +77,13 @@ X11Display::X11Display()
 {
     const char* const name = std::getenv("DISPLAY");
     if (name == nullptr || *name == '\0')
-        throw CaptureError(CaptureError::Reason::NoDisplay, "DISPLAY is not set, so there is no X11 display to record");
+        throw CaptureError(CaptureError::Reason::NoDisplay,
+            translate("CaptureError", "DISPLAY is not set, so there is no X11 display to record"));
     int screenNumber = 0;
     m_connection.reset(xcb_connect(nullptr, &screenNumber));
     if (xcb_connection_has_error(connection()) != 0)
-        throw CaptureError(
-            CaptureError::Reason::NoDisplay, "The X11 display " + std::string(name) + " can't be connected to");
+        throw CaptureError(CaptureError::Reason::NoDisplay,
+            withArguments(translate("CaptureError", "The X11 display %1 can't be connected to"), {name}));
     m_screen = screenOf(connection(), screenNumber);
     findExtensions();
 }
@@ -184,15 +186,18 @@ PixelLayout X11Display::layout() const
     }
     if (!known || !hasMasks || !layout.isReadable())
         throw CaptureError(CaptureError::Reason::Unreadable,
-            "The screen's colours can't be read (depth " + std::to_string(m_screen->root_depth)
-                + "); only true-colour screens can be recorded");
+            withArguments(
+                translate("CaptureError",
+                    "The screen's colours can't be read (depth %1); only true-colour screens can be recorded"),
+                {std::to_string(m_screen->root_depth)}));
     return layout;
 }
 
 void X11Display::checkConnection() const
 {
     if (xcb_connection_has_error(connection()) != 0)
-        throw CaptureError(CaptureError::Reason::DisplayGone, "The connection to the X11 display was lost");
+        throw CaptureError(
+            CaptureError::Reason::DisplayGone, translate("CaptureError", "The connection to the X11 display was lost"));
 }
 
 } // namespace quillbox

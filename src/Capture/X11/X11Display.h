@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Capture/PixelRect.h"
 #include "Capture/X11/PixelLayout.h"
-#include "Capture/X11/PixelRect.h"
 
 #include <xcb/xcb.h>
 
@@ -41,6 +41,7 @@ public:
 
     /// Which extensions can be used; where events belong to one, the number of its first event.
     [[nodiscard]] bool hasSharedMemory() const { return m_hasSharedMemory; }
+    [[nodiscard]] bool hasMonitors() const { return m_hasMonitors; }
     [[nodiscard]] std::optional<std::uint8_t> damageEvents() const { return m_damageEvents; }
     [[nodiscard]] std::optional<std::uint8_t> xfixesEvents() const { return m_xfixesEvents; }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Capture/X11/PixelRect.h"
+#include "Capture/PixelRect.h"
 #include "Encoding/PixelTypes.h"
 
 #include <xcb/xcb.h>

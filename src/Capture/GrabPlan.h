@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Capture/CaptureRegion.h"
-#include "Capture/X11/PixelRect.h"
+#include "Capture/PixelRect.h"
 #include "Encoding/FrameResampler.h"
 
 #include <optional>
@@ -25,6 +25,10 @@ struct GrabPlan {
 /// @param scale    Device pixels a point, above 0.
 /// @return Nothing if no part of the region lies on the display.
 [[nodiscard]] std::optional<GrabPlan> planGrab(CaptureRegion region, PixelRect display, double scale);
+
+/// The same where the two axes may have scales of their own: the ratio of the display's device pixels to its points.
+/// @param points  The display's size in points, at least 1 × 1.
+[[nodiscard]] std::optional<GrabPlan> planGrab(CaptureRegion region, PixelRect display, FrameResampler::Size points);
 
 /// `frame` at `size`: shrunk with a box filter, or, where a side must grow, by repeating the nearest pixel. A frame
 /// that has the size already is passed on with its pixels shared.

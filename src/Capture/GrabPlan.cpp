@@ -1,4 +1,4 @@
-#include "Capture/X11/GrabPlan.h"
+#include "Capture/GrabPlan.h"
 
 #include <algorithm>
 #include <cmath>
@@ -39,6 +39,27 @@ std::int64_t pointsOf(std::int64_t pixels, double scale)
     return std::max<std::int64_t>(std::llround(static_cast<double>(pixels) / scale), 1);
 }
 
+struct Scales {
+    double x = 1;
+    double y = 1;
+};
+
+std::optional<GrabPlan> planned(CaptureRegion region, PixelRect display, FrameResampler::Size limit, Scales scales)
+{
+    region = region.normalized();
+    const Span columns = cut(region.x, region.width, limit.width);
+    const Span rows = cut(region.y, region.height, limit.height);
+    if (columns.length == 0 || rows.length == 0)
+        return std::nullopt;
+    const Span x = toDevice(columns, scales.x, display.width);
+    const Span y = toDevice(rows, scales.y, display.height);
+    GrabPlan plan;
+    plan.source = {static_cast<std::int32_t>(display.x + x.begin), static_cast<std::int32_t>(display.y + y.begin),
+        static_cast<std::int32_t>(x.length), static_cast<std::int32_t>(y.length)};
+    plan.output = {columns.length, rows.length};
+    return plan;
+}
+
 RGBAFrame nearest(const RGBAFrame& frame, FrameResampler::Size size)
 {
     Bytes pixels(static_cast<std::size_t>(checkedMul(checkedMul(size.width, size.height), RGBAFrame::bytesPerPixel)));
@@ -65,19 +86,15 @@ FrameResampler::Size sizeInPoints(PixelRect display, double scale)
 std::optional<GrabPlan> planGrab(CaptureRegion region, PixelRect display, double scale)
 {
     precondition(scale > 0 && !display.isEmpty(), "a display has an extent and a scale");
-    region = region.normalized();
-    const FrameResampler::Size limit = sizeInPoints(display, scale);
-    const Span columns = cut(region.x, region.width, limit.width);
-    const Span rows = cut(region.y, region.height, limit.height);
-    if (columns.length == 0 || rows.length == 0)
-        return std::nullopt;
-    const Span x = toDevice(columns, scale, display.width);
-    const Span y = toDevice(rows, scale, display.height);
-    GrabPlan plan;
-    plan.source = {static_cast<std::int32_t>(display.x + x.begin), static_cast<std::int32_t>(display.y + y.begin),
-        static_cast<std::int32_t>(x.length), static_cast<std::int32_t>(y.length)};
-    plan.output = {columns.length, rows.length};
-    return plan;
+    return planned(region, display, sizeInPoints(display, scale), {scale, scale});
+}
+
+std::optional<GrabPlan> planGrab(CaptureRegion region, PixelRect display, FrameResampler::Size points)
+{
+    precondition(points.width > 0 && points.height > 0 && !display.isEmpty(), "a display has an extent");
+    return planned(region, display, points,
+        {static_cast<double>(display.width) / static_cast<double>(points.width),
+            static_cast<double>(display.height) / static_cast<double>(points.height)});
 }
 
 RGBAFrame scaledTo(const RGBAFrame& frame, FrameResampler::Size size)

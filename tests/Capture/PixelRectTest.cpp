@@ -1,4 +1,4 @@
-#include "Capture/X11/PixelRect.h"
+#include "Capture/PixelRect.h"
 
 #include <gtest/gtest.h>
 

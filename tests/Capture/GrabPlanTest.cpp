@@ -1,4 +1,4 @@
-#include "Capture/X11/GrabPlan.h"
+#include "Capture/GrabPlan.h"
 
 #include <gtest/gtest.h>
 
@@ -55,6 +55,13 @@ TEST(GrabPlan, NoNumberOverflows)
 TEST(GrabPlan, ARegionWithoutExtentIsOnePixel)
 {
     EXPECT_EQ(planGrab({3, 4, 0, -9}, display, 1), plan({3, 4, 1, 1}, 1, 1));
+}
+
+TEST(GrabPlan, TheAxesMayDiffer)
+{
+    EXPECT_EQ(planGrab({10, 20, 30, 40}, display, FrameResampler::Size{960, 1080}), plan({20, 20, 60, 40}, 30, 40));
+    EXPECT_EQ(
+        planGrab({950, 1070, 30, 40}, display, FrameResampler::Size{960, 1080}), plan({1900, 1070, 20, 10}, 10, 10));
 }
 
 TEST(GrabPlan, AtScaleTwoAPointIsFourPixels)

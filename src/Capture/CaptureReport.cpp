@@ -1,0 +1,214 @@
+#include "Capture/CaptureReport.h"
+
+#include "Capture/AnswerWithin.h"
+#include "Capture/BusQueries.h"
+#include "Capture/CaptureError.h"
+#include "Capture/CaptureStream.h"
+#include "Capture/FileDescriptor.h"
+#include "Capture/Portal/DesktopPortal.h"
+#include "Capture/Portal/RestoreToken.h"
+#include "Capture/Portal/ScreenCastPortal.h"
+#include "Capture/X11/X11Display.h"
+#include "Translation/Translate.h"
+
+#include <QCoro/QCoroFuture>
+#include <QFile>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <utility>
+
+namespace quillbox {
+
+namespace {
+
+using Health = ServiceReport::Health;
+
+/// Whether somebody listens where PipeWire's programs look for it. @see PipeWire's documentation of its native protocol
+bool hearsPipeWire()
+{
+    QByteArray name = qgetenv("PIPEWIRE_REMOTE");
+    if (name.isEmpty())
+        name = "pipewire-0";
+    if (!name.startsWith('/')) {
+        QByteArray folder = qgetenv("PIPEWIRE_RUNTIME_DIR");
+        if (folder.isEmpty())
+            folder = qgetenv("XDG_RUNTIME_DIR");
+        name = folder + '/' + name;
+    }
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (name.size() >= static_cast<qsizetype>(sizeof address.sun_path))
+        return false;
+    std::memcpy(address.sun_path, name.constData(), static_cast<std::size_t>(name.size()));
+    const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    // The socket functions take every kind of address by its common beginning.
+    return socket.number() >= 0
+        && ::connect(socket.number(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+}
+
+ServiceReport begun()
+{
+    ServiceReport report;
+    report.service = QT_TRANSLATE_NOOP("Doctor", "Screen");
+    return report;
+}
+
+/// On the thread that may wait for the server.
+ServiceReport x11Report()
+{
+    ServiceReport report = begun();
+    try {
+        const X11Display display;
+        (void)display.layout(); // throws where pixels can't be read
+        report.used = withArguments(translate("Doctor", "the X server %1"), {std::getenv("DISPLAY")});
+        const std::array<std::pair<const char*, bool>, 4> extensions{
+            {{"MIT-SHM", display.hasSharedMemory()}, {"DAMAGE", display.damageEvents().has_value()},
+                {"XFIXES", display.xfixesEvents().has_value()}, {"RANDR", display.hasMonitors()}}};
+        std::string present;
+        std::string absent;
+        for (const auto& [name, isPresent] : extensions) {
+            auto& list = isPresent ? present : absent;
+            list += (list.empty() ? "" : ", ") + std::string(name);
+        }
+        if (!present.empty())
+            report.found.push_back(withArguments(translate("Doctor", "extensions %1"), {present}));
+        if (!absent.empty())
+            report.advice.push_back(withArguments(
+                translate("Doctor", "the server lacks %1: recording is slower, has no pointer, or knows no monitors"),
+                {absent}));
+        report.health = absent.empty() ? Health::Works : Health::Limited;
+    } catch (const CaptureError& error) {
+        report.used = error.what();
+        report.advice.emplace_back(
+            translate("Doctor", "start it inside a desktop session; quillbox encode needs none"));
+    }
+    return report;
+}
+
+/// What the sources are that the portal offers, by the bits of AvailableSourceTypes.
+std::string sourcesIn(uint bits)
+{
+    constexpr std::array<const char*, 3> names{QT_TRANSLATE_NOOP("Doctor", "monitors"),
+        QT_TRANSLATE_NOOP("Doctor", "windows"), QT_TRANSLATE_NOOP("Doctor", "virtual monitors")};
+    std::string text;
+    for (std::size_t bit = 0; bit < names.size(); ++bit)
+        if ((bits & (1U << bit)) != 0)
+            text += (text.empty() ? "" : ", ") + translate("Doctor", names.at(bit));
+    return text;
+}
+
+QCoro::Task<ServiceReport> portalReport()
+{
+    ServiceReport report = begun();
+    auto portal = std::make_unique<ScreenCastPortal>();
+    ScreenCastPortal::Offer offer;
+    std::string failure;
+    bool doesNotAnswer = false;
+    try {
+        auto looking = portal->look(reportPatience);
+        offer = co_await looking;
+    } catch (const CaptureError& error) {
+        failure = error.what();
+        doesNotAnswer = error.reason() == CaptureError::Reason::DisplayGone;
+    }
+    const auto bus = QDBusConnection::sessionBus();
+    auto lookingFor = BusQueries::presence(bus, QLatin1String(DesktopPortal::service));
+    const auto presence = co_await lookingFor;
+    const bool hasPipeWire
+        = hearsPipeWire() || QFile::exists(QStringLiteral("/.flatpak-info")); // the portal reaches it from a sandbox
+    if (presence != BusQueries::Presence::None)
+        report.found.push_back(failure.empty()
+                ? withArguments(translate("Doctor", "the portal's ScreenCast, version %1: %2"),
+                    {std::to_string(offer.version), sourcesIn(offer.sources)})
+                : translate("Doctor", "a desktop portal"));
+    if (hasPipeWire)
+        report.found.emplace_back("PipeWire");
+    if (failure.empty() && hasPipeWire) {
+        report.health = Health::Works;
+        report.used = translate("Doctor", "the desktop portal and PipeWire");
+        report.found.emplace_back(RestoreToken::read().isEmpty()
+                ? translate("Doctor", "the desktop will ask which monitor to show")
+                : translate("Doctor", "the desktop may remember which monitor to show"));
+        co_return report;
+    }
+    if (doesNotAnswer) {
+        report.used = translate("Doctor", "The desktop portal does not answer");
+        report.advice.emplace_back(translate("Doctor", "systemctl --user restart xdg-desktop-portal may help"));
+        co_return report;
+    }
+    report.used = failure.empty()
+        ? translate("Doctor", "The desktop portal shows the screen through PipeWire, which does not run")
+        : failure;
+    if (!bus.isConnected()) {
+        report.packages.emplace_back("dbus-user-session");
+    } else {
+        if (presence == BusQueries::Presence::None)
+            report.packages.emplace_back("xdg-desktop-portal");
+        const auto backEnd = CaptureReport::portalPackage(qgetenv("XDG_CURRENT_DESKTOP").toStdString());
+        if (!failure.empty() && !backEnd.empty())
+            report.packages.push_back(backEnd);
+        if (!hasPipeWire) {
+            report.packages.emplace_back("pipewire");
+            report.packages.emplace_back("wireplumber");
+        }
+    }
+    report.advice.emplace_back(
+        translate("Doctor", "log in again when it is installed: the portal looks for its pieces only once"));
+    co_return report;
+}
+
+} // namespace
+
+std::string CaptureReport::portalPackage(std::string_view desktop)
+{
+    constexpr std::array<std::pair<std::string_view, const char*>, 9> packages{{
+        {"GNOME", "xdg-desktop-portal-gnome"},
+        {"KDE", "xdg-desktop-portal-kde"},
+        {"Hyprland", "xdg-desktop-portal-hyprland"},
+        {"sway", "xdg-desktop-portal-wlr"},
+        {"wlroots", "xdg-desktop-portal-wlr"},
+        {"river", "xdg-desktop-portal-wlr"},
+        {"labwc", "xdg-desktop-portal-wlr"},
+        {"wayfire", "xdg-desktop-portal-wlr"},
+        {"Wayfire", "xdg-desktop-portal-wlr"},
+    }};
+    while (!desktop.empty()) {
+        const auto name = desktop.substr(0, desktop.find(':'));
+        for (const auto& [known, package] : packages)
+            if (name == known)
+                return package;
+        desktop.remove_prefix(std::min(name.size() + 1, desktop.size()));
+    }
+    return {};
+}
+
+QCoro::Task<ServiceReport> CaptureReport::make()
+{
+    const CaptureBackend backend = captureBackend();
+    if (backend == CaptureBackend::Portal) {
+        auto asking = portalReport();
+        co_return co_await asking;
+    }
+    ServiceReport report = begun();
+    if (backend != CaptureBackend::X11) {
+        report.used = withArguments(
+            translate("Doctor", "Switched off: QUILLBOX_CAPTURE_BACKEND is \"%1\", which is neither x11 nor portal"),
+            {qgetenv("QUILLBOX_CAPTURE_BACKEND").toStdString()});
+        co_return report;
+    }
+    const auto answer = answerWithin<ServiceReport>(reportPatience, &x11Report);
+    const std::optional<ServiceReport> answered = co_await answer;
+    if (answered)
+        co_return *answered;
+    report.used = translate("Doctor", "The X server does not answer");
+    co_return report;
+}
+
+} // namespace quillbox

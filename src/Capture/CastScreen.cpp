@@ -1,0 +1,42 @@
+#include "Capture/CastScreen.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QScreen>
+
+namespace quillbox {
+
+std::vector<QScreen*> CastScreen::candidates(const SelectedCast::FirstPicture& first)
+{
+    const auto& position = first.cast.cast.facts.position;
+    const auto& points = first.cast.points;
+    const QSize pixels(static_cast<int>(first.picture.width()), static_cast<int>(first.picture.height()));
+    // What a screen has in common with the cast, the most telling first.
+    const auto likeness = [&](const QScreen& screen) {
+        const QSize size = screen.geometry().size();
+        const bool hasThoseEdges = points && size.width() == points->width && size.height() == points->height;
+        const bool hasThosePixels = size * screen.devicePixelRatio() == pixels;
+        const bool isThere = position && screen.geometry().topLeft() == *position;
+        return (hasThoseEdges ? 4 : 0) + (hasThosePixels ? 2 : 0) + (isThere ? 1 : 0);
+    };
+    std::vector<QScreen*> best;
+    for (QScreen* const screen : QGuiApplication::screens()) {
+        if (!best.empty() && likeness(*screen) > likeness(*best.front()))
+            best.clear();
+        if (best.empty() || likeness(*screen) == likeness(*best.front()))
+            best.push_back(screen);
+    }
+    return best;
+}
+
+QPixmap CastScreen::pixmap(const RGBAFrame& picture, const QScreen& screen)
+{
+    const auto pixels = picture.pixels();
+    const QImage image(pixels.data(), static_cast<int>(picture.width()), static_cast<int>(picture.height()),
+        static_cast<int>(picture.width() * RGBAFrame::bytesPerPixel), QImage::Format_RGBX8888);
+    auto pixmap = QPixmap::fromImage(image); // a copy
+    pixmap.setDevicePixelRatio(static_cast<double>(picture.width()) / screen.size().width());
+    return pixmap;
+}
+
+} // namespace quillbox

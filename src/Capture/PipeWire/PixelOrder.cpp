@@ -1,0 +1,75 @@
+#include "Capture/PipeWire/PixelOrder.h"
+
+#include "Encoding/Multiversion.h"
+
+namespace quillbox {
+
+namespace {
+
+constexpr int opaque = -1;
+
+/// Where a pixel's channels are, in bytes from its beginning.
+struct Places {
+    int red;
+    int green;
+    int blue;
+    int alpha; // or opaque
+};
+
+template <Places places>
+inline void unpackEach(const std::uint8_t* source, std::ptrdiff_t step, std::uint8_t* destination, std::int64_t pixels)
+{
+    for (std::int64_t i = 0; i < pixels; ++i) {
+        const std::uint8_t* const pixel = source + i * step;
+        destination[i * 4] = pixel[places.red];
+        destination[i * 4 + 1] = pixel[places.green];
+        destination[i * 4 + 2] = pixel[places.blue];
+        if constexpr (places.alpha == opaque)
+            destination[i * 4 + 3] = 255;
+        else
+            destination[i * 4 + 3] = pixel[places.alpha];
+    }
+}
+
+/// Rows are read pixel by pixel nearly always: with the step known, the compiler vectorises the loop.
+template <Places places>
+inline void unpackAll(const std::uint8_t* source, std::ptrdiff_t step, std::uint8_t* destination, std::int64_t pixels)
+{
+    constexpr std::ptrdiff_t next = 4;
+    if (step == next)
+        unpackEach<places>(source, next, destination, pixels);
+    else
+        unpackEach<places>(source, step, destination, pixels);
+}
+
+} // namespace
+
+QUILLBOX_MULTIVERSION
+void unpack(
+    PixelOrder order, const std::uint8_t* source, std::ptrdiff_t step, std::uint8_t* destination, std::int64_t pixels)
+{
+    switch (order) {
+    case PixelOrder::BGRx:
+        return unpackAll<Places{2, 1, 0, opaque}>(source, step, destination, pixels);
+    case PixelOrder::RGBx:
+        return unpackAll<Places{0, 1, 2, opaque}>(source, step, destination, pixels);
+    case PixelOrder::BGRA:
+        return unpackAll<Places{2, 1, 0, 3}>(source, step, destination, pixels);
+    case PixelOrder::RGBA:
+        return unpackAll<Places{0, 1, 2, 3}>(source, step, destination, pixels);
+    case PixelOrder::xRGB:
+        return unpackAll<Places{1, 2, 3, opaque}>(source, step, destination, pixels);
+    case PixelOrder::xBGR:
+        return unpackAll<Places{3, 2, 1, opaque}>(source, step, destination, pixels);
+    case PixelOrder::ARGB:
+        return unpackAll<Places{1, 2, 3, 0}>(source, step, destination, pixels);
+    case PixelOrder::ABGR:
+        return unpackAll<Places{3, 2, 1, 0}>(source, step, destination, pixels);
+    case PixelOrder::RGB:
+        return unpackAll<Places{0, 1, 2, opaque}>(source, step, destination, pixels);
+    case PixelOrder::BGR:
+        return unpackAll<Places{2, 1, 0, opaque}>(source, step, destination, pixels);
+    }
+}
+
+} // namespace quillbox

@@ -1,0 +1,23 @@
+#include "Capture/Portal/RestoreToken.h"
+
+#include "Capture/StateFile.h"
+
+namespace quillbox::RestoreToken {
+
+namespace {
+
+const auto file = QStringLiteral("screen-cast");
+
+} // namespace
+
+QString read()
+{
+    return StateFile::read(file);
+}
+
+void replace(const QString& token)
+{
+    StateFile::replace(file, token);
+}
+
+} // namespace quillbox::RestoreToken

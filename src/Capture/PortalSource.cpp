@@ -1,0 +1,28 @@
+#include "Capture/PortalSource.h"
+
+#include "Capture/Wayland/Compositor.h"
+
+#include <memory>
+#include <utility>
+
+namespace quillbox {
+
+PipeWireStream::Source sourceOf(
+    const ScreenCast& cast, FileDescriptor remote, std::optional<FrameResampler::Size> points)
+{
+    PipeWireStream::Source source;
+    source.remote = std::move(remote);
+    source.node = cast.node;
+    const auto compositor = std::make_shared<std::optional<Compositor>>(); // connected by the thread that asks
+    source.points = [compositor, points, facts = cast.facts] {
+        compositor->emplace();
+        return points ? points : pointsOfCast(facts, (*compositor)->outputs());
+    };
+    source.repaint = [compositor] {
+        if (*compositor)
+            (*compositor)->repaint();
+    };
+    return source;
+}
+
+} // namespace quillbox

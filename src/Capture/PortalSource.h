@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Capture/PipeWire/PipeWireStream.h"
+#include "Capture/Portal/ScreenCast.h"
+
+#include <optional>
+
+namespace quillbox {
+
+/// The PipeWire stream of a cast, and what only the compositor knows about it.
+/// @param points  Of the monitor, where that is known already; none: the compositor is asked.
+[[nodiscard]] PipeWireStream::Source sourceOf(
+    const ScreenCast& cast, FileDescriptor remote, std::optional<FrameResampler::Size> points);
+
+} // namespace quillbox

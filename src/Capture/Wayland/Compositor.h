@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Capture/Wayland/CastOutput.h"
+
+#include <memory>
+#include <vector>
+
+namespace quillbox {
+
+/// Our own connection to the Wayland compositor, for what the portal leaves out. Used by one thread; no answer is
+/// waited for longer than two seconds.
+class Compositor {
+public:
+    /// Connects to the compositor that WAYLAND_DISPLAY names. Where none answers, the functions know nothing.
+    Compositor();
+    ~Compositor();
+    Compositor(const Compositor&) = delete;
+    Compositor& operator=(const Compositor&) = delete;
+
+    [[nodiscard]] std::vector<OutputFacts> outputs() const;
+
+    /// Has the compositor paint all its outputs again, by a transparent point that comes and goes below all windows.
+    /// Some show the first picture of a cast only once something has changed. Does nothing where the compositor does
+    /// not let us.
+    void repaint();
+
+private:
+    class Connection;
+    std::unique_ptr<Connection> m_connection;
+};
+
+} // namespace quillbox

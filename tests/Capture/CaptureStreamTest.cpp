@@ -1,0 +1,81 @@
+#include "Capture/CaptureStream.h"
+
+#include "Capture/PortalStream.h"
+#include "Capture/X11Stream.h"
+
+#include "Await.h"
+
+#include <QTest>
+
+namespace quillbox {
+
+/// The choice of a back end.
+class CaptureStreamTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theBackEndCanBeChosenByName_data();
+    void theBackEndCanBeChosenByName();
+    void theBackEndIsTheSessions_data();
+    void theBackEndIsTheSessions();
+};
+
+void CaptureStreamTest::theBackEndCanBeChosenByName_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QString>("sentence");
+    QTest::newRow("none") << QByteArray("none")
+                          << QStringLiteral("Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND");
+    QTest::newRow("unknown") << QByteArray(
+        "mirror") << QStringLiteral("QUILLBOX_CAPTURE_BACKEND is \"mirror\", which is none of x11, portal and none");
+}
+
+void CaptureStreamTest::theBackEndCanBeChosenByName()
+{
+    QFETCH(const QByteArray, name);
+    QFETCH(const QString, sentence);
+    qputenv("QUILLBOX_CAPTURE_BACKEND", name);
+    const auto stream = makeCaptureStream();
+    QString said;
+    try {
+        test::await(stream->start(CaptureRegion{0, 0, 10, 10}, FrameSink{}));
+    } catch (const CaptureError& error) {
+        QVERIFY(error.reason() == CaptureError::Reason::Unavailable);
+        said = QString::fromUtf8(error.what());
+    }
+    QCOMPARE(said, sentence);
+    test::await(stream->stop());
+}
+
+void CaptureStreamTest::theBackEndIsTheSessions_data()
+{
+    QTest::addColumn<QByteArray>("chosen");
+    QTest::addColumn<QByteArray>("waylandDisplay");
+    QTest::addColumn<QByteArray>("sessionType");
+    QTest::addColumn<bool>("isPortal");
+    QTest::newRow("X11") << QByteArray() << QByteArray() << QByteArray("x11") << false;
+    QTest::newRow("nothing is told") << QByteArray() << QByteArray() << QByteArray() << false;
+    QTest::newRow("a Wayland display") << QByteArray() << QByteArray("wayland-1") << QByteArray() << true;
+    QTest::newRow("a Wayland session") << QByteArray() << QByteArray() << QByteArray("wayland") << true;
+    QTest::newRow("the portal on X11") << QByteArray("portal") << QByteArray() << QByteArray("x11") << true;
+    QTest::newRow("X11 on Wayland") << QByteArray("x11") << QByteArray("wayland-1") << QByteArray("wayland") << false;
+}
+
+void CaptureStreamTest::theBackEndIsTheSessions()
+{
+    QFETCH(const QByteArray, chosen);
+    QFETCH(const QByteArray, waylandDisplay);
+    QFETCH(const QByteArray, sessionType);
+    QFETCH(const bool, isPortal);
+    qputenv("QUILLBOX_CAPTURE_BACKEND", chosen);
+    qputenv("WAYLAND_DISPLAY", waylandDisplay);
+    qputenv("XDG_SESSION_TYPE", sessionType);
+    const auto stream = makeCaptureStream();
+    QCOMPARE(dynamic_cast<const PortalStream*>(stream.get()) != nullptr, isPortal);
+    QCOMPARE(dynamic_cast<const X11Stream*>(stream.get()) != nullptr, !isPortal);
+}
+
+} // namespace quillbox
+
+QTEST_GUILESS_MAIN(quillbox::CaptureStreamTest)
+#include "CaptureStreamTest.moc"
