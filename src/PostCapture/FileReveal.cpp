@@ -24,8 +24,8 @@ class DesktopFileReveal : public FileReveal {
 public:
     void reveal(const QString& path) override
     {
-        if (QFile::exists(QStringLiteral("/.flatpak-info")))
-            openByPortal(path); // the file manager interface is out of a sandbox's reach
+        if (isInSandbox())
+            openByPortal(path);
         else
             selectInFileManager(path);
     }
@@ -33,8 +33,8 @@ public:
 private:
     void selectInFileManager(const QString& path)
     {
-        auto call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.FileManager1"),
-            QStringLiteral("/org/freedesktop/FileManager1"), QStringLiteral("org.freedesktop.FileManager1"),
+        auto call = QDBusMessage::createMethodCall(QLatin1String(fileManagerService),
+            QStringLiteral("/org/freedesktop/FileManager1"), QLatin1String(fileManagerService),
             QStringLiteral("ShowItems"));
         const auto uri = QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded());
         call << QStringList(uri) << QString();
@@ -50,9 +50,8 @@ private:
         }
         QDBusUnixFileDescriptor file;
         file.giveFileDescriptor(descriptor);
-        auto call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.portal.Desktop"),
-            QStringLiteral("/org/freedesktop/portal/desktop"), QStringLiteral("org.freedesktop.portal.OpenURI"),
-            QStringLiteral("OpenDirectory"));
+        auto call = QDBusMessage::createMethodCall(QLatin1String(portalService), QLatin1String(portalPath),
+            QLatin1String(portalInterface), QStringLiteral("OpenDirectory"));
         call << QString() << QVariant::fromValue(file) << QVariantMap();
         send(call, [path] { openFolder(path); });
     }
@@ -75,6 +74,11 @@ private:
 };
 
 } // namespace
+
+bool FileReveal::isInSandbox()
+{
+    return QFile::exists(QStringLiteral("/.flatpak-info"));
+}
 
 std::unique_ptr<FileReveal> makeFileReveal()
 {

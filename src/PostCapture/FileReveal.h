@@ -15,6 +15,15 @@ public:
     /// Opens the folder of `path` with the file selected, and returns at once. Whether the file still exists is not
     /// looked at first. Where the desktop has no way to select it, the folder is opened; nothing is reported.
     virtual void reveal(const QString& path) = 0;
+
+    // Whom it asks on the session bus.
+    static constexpr auto fileManagerService = "org.freedesktop.FileManager1"; ///< its interface is called the same
+    static constexpr auto portalService = "org.freedesktop.portal.Desktop";
+    static constexpr auto portalPath = "/org/freedesktop/portal/desktop";
+    static constexpr auto portalInterface = "org.freedesktop.portal.OpenURI";
+
+    /// Whether the program runs in a sandbox, which keeps the file manager's interface out of its reach.
+    [[nodiscard]] static bool isInSandbox();
 };
 
 /// The way of this desktop.

@@ -37,7 +37,7 @@ QDateTime dateOf(const QString& text)
     const QTime time(number(4), number(5), number(6));
     if (!match.hasMatch() || !day.isValid() || !time.isValid())
         throw Unreadable("a date is not like 2026-01-31T10:00:00Z");
-    return {day, time, Qt::UTC};
+    return QDateTime(day, time, QTimeZone::utc()).toUTC();
 }
 
 QUuid idOf(const QString& text)

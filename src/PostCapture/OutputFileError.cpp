@@ -1,5 +1,7 @@
 #include "PostCapture/OutputFile.h"
 
+#include "Translation/Translate.h"
+
 #include <cerrno>
 #include <string>
 #include <system_error>
@@ -12,15 +14,16 @@ std::string descriptionOf(const std::filesystem::path& path, OutputFileError::Re
 {
     switch (reason) {
     case OutputFileError::Reason::AlreadyExists:
-        return "the file exists already; use --force to replace it";
+        return translate("OutputFileError", "the file exists already; use --force to replace it");
     case OutputFileError::Reason::FolderMissing:
-        return "there is no folder " + path.parent_path().string() + "; create it first";
+        return withArguments(
+            translate("OutputFileError", "there is no folder %1; create it first"), {path.parent_path().string()});
     case OutputFileError::Reason::IsFolder:
-        return "it is a folder; name a file";
+        return translate("OutputFileError", "it is a folder; name a file");
     case OutputFileError::Reason::IsInput:
-        return "it is an input itself; name another file with -o";
+        return translate("OutputFileError", "it is an input itself; name another file with -o");
     case OutputFileError::Reason::NoSpace:
-        return "no space left; free some or save elsewhere";
+        return translate("OutputFileError", "no space left; free some or save elsewhere");
     case OutputFileError::Reason::Refused:
         break;
     }
@@ -33,7 +36,7 @@ OutputFileError::OutputFileError(std::filesystem::path path, Reason reason, int 
     : m_path(std::move(path))
     , m_reason(reason)
     , m_description(descriptionOf(m_path, reason, errorNumber))
-    , m_message(m_path.string() + ": can't be saved: " + m_description)
+    , m_message(withArguments(translate("OutputFileError", "%1: can't be saved: %2"), {m_path.string(), m_description}))
 {
 }
 

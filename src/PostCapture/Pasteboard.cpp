@@ -1,11 +1,14 @@
 #include "PostCapture/Pasteboard.h"
 
 #include "Capture/CaptureError.h"
+#include "PostCapture/ClipMimeData.h"
+#include "PostCapture/PasteboardChoice.h"
+#include "PostCapture/Wayland/DataControl.h"
+#include "PostCapture/Wayland/FocusPasteboard.h"
 #include "PostCapture/X11/SelectionOwner.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QMimeData>
 #include <QPointer>
 
 #include <memory>
@@ -15,65 +18,124 @@
 namespace quillbox {
 namespace {
 
+/// A clip as a list of {type, data}, in the order in which it is offered.
+template <typename Offer> std::vector<Offer> offersOf(const QUrl& fileURL, const std::optional<QByteArray>& gifData)
+{
+    std::vector<Offer> offers{{"text/uri-list", fileURL.toEncoded() + "\r\n"}};
+    if (gifData)
+        offers.push_back({"image/gif", *gifData});
+    return offers;
+}
+
 /// What the toolkit offers on every desktop. On X11 it adds the URL as text, of its own accord.
 class ToolkitPasteboard : public Pasteboard {
 public:
     ToolkitPasteboard()
     {
         connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
-            if (std::exchange(m_isOurs, ownsContent()) && !m_isOurs)
-                Q_EMIT lost();
+            if (state() != State::Accepted || ownsContent())
+                return;
+            setState(State::Empty);
+            Q_EMIT lost();
         });
     }
     void setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData) override
     {
-        auto* const content = new QMimeData; // the clipboard owns it
-        content->setUrls({fileURL});
-        if (gifData)
-            content->setData(QStringLiteral("image/gif"), *gifData);
-        QGuiApplication::clipboard()->setMimeData(content);
-        m_isOurs = ownsContent();
+        QGuiApplication::clipboard()->setMimeData(makeMimeData(fileURL, gifData)); // which owns it
+        setState(ownsContent() ? State::Accepted : State::Empty);
     }
-    [[nodiscard]] bool ownsContent() const override { return QGuiApplication::clipboard()->ownsClipboard(); }
     void clear() override
     {
-        m_isOurs = false;
+        setState(State::Empty);
         if (ownsContent())
             QGuiApplication::clipboard()->clear();
     }
 
 private:
-    bool m_isOurs = false;
+    [[nodiscard]] static bool ownsContent() { return QGuiApplication::clipboard()->ownsClipboard(); }
 };
 
 /// The CLIPBOARD selection of an X server.
 class X11Pasteboard : public Pasteboard {
 public:
     /// @throws CaptureError  NoDisplay
-    X11Pasteboard() { connect(&m_owner, &SelectionOwner::lost, this, &Pasteboard::lost); }
+    X11Pasteboard()
+    {
+        connect(&m_owner, &SelectionOwner::lost, this, [this] {
+            setState(State::Empty);
+            Q_EMIT lost();
+        });
+    }
     void setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData) override
     {
-        std::vector<SelectionOwner::Offer> offers{{"text/uri-list", fileURL.toEncoded() + "\r\n"}};
-        if (gifData)
-            offers.push_back({"image/gif", *gifData});
-        m_owner.own(std::move(offers));
+        m_owner.own(offersOf<SelectionOwner::Offer>(fileURL, gifData));
+        setState(m_owner.owns() ? State::Accepted : State::Empty);
     }
-    [[nodiscard]] bool ownsContent() const override { return m_owner.owns(); }
-    void clear() override { m_owner.disown(); }
+    void clear() override
+    {
+        m_owner.disown();
+        setState(State::Empty);
+    }
 
 private:
     SelectionOwner m_owner{"CLIPBOARD"};
 };
 
+/// The clipboard of a Wayland compositor that takes it from any program.
+class DataControlPasteboard : public Pasteboard {
+public:
+    explicit DataControlPasteboard(std::unique_ptr<DataControl> control)
+        : m_control(std::move(control))
+    {
+        connect(m_control.get(), &DataControl::lost, this, [this] {
+            setState(State::Empty);
+            Q_EMIT lost();
+        });
+    }
+    void setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData) override
+    {
+        m_control->own(offersOf<DataControl::Offer>(fileURL, gifData));
+        setState(m_control->owns() ? State::Accepted : State::Empty);
+    }
+    void clear() override
+    {
+        m_control->disown();
+        setState(State::Empty);
+    }
+
+private:
+    std::unique_ptr<DataControl> m_control;
+};
+
+/// Where there is no clipboard.
+class NoPasteboard : public Pasteboard {
+public:
+    void setClip(const QUrl& /*fileURL*/, const std::optional<QByteArray>& /*gifData*/) override { }
+    void clear() override { }
+};
+
 std::unique_ptr<Pasteboard> makePasteboard()
 {
-    if (QGuiApplication::platformName() == QLatin1String("xcb")) {
+    const auto choice = choosePasteboard();
+    switch (choice.backEnd) {
+    case PasteboardChoice::BackEnd::X11:
         try {
             return std::make_unique<X11Pasteboard>();
         } catch (const CaptureError&) { // the server takes no more programs; the toolkit is connected already
+            return std::make_unique<ToolkitPasteboard>();
         }
+    case PasteboardChoice::BackEnd::DataControl:
+        if (auto control = DataControl::open())
+            return std::make_unique<DataControlPasteboard>(std::move(control));
+        break;
+    case PasteboardChoice::BackEnd::Toolkit:
+        if (choice.needsFocus)
+            return std::make_unique<FocusPasteboard>();
+        return std::make_unique<ToolkitPasteboard>();
+    case PasteboardChoice::BackEnd::None:
+        break;
     }
-    return std::make_unique<ToolkitPasteboard>();
+    return std::make_unique<NoPasteboard>();
 }
 
 } // namespace
@@ -86,6 +148,13 @@ Pasteboard& Pasteboard::general()
         pasteboard->setParent(QCoreApplication::instance());
     }
     return *pasteboard;
+}
+
+void Pasteboard::setState(State state)
+{
+    if (state == std::exchange(m_state, state))
+        return;
+    Q_EMIT stateChanged();
 }
 
 } // namespace quillbox

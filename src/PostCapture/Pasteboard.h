@@ -13,21 +13,37 @@ class Pasteboard : public QObject {
     Q_OBJECT
 
 public:
-    /// The clipboard of this desktop; lives as long as the application object.
+    /// How what was last set stands.
+    enum class State {
+        Empty,    ///< nothing was set, or it is on the clipboard no longer
+        Pending,  ///< the desktop has not accepted it; it is set again as soon as a window of ours has the focus
+        Accepted, ///< on the clipboard
+    };
+
+    /// The clipboard of this desktop, as `PasteboardChoice` has it; lives as long as the application object.
     [[nodiscard]] static Pasteboard& general();
 
     /// Replaces what is on it by a list of exactly one file URL and, if given, the bytes as image/gif, in that order.
     /// They stay until another program puts something there, or this one ends and no clipboard manager takes them over.
-    /// Whether the desktop accepted them is not reported.
     virtual void setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData) = 0;
-    /// Whether what this program put there is still there.
-    [[nodiscard]] virtual bool ownsContent() const = 0;
-    /// Empties it, if what is there is this program's.
+    /// Sets what is pending again: after a click, which is what desktops want to see. Ignored in the other states.
+    virtual void retry() { }
+    /// Empties it, if what is there is this program's, and forgets what is pending.
     virtual void clear() = 0;
 
+    [[nodiscard]] State state() const { return m_state; }
+
 Q_SIGNALS:
-    /// Another program has put something there.
+    void stateChanged();
+    /// What was accepted is there no longer: another program has put something there, or the display is gone.
     void lost();
+
+protected:
+    /// Announces it if it is another one.
+    void setState(State state);
+
+private:
+    State m_state = State::Empty;
 };
 
 } // namespace quillbox

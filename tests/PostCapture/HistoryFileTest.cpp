@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QTimeZone>
+
 #include <ostream>
 
 #include <unordered_set>
@@ -13,7 +15,7 @@ ClipEntry fullEntry()
 {
     return {
         .id = QUuid::fromString(QStringLiteral("0a1b2c3d-4e5f-6071-8293-a4b5c6d7e8f9")),
-        .date = {QDate(2026, 11, 16), QTime(9, 5, 7), Qt::UTC},
+        .date = {QDate(2026, 11, 16), QTime(9, 5, 7), QTimeZone::utc()},
         .format = QStringLiteral("GIF"),
         .preset = QStringLiteral("Slack"),
         .outputPath = QStringLiteral("/home/ü/Quillbox 2026-11-16 at 09.05.07.gif"),

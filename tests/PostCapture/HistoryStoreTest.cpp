@@ -7,6 +7,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QTimeZone>
 
 #include <filesystem>
 #include <fstream>
@@ -18,7 +19,7 @@ namespace fs = std::filesystem;
 
 ClipEntry clip(int number)
 {
-    return {.date = {QDate(2026, 1, 1), QTime(0, 0, number), Qt::UTC},
+    return {.date = {QDate(2026, 1, 1), QTime(0, 0, number), QTimeZone::utc()},
         .format = QStringLiteral("GIF"),
         .preset = QStringLiteral("GitHub"),
         .outputPath = QStringLiteral("/clips/%1.gif").arg(number)};
