@@ -13,10 +13,9 @@
 namespace quillbox {
 namespace {
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("RecordingCoordinator", text);
-}
+struct Text {
+    Q_DECLARE_TR_FUNCTIONS(RecordingCoordinator)
+};
 
 /// Hands `error` to `use`, or what a worker threw if that is what it carries.
 QString unwrapped(const std::exception& error, const std::function<QString(const std::exception&)>& use)
@@ -29,18 +28,19 @@ QString unwrapped(const std::exception& error, const std::function<QString(const
     } catch (const std::exception& inner) {
         return use(inner);
     } catch (...) {
-        return translated("an unknown error");
+        return Text::tr("an unknown error");
     }
 }
 
 QString description(const std::exception& error)
 {
     if (dynamic_cast<const StreamRecorder::RecorderError*>(&error) != nullptr)
-        return translated("There is no display to record");
+        return Text::tr("There is no display to record");
     if (const auto* const file = dynamic_cast<const std::filesystem::filesystem_error*>(&error))
-        return QString::fromStdString(file->path1().string() + ": " + file->code().message());
+        return Text::tr("%1: %2").arg(
+            QString::fromStdString(file->path1().string()), QString::fromStdString(file->code().message()));
     if (dynamic_cast<const std::bad_alloc*>(&error) != nullptr)
-        return translated("There is not enough memory for this recording");
+        return Text::tr("There is not enough memory for this recording");
     return QString::fromUtf8(error.what());
 }
 
@@ -53,12 +53,12 @@ QString FlowMessages::describe(const std::exception& error)
 
 QString FlowMessages::couldNotStart(const std::exception& error)
 {
-    return translated("Couldn't start recording: %1").arg(describe(error));
+    return Text::tr("Couldn't start recording: %1").arg(describe(error));
 }
 
 QString FlowMessages::noFrames()
 {
-    return translated("No frames captured.");
+    return Text::tr("No frames captured.");
 }
 
 QString FlowMessages::couldNotSave(const std::exception& error)
@@ -66,9 +66,9 @@ QString FlowMessages::couldNotSave(const std::exception& error)
     return unwrapped(error, [](const std::exception& cause) {
         const auto* const encodingError = dynamic_cast<const GIFEncodingError*>(&cause);
         if (encodingError == nullptr)
-            return translated("Couldn't save clip: %1").arg(description(cause));
+            return Text::tr("Couldn't save clip: %1").arg(description(cause));
         const auto& size = encodingError->dimensionTooLarge();
-        return translated("Region too large to encode (%1×%2). Max is %3 per side.")
+        return Text::tr("Region too large to encode (%1×%2). Max is %3 per side.")
             .arg(QString::number(size.width), QString::number(size.height),
                 QString::number(GIFEncoder::maximumFieldValue));
     });

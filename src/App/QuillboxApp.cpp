@@ -4,47 +4,44 @@
 #include "App/Desktop/ApplicationService.h"
 #include "App/Desktop/ClipboardHandOver.h"
 #include "App/Desktop/DesktopNotice.h"
+#include "App/Desktop/FirstUse.h"
 #include "App/Desktop/PanelGuard.h"
+#include "App/Desktop/SoftwareCenter.h"
 #include "App/Desktop/TrayIcon.h"
 #include "App/Hotkey/GlobalHotkey.h"
 #include "App/Hotkey/HotkeyMath.h"
+#include "App/Hotkey/HotkeyNotice.h"
 #include "App/UpdaterController.h"
 #include "Capture/ScreenBackdrop.h"
 #include "Capture/StreamRecorder.h"
 #include "Encoding/Precondition.h"
+#include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/FileReveal.h"
 #include "PostCapture/HistoryStore.h"
+#include "PostCapture/Pasteboard.h"
 #include "Views/Panel.h"
 #include "Views/SettingsView.h"
+#include "Views/UpdateView.h"
 
 #include <QApplication>
 #include <QFontMetrics>
 #include <QScreen>
 #include <QTimer>
 
+#include <chrono>
+#include <optional>
+
 namespace quillbox {
 namespace {
 
 constexpr std::uint32_t digitTwo = 19; // the physical key
 
-QString text(const char* source)
-{
-    return QCoreApplication::translate("QuillboxApp", source);
-}
+/// The desktop gives a new icon its place meanwhile, and whoever started the application for something else says so.
+constexpr std::chrono::milliseconds introductionDelay{500};
 
-QString hotkeyProblem(HotkeyStatus status)
-{
-    switch (status) {
-    case HotkeyStatus::Taken:
-        return text("⌘⇧2 is in use by another program. “quillbox toggle” can be bound to any other key.");
-    case HotkeyStatus::Unavailable:
-        return text("This desktop has no global hotkeys. Bind “quillbox toggle” to a key in its settings.");
-    case HotkeyStatus::Active:
-    case HotkeyStatus::NotRegistered:
-        break;
-    }
-    return {};
-}
+struct Text {
+    Q_DECLARE_TR_FUNCTIONS(QuillboxApp)
+};
 
 /// The toolkit reads the system's fonts when the first text is measured: now, instead of at the click that opens the
 /// panel.
@@ -63,10 +60,11 @@ QuillboxApp::QuillboxApp()
         if (coordinator)
             coordinator->begin();
     }))
+    , m_firstUse(std::make_unique<FirstUse>())
     , m_fileReveal(makeFileReveal())
     , m_handOver(std::make_unique<ClipboardHandOver>())
 {
-    m_hotkey->registerKey(digitTwo, HotkeyMath::carbonModifiers({.command = true, .shift = true}));
+    m_hotkey->registerKey(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
     m_tray = std::make_unique<TrayIcon>(*m_coordinator);
     m_service = std::make_unique<ApplicationService>(*m_coordinator,
         ApplicationService::Actions{.showPanel = [this] { showPanel(); },
@@ -84,9 +82,22 @@ QuillboxApp::QuillboxApp()
     QObject::connect(m_tray.get(), &TrayIcon::missing, m_tray.get(), [this] { showWithoutTray(); });
     QObject::connect(m_tray.get(), &TrayIcon::appeared, m_tray.get(), [this] {
         m_hasTray = true;
-        QTimer::singleShot(0, m_tray.get(), &readFonts);
+        explain();
+        QTimer::singleShot(0, m_tray.get(), [this] {
+            readFonts();
+            (void)updater(); // it is started with the application
+        });
+        if (m_firstUse->isFirstStart())
+            QTimer::singleShot(introductionDelay, m_tray.get(), [this] { introduce(); });
     });
-    QObject::connect(m_hotkey.get(), &GlobalHotkey::statusChanged, m_hotkey.get(), [this] { explainHotkey(); });
+    if (!m_history->entries().empty()) // who has clips knows the way
+        m_firstUse->end();
+    QObject::connect(m_firstUse.get(), &FirstUse::ended, m_firstUse.get(), [this] { explain(); });
+    QObject::connect(m_coordinator.get(), &CurrentCoordinator::phaseChanged, m_firstUse.get(), [this] {
+        if (m_coordinator->get().isIn<RecordingCoordinator::Recording>())
+            m_firstUse->end();
+    });
+    QObject::connect(m_hotkey.get(), &GlobalHotkey::stateChanged, m_hotkey.get(), [this] { explain(); });
 
     QObject::connect(m_handOver.get(), &ClipboardHandOver::ended, m_handOver.get(), &QCoreApplication::quit);
 
@@ -95,7 +106,8 @@ QuillboxApp::QuillboxApp()
         &recorder(), &StreamRecorder::interrupted, m_coordinator.get(),
         [coordinator = m_coordinator.get()](const QString& reason) {
             coordinator->stop();
-            DesktopNotice::show(text("The recording ended early"), text("%1. What was recorded is kept.").arg(reason));
+            DesktopNotice::show(
+                Text::tr("The recording ended early"), Text::tr("%1. What was recorded is kept.").arg(reason));
         },
         Qt::QueuedConnection);
 }
@@ -109,6 +121,7 @@ bool QuillboxApp::claimName()
 
 void QuillboxApp::start()
 {
+    m_firstUse->begin();
     m_tray->show();
 }
 
@@ -124,13 +137,63 @@ Panel& QuillboxApp::panel()
 {
     if (m_panel)
         return *m_panel;
-    m_updater = std::make_unique<UpdaterController>();
-    m_panel = std::make_unique<Panel>(*m_coordinator, *m_updater, *m_history, *m_fileReveal);
+    m_panel = std::make_unique<Panel>(*m_coordinator, updater(), *m_history, *m_fileReveal);
     QObject::connect(m_panel.get(), &Panel::settingsRequested, m_panel.get(), [this] { showSettings(); });
     QObject::connect(m_panel.get(), &Panel::quitRequested, m_panel.get(), [this] { quit(); });
+    QObject::connect(m_panel.get(), &Panel::copyRequested, &Pasteboard::general(), &Pasteboard::retry);
+    QObject::connect(&Pasteboard::general(), &Pasteboard::stateChanged, m_panel.get(), [this] { showClipboard(); });
+    QObject::connect(m_panel.get(), &Panel::introductionUnderstood, m_firstUse.get(), [this] { m_firstUse->end(); });
     new PanelGuard(recorder(), *m_panel); // the panel owns it
-    explainHotkey();
+    showClipboard();
+    explain();
     return *m_panel;
+}
+
+UpdaterController& QuillboxApp::updater()
+{
+    if (m_updater)
+        return *m_updater;
+    m_updater = std::make_unique<UpdaterController>();
+    QObject::connect(m_updater.get(), &UpdaterController::phaseChanged, m_updater.get(), [this] { showUpdate(); });
+    QObject::connect(m_updater.get(), &UpdaterController::updateSeen, m_updater.get(), [](const Update& update) {
+        DesktopNotice::show(update.version.isEmpty() ? Text::tr("A new version of Quillbox is available")
+                                                     : Text::tr("Quillbox %1 is available").arg(update.version),
+            Text::tr("“Check for Updates…” in the panel installs it."));
+    });
+    return *m_updater;
+}
+
+void QuillboxApp::showUpdate()
+{
+    if (m_updater->isIn<UpdaterController::Idle>())
+        return; // the window closes itself
+    if (!m_updateView) {
+        m_updateView = std::make_unique<UpdateView>(*m_updater);
+        QObject::connect(m_updateView.get(), &UpdateView::restartRequested, m_updateView.get(), [this] { restart(); });
+        QObject::connect(m_updateView.get(), &UpdateView::softwareCenterRequested, m_updateView.get(), [this] {
+            SoftwareCenter::show();
+            m_updateView->close();
+        });
+        const auto followWork = [this] {
+            const auto& now = m_coordinator->get();
+            m_updateView->setBusy(now.isIn<RecordingCoordinator::Recording>()
+                || now.isIn<RecordingCoordinator::Processing>() || now.isIn<RecordingCoordinator::SelectingRegion>());
+        };
+        QObject::connect(m_coordinator.get(), &CurrentCoordinator::phaseChanged, m_updateView.get(), followWork);
+        followWork();
+    }
+    if (m_updateView->isVisible())
+        return;
+    m_updateView->setSoftwareCenter(SoftwareCenter::isThere());
+    m_updateView->show();
+    m_updateView->raise();
+    m_updateView->activateWindow();
+}
+
+void QuillboxApp::restart()
+{
+    quit();                                   // another instance has room now
+    (void)m_updater->startInstalledVersion(); // if it can't be started, the user will
 }
 
 void QuillboxApp::showPanel()
@@ -159,7 +222,16 @@ void QuillboxApp::toggleForIcon()
 void QuillboxApp::showWithoutTray()
 {
     m_hasTray = false;
+    explain();
     if (m_coordinator->get().isIn<RecordingCoordinator::Idle>()) // a user at work knows the way already
+        showPanel();
+}
+
+/// Shows where things are, unless the user has found something already.
+void QuillboxApp::introduce()
+{
+    const bool isBusy = !m_coordinator->get().isIn<RecordingCoordinator::Idle>();
+    if (m_firstUse->isIntroducing() && !isBusy && !m_settings && !m_panel)
         showPanel();
 }
 
@@ -167,7 +239,7 @@ void QuillboxApp::showSettings()
 {
     if (!m_settings) {
         m_settings = std::make_unique<SettingsView>(QString());
-        explainHotkey();
+        explain();
     }
     m_settings->show();
     m_settings->raise();
@@ -184,14 +256,25 @@ void QuillboxApp::quit()
     m_handOver->begin();
 }
 
-void QuillboxApp::explainHotkey()
+void QuillboxApp::showClipboard()
 {
-    const auto problem = hotkeyProblem(m_hotkey->status());
-    if (m_panel)
-        m_panel->setNotice(problem);
+    m_panel->setClipPending(Pasteboard::general().state() == Pasteboard::State::Pending);
+}
+
+/// Tells what is not as usual, and newcomers everything.
+void QuillboxApp::explain()
+{
+    const auto state = m_hotkey->state();
+    if (m_panel && m_firstUse->isIntroducing()) {
+        m_panel->setIntroduction(FirstUseCard::Facts{.hasTray = m_hasTray,
+            .hotkeyProblem = HotkeyNotice::problem(state),
+            .clipsFolder = ClipboardExporter::clipsDirectory()});
+    } else if (m_panel) {
+        m_panel->setIntroduction(std::nullopt);
+        m_panel->setNotice(HotkeyNotice::problem(state));
+    }
     if (m_settings)
-        m_settings->setFooterNotice(
-            problem.isEmpty() ? text("⌘ is the Super key: press Super + Shift + 2 in any program.") : problem);
+        m_settings->setFooterNotice(HotkeyNotice::explanation(state));
 }
 
 } // namespace quillbox

@@ -10,16 +10,19 @@ class ApplicationService;
 class ClipboardHandOver;
 class CurrentCoordinator;
 class FileReveal;
+class FirstUse;
 class GlobalHotkey;
 class HistoryStore;
 class Panel;
 class SettingsView;
 class StreamRecorder;
 class TrayIcon;
+class UpdateView;
 class UpdaterController;
 
 /// The desktop application: makes its parts, in this order, and wires them: history, coordinator, hotkey; then what the
-/// user sees. The updater and the panel are made when the panel is first asked for. Thread: main.
+/// user sees. The updater is made once the icon is in the tray, or when the panel is asked for before; the panel when
+/// it is first asked for. Thread: main.
 class QuillboxApp {
 public:
     /// @pre a DesktopApplication exists.
@@ -42,19 +45,26 @@ public:
 private:
     [[nodiscard]] StreamRecorder& recorder() const;
     Panel& panel();
+    UpdaterController& updater();
+    void showUpdate();
+    void restart();
     void toggleForIcon();
     void showWithoutTray();
-    void explainHotkey();
+    void showClipboard();
+    void introduce();
+    void explain();
 
     std::shared_ptr<HistoryStore> m_history;
     std::unique_ptr<CurrentCoordinator> m_coordinator;
     std::unique_ptr<GlobalHotkey> m_hotkey;
+    std::unique_ptr<FirstUse> m_firstUse;
     std::unique_ptr<FileReveal> m_fileReveal;
     std::unique_ptr<UpdaterController> m_updater;
     std::unique_ptr<ApplicationService> m_service;
     std::unique_ptr<TrayIcon> m_tray;
     std::unique_ptr<SettingsView> m_settings;
     std::unique_ptr<Panel> m_panel;
+    std::unique_ptr<UpdateView> m_updateView;
     std::unique_ptr<ClipboardHandOver> m_handOver;
     bool m_hasTray = true;
 };

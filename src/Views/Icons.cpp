@@ -119,6 +119,10 @@ QString Icons::resource(Symbol symbol)
             return "gearshape";
         case Symbol::LockShield:
             return "lock.shield";
+        case Symbol::ArrowDownCircle:
+            return "arrow.down.circle";
+        case Symbol::Keyboard:
+            return "keyboard";
         }
         return "";
     };

@@ -23,6 +23,8 @@ enum class Symbol {
     RectangleOnRectangleAngled,
     Gearshape,
     LockShield,
+    ArrowDownCircle,
+    Keyboard,
 };
 
 /// Where symbols become pictures. They are drawn as vectors at the device's own pixels, crisp at every scale. Thread:

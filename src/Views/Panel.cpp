@@ -1,6 +1,7 @@
 #include "Views/Panel.h"
 
 #include "Views/Card.h"
+#include "Views/FlatButton.h"
 #include "Views/HistoryPanel.h"
 #include "Views/PanelPlacement.h"
 #include "Views/RecorderHUD.h"
@@ -35,7 +36,9 @@ Panel::Panel(CurrentCoordinator& coordinator, UpdaterController& updater, Histor
     Clock clock, std::optional<std::chrono::milliseconds> progressDelay)
     : m_clock(std::move(clock))
     , m_corners(usualCorners())
+    , m_introductionArea(makeIntroductionArea())
     , m_hud(new RecorderHUD(coordinator, updater, this, progressDelay.value_or(RecorderHUD::usualProgressDelay)))
+    , m_clipLine(makeClipLine())
     , m_history(new HistoryPanel(store, fileReveal, this))
 {
     setWindowTitle(tr("Quillbox"));
@@ -44,7 +47,9 @@ Panel::Panel(CurrentCoordinator& coordinator, UpdaterController& updater, Histor
     column->setContentsMargins(1, 1, 1, 1); // the outline
     column->setSpacing(0);
     column->setSizeConstraint(QLayout::SetNoConstraint); // fit() decides
+    column->addWidget(m_introductionArea);
     column->addWidget(m_hud);
+    column->addWidget(m_clipLine);
     column->addWidget(new Divider(this));
     column->addWidget(m_history, 1);
     column->addWidget(makeNotice());
@@ -57,6 +62,52 @@ Panel::Panel(CurrentCoordinator& coordinator, UpdaterController& updater, Histor
             if (std::holds_alternative<RecordingCoordinator::SelectingRegion>(next))
                 hide();
         });
+}
+
+QWidget* Panel::makeClipLine()
+{
+    auto* line = new QWidget(this);
+    auto* column = new QVBoxLayout(line);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(new Divider(line));
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(Theme::margin, 8, Theme::margin, 8);
+    row->setSpacing(Theme::tightSpacing);
+    auto* copy = new FlatButton(FlatButton::Kind::Small, tr("Copy"), std::nullopt, line);
+    copy->setToolTip(plainToolTip(tr("Puts the clip on the clipboard")));
+    connect(copy, &FlatButton::clicked, this, &Panel::copyRequested);
+    row->addWidget(new SymbolLabel(Symbol::InfoCircle, Role::Accent, Theme::symbolSize, line));
+    row->addWidget(new TextLabel(tr("The clip is not on the clipboard yet."), TextStyle::Caption, Role::Primary,
+                       TextLabel::Overflow::Wrap, line),
+        1);
+    row->addWidget(copy);
+    column->addLayout(row);
+    line->hide();
+    return line;
+}
+
+QWidget* Panel::makeIntroductionArea()
+{
+    auto* area = new QWidget(this);
+    auto* column = new QVBoxLayout(area);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(new Divider(area));
+    area->hide();
+    return area;
+}
+
+void Panel::setIntroduction(const std::optional<FirstUseCard::Facts>& facts)
+{
+    if (facts && m_introduction == nullptr) {
+        m_introduction = new FirstUseCard(m_introductionArea);
+        connect(m_introduction, &FirstUseCard::understood, this, &Panel::introductionUnderstood);
+        qobject_cast<QVBoxLayout*>(m_introductionArea->layout())->insertWidget(0, m_introduction);
+    }
+    if (facts)
+        m_introduction->setFacts(*facts);
+    m_introductionArea->setVisible(facts.has_value());
 }
 
 QWidget* Panel::makeNotice()
@@ -83,6 +134,11 @@ void Panel::setNotice(const QString& notice)
 {
     m_notice->setText(notice);
     m_noticeArea->setVisible(!notice.isEmpty());
+}
+
+void Panel::setClipPending(bool isPending)
+{
+    m_clipLine->setVisible(isPending);
 }
 
 void Panel::becomeA(Form form)

@@ -4,6 +4,7 @@
 #include "App/UpdaterController.h"
 #include "PostCapture/FileReveal.h"
 #include "PostCapture/HistoryStore.h"
+#include "Views/FirstUseCard.h"
 
 #include <QRect>
 #include <QWidget>
@@ -60,11 +61,20 @@ public:
     /// A line below everything, such as why the shortcut does not work; none when empty.
     void setNotice(const QString& notice);
 
+    /// Whether a line says that the clip is not on the clipboard, and offers to put it there.
+    void setClipPending(bool isPending);
+    /// What newcomers are told, above everything; nothing is told without it.
+    void setIntroduction(const std::optional<FirstUseCard::Facts>& facts);
+
     void setVisible(bool visible) override;
 
 Q_SIGNALS:
     void settingsRequested();
     void quitRequested();
+    /// The user clicked to have the clip put on the clipboard.
+    void copyRequested();
+    /// The introduction's button was pressed.
+    void introductionUnderstood();
 
 protected:
     bool event(QEvent* event) override;
@@ -74,6 +84,8 @@ protected:
 private:
     enum class Form { Popup, Window };
 
+    QWidget* makeClipLine();
+    QWidget* makeIntroductionArea();
     QWidget* makeNotice();
     void becomeA(Form form);
     void fit();
@@ -87,7 +99,10 @@ private:
     QRect m_anchor;
     QRect m_available;
     std::chrono::steady_clock::time_point m_deactivated;
+    FirstUseCard* m_introduction = nullptr; // made when it is first needed
+    QWidget* m_introductionArea;
     RecorderHUD* m_hud;
+    QWidget* m_clipLine;
     HistoryPanel* m_history;
     QWidget* m_noticeArea = nullptr;
     TextLabel* m_notice = nullptr;

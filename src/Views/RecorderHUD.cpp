@@ -275,6 +275,7 @@ void RecorderHUD::showProgress()
 void RecorderHUD::showUpdater()
 {
     m_updateButton->setEnabled(m_updater.canCheckForUpdates());
+    m_updateButton->setToolTip(plainToolTip(m_updater.obstacle()));
 }
 
 } // namespace quillbox

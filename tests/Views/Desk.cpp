@@ -41,12 +41,6 @@ void ScriptedSelector::finish(std::optional<CaptureRegion> region)
     completion(region);
 }
 
-void ScriptedUpdates::setAvailable(bool available)
-{
-    m_available = available;
-    Q_EMIT canCheckForUpdatesChanged();
-}
-
 namespace {
 
 std::unique_ptr<ScriptedUpdates> remembered(std::unique_ptr<ScriptedUpdates> service, ScriptedUpdates*& place)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ScriptedUpdates.h"
+
 #include "App/CurrentCoordinator.h"
 #include "App/UpdaterController.h"
 #include "Capture/CaptureError.h"
@@ -48,19 +50,6 @@ public:
 
 private:
     Completion m_completion;
-};
-
-class ScriptedUpdates : public UpdateService {
-public:
-    int checks = 0;
-
-    void start() override { }
-    [[nodiscard]] bool canCheckForUpdates() const override { return m_available; }
-    void checkForUpdates() override { ++checks; }
-    void setAvailable(bool available);
-
-private:
-    bool m_available = true;
 };
 
 class RememberingReveal : public FileReveal {

@@ -15,10 +15,11 @@ namespace {
 
 using namespace test;
 
-constexpr Symbol allSymbols[] = {Symbol::RectangleDashedBadgeRecord, Symbol::InfoCircle, Symbol::RectangleDashed,
-    Symbol::RecordCircle, Symbol::WandAndStars, Symbol::CheckmarkCircleFill, Symbol::ExclamationmarkTriangleFill,
-    Symbol::StopCircleFill, Symbol::PhotoStack, Symbol::Film, Symbol::MagnifyingglassCircle,
-    Symbol::RectangleOnRectangleAngled, Symbol::Gearshape, Symbol::LockShield};
+constexpr Symbol allSymbols[]
+    = {Symbol::RectangleDashedBadgeRecord, Symbol::InfoCircle, Symbol::RectangleDashed, Symbol::RecordCircle,
+        Symbol::WandAndStars, Symbol::CheckmarkCircleFill, Symbol::ExclamationmarkTriangleFill, Symbol::StopCircleFill,
+        Symbol::PhotoStack, Symbol::Film, Symbol::MagnifyingglassCircle, Symbol::RectangleOnRectangleAngled,
+        Symbol::Gearshape, Symbol::LockShield, Symbol::ArrowDownCircle, Symbol::Keyboard};
 
 QImage drawn(Symbol symbol, const QColor& color, int side)
 {

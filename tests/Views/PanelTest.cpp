@@ -46,6 +46,9 @@ private Q_SLOTS:
     void passesOnTheWishToQuit();
     void showsANoticeBelowEverything();
     void showsNoNoticeWhenItIsEmpty();
+    void saysWhileTheClipIsPendingAndOffersToCopyIt();
+    void showsTheIntroductionAboveEverything();
+    void shrinksWhenTheIntroductionGoes();
     void growsWithALongMessage();
     void staysOnTheScreenWithAnEndlessMessage();
     void growsUpwardAboveABottomBar();
@@ -247,6 +250,47 @@ void PanelTest::showsNoNoticeWhenItIsEmpty()
     QTRY_COMPARE(m_panel->height(), before);
 }
 
+void PanelTest::saysWhileTheClipIsPendingAndOffersToCopyIt()
+{
+    open();
+    const QString pending = QStringLiteral("The clip is not on the clipboard yet.");
+    const QSignalSpy wishes(m_panel.get(), &Panel::copyRequested);
+    const QStringList before = texts(*m_panel);
+    QVERIFY(!before.contains(pending));
+    m_panel->setClipPending(true);
+    QCoreApplication::processEvents();
+    QCOMPARE(clippedTexts(*m_panel), QStringList());
+    QCOMPARE(texts(*m_panel).count(pending), 1);
+    QTest::mouseClick(button(*m_panel, "Copy"), Qt::LeftButton);
+    QCOMPARE(wishes.count(), 1);
+    m_panel->setClipPending(false);
+    QCOMPARE(texts(*m_panel), before);
+    QVERIFY(button(*m_panel, "Copy") == nullptr);
+}
+
+void PanelTest::showsTheIntroductionAboveEverything()
+{
+    m_panel->setIntroduction(FirstUseCard::Facts{});
+    open();
+    const auto* card = m_panel->findChild<FirstUseCard*>();
+    QVERIFY(card->isVisible());
+    QVERIFY(card->mapTo(m_panel.get(), QPoint(0, card->height())).y() <= m_panel->findChild<RecorderHUD*>()->y());
+    const QSignalSpy understood(m_panel.get(), &Panel::introductionUnderstood);
+    QTest::mouseClick(button(*m_panel, "Got it"), Qt::LeftButton);
+    QCOMPARE(understood.count(), 1);
+}
+
+void PanelTest::shrinksWhenTheIntroductionGoes()
+{
+    open();
+    const int before = m_panel->height();
+    m_panel->setIntroduction(FirstUseCard::Facts{});
+    QTRY_VERIFY(m_panel->height() > before);
+    m_panel->setIntroduction(std::nullopt);
+    QTRY_COMPARE(m_panel->height(), before);
+    QVERIFY(!button(*m_panel, "Got it"));
+}
+
 void PanelTest::growsWithALongMessage()
 {
     m_desk->fail("no");
@@ -313,15 +357,16 @@ void PanelTest::reachesEverythingByTab()
 {
     m_desk->history->record(clip("/clips/a.gif"));
     m_desk->history->record(clip("/clips/b.gif"));
+    m_panel->setClipPending(true);
     openAndWait();
     QStringList reached;
-    for (int i = 0; i < 8; ++i) {
+    for (int i = 0; i < 9; ++i) {
         const QWidget* focused = QApplication::focusWidget();
         reached.append(focused->accessibleName());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
     QCOMPARE(reached,
-        QStringList({"Record Region", "Check for Updates…", "Settings", "Quit", "Clear", "Reveal in Finder",
+        QStringList({"Record Region", "Check for Updates…", "Settings", "Quit", "Copy", "Clear", "Reveal in Finder",
             "Reveal in Finder", "Slack"}));
 }
 

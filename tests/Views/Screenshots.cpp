@@ -5,10 +5,12 @@
 #include "Palettes.h"
 #include "TextCheck.h"
 
+#include "Translation/Catalogues.h"
 #include "Views/HistoryRow.h"
 #include "Views/Panel.h"
 #include "Views/ProgressBar.h"
 #include "Views/SettingsView.h"
+#include "Views/UpdateView.h"
 
 #include <QApplication>
 #include <QDir>
@@ -115,6 +117,52 @@ void takePanel(Studio& studio, const QString& name, const Prepare& prepare, cons
     QTRY_VERIFY(!desk.isIn<RecordingCoordinator::Processing>());
 }
 
+using Reason = UpdateError::Reason;
+
+void takeUpdates(Studio& studio, const QString& prefix)
+{
+    const Update newer{.version = QStringLiteral("1.1-2"), .id = QStringLiteral("quillbox;1.1-2;amd64;stable")};
+    Desk desk;
+    UpdateView view(desk.updater);
+    view.setSoftwareCenter(true);
+    const auto take = [&](const QString& name) {
+        view.show();
+        (void)QTest::qWaitForWindowExposed(&view);
+        studio.take(view, prefix + name);
+    };
+    const auto look = [&](const auto& answer) {
+        desk.updater.checkForUpdates();
+        desk.updates->answer(answer);
+        QTRY_VERIFY(!desk.updater.isIn<UpdaterController::Looking>());
+    };
+    desk.updater.checkForUpdates();
+    Q_EMIT desk.updates->progressed(35);
+    take(QStringLiteral("looking"));
+    desk.updater.dismiss();
+    look(UpdateService::Finding{.installedVersion = QStringLiteral("1.0-1")});
+    take(QStringLiteral("none"));
+    look(UpdateService::Finding{
+        .installedVersion = QStringLiteral("1.0-1"), .staleness = UpdateError(Reason::NoNetwork)});
+    take(QStringLiteral("none-known"));
+    for (const auto& [name, reason] :
+        {std::pair("refused", Reason::Refused), std::pair("vanished", Reason::Vanished)}) {
+        look(UpdateError(reason));
+        take(QLatin1String(name));
+    }
+    look(UpdateError(Reason::Failed, QStringLiteral("E: The package cache was built for a different architecture")));
+    take(QStringLiteral("failed"));
+    look(UpdateService::Finding{.update = newer});
+    take(QStringLiteral("available"));
+    desk.updater.install();
+    Q_EMIT desk.updates->progressed(60);
+    take(QStringLiteral("installing"));
+    desk.updates->answer();
+    QTRY_VERIFY(desk.updater.isIn<UpdaterController::Installed>());
+    take(QStringLiteral("installed"));
+    view.setBusy(true);
+    take(QStringLiteral("installed-busy"));
+}
+
 void takeAll(Studio& studio)
 {
     const auto many = [](Desk& desk, Panel&) {
@@ -186,6 +234,8 @@ void takeAll(Studio& studio)
     studio.take(settings, QStringLiteral("settings"));
     settings.hide();
 
+    takeUpdates(studio, QStringLiteral("update-"));
+
     LongTexts longTexts;
     QCoreApplication::installTranslator(&longTexts);
     takePanel(studio, QStringLiteral("panel-long-texts"), many);
@@ -196,7 +246,36 @@ void takeAll(Studio& studio)
     longSettings.show();
     (void)QTest::qWaitForWindowExposed(&longSettings);
     studio.take(longSettings, QStringLiteral("settings-long-texts"));
+    takeUpdates(studio, QStringLiteral("update-long-texts-"));
     QCoreApplication::removeTranslator(&longTexts);
+}
+
+const Prepare firstUse = [](Desk&, Panel& panel) {
+    panel.setIntroduction(FirstUseCard::Facts{.clipsFolder = QDir::homePath() + QStringLiteral("/Videos/Quillbox")});
+};
+
+/// What differs from language to language.
+void takeLanguages(Studio& studio)
+{
+    for (const QString& language : Catalogues::languages()) {
+        Catalogues::use(language);
+        takePanel(studio, language + QStringLiteral("-first-use"), firstUse);
+        takePanel(studio, language + QStringLiteral("-first-use-no-tray"), [](Desk&, Panel& panel) {
+            panel.setIntroduction(FirstUseCard::Facts{.hasTray = false, .clipsFolder = QStringLiteral("/srv/clips")});
+        });
+        takePanel(studio, language + QStringLiteral("-progress"), processing, partlyDone);
+        takePanel(studio, language + QStringLiteral("-recording"), [](Desk& desk, Panel&) {
+            fill(*desk.history, 2);
+            desk.record();
+        });
+        takePanel(studio, language + QStringLiteral("-done"), [](Desk& desk, Panel&) { desk.finish(); });
+        SettingsView settings(
+            QCoreApplication::translate("QuillboxApp", "⌘ is the Super key: press Super + Shift + 2 in any program."));
+        settings.show();
+        (void)QTest::qWaitForWindowExposed(&settings);
+        studio.take(settings, language + QStringLiteral("-settings"));
+    }
+    Catalogues::use(QStringLiteral("en"));
 }
 
 } // namespace
@@ -218,6 +297,8 @@ int main(int argc, char** argv)
         QApplication::setPalette(palette);
         Studio studio(QString::fromLocal8Bit(argv[1]), QLatin1String(name));
         takeAll(studio);
+        if (QLatin1String(name) == QLatin1String("light") && application.devicePixelRatio() == 1)
+            takeLanguages(studio);
         clean = clean && studio.clean();
     }
     return clean ? 0 : 1;

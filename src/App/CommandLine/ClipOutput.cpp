@@ -1,6 +1,7 @@
 #include "App/CommandLine/ClipOutput.h"
 
 #include "PostCapture/OutputFile.h"
+#include "Translation/Translate.h"
 
 #include <unistd.h>
 #include <utility>
@@ -27,13 +28,14 @@ void ClipOutput::check() const
     if (!isStandardOutput())
         OutputFile::check(m_output, ifExists(m_force));
     else if (::isatty(STDOUT_FILENO) == 1)
-        throw UsageError("standard output is a terminal, which can't show a GIF; redirect it, or name a file with -o");
+        throw UsageError(translate(
+            "Usage", "standard output is a terminal, which can't show a GIF; redirect it, or name a file with -o"));
 }
 
 void ClipOutput::save(std::span<const std::uint8_t> gif) const
 {
     if (isStandardOutput())
-        OutputFile::write(STDOUT_FILENO, gif, "standard output");
+        OutputFile::write(STDOUT_FILENO, gif, translate("Streams", "standard output"));
     else
         OutputFile::save(m_output, gif, ifExists(m_force));
 }
@@ -42,9 +44,9 @@ void ClipOutput::report(const std::string& line) const
 {
     const std::vector<std::uint8_t> bytes(line.begin(), line.end());
     if (isStandardOutput())
-        OutputFile::write(STDERR_FILENO, bytes, "standard error");
+        OutputFile::write(STDERR_FILENO, bytes, translate("Streams", "standard error"));
     else
-        OutputFile::write(STDOUT_FILENO, bytes, "standard output");
+        OutputFile::write(STDOUT_FILENO, bytes, translate("Streams", "standard output"));
 }
 
 } // namespace quillbox

@@ -12,6 +12,8 @@ ClipboardHold::ClipboardHold(const QString& path, const QByteArray& gif)
     connect(&m_stopRequest, &StopRequest::received, &m_handOver, &ClipboardHandOver::begin);
     connect(&m_handOver, &ClipboardHandOver::ended, this, &ClipboardHold::end);
     connect(&Pasteboard::general(), &Pasteboard::lost, this, &ClipboardHold::end);
+    if (Pasteboard::general().state() != Pasteboard::State::Accepted)
+        end();
 }
 
 void ClipboardHold::end()

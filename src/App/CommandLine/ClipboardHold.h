@@ -20,6 +20,8 @@ public:
     /// @param path  The saved clip, absolute.  @param gif  Its bytes.
     ClipboardHold(const QString& path, const QByteArray& gif);
 
+    /// False once ended(), and from the beginning where the clip did not get onto the clipboard.
+    [[nodiscard]] bool isHeld() const { return !m_promise.future().isFinished(); }
     [[nodiscard]] QFuture<void> ended() const { return m_promise.future(); }
 
 private:

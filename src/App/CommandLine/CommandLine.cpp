@@ -2,10 +2,12 @@
 
 #include "App/CommandLine/ControlCommand.h"
 #include "App/CommandLine/DesktopCommand.h"
+#include "App/CommandLine/DoctorCommand.h"
 #include "App/CommandLine/EncodeCommand.h"
 #include "App/CommandLine/ErrorReport.h"
 #include "App/CommandLine/HistoryCommand.h"
 #include "App/CommandLine/RecordCommand.h"
+#include "Translation/Catalogues.h"
 
 #include <exception>
 
@@ -18,6 +20,7 @@ struct CarryOut {
     int operator()(const RecordOptions& options) const { return RecordCommand::run(options); }
     int operator()(const ControlOptions& options) const { return ControlCommand::run(options); }
     int operator()(const HistoryOptions& options) const { return HistoryCommand::run(options); }
+    int operator()(const DoctorOptions& options) const { return DoctorCommand::run(options); }
     int operator()(const DesktopOptions& /*options*/) const { return DesktopCommand::run(); }
 };
 
@@ -25,6 +28,7 @@ struct CarryOut {
 
 int CommandLine::run(int argc, const char* const* argv)
 {
+    Catalogues::use(Catalogues::userLanguage());
     try {
         return std::visit(CarryOut{}, parse(argc, argv));
     } catch (const UsageError& error) {

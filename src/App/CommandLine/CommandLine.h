@@ -14,7 +14,8 @@ struct Finished {
     int exitCode = ExitCode::success;
 };
 
-using Request = std::variant<Finished, EncodeOptions, RecordOptions, ControlOptions, HistoryOptions, DesktopOptions>;
+using Request = std::variant<Finished, EncodeOptions, RecordOptions, ControlOptions, HistoryOptions, DoctorOptions,
+    DesktopOptions>;
 
 /// Reads the arguments of `main`; prints help and version texts on standard output. Looks at no file.
 /// @throws UsageError

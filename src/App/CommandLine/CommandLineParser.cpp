@@ -1,5 +1,7 @@
 #include "App/CommandLine/ArgumentText.h"
 #include "App/CommandLine/CommandLine.h"
+#include "App/CommandLine/ParserMessages.h"
+#include "Translation/Translate.h"
 
 // Shadowing and sign conversions are CLI11's own affair.
 #pragma GCC diagnostic push
@@ -9,13 +11,26 @@
 #include <CLI/CLI.hpp>
 #pragma GCC diagnostic pop
 
+#include <QtGlobal>
+
 #include <array>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 
 namespace quillbox {
 namespace {
+
+/// Also the headings of groups of options are labels.
+class HelpFormatter : public CLI::Formatter {
+public:
+    [[nodiscard]] std::string make_group( // NOLINT(readability-identifier-naming): the parser's name
+        std::string group, bool isPositional, std::vector<const CLI::Option*> options) const override
+    {
+        return CLI::Formatter::make_group(get_label(group), isPositional, std::move(options));
+    }
+};
 
 /// The texts of all options, as they were written; read once the whole line has been taken apart.
 struct Arguments {
@@ -35,38 +50,52 @@ struct Arguments {
     bool copy = false;
 };
 
-constexpr const char* overview = R"(Turns a part of the screen, or a clip, into a small animated GIF.
-Without a command: the application in the tray, from where everything can be done with the mouse.
+constexpr const char* overview = QT_TRANSLATE_NOOP("Help",
+    "Turns a part of the screen, or a clip, into a small animated GIF.\n"
+    "Without a command: the application in the tray, from where everything can be done with the mouse.\n"
+    "\n"
+    "Examples:\n"
+    "  quillbox                      (starts the application, or shows it)\n"
+    "  quillbox toggle               (for a key binding: record, then stop and copy)\n"
+    "Record a region from a script:\n"
+    "  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif\n"
+    "Encode frames of another program:\n"
+    "  ffmpeg -v error -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -\n"
+    "Record a program in continuous integration, without a display:\n"
+    "  xvfb-run -s \"-screen 0 1280x720x24\" \\\n"
+    "    sh -c \"my-program & quillbox record --region 0,0,1280x720 --duration 3 -o program.gif\"\n"
+    "\n"
+    "The commands below have more examples: quillbox encode --help");
 
-Examples:
-  quillbox                                                (starts the application, or shows it)
-  quillbox toggle                                         (for a key binding: record, then stop and copy)
-  quillbox record --region 100,100,640x480 --duration 5
-  quillbox encode demo.y4m
-  quillbox encode --help)";
-
-constexpr const char* encodeExamples = R"(Examples:
+constexpr const char* encodeExamples = QT_TRANSLATE_NOOP("Help", R"(Examples:
   quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
   ffmpeg -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-  quillbox encode --raw 1280x720 --preset github capture.rgba)";
+  quillbox encode --raw 1280x720 --preset github capture.rgba)");
 
-constexpr const char* recordExamples = R"(Examples:
+constexpr const char* recordExamples = QT_TRANSLATE_NOOP("Help", R"(Examples:
   quillbox record --region 0,0,800x600 --duration 10
   quillbox record --select --copy --duration 5
-  quillbox record --region 100,50,640x480 -o demo.gif     (Ctrl-C stops and saves))";
+  quillbox record --region 100,50,640x480 -o demo.gif     (Ctrl-C stops and saves))");
 
 void addOutputOptions(CLI::App& command, Arguments& arguments, const std::string& defaultOutput)
 {
     command
-        .add_option("--preset", arguments.preset, "Where the GIF is meant for: its limits on size, width and colours")
+        .add_option("--preset", arguments.preset,
+            translate("Help", "Where the GIF is meant for: its limits on size, width and colours"))
         ->type_name("slack|github|docs")
         ->capture_default_str();
     command
-        .add_option(
-            "-o,--output", arguments.output, "The GIF to write, - for standard output (default: " + defaultOutput + ")")
+        .add_option("-o,--output", arguments.output,
+            withArguments(translate("Help", "The GIF to write, - for standard output (default: %1)"), {defaultOutput}))
         ->type_name("OUT");
-    command.add_flag("--json", arguments.json, "Describe the result as a JSON object");
-    command.add_flag("--force", arguments.force, "Replace OUT if it exists");
+    command.add_flag("--json", arguments.json, translate("Help", "Describe the result as a JSON object"));
+    command.add_flag("--force", arguments.force, translate("Help", "Replace OUT if it exists"));
+}
+
+/// @param text  Of the context "Usage"; `argument` takes the place of %1.
+UsageError complaint(const char* text, const std::string& argument = {})
+{
+    return UsageError(withArguments(translate("Usage", text), {argument}));
 }
 
 OutputOptions outputOptions(const CLI::App& command, const Arguments& arguments)
@@ -74,11 +103,12 @@ OutputOptions outputOptions(const CLI::App& command, const Arguments& arguments)
     OutputOptions options;
     const auto preset = ExportPreset::fromRawValue(arguments.preset);
     if (!preset)
-        throw UsageError("--preset: there is no preset \"" + arguments.preset + "\"; use slack, github or docs");
+        throw complaint(QT_TRANSLATE_NOOP("Usage", "--preset: there is no preset \"%1\"; use slack, github or docs"),
+            arguments.preset);
     options.preset = *preset;
     if (command.count("--output") > 0) {
         if (arguments.output.empty())
-            throw UsageError("-o: the name is empty; name a file, or - for standard output");
+            throw complaint(QT_TRANSLATE_NOOP("Usage", "-o: the name is empty; name a file, or - for standard output"));
         options.output = arguments.output;
     }
     options.json = arguments.json;
@@ -93,7 +123,8 @@ EncodeOptions encodeOptions(const CLI::App& command, const Arguments& arguments)
     options.inputs = arguments.inputs;
     if (command.count("--source-fps") > 0) {
         if (arguments.sourceFPS < 1 || arguments.sourceFPS > 1000)
-            throw UsageError("--source-fps: use a whole number of frames per second from 1 to 1000");
+            throw complaint(
+                QT_TRANSLATE_NOOP("Usage", "--source-fps: use a whole number of frames per second from 1 to 1000"));
         options.sourceFPS = arguments.sourceFPS;
     }
     if (arguments.dither == "always")
@@ -101,11 +132,13 @@ EncodeOptions encodeOptions(const CLI::App& command, const Arguments& arguments)
     else if (arguments.dither == "never")
         options.dithering = false;
     else if (arguments.dither != "auto")
-        throw UsageError("--dither: there is no \"" + arguments.dither + "\"; use auto, always or never");
+        throw complaint(
+            QT_TRANSLATE_NOOP("Usage", "--dither: there is no \"%1\"; use auto, always or never"), arguments.dither);
     if (command.count("--raw") > 0) {
         options.raw = ArgumentText::size(arguments.raw);
         if (!options.raw)
-            throw UsageError("--raw: \"" + arguments.raw + "\" is not a size; write it like 1280x720");
+            throw complaint(
+                QT_TRANSLATE_NOOP("Usage", "--raw: \"%1\" is not a size; write it like 1280x720"), arguments.raw);
     }
     return options;
 }
@@ -115,21 +148,24 @@ RecordOptions recordOptions(const CLI::App& command, const Arguments& arguments)
     RecordOptions options;
     options.out = outputOptions(command, arguments);
     if (arguments.select == (command.count("--region") > 0))
-        throw UsageError("name the region with --region X,Y,WxH, or drag it out with --select");
+        throw complaint(
+            QT_TRANSLATE_NOOP("Usage", "name the region with --region X,Y,WxH, or drag it out with --select"));
     if (!arguments.select) {
         options.region = ArgumentText::region(arguments.region);
         if (!options.region)
-            throw UsageError("--region: \"" + arguments.region
-                + "\" is not a region; write it like 100,50,640x480 (left, top, size)");
+            throw complaint(QT_TRANSLATE_NOOP("Usage",
+                                "--region: \"%1\" is not a region; write it like 100,50,640x480 (left, top, size)"),
+                arguments.region);
     }
     options.copy = arguments.copy;
     if (options.copy && options.out.output == standardStreamName)
-        throw UsageError("--copy: the clipboard needs a file; leave out -o - or --copy");
+        throw complaint(QT_TRANSLATE_NOOP("Usage", "--copy: the clipboard needs a file; leave out -o - or --copy"));
     if (command.count("--duration") > 0) {
         options.durationSeconds = ArgumentText::duration(arguments.duration);
         if (!options.durationSeconds)
-            throw UsageError(
-                "--duration: \"" + arguments.duration + "\" is not a number of seconds above 0, at most 86400");
+            throw complaint(
+                QT_TRANSLATE_NOOP("Usage", "--duration: \"%1\" is not a number of seconds above 0, at most 86400"),
+                arguments.duration);
     }
     return options;
 }
@@ -142,12 +178,14 @@ struct Control {
 };
 
 constexpr std::array controls{
-    Control{"begin", "Let the user drag out a region and record it", ControlOptions::Action::Begin},
-    Control{"stop", "Stop recording, save and copy the clip, and print where it is", ControlOptions::Action::Stop},
-    Control{"toggle", "Stop a recording, or begin one", ControlOptions::Action::Toggle},
-    Control{"show", "Open the panel", ControlOptions::Action::Show},
-    Control{"status", "Print what the application is doing", ControlOptions::Action::Status},
-    Control{"quit", "End the application", ControlOptions::Action::Quit},
+    Control{"begin", QT_TRANSLATE_NOOP("Help", "Let the user drag out a region and record it"),
+        ControlOptions::Action::Begin},
+    Control{"stop", QT_TRANSLATE_NOOP("Help", "Stop recording, save and copy the clip, and print where it is"),
+        ControlOptions::Action::Stop},
+    Control{"toggle", QT_TRANSLATE_NOOP("Help", "Stop a recording, or begin one"), ControlOptions::Action::Toggle},
+    Control{"show", QT_TRANSLATE_NOOP("Help", "Open the panel"), ControlOptions::Action::Show},
+    Control{"status", QT_TRANSLATE_NOOP("Help", "Print what the application is doing"), ControlOptions::Action::Status},
+    Control{"quit", QT_TRANSLATE_NOOP("Help", "End the application"), ControlOptions::Action::Quit},
 };
 
 bool answersAsJSON(ControlOptions::Action action)
@@ -155,14 +193,35 @@ bool answersAsJSON(ControlOptions::Action action)
     return action != ControlOptions::Action::Show && action != ControlOptions::Action::Quit;
 }
 
+std::string example(const std::string& arguments)
+{
+    return withArguments(translate("Help", "Example:\n  quillbox %1"), {arguments});
+}
+
+/// The words that the parser itself puts around our texts.
+void translateFrame(CLI::App& app)
+{
+    const auto words = std::make_shared<HelpFormatter>();
+    words->label("Usage", translate("Help", "Usage"));
+    words->label("OPTIONS", translate("Help", "OPTIONS"));
+    words->label("SUBCOMMAND", translate("Help", "SUBCOMMAND"));
+    words->label("Positionals", translate("Help", "Positionals"));
+    words->label("Options", translate("Help", "Options"));
+    words->label("REQUIRED", translate("Help", "REQUIRED"));
+    app.formatter(words);
+    app.group(translate("Help", "Subcommands")); // which the subcommands take over
+    app.set_help_flag("-h,--help", translate("Help", "Print this help message and exit"));
+}
+
 void addControls(CLI::App& app, Arguments& arguments)
 {
     for (const Control& control : controls) {
-        auto* const command
-            = app.add_subcommand(control.name, std::string(control.description) + " (of the running application)");
+        auto* const command = app.add_subcommand(control.name,
+            withArguments(
+                translate("Help", "%1 (of the running application)"), {translate("Help", control.description)}));
         if (answersAsJSON(control.action))
-            command->add_flag("--json", arguments.json, "Answer with a JSON object");
-        command->footer(std::string("Example:\n  quillbox ") + control.name);
+            command->add_flag("--json", arguments.json, translate("Help", "Answer with a JSON object"));
+        command->footer(example(control.name));
     }
 }
 
@@ -179,41 +238,56 @@ std::optional<ControlOptions> controlOptions(const CLI::App& app, const Argument
 CommandLine::Request CommandLine::parse(int argc, const char* const* argv)
 {
     Arguments arguments;
-    CLI::App app(overview, "quillbox");
+    CLI::App app(translate("Help", overview), "quillbox");
+    translateFrame(app);
     app.require_subcommand(0, 1);
-    app.set_version_flag("--version", "quillbox " QUILLBOX_VERSION, "Print the version");
+    app.set_version_flag("--version", "quillbox " QUILLBOX_VERSION, translate("Help", "Print the version"));
 
-    auto* const encode = app.add_subcommand("encode", "Turn images, YUV4MPEG2 or raw frames into a GIF");
+    auto* const encode
+        = app.add_subcommand("encode", translate("Help", "Turn images, YUV4MPEG2 or raw frames into a GIF"));
     encode
         ->add_option("INPUT", arguments.inputs,
-            "Images, one frame each; or one animated image; or one YUV4MPEG2 stream; - for standard input")
+            translate(
+                "Help", "Images, one frame each; or one animated image; or one YUV4MPEG2 stream; - for standard input"))
         ->required()
         ->type_name("");
-    addOutputOptions(*encode, arguments, "beside the first INPUT, with the extension gif");
-    encode->add_option("--source-fps", arguments.sourceFPS, "Frames per second of the input (default: its own, or 30)")
+    addOutputOptions(*encode, arguments, translate("Help", "beside the first INPUT, with the extension gif"));
+    encode
+        ->add_option("--source-fps", arguments.sourceFPS,
+            translate("Help", "Frames per second of the input (default: its own, or 30)"))
         ->type_name("N");
-    encode->add_option("--dither", arguments.dither, "Mix colours that the palette lacks")
+    encode->add_option("--dither", arguments.dither, translate("Help", "Mix colours that the palette lacks"))
         ->type_name("auto|always|never")
         ->capture_default_str();
     encode
-        ->add_option("--raw", arguments.raw, "INPUT is raw RGBA frames of this size, 4 bytes a pixel, without padding")
+        ->add_option("--raw", arguments.raw,
+            translate("Help", "INPUT is raw RGBA frames of this size, 4 bytes a pixel, without padding"))
         ->type_name("WxH");
-    encode->footer(encodeExamples);
+    encode->footer(translate("Help", encodeExamples));
 
-    auto* const record = app.add_subcommand("record", "Record a region of the screen as a GIF");
-    record->add_option("--region", arguments.region, "Left, top and size of the region, points of the main display")
+    auto* const record = app.add_subcommand("record", translate("Help", "Record a region of the screen as a GIF"));
+    record
+        ->add_option("--region", arguments.region,
+            translate("Help", "Left, top and size of the region, points of the main display"))
         ->type_name("X,Y,WxH");
-    record->add_flag("--select", arguments.select, "Drag the region out on the screen");
-    record->add_option("--duration", arguments.duration, "Stop after so many seconds (default: Ctrl-C stops)")
+    record->add_flag("--select", arguments.select, translate("Help", "Drag the region out on the screen"));
+    record
+        ->add_option(
+            "--duration", arguments.duration, translate("Help", "Stop after so many seconds (default: Ctrl-C stops)"))
         ->type_name("S");
-    addOutputOptions(*record, arguments, "a dated file in the folder Quillbox of your videos");
-    record->add_flag("--copy", arguments.copy, "Put the clip on the clipboard, too");
-    record->footer(recordExamples);
+    addOutputOptions(*record, arguments, translate("Help", "a dated file in the folder Quillbox of your videos"));
+    record->add_flag("--copy", arguments.copy, translate("Help", "Put the clip on the clipboard, too"));
+    record->footer(translate("Help", recordExamples));
 
     addControls(app, arguments);
-    auto* const history = app.add_subcommand("history", "List the clips made lately, newest first");
-    history->add_flag("--json", arguments.json, "Print them as a JSON array");
-    history->footer("Example:\n  quillbox history --json");
+    auto* const history = app.add_subcommand("history", translate("Help", "List the clips made lately, newest first"));
+    history->add_flag("--json", arguments.json, translate("Help", "Print them as a JSON array"));
+    history->footer(example("history --json"));
+    auto* const doctor = app.add_subcommand(
+        "doctor", translate("Help", "Tell what this desktop has to record, copy and so on, and what is missing"));
+    doctor->add_flag("--json", arguments.json, translate("Help", "Print it as a JSON object"));
+    doctor->footer(translate("Help", "The exit status is 0 where the screen can be recorded, else 1.") + "\n\n"
+        + example("doctor"));
 
     try {
         app.parse(argc, argv);
@@ -223,7 +297,8 @@ CommandLine::Request CommandLine::parse(int argc, const char* const* argv)
         std::string help = "quillbox --help";
         for (const auto* const command : app.get_subcommands())
             help = "quillbox " + command->get_name() + " --help";
-        throw UsageError(std::string(error.what()) + "; see " + help);
+        throw UsageError(
+            withArguments(translate("Usage", "%1; see %2"), {ParserMessages::translated(error.what()), help}));
     }
     if (encode->parsed())
         return encodeOptions(*encode, arguments);
@@ -231,6 +306,8 @@ CommandLine::Request CommandLine::parse(int argc, const char* const* argv)
         return recordOptions(*record, arguments);
     if (history->parsed())
         return HistoryOptions{arguments.json};
+    if (doctor->parsed())
+        return DoctorOptions{arguments.json};
     if (const auto control = controlOptions(app, arguments))
         return *control;
     return DesktopOptions{};

@@ -4,6 +4,7 @@
 #include "App/CommandLine/ErrorReport.h"
 #include "App/CommandLine/StatusReport.h"
 #include "App/Desktop/RunningInstance.h"
+#include "Translation/Translate.h"
 
 #include <cstdio>
 #include <functional>
@@ -22,7 +23,7 @@ int print(const QVariantMap& status, bool json)
     (void)std::fwrite(text.data(), 1, text.size(), stdout); // checked by the flush
     if (std::fflush(stdout) == 0)
         return ExitCode::success;
-    ErrorReport::print("the answer can't be written to standard output");
+    ErrorReport::print(translate("ControlCommand", "the answer can't be written to standard output"));
     return ExitCode::failure;
 }
 
@@ -31,7 +32,7 @@ int begin(bool json)
     const auto before = phaseOf(RunningInstance::status());
     if (before == QLatin1String("selecting") || before == QLatin1String("recording")
         || before == QLatin1String("processing")) {
-        ErrorReport::print("a clip is being made already; quillbox stop ends a recording");
+        ErrorReport::print(translate("ControlCommand", "a clip is being made already; quillbox stop ends a recording"));
         return ExitCode::failure;
     }
     const auto status = RunningInstance::begin();
@@ -76,7 +77,7 @@ int ControlCommand::run(const ControlOptions& options)
 {
     const CoreApplication application;
     if (!RunningInstance::exists()) {
-        ErrorReport::print("Quillbox is not running; start it with quillbox");
+        ErrorReport::print(translate("ControlCommand", "Quillbox is not running; start it with quillbox"));
         return ExitCode::failure;
     }
     return carryOut(options);

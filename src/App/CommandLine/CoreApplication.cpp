@@ -1,6 +1,7 @@
 #include "App/CommandLine/CoreApplication.h"
 
 #include "App/BareArguments.h"
+#include "Translation/Catalogues.h"
 
 #include <QtGlobal>
 
@@ -20,6 +21,7 @@ CoreApplication::CoreApplication()
     : m_application(
         silenced(BareArguments::count), BareArguments::values) // already its constructor may remark on the locale
 {
+    Catalogues::install();
 }
 
 } // namespace quillbox

@@ -9,6 +9,7 @@
 #include "App/FrameSources/FrameReadError.h"
 #include "Encoding/GIFOptimizer.h"
 #include "PostCapture/OutputFile.h"
+#include "Translation/Translate.h"
 
 #include <cerrno>
 #include <filesystem>
@@ -30,7 +31,7 @@ std::string outputName(const EncodeOptions& options)
     const auto& input = options.inputs.front();
     std::error_code error; // a file that can't be looked at is reported when it is opened
     if (input == standardStreamName || fs::is_other(input, error)) // a pipe or device has no folder to put a GIF in
-        throw UsageError("this INPUT gives the GIF no name; add one, like -o clip.gif");
+        throw UsageError(translate("Usage", "this INPUT gives the GIF no name; add one, like -o clip.gif"));
     return fs::path(input).replace_extension("gif").string();
 }
 
@@ -59,14 +60,14 @@ int EncodeCommand::run(const EncodeOptions& options)
     output.check();
 
     ProgressLine line;
-    line.show("reading");
+    line.show(translate("ProgressLine", "reading"));
     BackgroundIntake intake(options.out.preset, options.sourceFPS);
     InputReader::read(options, intake);
     const FrameIntake& frames = intake.finished();
     const GIFOptimizer::Config config{
         .preset = options.out.preset, .sourceFPS = frames.sourceFPS(), .ditheringOverride = options.dithering};
     const auto result = GIFOptimizer::optimize(frames, config, {.progress = progressOn(line)});
-    line.show("saving");
+    line.show(translate("ProgressLine", "saving"));
     output.save(result.data);
     line.clear();
 

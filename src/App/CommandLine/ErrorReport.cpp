@@ -1,5 +1,7 @@
 #include "App/CommandLine/ErrorReport.h"
 
+#include "Translation/Translate.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <new>
@@ -9,7 +11,7 @@ namespace quillbox {
 std::string ErrorReport::messageFor(const std::exception& error)
 {
     if (dynamic_cast<const std::bad_alloc*>(&error) != nullptr)
-        return "there is not enough memory for these frames; use fewer or smaller ones";
+        return translate("ErrorReport", "there is not enough memory for these frames; use fewer or smaller ones");
     return error.what();
 }
 

@@ -3,6 +3,7 @@
 #include "App/CommandLine/ErrorReport.h"
 #include "PostCapture/HistoryFile.h"
 #include "PostCapture/HistoryStore.h"
+#include "Translation/Translate.h"
 #include "Views/ByteFormat.h"
 
 #include <cstdio>
@@ -14,14 +15,14 @@ namespace {
 QString lineFor(const ClipEntry& entry)
 {
     const auto dash = QStringLiteral("-");
-    const QStringList columns{
+    const QStringList fields{
         entry.date.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")),
         entry.preset,
         entry.byteCount ? ByteFormat::shortText(*entry.byteCount) : dash,
         entry.durationSeconds ? QString::number(*entry.durationSeconds, 'f', 1) + QLatin1Char('s') : dash,
         entry.outputPath.value_or(dash),
     };
-    return columns.join(QStringLiteral("  "));
+    return fields.join(QStringLiteral("  "));
 }
 
 std::string textOf(const std::vector<ClipEntry>& entries)
@@ -41,7 +42,7 @@ int HistoryCommand::run(const HistoryOptions& options)
     (void)std::fwrite(text.data(), 1, text.size(), stdout); // checked by the flush
     if (std::fflush(stdout) == 0)
         return ExitCode::success;
-    ErrorReport::print("the list can't be written to standard output");
+    ErrorReport::print(translate("HistoryCommand", "the list can't be written to standard output"));
     return ExitCode::failure;
 }
 

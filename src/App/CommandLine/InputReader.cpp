@@ -7,6 +7,7 @@
 #include "App/FrameSources/ImageReader.h"
 #include "App/FrameSources/RawReader.h"
 #include "App/FrameSources/Y4MReader.h"
+#include "Translation/Translate.h"
 
 #include <memory>
 #include <string>
@@ -19,7 +20,7 @@ namespace {
 std::unique_ptr<FileByteSource> open(const std::string& input)
 {
     if (input == standardStreamName)
-        return std::make_unique<FileByteSource>("standard input", STDIN_FILENO);
+        return std::make_unique<FileByteSource>(translate("Streams", "standard input"), STDIN_FILENO);
     return std::make_unique<FileByteSource>(input);
 }
 
@@ -45,7 +46,7 @@ void readImages(const std::vector<std::string>& inputs, FrameReceiver& receiver)
     for (const std::string& input : inputs) {
         const auto source = open(input);
         if (Y4MReader::recognizes(*source))
-            throw UsageError(input + " is a YUV4MPEG2 stream; give it alone");
+            throw UsageError(withArguments(translate("Usage", "%1 is a YUV4MPEG2 stream; give it alone"), {input}));
         receiver.take(ImageReader::readOne(*source, frame++));
     }
 }
@@ -56,17 +57,18 @@ void InputReader::read(const EncodeOptions& options, FrameReceiver& receiver)
 {
     if (options.inputs.size() > 1) {
         if (options.raw)
-            throw UsageError("--raw: give one INPUT with all frames, one after another");
+            throw UsageError(translate("Usage", "--raw: give one INPUT with all frames, one after another"));
         for (const std::string& input : options.inputs) {
             if (input == standardStreamName)
-                throw UsageError("standard input must be the only INPUT");
+                throw UsageError(translate("Usage", "standard input must be the only INPUT"));
         }
         const CoreApplication application;
         return readImages(options.inputs, receiver);
     }
     const auto source = open(options.inputs.front());
     if (options.inputs.front() == standardStreamName && ::isatty(STDIN_FILENO) == 1)
-        throw UsageError("standard input is a terminal; pipe a YUV4MPEG2 stream or raw frames into it");
+        throw UsageError(
+            translate("Usage", "standard input is a terminal; pipe a YUV4MPEG2 stream or raw frames into it"));
     if (options.raw)
         return RawReader::read(*source, *options.raw, receiver);
     if (options.inputs.front() == standardStreamName || Y4MReader::recognizes(*source))

@@ -1,14 +1,16 @@
 #include "App/CommandLine/OptimizerProgress.h"
 
 #include "App/CommandLine/ProgressLine.h"
+#include "Translation/Translate.h"
 
 namespace quillbox {
 
 std::string progressText(const GIFOptimizer::Progress& progress)
 {
     const auto percent = progress.frameCount == 0 ? 0 : progress.framesDone * 100 / progress.frameCount;
-    return "attempt " + std::to_string(progress.attempt) + ": " + std::to_string(progress.colors) + " colours, "
-        + std::to_string(percent) + " %";
+    const auto colors = static_cast<int>(progress.colors); // at most 256
+    return withArguments(translate("ProgressLine", "attempt %1: %n colour(s), %2 %", nullptr, colors),
+        {std::to_string(progress.attempt), std::to_string(percent)});
 }
 
 std::function<void(const GIFOptimizer::Progress&)> progressOn(ProgressLine& line)

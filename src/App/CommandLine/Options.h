@@ -61,6 +61,10 @@ struct HistoryOptions {
     bool json = false; ///< print the list as JSON
 };
 
+struct DoctorOptions {
+    bool json = false; ///< print the report as JSON
+};
+
 /// Nothing asked for: the desktop application.
 struct DesktopOptions { };
 

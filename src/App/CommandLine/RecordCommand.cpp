@@ -15,6 +15,8 @@
 #include "App/FlowMessages.h"
 #include "Capture/StreamRecorder.h"
 #include "Encoding/GIFOptimizer.h"
+#include "PostCapture/PasteboardChoice.h"
+#include "Translation/Translate.h"
 
 #include <QCoro/QCoroFuture>
 #include <QCoro/QCoroTask>
@@ -38,9 +40,15 @@ std::string startMessage(const std::exception& error)
 {
     const auto* const recorderError = dynamic_cast<const StreamRecorder::RecorderError*>(&error);
     const std::string reason = recorderError != nullptr
-        ? "There is no display to record. Set DISPLAY to an X11 display, such as :0"
+        ? translate("RecordCommand", "There is no display to record. Set DISPLAY to an X11 display, such as :0")
         : std::string(error.what());
-    return "Couldn't start recording: " + reason + '.';
+    return withArguments(translate("RecordCommand", "Couldn't start recording: %1."), {reason});
+}
+
+std::string earlyEnd(const std::string& reason)
+{
+    return withArguments(
+        translate("RecordCommand", "The recording ended early: %1. What was recorded is kept."), {reason});
 }
 
 /// Records into `recorder` until `end`, and says on `line` how long it has been.
@@ -52,8 +60,9 @@ QCoro::Task<QString> record(StreamRecorder& recorder, RecordingEnd& end, Capture
     QTimer display;
     const auto show = [&recorder, &line] {
         const auto frames = recorder.frameCount();
-        line.show("recording " + std::to_string(frames / FrameTimeline::framesPerSecond) + " s, "
-            + std::to_string(frames) + " frames; Ctrl-C stops");
+        const auto count = static_cast<int>(frames); // a day has fewer than three million
+        const auto text = translate("ProgressLine", "recording %1 s, %n frame(s); Ctrl-C stops", nullptr, count);
+        line.show(withArguments(text, {std::to_string(frames / FrameTimeline::framesPerSecond)}));
     };
     if (line.isVisible()) {
         QObject::connect(&display, &QTimer::timeout, &display, show);
@@ -90,7 +99,7 @@ QCoro::Task<Recording> recordFrames(RecordOptions options, ProgressLine& line)
         const auto reason = interruption.isEmpty() ? QString() : QLatin1Char(' ') + interruption + QLatin1Char('.');
         ErrorReport::print((FlowMessages::noFrames() + reason).toStdString());
     } else if (!interruption.isEmpty()) {
-        ErrorReport::print("The recording ended early: " + interruption.toStdString() + ". What was recorded is kept.");
+        ErrorReport::print(earlyEnd(interruption.toStdString()));
     }
     Recording recording{.frames = std::move(frames), .intake = recorder.intake()};
     co_return recording;
@@ -108,7 +117,7 @@ std::string save(const GIFOptimizer::Result& result, const OutputOptions& option
 {
     const ClipOutput output(options.output ? *options.output : QFile::encodeName(ClipExport::newPath()).toStdString(),
         options.force); // which makes a folder
-    line.show("saving");
+    line.show(translate("ProgressLine", "saving"));
     output.save(result.data);
     line.clear();
     const ResultReport::Clip saved{result, options.preset, output.name()};
@@ -116,27 +125,63 @@ std::string save(const GIFOptimizer::Result& result, const OutputOptions& option
     return output.name();
 }
 
+/// Why no clip can be copied on this desktop, as sentences for the user; empty where one can.
+std::string obstacleToCopying()
+{
+    if (RunningInstance::exists()) // which has windows
+        return {};
+    const auto choice = choosePasteboard();
+    if (choice.needsFocus)
+        return withArguments(
+            translate("RecordCommand", "%1. The desktop application does it: start quillbox first."), {choice.reason});
+    return choice.backEnd == PasteboardChoice::BackEnd::None
+        ? withArguments(translate("RecordCommand", "%1."), {choice.reason})
+        : std::string();
+}
+
+/// Has the running application copy the clip. @return false where that can't be
+bool copyByRunningInstance(const QString& path)
+{
+    if (!RunningInstance::exists() || !RunningInstance::copy(path))
+        return false;
+    if (RunningInstance::status().value(QStringLiteral("clipboard")) == QLatin1String("pending"))
+        ErrorReport::print(
+            translate("RecordCommand", "the clip gets onto the clipboard when the panel is opened: quillbox show"));
+    return true;
+}
+
 /// Puts the clip on the clipboard: of the running application, which stays, else of this process, which then stays
-/// until another program copies something.
-QCoro::Task<> copy(std::string output, QByteArray gif)
+/// until another program copies something. @return false where that can't be; the error has been reported then
+QCoro::Task<bool> copy(std::string output, QByteArray gif)
 {
     const auto path = QFileInfo(QFile::decodeName(QByteArray::fromStdString(output))).absoluteFilePath();
-    if (RunningInstance::exists() && RunningInstance::copy(path))
-        co_return;
+    if (copyByRunningInstance(path))
+        co_return true;
     const ClipboardHold hold(path, gif);
-    ErrorReport::print("the clip stays on the clipboard until something else is copied; Ctrl-C ends this program");
+    if (!hold.isHeld()) {
+        ErrorReport::print(translate("RecordCommand", "the clip is saved, but it couldn't be put on the clipboard"));
+        co_return false;
+    }
+    ErrorReport::print(translate(
+        "RecordCommand", "the clip stays on the clipboard until something else is copied; Ctrl-C ends this program"));
     const auto ended = hold.ended();
     co_await ended;
+    co_return true;
 }
 
 QCoro::Task<int> recordAndSave(RecordOptions options)
 {
+    if (const auto obstacle = options.copy ? obstacleToCopying() : std::string(); !obstacle.empty()) {
+        ErrorReport::print(withArguments(
+            translate("RecordCommand", "the clip could not be copied, so nothing was recorded. %1"), {obstacle}));
+        co_return ExitCode::failure;
+    }
     if (!options.region) {
         const auto selection = ScreenSelection::askForRegion();
         options.region = co_await selection;
     }
     if (!options.region) {
-        ErrorReport::print("nothing was selected, so nothing was recorded");
+        ErrorReport::print(translate("RecordCommand", "nothing was selected, so nothing was recorded"));
         co_return ExitCode::failure;
     }
     ProgressLine line;
@@ -150,7 +195,8 @@ QCoro::Task<int> recordAndSave(RecordOptions options)
         const auto output = save(result, options.out, line);
         if (options.copy) {
             auto copying = copy(output, ClipExport::bytes(result));
-            co_await copying;
+            if (!co_await copying)
+                co_return ExitCode::failure;
         }
         co_return ExitCode::success;
     } catch (const std::exception& error) {

@@ -6,10 +6,11 @@
 
 namespace quillbox {
 
-RecordingEnd::RecordingEnd(const StreamRecorder& recorder, std::optional<double> durationSeconds)
+RecordingEnd::RecordingEnd(StreamRecorder& recorder, std::optional<double> durationSeconds)
 {
     m_promise.start();
     connect(&m_stopRequest, &StopRequest::received, this, [this] { end({}); });
+    connect(&m_stopRequest, &StopRequest::received, &recorder, &StreamRecorder::giveUpStart);
     connect(&recorder, &StreamRecorder::interrupted, this, [this](const QString& reason) { end(reason); });
     if (durationSeconds) {
         m_timer.setTimerType(Qt::PreciseTimer);

@@ -21,8 +21,8 @@ class RecordingEnd : public QObject {
     Q_OBJECT
 
 public:
-    /// Listens from now on; the duration begins with `startClock`.
-    RecordingEnd(const StreamRecorder& recorder, std::optional<double> durationSeconds);
+    /// Listens from now on; the duration begins with `startClock`. A signal also ends the recorder's start.
+    RecordingEnd(StreamRecorder& recorder, std::optional<double> durationSeconds);
 
     void startClock();
     /// Finishes when the recording is to end; holds why the screen can't be captured, or nothing in the other cases.

@@ -1,3 +1,4 @@
+#include "App/CommandLine/DoctorReport.h"
 #include "App/CommandLine/ResultReport.h"
 #include "App/CommandLine/StatusReport.h"
 
@@ -18,7 +19,40 @@ std::string lineOf(const nlohmann::ordered_json& object)
     return object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + '\n';
 }
 
+const char* wordFor(ServiceReport::Health health)
+{
+    switch (health) {
+    case ServiceReport::Health::Works:
+        return "works";
+    case ServiceReport::Health::Limited:
+        return "limited";
+    case ServiceReport::Health::Missing:
+        break;
+    }
+    return "missing";
+}
+
 } // namespace
+
+std::string DoctorReport::json(const Findings& findings)
+{
+    auto services = nlohmann::ordered_json::array();
+    for (const ServiceReport& report : findings.services)
+        services.push_back({
+            {"service", report.service},
+            {"health", wordFor(report.health)},
+            {"used", report.used},
+            {"found", report.found},
+            {"advice", report.advice},
+            {"packages", report.packages},
+        });
+    return lineOf({
+        {"canRecord", canRecord(findings)},
+        {"windowSystem", findings.windowSystem},
+        {"desktop", findings.desktop},
+        {"services", services},
+    });
+}
 
 std::string ResultReport::jsonLine(const Clip& clip)
 {
@@ -42,7 +76,7 @@ std::string ResultReport::jsonLine(const Clip& clip)
 std::string StatusReport::jsonLine(const QVariantMap& status)
 {
     nlohmann::ordered_json object;
-    for (const auto* const key : {"phase", "frameCount", "path", "byteCount", "message"}) {
+    for (const auto* const key : {"phase", "frameCount", "path", "byteCount", "message", "clipboard"}) {
         const auto value = status.value(QLatin1String(key));
         if (value.typeId() == QMetaType::QString)
             object[key] = value.toString().toStdString();

@@ -1,9 +1,12 @@
 #include "App/CommandLine/ResultReport.h"
 
 #include "App/CommandLine/ErrorReport.h"
+#include "Translation/Translate.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
+#include <limits>
 
 namespace quillbox {
 namespace {
@@ -26,9 +29,10 @@ std::string size(std::int64_t byteCount)
     return decimal(static_cast<double>(byteCount) / 1'000'000, 1) + " MB";
 }
 
-std::string count(std::int64_t number, const char* thing)
+/// For plurals: exact as far as an int goes, which is farther than a clip.
+int count(std::int64_t number)
 {
-    return std::to_string(number) + ' ' + thing + (number == 1 ? "" : "s");
+    return static_cast<int>(std::min<std::int64_t>(number, std::numeric_limits<int>::max()));
 }
 
 } // namespace
@@ -41,13 +45,17 @@ bool ResultReport::isOverBudget(const Clip& clip)
 std::string ResultReport::humanLine(const Clip& clip)
 {
     const auto& result = clip.result;
-    std::string line = ErrorReport::oneLine(clip.output) + ": " + size(result.byteCount) + ", "
-        + count(result.frameCount, "frame") + ", " + count(result.colorCount, "colour") + ", "
-        + std::to_string(result.effectiveFPS) + " fps, " + decimal(result.durationSeconds, 1) + " s, "
-        + (result.usedDithering ? "dithered" : "not dithered");
+    auto line = withArguments(translate("ResultReport", "%1: %2, %3, %4, %5 fps, %6 s, %7"),
+        {ErrorReport::oneLine(clip.output), size(result.byteCount),
+            translate("ResultReport", "%n frame(s)", nullptr, count(result.frameCount)),
+            translate("ResultReport", "%n colour(s)", nullptr, count(result.colorCount)),
+            std::to_string(result.effectiveFPS), decimal(result.durationSeconds, 1),
+            result.usedDithering ? translate("ResultReport", "dithered") : translate("ResultReport", "not dithered")});
     if (isOverBudget(clip)) {
-        line += "; over the " + decimal(static_cast<double>(clip.preset.targetBytes()) / 1'000'000, 0)
-            + " MB budget of " + std::string(clip.preset.title()) + ": record less, or a smaller part of the screen";
+        const auto megabytes = decimal(static_cast<double>(clip.preset.targetBytes()) / 1'000'000, 0);
+        line += withArguments(
+            translate("ResultReport", "; over the %1 MB budget of %2: record less, or a smaller part of the screen"),
+            {megabytes, clip.preset.title()});
     }
     return line + '\n';
 }

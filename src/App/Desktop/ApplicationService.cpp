@@ -4,6 +4,7 @@
 #include "App/Desktop/DesktopEntryAdaptor.h"
 #include "Capture/RecorderControlling.h"
 #include "PostCapture/ClipboardExporter.h"
+#include "PostCapture/Pasteboard.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -41,6 +42,19 @@ struct Describe {
 private:
     static QVariantMap named(const char* phase) { return {{QStringLiteral("phase"), QString::fromLatin1(phase)}}; }
 };
+
+QString clipboardState()
+{
+    switch (Pasteboard::general().state()) {
+    case Pasteboard::State::Pending:
+        return QStringLiteral("pending");
+    case Pasteboard::State::Accepted:
+        return QStringLiteral("accepted");
+    case Pasteboard::State::Empty:
+        break;
+    }
+    return QStringLiteral("empty");
+}
 
 } // namespace
 
@@ -103,8 +117,7 @@ QVariantMap ApplicationService::Begin()
 QVariantMap ApplicationService::Stop()
 {
     if (!m_coordinator.get().isIn<Coordinator::Recording>()) {
-        sendErrorReply(
-            QStringLiteral("org.quillbox.quillbox.Error.NotRecording"), QStringLiteral("Nothing is being recorded"));
+        sendErrorReply(QStringLiteral("org.quillbox.quillbox.Error.NotRecording"), tr("Nothing is being recorded"));
         return {};
     }
     setDelayedReply(true);
@@ -132,6 +145,7 @@ QVariantMap ApplicationService::Status() const
     auto status = std::visit(Describe{}, m_coordinator.get().phase());
     if (m_coordinator.get().recorder()->isRecording())
         status.insert(QStringLiteral("frameCount"), qlonglong{m_actions.frameCount()});
+    status.insert(QStringLiteral("clipboard"), clipboardState());
     return status;
 }
 

@@ -60,7 +60,8 @@ public:
     Q_SCRIPTABLE Q_INVOKABLE QVariantMap Stop();
     Q_SCRIPTABLE Q_INVOKABLE void Show() const;
     /// "phase": idle, selecting, recording, processing, done or failed; "frameCount" while it records; "path" and
-    /// "byteCount" of what is done; "message" of what failed.
+    /// "byteCount" of what is done; "message" of what failed. "clipboard": empty, pending or accepted, as Pasteboard
+    /// has it.
     Q_SCRIPTABLE Q_INVOKABLE QVariantMap Status() const;
     /// Puts a saved clip on the clipboard; false if the file can't be read.
     Q_SCRIPTABLE Q_INVOKABLE bool Copy(const QString& path);

@@ -11,6 +11,11 @@ namespace {
 /// Enough for tens of megabytes; there are managers that never answer.
 constexpr std::chrono::seconds managerPatience{3};
 
+bool hasClip()
+{
+    return Pasteboard::general().state() == Pasteboard::State::Accepted;
+}
+
 } // namespace
 
 ClipboardHandOver::ClipboardHandOver(QObject* parent)
@@ -29,12 +34,12 @@ void ClipboardHandOver::begin()
     if (m_hasBegun)
         return;
     m_hasBegun = true;
-    if (!Pasteboard::general().ownsContent()) {
+    if (!hasClip()) {
         end();
         return;
     }
     m_request = SelectionConversion::ask("CLIPBOARD_MANAGER", "SAVE_TARGETS");
-    if (!m_request) { // nobody who could answer
+    if (!m_request) { // nobody who could answer; on Wayland managers fetch a clip as soon as it is set
         end();
         return;
     }
@@ -48,7 +53,7 @@ void ClipboardHandOver::begin()
 /// The manager says that it is done, and becomes the clipboard's owner; we hear of the two in any order.
 void ClipboardHandOver::endWhenDone()
 {
-    if (m_isAnswered && !Pasteboard::general().ownsContent())
+    if (m_isAnswered && !hasClip())
         end();
 }
 

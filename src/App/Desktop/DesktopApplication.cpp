@@ -3,6 +3,8 @@
 #include "App/BareArguments.h"
 #include "Capture/CaptureError.h"
 #include "Capture/X11Queries.h"
+#include "Translation/Catalogues.h"
+#include "Translation/Translate.h"
 
 #include <QByteArray>
 #include <QtGlobal>
@@ -22,7 +24,8 @@ int& checked(int& count)
     try {
         X11Queries::checkDisplay();
     } catch (const CaptureError& error) {
-        throw NoDesktopError(std::string(error.what()) + ". quillbox record and encode work from a terminal");
+        throw NoDesktopError(withArguments(
+            translate("DesktopApplication", "%1. quillbox record and encode work from a terminal"), {error.what()}));
     }
     return count;
 }
@@ -32,6 +35,7 @@ int& checked(int& count)
 DesktopApplication::DesktopApplication()
     : m_application(checked(BareArguments::count), BareArguments::values)
 {
+    Catalogues::install();
     QCoreApplication::setApplicationName(QStringLiteral("quillbox"));
     QCoreApplication::setApplicationVersion(QStringLiteral(QUILLBOX_VERSION));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Quillbox"));

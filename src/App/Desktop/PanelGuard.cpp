@@ -63,7 +63,11 @@ bool PanelGuard::eventFilter(QObject* watched, QEvent* event)
 bool PanelGuard::isInTheWay() const
 {
     const auto region = m_recorder.region();
-    return region && m_panel.isVisible() && placeOf(*region).intersects(m_panel.frameGeometry());
+    if (!region || !m_panel.isVisible())
+        return false;
+    // A window on Wayland does not know where it is.
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"))
+        || placeOf(*region).intersects(m_panel.frameGeometry());
 }
 
 void PanelGuard::check()

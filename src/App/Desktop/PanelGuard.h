@@ -10,7 +10,7 @@ namespace quillbox {
 class StreamRecorder;
 
 /// Keeps our own panel out of clips: while it covers a part of what is being recorded, the clip goes on showing what
-/// was there before. Thread: main.
+/// was there before; where windows are not told their place, as long as it is open. Thread: main.
 class PanelGuard : public QObject {
     Q_OBJECT
 

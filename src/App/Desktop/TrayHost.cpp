@@ -18,17 +18,15 @@ using namespace std::chrono_literals;
 constexpr auto hostPatience = 2s;
 constexpr auto searchTime = 10s;
 
-const auto watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
-
 } // namespace
 
 TrayHost::TrayHost(QObject* parent)
     : QObject(parent)
-    , m_watcher(watcherService, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForRegistration)
+    , m_watcher(QLatin1String(watcherService), QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForRegistration)
 {
     connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, &TrayHost::askWatcher);
-    QDBusConnection::sessionBus().connect(watcherService, QStringLiteral("/StatusNotifierWatcher"), watcherService,
-        QStringLiteral("StatusNotifierHostRegistered"), this, SLOT(askWatcher()));
+    QDBusConnection::sessionBus().connect(QLatin1String(watcherService), QLatin1String(watcherPath),
+        QLatin1String(watcherService), QStringLiteral("StatusNotifierHostRegistered"), this, SLOT(askWatcher()));
     m_patience.setSingleShot(true);
     m_search.setSingleShot(true);
     connect(&m_patience, &QTimer::timeout, this, &TrayHost::missing);
@@ -49,16 +47,16 @@ void TrayHost::askWatcher()
 {
     if (m_isOver)
         return;
-    auto question = QDBusMessage::createMethodCall(watcherService, QStringLiteral("/StatusNotifierWatcher"),
+    auto question = QDBusMessage::createMethodCall(QLatin1String(watcherService), QLatin1String(watcherPath),
         QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     question.setAutoStartService(false);
-    question << watcherService << QStringLiteral("IsStatusNotifierHostRegistered");
+    question << QString(QLatin1String(watcherService)) << QString(QLatin1String(hostProperty));
     auto* const pending = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
     connect(pending, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
         finished->deleteLater();
         const QDBusPendingReply<QDBusVariant> reply = *finished;
-        const bool isThere = (reply.isValid() && reply.value().variant().toBool())
-            || X11Queries::isSelectionOwned("_NET_SYSTEM_TRAY_S0");
+        const bool isThere
+            = (reply.isValid() && reply.value().variant().toBool()) || X11Queries::isSelectionOwned(traySelection);
         if (m_isOver || !isThere)
             return;
         end();

@@ -13,6 +13,12 @@ class TrayHost : public QObject {
     Q_OBJECT
 
 public:
+    // Where it looks: a property of a service on the session bus, and a selection of the X server.
+    static constexpr auto watcherService = "org.kde.StatusNotifierWatcher"; ///< its interface is called the same
+    static constexpr auto watcherPath = "/StatusNotifierWatcher";
+    static constexpr auto hostProperty = "IsStatusNotifierHostRegistered";
+    static constexpr auto traySelection = "_NET_SYSTEM_TRAY_S0";
+
     explicit TrayHost(QObject* parent = nullptr);
 
     /// Looks, and goes on looking for a while: a session that is just starting brings its panel up when it can.

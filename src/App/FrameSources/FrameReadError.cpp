@@ -1,5 +1,7 @@
 #include "App/FrameSources/FrameReadError.h"
 
+#include "Translation/Translate.h"
+
 #include <system_error>
 #include <utility>
 
@@ -14,51 +16,61 @@ struct Sentence {
     {
         return std::to_string(width) + "×" + std::to_string(height);
     }
-    static std::string frameName(std::int64_t frame) { return "frame " + std::to_string(frame); }
+    static std::string message(int errorNumber) { return std::generic_category().message(errorNumber); }
 
     std::string operator()(const Error::CannotOpen& reason) const
     {
-        return "can't be opened: " + std::generic_category().message(reason.errorNumber);
+        return withArguments(translate("FrameReadError", "can't be opened: %1"), {message(reason.errorNumber)});
     }
     std::string operator()(const Error::CannotRead& reason) const
     {
-        return "can't be read: " + std::generic_category().message(reason.errorNumber);
+        return withArguments(translate("FrameReadError", "can't be read: %1"), {message(reason.errorNumber)});
     }
-    std::string operator()(const Error::NoFrames&) const { return "holds no frame; at least one is needed"; }
+    std::string operator()(const Error::NoFrames&) const
+    {
+        return translate("FrameReadError", "holds no frame; at least one is needed");
+    }
     std::string operator()(const Error::Truncated& reason) const
     {
-        return frameName(reason.frame) + " ends after " + std::to_string(reason.byteCount) + " of "
-            + std::to_string(reason.expectedByteCount) + " bytes; " + reason.advice;
+        return withArguments(translate("FrameReadError", "frame %1 ends after %2 of %3 bytes; %4"),
+            {std::to_string(reason.frame), std::to_string(reason.byteCount), std::to_string(reason.expectedByteCount),
+                reason.advice});
     }
     std::string operator()(const Error::SideOutOfRange& reason) const
     {
-        return frameName(reason.frame) + " is " + size(reason.width, reason.height)
-            + "; each side must be 1 to 65535 pixels";
+        return withArguments(translate("FrameReadError", "frame %1 is %2; each side must be 1 to 65535 pixels"),
+            {std::to_string(reason.frame), size(reason.width, reason.height)});
     }
     std::string operator()(const Error::TooLargeForMemory& reason) const
     {
-        return frameName(reason.frame) + " is " + size(reason.width, reason.height)
-            + ", more than this machine's memory holds; use smaller frames";
+        return withArguments(
+            translate("FrameReadError", "frame %1 is %2, more than this machine's memory holds; use smaller frames"),
+            {std::to_string(reason.frame), size(reason.width, reason.height)});
     }
     std::string operator()(const Error::InvalidHeader& reason) const
     {
-        const auto place = reason.frame == 0 ? std::string("header") : frameName(reason.frame);
-        return place + " has \"" + reason.found + "\"; expected " + reason.expected;
+        if (reason.frame == 0)
+            return withArguments(
+                translate("FrameReadError", "header has \"%1\"; expected %2"), {reason.found, reason.expected});
+        return withArguments(translate("FrameReadError", "frame %1 has \"%2\"; expected %3"),
+            {std::to_string(reason.frame), reason.found, reason.expected});
     }
     std::string operator()(const Error::NotAnImage&) const
     {
-        return "is not an image that can be read; expected PNG, JPEG, GIF or the like, a YUV4MPEG2 stream, or --raw "
-               "WxH "
-               "for raw RGBA frames";
+        return translate("FrameReadError",
+            "is not an image that can be read; expected PNG, JPEG, GIF or the like, a YUV4MPEG2 stream, or --raw WxH "
+            "for raw RGBA frames");
     }
     std::string operator()(const Error::CannotDecode& reason) const
     {
-        return frameName(reason.frame) + " can't be decoded: " + reason.reason;
+        return withArguments(translate("FrameReadError", "frame %1 can't be decoded: %2"),
+            {std::to_string(reason.frame), reason.reason});
     }
     std::string operator()(const Error::TooLong& reason) const
     {
-        return "plays for " + std::to_string(reason.milliseconds / 1000) + " s, more than "
-            + std::to_string(reason.maximumMilliseconds / 1000) + " s; use --source-fps to take its frames one each";
+        return withArguments(
+            translate("FrameReadError", "plays for %1 s, more than %2 s; use --source-fps to take its frames one each"),
+            {std::to_string(reason.milliseconds / 1000), std::to_string(reason.maximumMilliseconds / 1000)});
     }
 };
 
@@ -67,7 +79,7 @@ struct Sentence {
 FrameReadError::FrameReadError(std::string input, Reason reason)
     : m_input(std::move(input))
     , m_reason(std::move(reason))
-    , m_message(m_input + ": " + std::visit(Sentence{}, m_reason))
+    , m_message(withArguments(translate("FrameReadError", "%1: %2"), {m_input, std::visit(Sentence{}, m_reason)}))
 {
 }
 

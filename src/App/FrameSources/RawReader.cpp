@@ -3,6 +3,7 @@
 #include "App/FrameSources/FrameMaker.h"
 #include "App/FrameSources/FrameReadError.h"
 #include "App/FrameSources/RepeatReader.h"
+#include "Translation/Translate.h"
 
 #include <string>
 #include <utility>
@@ -15,7 +16,8 @@ void RawReader::read(ByteSource& source, FrameSize size, FrameReceiver& receiver
     const auto endsInside = [&](std::int64_t frame, std::int64_t byteCount) {
         const auto sizeText = std::to_string(size.width) + "x" + std::to_string(size.height);
         return FrameReadError(source.name(),
-            FrameReadError::Truncated{frame, byteCount, frameBytes, "is --raw " + sizeText + " its true size?"});
+            FrameReadError::Truncated{frame, byteCount, frameBytes,
+                withArguments(translate("FrameReadError", "is --raw %1 its true size?"), {sizeText})});
     };
     if (const auto remaining = source.remaining(); remaining && *remaining % frameBytes != 0)
         throw endsInside(*remaining / frameBytes + 1, *remaining % frameBytes);

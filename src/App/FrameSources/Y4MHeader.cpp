@@ -1,6 +1,7 @@
 #include "App/FrameSources/Y4MHeader.h"
 
 #include "App/FrameSources/FrameReadError.h"
+#include "Translation/Translate.h"
 
 #include <algorithm>
 #include <array>
@@ -43,7 +44,8 @@ ChromaSubsampling subsamplingOf(const std::string& input, std::string_view tag)
     const auto* const found
         = std::find_if(known.begin(), known.end(), [&](const auto& pair) { return pair.first == tag; });
     if (found == known.end())
-        throw invalid(input, tag, "8-bit C420, C422, C444, C411 or Cmono (with FFmpeg: -pix_fmt yuv444p)");
+        throw invalid(input, tag,
+            translate("FrameReadError", "8-bit C420, C422, C444, C411 or Cmono (with FFmpeg: -pix_fmt yuv444p)"));
     return found->second;
 }
 
@@ -55,7 +57,7 @@ std::optional<std::int64_t> rateOf(const std::string& input, std::string_view ta
     const auto numerator = number(tag.substr(1, colon - 1));
     const auto denominator = number(tag.substr(colon + 1));
     if (!numerator || !denominator || *numerator > largestTerm || *denominator > largestTerm)
-        throw invalid(input, tag, "a rate like F30:1 or F30000:1001");
+        throw invalid(input, tag, translate("FrameReadError", "a rate like F30:1 or F30000:1001"));
     if (*numerator == 0 || *denominator == 0)
         return std::nullopt;
     return std::max<std::int64_t>(1, (*numerator * 2 + *denominator) / (*denominator * 2));
@@ -66,7 +68,8 @@ std::optional<std::int64_t> rateOf(const std::string& input, std::string_view ta
 Y4MHeader Y4MHeader::parse(const std::string& input, std::string_view line)
 {
     if (!line.starts_with(magic) || (line.size() > magic.size() && line[magic.size()] != ' '))
-        throw invalid(input, line, "a YUV4MPEG2 stream (or --raw WxH for raw RGBA frames)");
+        throw invalid(
+            input, line, translate("FrameReadError", "a YUV4MPEG2 stream (or --raw WxH for raw RGBA frames)"));
     line.remove_prefix(magic.size());
 
     Y4MHeader header;
@@ -78,7 +81,7 @@ Y4MHeader Y4MHeader::parse(const std::string& input, std::string_view line)
         if (tag.starts_with('W') || tag.starts_with('H')) {
             const auto side = number(tag.substr(1));
             if (!side)
-                throw invalid(input, tag, "a whole number of pixels");
+                throw invalid(input, tag, translate("FrameReadError", "a whole number of pixels"));
             (tag.starts_with('W') ? header.size.width : header.size.height) = *side;
         } else if (tag.starts_with('C')) {
             header.subsampling = subsamplingOf(input, tag);
@@ -89,11 +92,11 @@ Y4MHeader Y4MHeader::parse(const std::string& input, std::string_view line)
         } // interlacing, pixel aspect, comments and other extensions change nothing here
     }
     if (header.size.width == 0 || header.size.height == 0)
-        throw invalid(input, magic, "the frame size in its tags W and H");
+        throw invalid(input, magic, translate("FrameReadError", "the frame size in its tags W and H"));
     if (range.ends_with("=FULL") || (range.empty() && header.subsampling == ChromaSubsampling::mono))
         header.range = YUVRange::full; // grey pictures use all 256 levels unless they say otherwise
     else if (!range.empty() && !range.ends_with("=LIMITED"))
-        throw invalid(input, range, "XCOLORRANGE=FULL or XCOLORRANGE=LIMITED");
+        throw invalid(input, range, translate("FrameReadError", "XCOLORRANGE=FULL or XCOLORRANGE=LIMITED"));
     return header;
 }
 

@@ -4,6 +4,7 @@
 #include "App/FrameSources/Y4MHeader.h"
 #include "Encoding/FramePool.h"
 #include "Encoding/Parallel.h"
+#include "Translation/Translate.h"
 
 #include <algorithm>
 #include <deque>
@@ -104,13 +105,14 @@ bool readFrameLine(ByteSource& source, std::int64_t frame)
     const std::string_view text = line.text;
     if (!line.complete && word.starts_with(text.substr(0, word.size())) && text.size() < ByteSource::lookaheadSize) {
         throw FrameReadError(source.name(),
-            FrameReadError::InvalidHeader{frame, line.text, "FRAME and its picture; the stream is cut off"});
+            FrameReadError::InvalidHeader{
+                frame, line.text, translate("FrameReadError", "FRAME and its picture; the stream is cut off")});
     }
     // What follows a blank are the frame's own parameters; none of them changes its pixels.
     if (!line.complete || !text.starts_with(word) || (text.size() > word.size() && text[word.size()] != ' ')) {
         throw FrameReadError(source.name(),
-            FrameReadError::InvalidHeader{
-                frame, line.text.substr(0, 16), "FRAME; the frame before it has another size"});
+            FrameReadError::InvalidHeader{frame, line.text.substr(0, 16),
+                translate("FrameReadError", "FRAME; the frame before it has another size")});
     }
     return true;
 }
@@ -137,8 +139,9 @@ void Y4MReader::read(ByteSource& source, FrameReceiver& receiver)
     std::int64_t frame = 1;
     for (; readFrameLine(source, frame); ++frame) {
         const auto endsAfter = [&](std::int64_t byteCount) {
-            return FrameReadError(
-                source.name(), FrameReadError::Truncated{frame, byteCount, pictureBytes, "write the stream again"});
+            return FrameReadError(source.name(),
+                FrameReadError::Truncated{
+                    frame, byteCount, pictureBytes, translate("FrameReadError", "write the stream again")});
         };
         if (const auto remaining = source.remaining(); remaining && *remaining < pictureBytes)
             throw endsAfter(*remaining);

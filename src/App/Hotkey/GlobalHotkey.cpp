@@ -12,14 +12,14 @@ GlobalHotkey::GlobalHotkey(std::function<void()> onTrigger, std::unique_ptr<Hotk
     // Queued: the handler of the key press has returned by then.
     connect(
         m_service.get(), &HotkeyService::pressed, this, [this] { m_onTrigger(); }, Qt::QueuedConnection);
-    connect(m_service.get(), &HotkeyService::statusChanged, this, &GlobalHotkey::statusChanged);
+    connect(m_service.get(), &HotkeyService::stateChanged, this, &GlobalHotkey::stateChanged);
 }
 
 GlobalHotkey::~GlobalHotkey() = default;
 
 void GlobalHotkey::registerKey(std::uint32_t keyCode, std::uint32_t modifiers)
 {
-    m_service->grab(keyCode, modifiers); // whether it is ours is told by the status; nothing depends on it
+    m_service->grab(keyCode, modifiers); // whether it is ours is told by the state; nothing depends on it
 }
 
 void GlobalHotkey::release()
@@ -27,9 +27,9 @@ void GlobalHotkey::release()
     m_service.reset();
 }
 
-HotkeyStatus GlobalHotkey::status() const
+HotkeyState GlobalHotkey::state() const
 {
-    return m_service ? m_service->status() : HotkeyStatus::NotRegistered;
+    return m_service ? m_service->state() : HotkeyState{};
 }
 
 } // namespace quillbox

@@ -29,10 +29,10 @@ public:
     /// Lets go of the combination.
     void release();
 
-    [[nodiscard]] HotkeyStatus status() const;
+    [[nodiscard]] HotkeyState state() const;
 
 Q_SIGNALS:
-    void statusChanged();
+    void stateChanged();
 
 private:
     std::function<void()> m_onTrigger;

@@ -27,5 +27,9 @@ struct Modifiers {
         | (held.control ? control : 0);
 }
 
+/// The combination of this program: the physical "2" of the main block with the Super and Shift keys.
+inline constexpr std::uint32_t defaultKeyCode = 19;
+inline constexpr std::uint32_t defaultModifiers = carbonModifiers({.command = true, .shift = true});
+
 } // namespace HotkeyMath
 } // namespace quillbox

@@ -1,18 +1,33 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 
 #include <cstdint>
 #include <memory>
+#include <string>
 
 namespace quillbox {
 
 /// What became of a wish for a system-wide key combination.
 enum class HotkeyStatus {
     NotRegistered, ///< nobody asked yet
+    Asking,        ///< the desktop has been asked, and may be asking the user
     Active,        ///< presses are reported
     Taken,         ///< another program holds the combination
+    Refused,       ///< the user does not want it
+    Unassigned,    ///< the desktop could have one, but has bound none for us
     Unavailable,   ///< this desktop has no such thing, or no such key
+};
+
+struct HotkeyState {
+    HotkeyStatus status = HotkeyStatus::NotRegistered;
+    /// The words in which a desktop that lets the user choose the keys describes them; empty where it is the
+    /// combination that was asked for, or where the desktop doesn't tell.
+    QString trigger{};
+    bool isDesktops = false; ///< the desktop's settings say which keys they are
+
+    friend bool operator==(const HotkeyState&, const HotkeyState&) = default;
 };
 
 /// The window system's way to report one key combination from wherever it is pressed. Thread: main.
@@ -20,18 +35,35 @@ class HotkeyService : public QObject {
     Q_OBJECT
 
 public:
-    /// Asks for the combination; to be called once. Nothing is thrown: the status tells.
+    /// Asks for the combination; to be called once. Nothing is thrown: the state tells.
     /// @param keyCode    Number of the physical key, as `GlobalHotkey::registerKey` counts.
     /// @param modifiers  A mask of `HotkeyMath`.
     virtual void grab(std::uint32_t keyCode, std::uint32_t modifiers) = 0;
-    [[nodiscard]] virtual HotkeyStatus status() const = 0;
+    [[nodiscard]] const HotkeyState& state() const { return m_state; }
 
 Q_SIGNALS:
     void pressed();
-    void statusChanged();
+    void stateChanged();
+
+protected:
+    void setState(HotkeyState next);
+
+private:
+    HotkeyState m_state;
 };
 
-/// The service of this desktop; one that is never available where there is none.
+/// Which service is for the session that this process belongs to.
+struct HotkeyChoice {
+    enum class Backend { X11, Portal, None };
+    Backend backend = Backend::None;
+    std::string reason; ///< why there is none: one sentence, UTF-8, without a full stop
+};
+
+/// Alone asks what the session is: on Wayland the desktop portal, else the X server. The environment variable
+/// QUILLBOX_HOTKEY_BACKEND overrides the choice: "x11", "portal" or "none".
+[[nodiscard]] HotkeyChoice chooseHotkey();
+
+/// The chosen service; one that is never available where there is none.
 [[nodiscard]] std::unique_ptr<HotkeyService> makeHotkeyService();
 
 } // namespace quillbox

@@ -8,6 +8,35 @@
 #include <QSocketNotifier>
 
 namespace quillbox {
+namespace {
+
+/// Asks the server for the key, in place of what the connection had before.
+HotkeyStatus grabOn(const X11Display& display, std::uint32_t keyCode, std::uint32_t wanted)
+{
+    const auto key = KeyboardMap::x11KeyCode(keyCode);
+    if (!key)
+        return HotkeyStatus::Unavailable;
+    auto* const connection = display.connection();
+    const auto bits = KeyboardMap::modifierBits(connection);
+    if (((wanted & HotkeyMath::command) != 0 && bits.super == 0)
+        || ((wanted & HotkeyMath::option) != 0 && bits.alt == 0))
+        return HotkeyStatus::Unavailable; // a keyboard without that modifier
+    const auto held = static_cast<std::uint16_t>(((wanted & HotkeyMath::command) != 0 ? bits.super : 0)
+        | ((wanted & HotkeyMath::option) != 0 ? bits.alt : 0)
+        | ((wanted & HotkeyMath::shift) != 0 ? XCB_MOD_MASK_SHIFT : 0)
+        | ((wanted & HotkeyMath::control) != 0 ? XCB_MOD_MASK_CONTROL : 0));
+    xcb_ungrab_key(connection, XCB_GRAB_ANY, display.root(), XCB_MOD_MASK_ANY); // only grabs of this connection
+    bool isTaken = false;
+    for (const std::uint16_t locks : KeyboardMap::unions(bits.locks)) {
+        const auto cookie = xcb_grab_key_checked(connection, /*owner_events=*/0, display.root(),
+            static_cast<std::uint16_t>(held | locks), *key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+        const XCBPointer<xcb_generic_error_t> error(xcb_request_check(connection, cookie));
+        isTaken = isTaken || error != nullptr;
+    }
+    return isTaken ? HotkeyStatus::Taken : HotkeyStatus::Active;
+}
+
+} // namespace
 
 struct X11Hotkey::Connection {
     X11Display display;
@@ -34,35 +63,19 @@ void X11Hotkey::grab(std::uint32_t keyCode, std::uint32_t modifiers)
 
 void X11Hotkey::grabAgain()
 {
-    const auto key = KeyboardMap::x11KeyCode(m_wish->keyCode);
-    if (!m_connection || !key) {
-        setStatus(HotkeyStatus::Unavailable);
+    if (!m_connection) {
+        setState({.status = HotkeyStatus::Unavailable});
         return;
     }
-    auto* const connection = m_connection->display.connection();
-    const auto root = m_connection->display.root();
-    const auto bits = KeyboardMap::modifierBits(connection);
-    const auto wanted = m_wish->modifiers;
-    if (((wanted & HotkeyMath::command) != 0 && bits.super == 0)
-        || ((wanted & HotkeyMath::option) != 0 && bits.alt == 0)) {
-        setStatus(HotkeyStatus::Unavailable); // a keyboard without that modifier
-        return;
-    }
-    const auto held = static_cast<std::uint16_t>(((wanted & HotkeyMath::command) != 0 ? bits.super : 0)
-        | ((wanted & HotkeyMath::option) != 0 ? bits.alt : 0)
-        | ((wanted & HotkeyMath::shift) != 0 ? XCB_MOD_MASK_SHIFT : 0)
-        | ((wanted & HotkeyMath::control) != 0 ? XCB_MOD_MASK_CONTROL : 0));
-    xcb_ungrab_key(connection, XCB_GRAB_ANY, root, XCB_MOD_MASK_ANY); // only grabs of this connection
-    bool isTaken = false;
-    for (const std::uint16_t locks : KeyboardMap::unions(bits.locks)) {
-        const auto cookie = xcb_grab_key_checked(connection, /*owner_events=*/0, root,
-            static_cast<std::uint16_t>(held | locks), *key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-        const XCBPointer<xcb_generic_error_t> error(xcb_request_check(connection, cookie));
-        isTaken = isTaken || error != nullptr;
-    }
-    setStatus(isTaken ? HotkeyStatus::Taken : HotkeyStatus::Active);
+    setState({.status = grabOn(m_connection->display, m_wish->keyCode, m_wish->modifiers)});
     // Waiting for the answers may have fetched events, which the notifier will not tell of any more.
     QMetaObject::invokeMethod(this, &X11Hotkey::takeEvents, Qt::QueuedConnection);
+}
+
+HotkeyStatus X11Hotkey::tryOut(std::uint32_t keyCode, std::uint32_t modifiers)
+{
+    const X11Display display;
+    return grabOn(display, keyCode, modifiers);
 }
 
 void X11Hotkey::takeEvents()
@@ -77,7 +90,7 @@ void X11Hotkey::takeEvents()
     }
     if (xcb_connection_has_error(connection) != 0) {
         m_connection->notifier.setEnabled(false);
-        setStatus(HotkeyStatus::Unavailable); // the display is gone
+        setState({.status = HotkeyStatus::Unavailable}); // the display is gone
         return;
     }
     if (hasChanged)
@@ -89,14 +102,6 @@ void X11Hotkey::takeEvents()
     const XCBPointer<xcb_get_input_focus_reply_t> done(
         xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
     Q_EMIT pressed();
-}
-
-void X11Hotkey::setStatus(HotkeyStatus next)
-{
-    if (m_status == next)
-        return;
-    m_status = next;
-    Q_EMIT statusChanged();
 }
 
 } // namespace quillbox

@@ -18,7 +18,10 @@ public:
     ~X11Hotkey() override;
 
     void grab(std::uint32_t keyCode, std::uint32_t modifiers) override;
-    [[nodiscard]] HotkeyStatus status() const override { return m_status; }
+
+    /// What would become of that wish now. It is taken hold of for a moment, on another connection. Thread: any.
+    /// @throws CaptureError  NoDisplay: no X server answers.
+    [[nodiscard]] static HotkeyStatus tryOut(std::uint32_t keyCode, std::uint32_t modifiers);
 
 private:
     struct Connection;
@@ -29,11 +32,9 @@ private:
 
     void grabAgain();
     void takeEvents();
-    void setStatus(HotkeyStatus next);
 
     std::unique_ptr<Connection> m_connection; // null where there is no X server
     std::optional<Wish> m_wish;
-    HotkeyStatus m_status = HotkeyStatus::NotRegistered;
 };
 
 } // namespace quillbox

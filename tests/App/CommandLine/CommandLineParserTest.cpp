@@ -153,6 +153,12 @@ TEST(CommandLineParser, ListsTheHistoryAsTextOrJSON)
     EXPECT_TRUE(std::get<HistoryOptions>(parse({"history", "--json"})).json);
 }
 
+TEST(CommandLineParser, ReportsOnTheDesktopAsTextOrJSON)
+{
+    EXPECT_FALSE(std::get<DoctorOptions>(parse({"doctor"})).json);
+    EXPECT_TRUE(std::get<DoctorOptions>(parse({"doctor", "--json"})).json);
+}
+
 TEST(CommandLineParser, LetsTheRegionBeDraggedOut)
 {
     const auto options = parseRecord({"--select", "--copy"});

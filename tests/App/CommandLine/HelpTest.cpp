@@ -15,9 +15,18 @@ TEST_F(Help, ShowsExamplesForEveryCommand)
     }
 }
 
+TEST_F(Help, ShowsAnExampleForEachJob)
+{
+    const auto text = shell("quillbox --help").output;
+    for (const char* job :
+        {"Record a region from a script:\n  quillbox record ", "Encode frames of another program:\n  ffmpeg ",
+            "Record a program in continuous integration, without a display:\n  xvfb-run "})
+        EXPECT_NE(text.find(job), std::string::npos) << job;
+}
+
 TEST_F(Help, ShowsAnExampleForEachCommandThatAsksTheRunningApplication)
 {
-    for (const std::string command : {"begin", "stop", "toggle", "show", "status", "quit", "history"}) {
+    for (const std::string command : {"begin", "stop", "toggle", "show", "status", "quit", "history", "doctor"}) {
         const auto result = shell("quillbox " + command + " --help");
         EXPECT_EQ(result.exitStatus, 0) << command;
         EXPECT_NE(result.output.find("Example:\n  quillbox " + command), std::string::npos) << command;

@@ -22,10 +22,11 @@ protected:
     [[nodiscard]] const std::filesystem::path& folder() const { return m_folder.path(); }
     [[nodiscard]] std::string path(const std::string& name) const { return (folder() / name).string(); }
 
-    /// Runs a shell script in the folder; `quillbox` is the program.
+    /// Runs a shell script in the folder; `quillbox` is the program, and speaks English.
     [[nodiscard]] support::ProcessResult shell(const std::string& script) const
     {
-        const auto withProgram = "program=$2; cd \"$1\" && quillbox() { \"$program\" \"$@\"; }; " + script;
+        const auto withProgram
+            = "program=$2; LC_ALL=C.UTF-8; export LC_ALL; cd \"$1\" && quillbox() { \"$program\" \"$@\"; }; " + script;
         return support::runProcess({"/bin/sh", "-c", withProgram, "sh", folder().string(), program});
     }
 

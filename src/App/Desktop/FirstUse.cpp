@@ -1,0 +1,65 @@
+#include "App/Desktop/FirstUse.h"
+
+#include "PostCapture/HistoryStore.h"
+#include "PostCapture/OutputFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstdint>
+#include <exception>
+#include <span>
+#include <utility>
+
+namespace quillbox {
+namespace {
+
+// What the file says, as a line.
+constexpr const char* introducing = "introducing\n";
+constexpr const char* introduced = "introduced\n";
+
+} // namespace
+
+QString FirstUse::defaultPath()
+{
+    return QFileInfo(HistoryStore::defaultURL()).dir().filePath(QStringLiteral("first-use"));
+}
+
+FirstUse::FirstUse(QString path, QObject* parent)
+    : QObject(parent)
+    , m_path(std::move(path))
+    , m_isFirstStart(!QFileInfo::exists(m_path))
+    , m_isIntroducing(m_isFirstStart)
+{
+    QFile file(m_path);
+    if (!m_isFirstStart && file.open(QIODevice::ReadOnly))
+        m_isIntroducing = file.read(64) == introducing; // more than either of them
+}
+
+void FirstUse::begin()
+{
+    if (m_isFirstStart && m_isIntroducing)
+        remember(introducing);
+}
+
+void FirstUse::end()
+{
+    if (!m_isIntroducing)
+        return;
+    m_isIntroducing = false;
+    remember(introduced);
+    Q_EMIT ended();
+}
+
+void FirstUse::remember(const QByteArray& state) const
+{
+    try {
+        const auto* const bytes = reinterpret_cast<const std::uint8_t*>(state.constData());
+        OutputFile::save(QFile::encodeName(m_path).toStdString(),
+            std::span(bytes, static_cast<std::size_t>(state.size())), OutputFile::IfExists::Replace);
+    } catch (const std::exception&) { // NOLINT(bugprone-empty-catch): it is told once more at the next start, no harm
+    }
+}
+
+} // namespace quillbox

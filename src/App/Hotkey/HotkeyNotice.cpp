@@ -1,0 +1,41 @@
+#include "App/Hotkey/HotkeyNotice.h"
+
+namespace quillbox {
+
+QString HotkeyNotice::problem(const HotkeyState& state)
+{
+    switch (state.status) {
+    case HotkeyStatus::Taken:
+        return tr("⌘⇧2 is in use by another program. “quillbox toggle” can be bound to any other key.");
+    case HotkeyStatus::Unassigned:
+        return tr("This desktop has given Quillbox no hotkey. Bind “quillbox toggle” to a key in its settings.");
+    case HotkeyStatus::Unavailable:
+        return tr("This desktop has no global hotkeys. Bind “quillbox toggle” to a key in its settings.");
+    case HotkeyStatus::Active:
+    case HotkeyStatus::Asking:
+    case HotkeyStatus::NotRegistered:
+    case HotkeyStatus::Refused:
+        break;
+    }
+    return {};
+}
+
+QString HotkeyNotice::explanation(const HotkeyState& state)
+{
+    if (state.status == HotkeyStatus::Refused)
+        return tr(
+            "No hotkey, as you decided. “quillbox toggle” can be bound to a key; “quillbox doctor” tells how to be "
+            "asked again.");
+    if (state.status == HotkeyStatus::Asking || state.status == HotkeyStatus::NotRegistered)
+        return tr("The desktop may ask whether Quillbox may have this hotkey.");
+    auto trouble = problem(state);
+    if (!trouble.isEmpty())
+        return trouble;
+    if (!state.isDesktops)
+        return tr("⌘ is the Super key: press Super + Shift + 2 in any program.");
+    if (state.trigger.isEmpty())
+        return tr("The desktop's settings tell the keys, and can change them.");
+    return tr("The desktop has set the keys to: %1. Its settings can change them.").arg(state.trigger);
+}
+
+} // namespace quillbox

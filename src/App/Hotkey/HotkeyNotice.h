@@ -1,0 +1,21 @@
+#pragma once
+
+#include "App/Hotkey/HotkeyService.h"
+
+#include <QCoreApplication>
+#include <QString>
+
+namespace quillbox {
+
+/// Tells the user what became of the hotkey. Stateless; thread: main.
+class HotkeyNotice {
+    Q_DECLARE_TR_FUNCTIONS(HotkeyNotice)
+
+public:
+    /// What the panel should point out; empty if there is nothing to do. A user who refused knows that.
+    [[nodiscard]] static QString problem(const HotkeyState& state);
+    /// For the settings window: which way to record by a key is in force.
+    [[nodiscard]] static QString explanation(const HotkeyState& state);
+};
+
+} // namespace quillbox

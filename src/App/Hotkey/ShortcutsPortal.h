@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QCoro/QCoroTask>
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QList>
+#include <QMetaType>
+#include <QString>
+#include <QVariantMap>
+
+#include <cstdint>
+#include <optional>
+
+namespace quillbox {
+
+/// What there is to know of the portal's global shortcuts, apart from any one of them. Stateless; thread: main.
+/// @see  The documentation of org.freedesktop.portal.GlobalShortcuts.
+namespace ShortcutsPortal {
+
+inline constexpr auto interface = "org.freedesktop.portal.GlobalShortcuts";
+
+/// Whether the desktop has them, or why not.
+struct Offer {
+    enum class Lack {
+        None,
+        NoBus,       ///< no session bus
+        NoPortal,    ///< no portal on it
+        NoInterface, ///< a portal without global shortcuts
+        NoAnswer,    ///< a portal that does not answer, or with an error
+    };
+    Lack lack = Lack::None;
+    uint version = 0; ///< of the interface
+};
+
+/// Makes us known to the portal and asks; asks the user nothing.
+/// @param milliseconds  How long an answer may take; -1 for as long as the bus waits.
+[[nodiscard]] QCoro::Task<Offer> look(QDBusConnection bus, int milliseconds = -1);
+
+/// One shortcut, as the portal is told of it, and tells of it.
+struct Shortcut {
+    QString id;
+    QVariantMap properties;
+};
+
+/// Has Qt know how a list of shortcuts travels. Has to be called before one is sent.
+void registerTypes();
+
+/// The shortcuts of an answer, a(sa{sv}); none if it is something else.
+[[nodiscard]] QList<Shortcut> shortcutsIn(const QVariant& value);
+
+/// The combination as portals want it proposed, "LOGO+SHIFT+2"; none for a key that has no name there. Only the digits
+/// of the main block are known.
+/// @param keyCode    As `GlobalHotkey::registerKey` counts.
+/// @param modifiers  A mask of `HotkeyMath`.
+/// @see  freedesktop.org, “XDG Shortcuts”: how triggers are written.
+[[nodiscard]] std::optional<QString> triggerFor(std::uint32_t keyCode, std::uint32_t modifiers);
+
+} // namespace ShortcutsPortal
+} // namespace quillbox
+
+Q_DECLARE_METATYPE(quillbox::ShortcutsPortal::Shortcut)

@@ -1,0 +1,55 @@
+#include "App/Hotkey/HotkeyService.h"
+
+#include <gtest/gtest.h>
+
+#include <QByteArray>
+#include <QtGlobal>
+
+namespace quillbox {
+namespace {
+
+using Backend = HotkeyChoice::Backend;
+
+HotkeyChoice choiceFor(const char* wanted, const char* waylandDisplay, const char* sessionType)
+{
+    qputenv("QUILLBOX_HOTKEY_BACKEND", wanted);
+    qputenv("WAYLAND_DISPLAY", waylandDisplay);
+    qputenv("XDG_SESSION_TYPE", sessionType);
+    return chooseHotkey();
+}
+
+TEST(HotkeyChoice, IsTheSessions)
+{
+    EXPECT_EQ(choiceFor("", "", "x11").backend, Backend::X11);
+    EXPECT_EQ(choiceFor("", "", "").backend, Backend::X11);
+    EXPECT_EQ(choiceFor("", "wayland-1", "").backend, Backend::Portal);
+    EXPECT_EQ(choiceFor("", "", "wayland").backend, Backend::Portal);
+}
+
+TEST(HotkeyChoice, CanBeMadeByName)
+{
+    EXPECT_EQ(choiceFor("portal", "", "x11").backend, Backend::Portal);
+    EXPECT_EQ(choiceFor("x11", "wayland-1", "wayland").backend, Backend::X11);
+    const auto none = choiceFor("none", "", "x11");
+    EXPECT_EQ(none.backend, Backend::None);
+    EXPECT_EQ(none.reason, "The hotkey is switched off by QUILLBOX_HOTKEY_BACKEND");
+}
+
+TEST(HotkeyChoice, SaysWhichNamesThereAre)
+{
+    const auto unknown = choiceFor("gesture", "", "x11");
+    EXPECT_EQ(unknown.backend, Backend::None);
+    EXPECT_EQ(unknown.reason, "QUILLBOX_HOTKEY_BACKEND is \"gesture\", which is none of x11, portal and none");
+}
+
+TEST(HotkeyChoice, GivesAServiceThatIsNeverAvailableWhereThereIsNone)
+{
+    (void)choiceFor("none", "", "x11");
+    const auto service = makeHotkeyService();
+    EXPECT_EQ(service->state().status, HotkeyStatus::NotRegistered);
+    service->grab(19, 768);
+    EXPECT_EQ(service->state().status, HotkeyStatus::Unavailable);
+}
+
+} // namespace
+} // namespace quillbox

@@ -1,0 +1,35 @@
+#include "App/Hotkey/HotkeyNotice.h"
+
+#include <gtest/gtest.h>
+
+namespace quillbox {
+namespace {
+
+TEST(HotkeyNotice, TellsThePanelOnlyWhatTheUserCanDoSomethingAbout)
+{
+    for (const auto status :
+        {HotkeyStatus::NotRegistered, HotkeyStatus::Asking, HotkeyStatus::Active, HotkeyStatus::Refused})
+        EXPECT_EQ(HotkeyNotice::problem({status, {}, false}), "");
+    for (const auto status : {HotkeyStatus::Taken, HotkeyStatus::Unassigned, HotkeyStatus::Unavailable})
+        EXPECT_TRUE(HotkeyNotice::problem({status, {}, false}).contains("“quillbox toggle”"));
+}
+
+TEST(HotkeyNotice, TellsTheSettingsWhichWayIsInForce)
+{
+    EXPECT_EQ(HotkeyNotice::explanation({HotkeyStatus::Active, {}, false}),
+        "⌘ is the Super key: press Super + Shift + 2 in any program.");
+    EXPECT_EQ(HotkeyNotice::explanation({HotkeyStatus::Active, "Press F9", true}),
+        "The desktop has set the keys to: Press F9. Its settings can change them.");
+    EXPECT_EQ(HotkeyNotice::explanation({HotkeyStatus::Active, {}, true}),
+        "The desktop's settings tell the keys, and can change them.");
+    EXPECT_TRUE(HotkeyNotice::explanation({HotkeyStatus::Unavailable, {}, false}).contains("“quillbox toggle”"));
+    EXPECT_TRUE(HotkeyNotice::explanation({HotkeyStatus::Refused, {}, false}).contains("“quillbox doctor”"));
+}
+
+TEST(HotkeyNotice, TakesThePercentSignInTheDesktopsWordsAsItIs)
+{
+    EXPECT_TRUE(HotkeyNotice::explanation({HotkeyStatus::Active, "Press %1", true}).contains("Press %1."));
+}
+
+} // namespace
+} // namespace quillbox

@@ -1,0 +1,31 @@
+#include "App/Hotkey/ShortcutsPortal.h"
+
+#include "App/Hotkey/HotkeyMath.h"
+
+#include <gtest/gtest.h>
+
+namespace quillbox {
+namespace {
+
+using HotkeyMath::carbonModifiers;
+
+TEST(ShortcutsPortal, NamesACombinationAsThePortalWantsIt)
+{
+    EXPECT_EQ(ShortcutsPortal::triggerFor(19, carbonModifiers({.command = true, .shift = true})), "LOGO+SHIFT+2");
+    EXPECT_EQ(ShortcutsPortal::triggerFor(29, carbonModifiers({.option = true, .control = true})), "CTRL+ALT+0");
+    EXPECT_EQ(ShortcutsPortal::triggerFor(18, 0), "1");
+}
+
+TEST(ShortcutsPortal, HasNoNameForAKeyThatIsNoDigit)
+{
+    EXPECT_EQ(ShortcutsPortal::triggerFor(0, HotkeyMath::command), std::nullopt);
+}
+
+TEST(ShortcutsPortal, TakesWhatIsNoListOfShortcutsForNone)
+{
+    EXPECT_TRUE(ShortcutsPortal::shortcutsIn(QVariant()).isEmpty());
+    EXPECT_TRUE(ShortcutsPortal::shortcutsIn(QVariant("record-region")).isEmpty());
+}
+
+} // namespace
+} // namespace quillbox
