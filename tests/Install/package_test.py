@@ -9,12 +9,16 @@ import sys
 import unittest
 import xml.etree.ElementTree
 
+from PIL import Image
+
 from application import run
 
 APP_ID = os.environ["QUILLBOX_APP_ID"]
 VERSION = os.environ["QUILLBOX_VERSION"]
 PACKAGE = pathlib.Path(os.environ["QUILLBOX_STAGE"], "package")
 PREFIX = pathlib.Path(os.environ["QUILLBOX_STAGE"], "prefix")
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+SIZES = (16, 22, 24, 32, 48, 64, 96, 128, 256, 512)
 SKIPPED = 77
 
 
@@ -41,7 +45,11 @@ class PackageTest(unittest.TestCase):
             f"usr/share/icons/hicolor/scalable/apps/{APP_ID}.svg",
             f"usr/share/icons/hicolor/symbolic/apps/{APP_ID}-symbolic.svg",
             f"usr/share/metainfo/{APP_ID}.metainfo.xml",
-        }
+            "usr/share/man/man1/quillbox.1",
+            "usr/share/bash-completion/completions/quillbox",
+            "usr/share/zsh/vendor-completions/_quillbox",
+            "usr/share/fish/vendor_completions.d/quillbox.fish",
+        } | {f"usr/share/icons/hicolor/{size}x{size}/apps/{APP_ID}.png" for size in SIZES}
         found = {str(file.relative_to(PACKAGE)) for file in PACKAGE.rglob("*") if not file.is_dir()}
         self.assertEqual(found, expected)
 
@@ -63,6 +71,23 @@ class PackageTest(unittest.TestCase):
     def test_the_software_centres_page_ends_with_this_version(self):
         page = xml.etree.ElementTree.parse(PACKAGE / f"usr/share/metainfo/{APP_ID}.metainfo.xml")
         self.assertEqual(page.find("releases/release").get("version"), VERSION)
+
+    def test_the_software_centres_page_shows_pictures_that_are_there_and_of_the_size_it_says(self):
+        page = xml.etree.ElementTree.parse(PACKAGE / f"usr/share/metainfo/{APP_ID}.metainfo.xml")
+        shown = page.findall("screenshots/screenshot/image")
+        self.assertEqual(len(shown), 2)
+        for picture in shown:
+            with Image.open(ROOT / "docs" / picture.text.rpartition("/")[2]) as file:
+                self.assertEqual(file.size, (int(picture.get("width")), int(picture.get("height"))))
+
+    def test_the_icon_is_there_at_every_size_with_transparent_corners(self):
+        for size in SIZES:
+            with Image.open(PACKAGE / f"usr/share/icons/hicolor/{size}x{size}/apps/{APP_ID}.png") as icon:
+                self.assertEqual((icon.format, icon.mode, icon.size), ("PNG", "RGBA", (size, size)))
+                self.assertEqual(icon.getpixel((0, 0))[3], 0)
+                red, green, blue, alpha = icon.getpixel((size // 2, size // 8))
+                self.assertEqual(alpha, 255)
+                self.assertGreater(blue, max(red, green))  # violet
 
     def test_the_launchers_name_the_program_where_it_will_be(self):
         for share, program in ((PACKAGE / "usr/share", "/usr/bin/quillbox"), (PREFIX / "share", f"{PREFIX}/bin/quillbox")):
