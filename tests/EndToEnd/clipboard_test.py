@@ -4,7 +4,6 @@ clipboard_test.py ClipboardTest.NAME"""
 
 import os
 import pathlib
-import random
 import signal
 import subprocess
 import tempfile
@@ -14,6 +13,7 @@ from Xlib import X, display
 
 from application import program, quillbox, status, until
 from desktop import Desktop, clipboard
+from running import ApplicationTest
 
 MANAGER = pathlib.Path(__file__).with_name("clipboard_manager.py")
 CLIP_BYTES = 3_000_000
@@ -65,13 +65,9 @@ def fetch_several(*targets):
     return answers
 
 
-class ClipboardTest(unittest.TestCase):
+class ClipboardTest(ApplicationTest):
     def setUp(self):
-        self.make_clip(CLIP_BYTES)
-
-    def make_clip(self, length):
-        self.gif = pathlib.Path(os.environ["HOME"], "a clip.gif")
-        self.gif.write_bytes(b"GIF89a" + random.Random(1).randbytes(length))
+        self.gif = self.make_clip(CLIP_BYTES)
 
     def run_manager(self, *arguments):
         manager = subprocess.Popen(["/usr/bin/python3", "-B", MANAGER, *arguments], stdout=subprocess.PIPE, text=True)
@@ -105,7 +101,7 @@ class ClipboardTest(unittest.TestCase):
         self.assert_is_kept()
 
     def test_a_clipboard_manager_keeps_a_picture_that_comes_in_pieces(self):
-        self.make_clip(LONG_CLIP_BYTES)
+        self.gif = self.make_clip(LONG_CLIP_BYTES)
         manager = self.run_manager()
         self.copy_and(self.quit)
         self.assert_is_kept()
@@ -143,7 +139,7 @@ class ClipboardTest(unittest.TestCase):
                 self.assertEqual(status()["phase"], "idle")
 
     def test_programs_fetch_a_long_picture_at_the_same_time_and_one_goes_away_midway(self):
-        self.make_clip(LONG_CLIP_BYTES)
+        self.gif = self.make_clip(LONG_CLIP_BYTES)
         with Desktop() as desktop:
             desktop.copy(self.gif)
             command = ["xclip", "-selection", "clipboard", "-o", "-t", "image/gif"]

@@ -3,36 +3,14 @@
 import os
 import subprocess
 
-import gi
 from Xlib import X, display
 
-from application import overlay, program, quillbox, run, status, until, xdo
-
-gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi  # noqa: E402
+from application import overlay, run, until, xdo
+from running import Running, extents
 
 
-class Desktop:
-    """The running application."""
-
-    def __init__(self, stderr=None, **environment):
-        self.process = subprocess.Popen([program()], stdin=subprocess.DEVNULL, stderr=stderr,
-                                        env={**os.environ, **environment})
-        until(status, "the application answers")
-
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *_):
-        if self.process.poll() is None:
-            self.process.kill()
-        self.process.wait()
-
-    def wait_for(self, wanted):
-        until(lambda: status()["phase"] == wanted, f"the phase {wanted}")
-
-    def wait_for_frames(self, count):
-        until(lambda: status().get("frameCount", 0) >= count, f"{count} frames")
+class Desktop(Running):
+    """The running application on an X server."""
 
     def wait_for_overlay(self):
         until(overlay, "the overlay is on the screen")
@@ -50,10 +28,6 @@ class Desktop:
         self.drag(left, top, width, height)
         self.wait_for("recording")
 
-    def begin(self):
-        done = quillbox("begin")
-        assert done.returncode == 0, done.stderr
-
     def copy(self, path):
         """Has the running application put a file on the clipboard."""
         done = run("dbus-send", "--session", "--print-reply=literal", f"--dest={os.environ['QUILLBOX_APP_ID']}",
@@ -63,53 +37,11 @@ class Desktop:
     def press_hotkey(self):
         xdo("key", "super+shift+2")
 
-    # The panel
-
-    def open_panel(self):
-        assert quillbox("show").returncode == 0
-        until(self.panel, "the panel is open")
-
-    def panel(self):
-        """The panel's button that records and stops, while it is on the screen."""
-        return self.find("push button", "Record Region") or self.find("push button", "Stop & Copy")
-
-    def find(self, role, name):
-        """The widget of that role and name that is on the screen, or none."""
-        for node in self.widgets():
-            if node.get_role_name() == role and node.get_name() == name:
-                return node
-        return None
-
-    def texts(self):
-        return [node.get_name() for node in self.widgets()]
-
-    def widgets(self):
-        """Everything of ours that is on the screen, as a screen reader sees it."""
-        root = Atspi.get_desktop(0)
-        for number in range(root.get_child_count()):
-            application = root.get_child_at_index(number)
-            if application is not None and application.get_process_id() == self.process.pid:
-                yield from showing(application)
-
     def click(self, role, name):
         """Clicks in the middle of a widget, with the pointer."""
         until(lambda: self.find(role, name), f"{name} is there")
-        extents = self.find(role, name).get_extents(Atspi.CoordType.SCREEN)
-        xdo("mousemove", extents.x + extents.width // 2, extents.y + extents.height // 2, "click", 1)
-
-
-def showing(node):
-    try:
-        if node.get_role_name() != "application":
-            if not node.get_state_set().contains(Atspi.StateType.SHOWING):
-                return
-            yield node
-        for number in range(node.get_child_count()):
-            child = node.get_child_at_index(number)
-            if child is not None:
-                yield from showing(child)
-    except gi.repository.GLib.GError:  # it went while we looked
-        return
+        x, y, width, height = extents(self.find(role, name))
+        xdo("mousemove", x + width // 2, y + height // 2, "click", 1)
 
 
 def clipboard(target):

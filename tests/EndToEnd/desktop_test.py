@@ -11,6 +11,7 @@ import unittest
 from application import overlay, phase, program, quillbox, run, status, until, xdo
 from desktop import Desktop, clipboard, take_hotkey, without_pointer
 from recording import ffmpeg_frames, pillow_frames
+from running import ApplicationTest
 from screen import BLOCKS, DESKTOP, INK, PAPER, Screen
 
 AREA = (301, 257, 322, 238)
@@ -21,16 +22,13 @@ BY_CONVENTION = {"TARGETS", "MULTIPLE", "TIMESTAMP", "SAVE_TARGETS"}  # what eve
 CLIPS = pathlib.Path(os.environ["HOME"], "Videos/Quillbox")
 
 
-class DesktopTest(unittest.TestCase):
+class DesktopTest(ApplicationTest):
+    Application = Desktop
+
     def setUp(self):
         self.pointer = without_pointer()
         self.screen = Screen(*AREA)
         self.screen.show(1)
-
-    def start(self, **environment):
-        desktop = Desktop(**environment)
-        self.addCleanup(desktop.__exit__)
-        return desktop
 
     def run_beside(self, *command, **options):
         """Starts another program, which ends with the test."""
@@ -38,12 +36,6 @@ class DesktopTest(unittest.TestCase):
         self.addCleanup(other.wait)
         self.addCleanup(other.kill)
         return other
-
-    def keep_screenshot(self, name):
-        folder = os.environ.get("QUILLBOX_SCREENSHOTS")
-        if folder:
-            pathlib.Path(folder).mkdir(parents=True, exist_ok=True)
-            subprocess.run(["import", "-window", "root", f"{folder}/{name}.png"], timeout=60, check=True)
 
     def play_and_wait(self, desktop, steps=3):
         """Shows the steps while it records; the pictures that the server showed."""
@@ -215,7 +207,6 @@ class DesktopTest(unittest.TestCase):
     def test_shows_why_a_recording_does_not_start_and_can_begin_again(self):
         desktop = self.start(QUILLBOX_CAPTURE_BACKEND="none")
         desktop.begin()
-        desktop.drag(*AREA)
         desktop.wait_for("failed")
         message = "Couldn't start recording: Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND"
         self.assertEqual(status()["message"], message)
@@ -223,7 +214,7 @@ class DesktopTest(unittest.TestCase):
         self.assertIn(message, desktop.texts())
         self.keep_screenshot("panel-failed")
         desktop.click("push button", "Record Region")
-        desktop.wait_for_overlay()
+        until(lambda: not desktop.panel(), "the panel makes room for another try")
 
     def test_shows_why_a_clip_cannot_be_saved(self):
         CLIPS.parent.write_text("a file in the way")

@@ -7,6 +7,8 @@ import re
 import select
 import signal
 import subprocess
+import tempfile
+import unittest
 
 from PIL import Image, ImageSequence
 
@@ -58,8 +60,14 @@ class Recording:
         self.said += more
         return bool(more)
 
+    def catch_up(self):
+        """Listens to what the program has said while nobody did."""
+        while select.select([self.terminal], [], [], 0)[0] and self.listen():
+            pass
+
     def wait_for_more_frames(self, count):
         """Until it has recorded `count` frames more than now."""
+        self.catch_up()
         goal = self.frames() + count
         while self.frames() < goal:
             if not self.listen():
@@ -109,3 +117,30 @@ class BusyProcessors:
         for loop in self.loops:
             loop.kill()
             loop.wait()
+
+
+class ClipTest(unittest.TestCase):
+    """Has room for one clip, and knows what is in it."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.gif = os.path.join(folder.name, "clip.gif")
+
+    def assert_lasts(self, seconds, result):
+        """The recording has the frames of so many seconds, and the GIF plays as long. @param result  what --json said"""
+        self.assertAlmostEqual(result["sourceFrameCount"], 30 * seconds, delta=1)
+        self.assertAlmostEqual(result["durationSeconds"], seconds, delta=0.21)  # a frame of the GIF and a rounded count
+        played = sum(milliseconds for _, milliseconds in pillow_frames(self.gif)) / 1000
+        self.assertAlmostEqual(played, result["durationSeconds"], delta=0.005)
+        self.assertAlmostEqual(ffmpeg_seconds(self.gif), result["durationSeconds"], delta=0.005)
+
+    def assert_shows(self, path, expected):
+        """The GIF's frames are exactly the expected pictures in that order, however often each is repeated."""
+        frames = [picture for picture, _ in pillow_frames(path)]
+        others = ffmpeg_frames(path, frames[0].size)
+        self.assertTrue([f.tobytes() for f in frames] == [f.tobytes() for f in others], "two decoders agree")
+        distinct = [frame for at, frame in enumerate(frames) if at == 0 or frame.tobytes() != frames[at - 1].tobytes()]
+        self.assertEqual([frame.size for frame in distinct], [picture.size for picture in expected])
+        for at, (frame, picture) in enumerate(zip(distinct, expected)):
+            self.assertTrue(frame.tobytes() == picture.tobytes(), f"picture {at} is right")

@@ -1,0 +1,118 @@
+"""The running application as a person and a screen reader see it, on any window system."""
+
+import os
+import pathlib
+import random
+import subprocess
+import unittest
+
+import gi
+
+from application import program, quillbox, status, until
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi  # noqa: E402
+
+
+FIRST_USE = pathlib.Path(os.environ["XDG_DATA_HOME"], "Quillbox/first-use")  # what is remembered of it
+
+
+class Running:
+    """The application of a user who knows it already unless it is a newcomer, from its start until the block ends."""
+
+    def __init__(self, stderr=None, newcomer=False, **environment):
+        if not newcomer:
+            FIRST_USE.parent.mkdir(parents=True, exist_ok=True)
+            FIRST_USE.write_text("introduced\n")
+        self.process = subprocess.Popen([program()], stdin=subprocess.DEVNULL, stderr=stderr,
+                                        env={**os.environ, **environment})
+        until(status, "the application answers")
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        if self.process.poll() is None:
+            self.process.kill()
+        self.process.wait()
+
+    def wait_for(self, wanted):
+        until(lambda: status()["phase"] == wanted, f"the phase {wanted}")
+
+    def wait_for_frames(self, count):
+        until(lambda: status().get("frameCount", 0) >= count, f"{count} frames")
+
+    def begin(self):
+        done = quillbox("begin")
+        assert done.returncode == 0, done.stderr
+
+    def open_panel(self):
+        assert quillbox("show").returncode == 0
+        until(self.panel, "the panel is open")
+
+    def panel(self):
+        """The panel's button that records and stops, while it is on the screen."""
+        return self.find("push button", "Record Region") or self.find("push button", "Stop & Copy")
+
+    def find(self, role, name):
+        """The widget of that role and name that is on the screen, or none."""
+        for node in self.widgets():
+            if node.get_role_name() == role and node.get_name() == name:
+                return node
+        return None
+
+    def texts(self):
+        return [node.get_name() for node in self.widgets()]
+
+    def widgets(self):
+        """Everything of ours that is on the screen, as a screen reader sees it."""
+        root = Atspi.get_desktop(0)
+        for number in range(root.get_child_count()):
+            application = root.get_child_at_index(number)
+            if application is not None and application.get_process_id() == self.process.pid:
+                yield from showing(application)
+
+
+class ApplicationTest(unittest.TestCase):
+    """Starts the application and ends it with the test."""
+
+    Application = Running
+
+    def start(self, **environment):
+        application = self.Application(**environment)
+        self.addCleanup(application.__exit__)
+        return application
+
+    def keep_screenshot(self, name):
+        """In the folder that QUILLBOX_SCREENSHOTS names, if it does."""
+        folder = os.environ.get("QUILLBOX_SCREENSHOTS")
+        if folder:
+            pathlib.Path(folder).mkdir(parents=True, exist_ok=True)
+            camera = ["grim"] if "WAYLAND_DISPLAY" in os.environ else ["import", "-window", "root"]
+            subprocess.run([*camera, f"{folder}/{name}.png"], timeout=60, check=True)
+
+    def make_clip(self, length):
+        """A file of that many bytes and a bit more, which is nearly a GIF: what copies it does not look inside."""
+        clip = pathlib.Path(os.environ["HOME"], "a clip.gif")
+        clip.write_bytes(b"GIF89a" + random.Random(1).randbytes(length))
+        return clip
+
+
+def extents(node):
+    """Where a widget is: on X11 on the screen, on Wayland in its window. (x, y, width, height)"""
+    place = node.get_extents(Atspi.CoordType.SCREEN)
+    return place.x, place.y, place.width, place.height
+
+
+def showing(node):
+    try:
+        if node.get_role_name() != "application":
+            if not node.get_state_set().contains(Atspi.StateType.SHOWING):
+                return
+            yield node
+        for number in range(node.get_child_count()):
+            child = node.get_child_at_index(number)
+            if child is not None:
+                yield from showing(child)
+    except gi.repository.GLib.GError:  # it went while we looked
+        return

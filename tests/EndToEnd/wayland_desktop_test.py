@@ -1,0 +1,234 @@
+#!/usr/bin/python3
+"""The desktop application on a real Wayland desktop, used as a person uses it. Run by CTest, one test a session;
+CANVAS_SCALE is the scale of the session's outputs."""
+
+import io
+import json
+import os
+import pathlib
+import subprocess
+import unittest
+
+from PIL import Image
+
+from application import run, status, until
+from canvas import BLOCKS, INK, PAPER, Canvas
+from recording import ffmpeg_frames, pillow_frames
+from running import ApplicationTest, extents
+from wayland_input import Devices
+
+AREA = (301, 257, 322, 238)
+AWAY = (5, 700)  # where the pointer is in no picture
+COLORS = {PAPER, INK, *BLOCKS}
+CLIPS = pathlib.Path(os.environ["HOME"], "Videos/Quillbox")
+
+
+def windows():
+    """The application's windows as the compositor has placed them: (title, (x, y, width, height))."""
+    found = []
+
+    def look(node):
+        if node.get("app_id") == os.environ["QUILLBOX_APP_ID"] or node.get("app_id") == "quillbox":
+            place, inner = node["rect"], node["window_rect"]
+            found.append((node["name"], (place["x"] + inner["x"], place["y"] + inner["y"], place["width"],
+                                         place["height"])))
+        for child in node["nodes"] + node["floating_nodes"]:
+            look(child)
+
+    look(json.loads(run("swaymsg", "-r", "-t", "get_tree").stdout))
+    return found
+
+
+def places(title):
+    return [place for name, place in windows() if name == title]
+
+
+def overlays():
+    return places("Select a region — Quillbox")
+
+
+class WaylandDesktopTest(ApplicationTest):
+    def setUp(self):
+        self.user = Devices()
+        self.addCleanup(self.user.close)
+        self.user.move(*AWAY)
+        self.canvas = Canvas(int(os.environ.get("CANVAS_SCALE", "1")))
+        self.addCleanup(self.canvas.__exit__)
+
+    def origin(self):
+        """Of the cast output."""
+        outputs = json.loads(run("swaymsg", "-r", "-t", "get_outputs").stdout)
+        place = next(o for o in outputs if o["name"] == "HEADLESS-" + os.environ["CAST_OUTPUT"])["rect"]
+        return place["x"], place["y"]
+
+    def drag_area(self, halfway=lambda: None):
+        """Drags AREA out on the overlay, and moves the pointer out of the way."""
+        x, y = self.origin()
+        self.user.move(x + AWAY[0], y + AWAY[1])  # else sway 1.7 does not paint it on a second output
+        until(lambda: self.shows_dimmed(BLOCKS[4], (20, 400)), "the overlay is on the screen")
+        left, top, width, height = AREA
+        self.user.move(x + left, y + top)
+        self.user.press()
+        self.user.move(x + left + width // 2, y + top + height // 2)
+        halfway()
+        self.user.move(x + left + width, y + top + height)
+        self.user.release()
+        self.user.move(x + AWAY[0], y + AWAY[1])
+
+    def play(self, desktop, steps=3):
+        """Shows the steps while it records. @return what the recorded area showed"""
+        shown = []
+        for step in range(steps):
+            shown.append(self.canvas.show(step, AREA))
+            desktop.wait_for_frames(status()["frameCount"] + 12)
+        return shown
+
+    def click(self, desktop, name):
+        """Clicks in the middle of a button of the panel, with the pointer."""
+        until(lambda: desktop.find("push button", name), f"{name} is there")
+        (window,) = until(lambda: places("Quillbox"), "the panel is a window")
+        x, y, width, height = extents(desktop.find("push button", name))
+        self.user.click(window[0] + x + width // 2, window[1] + y + height // 2)
+
+    def record_and_stop_by_the_button(self, desktop):
+        """@return what was shown"""
+        self.drag_area()
+        desktop.wait_for("recording")
+        shown = self.play(desktop)
+        desktop.open_panel()
+        self.click(desktop, "Stop & Copy")
+        desktop.wait_for("done")
+        return shown
+
+    def assert_is_the_clip(self, shown):
+        """The finished clip shows each of the pictures, and nothing of ours."""
+        now = status()
+        self.assertEqual(now["phase"], "done", now)
+        path = pathlib.Path(now["path"])
+        self.assertEqual(path.parent, CLIPS)
+        frames = [picture for picture, _ in pillow_frames(path)]
+        self.assertEqual({frame.size for frame in frames}, {AREA[2:]})
+        others = ffmpeg_frames(path, frames[0].size)
+        self.assertTrue([f.tobytes() for f in frames] == [f.tobytes() for f in others], "two decoders agree")
+        for frame in frames:
+            self.assertLessEqual({color for _, color in frame.getcolors(maxcolors=1 << 20)}, COLORS)
+        recorded = {frame.tobytes() for frame in frames}
+        self.assertTrue(all(picture.tobytes() in recorded for picture in shown), "each step of the animation is in it")
+        return path
+
+    def test_records_what_was_dragged_out_and_stops_by_the_button(self):
+        self.canvas.show(0, AREA)
+        desktop = self.start()
+        desktop.begin()
+        self.drag_area(halfway=lambda: self.keep_screenshot("overlay"))
+        desktop.wait_for("recording")
+        shown = self.play(desktop)
+        desktop.open_panel()
+        self.keep_screenshot("panel-recording")
+        self.click(desktop, "Stop & Copy")
+        desktop.wait_for("done")
+        path = self.assert_is_the_clip(shown)
+        until(lambda: path.name in desktop.texts(), "the clip is in the list")
+        self.keep_screenshot("panel-done")
+
+    def test_a_key_of_the_compositors_starts_and_stops(self):
+        self.canvas.show(0, AREA)
+        desktop = self.start()
+        toggle = f"exec {os.environ['QUILLBOX_PROGRAM']} toggle"
+        self.assertEqual(run("swaymsg", "bindsym", "Mod4+Shift+2", toggle).returncode, 0)
+        self.user.key("Logo+Shift+2")
+        self.drag_area()
+        desktop.wait_for("recording")
+        shown = self.play(desktop)
+        self.user.key("Logo+Shift+2")
+        desktop.wait_for("done")
+        self.assert_is_the_clip(shown)
+
+    def test_escape_cancels_and_other_keys_do_not(self):
+        self.canvas.show(0, AREA)
+        desktop = self.start()
+        desktop.begin()
+        until(overlays, "the overlay is on the screen")
+        self.user.key("a")
+        self.user.key("Return")
+        self.assertEqual(status()["phase"], "selecting")
+        self.user.key("Escape")
+        desktop.wait_for("idle")
+        until(lambda: not overlays(), "the overlay has gone")
+
+    def test_the_overlay_shows_the_desktop_dimmed(self):
+        picture = self.canvas.step(0, AREA)
+        self.canvas.show_picture(picture)
+        desktop = self.start()
+        desktop.begin()
+        until(overlays, "the overlay is on the screen")
+        for x, y in ((600, 300), (20, 400), AREA[:2]):
+            color = picture.getpixel((x * self.canvas.scale, y * self.canvas.scale))
+            until(lambda: self.shows_dimmed(color, (x, y)), "the pixel is three quarters as bright")
+        self.user.key("Escape")
+        desktop.wait_for("idle")
+
+    def shows_dimmed(self, color, at):
+        """Whether a point of the cast output, whose colour on the canvas is known, is under the overlay."""
+        seen = self.seen().getpixel((at[0] * self.canvas.scale, at[1] * self.canvas.scale))
+        return all(abs(level - usual * 0.75) <= 2 for level, usual in zip(seen, color))
+
+    def seen(self):
+        """A picture of the cast output, in its own pixels."""
+        png = subprocess.run(["grim", "-o", "HEADLESS-" + os.environ["CAST_OUTPUT"], "-"], capture_output=True,
+                             timeout=60, check=True).stdout
+        return Image.open(io.BytesIO(png)).convert("RGB")
+
+    def test_records_again_and_again_with_one_cast_at_a_time(self):
+        self.canvas.show(0, AREA)
+        desktop = self.start()
+        for _ in range(3):
+            desktop.begin()
+            shown = self.record_and_stop_by_the_button(desktop)
+            self.assert_is_the_clip(shown)
+            self.assertEqual(self.casts(), 0)
+
+    @staticmethod
+    def casts():
+        """How many casts of the screen PipeWire carries."""
+        nodes = json.loads(run("pw-dump").stdout)
+        return sum(node.get("info", {}).get("props", {}).get("media.class") == "Video/Source" for node in nodes)
+
+    def test_says_in_the_panel_why_nothing_can_be_recorded(self):
+        desktop = self.start(QUILLBOX_CAPTURE_BACKEND="none")
+        desktop.begin()
+        desktop.wait_for("failed")
+        desktop.open_panel()
+        self.assertTrue([text for text in desktop.texts() if "switched off by QUILLBOX_CAPTURE_BACKEND" in text])
+
+    def test_a_refusal_ends_the_flow_without_a_word(self):
+        desktop = self.start()
+        desktop.begin()
+        desktop.wait_for("idle")
+        self.assertEqual(overlays(), [])
+
+    def test_the_tray_icon_opens_the_panel(self):
+        desktop = self.start()
+        item = until(self.tray_item, "the icon is in the tray")
+        service, _, path = item.partition("/")
+        run("dbus-send", "--session", f"--dest={service}", "--print-reply", "/" + path,
+            "org.kde.StatusNotifierItem.Activate", "int32:0", "int32:0")
+        until(desktop.panel, "the panel is open")
+        self.keep_screenshot("panel-tray")
+
+    @staticmethod
+    def tray_item():
+        answer = run("dbus-send", "--session", "--print-reply=literal", "--dest=org.kde.StatusNotifierWatcher",
+                     "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties.Get",
+                     "string:org.kde.StatusNotifierWatcher", "string:RegisteredStatusNotifierItems")
+        return next((word for word in answer.stdout.split() if "/StatusNotifierItem" in word), None)
+
+    def test_opens_as_a_window_where_there_is_no_tray(self):
+        desktop = self.start()
+        until(desktop.panel, "the panel is open")  # nobody asked for it
+        self.assertEqual(len(places("Quillbox")), 1)
+        self.keep_screenshot("panel-window")
+
+
+if __name__ == "__main__":
+    unittest.main()

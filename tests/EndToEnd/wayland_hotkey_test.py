@@ -1,0 +1,59 @@
+#!/usr/bin/python3
+"""The hotkey of a Wayland desktop whose portal has global shortcuts. Run by CTest in a session without a portal, which
+this test brings: wayland_hotkey_test.py WaylandHotkeyTest.NAME"""
+
+import os
+import pathlib
+import subprocess
+import unittest
+
+import wayland_input
+from application import phase, program, quillbox, run, until
+
+PORTAL = pathlib.Path(__file__).parents[1] / "desktop" / "shortcuts_portal.py"
+SERVICE = "org.quillbox.test.Shortcuts"
+TELL = ["dbus-send", "--session", "--print-reply=literal", f"--dest={SERVICE}", "/" + SERVICE.replace(".", "/")]
+
+
+class WaylandHotkeyTest(unittest.TestCase):
+    def setUp(self):
+        self.portal = self.run_beside("/usr/bin/python3", "-B", PORTAL, stdout=subprocess.PIPE)
+        self.addCleanup(self.portal.stdout.close)
+        self.assertEqual(self.portal.stdout.readline(), "ready\n")
+        self.user = self.enterContext(wayland_input.Devices())
+        bound = run("swaymsg", "bindsym Mod4+Shift+2 exec " + " ".join([*TELL, f"{SERVICE}.Press"]))
+        self.assertEqual(bound.returncode, 0, bound.stderr)
+
+    def run_beside(self, *command, **options):
+        other = subprocess.Popen(command, text=True, **options)
+        self.addCleanup(other.wait)
+        self.addCleanup(other.kill)
+        return other
+
+    def questions(self):
+        return run(*TELL, f"{SERVICE}.Questions").stdout.split()[-1]
+
+    def test_a_press_of_the_keys_begins_a_flow(self):
+        self.run_beside(program(), stderr=subprocess.DEVNULL)
+        until(lambda: self.questions() == "1", "the desktop is asked")
+        until(lambda: phase() == "idle", "the application waits")
+
+        def press():
+            self.user.key("Logo+Shift+2")
+            return phase() != "idle"
+
+        until(press, "a flow begins")
+        self.assertEqual(self.questions(), "1")
+
+    def test_the_doctor_tells_who_has_refused_and_how_to_be_asked_again(self):
+        run(*TELL, f"{SERVICE}.Answer", "string:refuse")
+        self.run_beside(program(), stderr=subprocess.DEVNULL)
+        refusal = pathlib.Path(os.environ["XDG_STATE_HOME"]) / "quillbox" / "global-shortcut"
+        until(refusal.exists, "the refusal is remembered")
+        said = " ".join(quillbox("doctor").stdout.split())
+        self.assertIn("You refused it when the desktop asked", said)
+        self.assertIn(f"to be asked again, remove {refusal}", said)
+
+
+if __name__ == "__main__":
+    unittest.main()

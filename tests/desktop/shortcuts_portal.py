@@ -1,0 +1,154 @@
+#!/usr/bin/python3
+"""The desktop portal with global shortcuts: the real front end, and behind it a user who does as they are told.
+
+Runs until it is killed, the front end with it. Says "ready" on its standard output when both are on the bus. Is told
+what to do on the session bus: service and interface org.quillbox.test.Shortcuts, path /org/quillbox/test/Shortcuts.
+"""
+
+import ctypes
+import os
+import pathlib
+import signal
+import subprocess
+import tempfile
+
+import dbus
+import dbus.mainloop.glib
+import dbus.service
+from gi.repository import GLib
+
+TEST = "org.quillbox.test.Shortcuts"
+IMPLEMENTATION = "org.freedesktop.impl.portal.GlobalShortcuts"
+BACK_END = "org.freedesktop.impl.portal.desktop.quillboxtest"
+PORTAL = "org.freedesktop.portal.Desktop"
+
+dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
+
+
+def end_with_parent():
+    """In a child: it ends when this process does, however that comes about."""
+    ctypes.CDLL(None).prctl(1, signal.SIGKILL)  # PR_SET_PDEATHSIG
+
+
+class Session(dbus.service.Object):
+    @dbus.service.method("org.freedesktop.impl.portal.Session")
+    def Close(self):
+        self.remove_from_connection()
+
+
+class BackEnd(dbus.service.Object):
+    """Binds what it is asked to, or not; counts the questions."""
+
+    def __init__(self, bus):
+        self.name = dbus.service.BusName(BACK_END, bus)
+        super().__init__(self.name, "/org/freedesktop/portal/desktop")
+        self.answer, self.questions, self.wishes, self.session = "bind", 0, [], None
+
+    def bound(self, trigger):
+        return dbus.Array([dbus.Struct((name, dbus.Dictionary(
+            {"description": wish["description"], "trigger_description": trigger}, signature="sv")), signature="sa{sv}")
+            for name, wish in self.wishes], signature="(sa{sv})")
+
+    @dbus.service.method(IMPLEMENTATION, in_signature="oosa{sv}", out_signature="ua{sv}")
+    def CreateSession(self, _handle, session, _app, _options):
+        Session(dbus.SessionBus(), session)
+        self.session = session
+        return dbus.UInt32(0), dbus.Dictionary({}, signature="sv")
+
+    @dbus.service.method(IMPLEMENTATION, in_signature="ooa(sa{sv})sa{sv}", out_signature="ua{sv}")
+    def BindShortcuts(self, _handle, _session, wishes, _window, _options):
+        self.questions += 1
+        self.wishes = wishes
+        code = {"bind": 0, "nothing": 0, "refuse": 1, "fail": 2}[self.answer]
+        bound = self.bound("Press Super+@") if self.answer == "bind" else dbus.Array([], signature="(sa{sv})")
+        return dbus.UInt32(code), dbus.Dictionary({"shortcuts": bound}, signature="sv")
+
+    @dbus.service.method(IMPLEMENTATION, in_signature="oo", out_signature="ua{sv}")
+    def ListShortcuts(self, _handle, _session):
+        return dbus.UInt32(0), dbus.Dictionary({"shortcuts": self.bound("Press Super+@")}, signature="sv")
+
+    @dbus.service.signal(IMPLEMENTATION, signature="osta{sv}")
+    def Activated(self, session, shortcut, moment, options):
+        pass
+
+    @dbus.service.signal(IMPLEMENTATION, signature="oa(sa{sv})")
+    def ShortcutsChanged(self, session, shortcuts):
+        pass
+
+    @dbus.service.method("org.freedesktop.DBus.Properties", in_signature="s", out_signature="a{sv}")
+    def GetAll(self, _interface):
+        return {"version": dbus.UInt32(1)}
+
+    @dbus.service.method("org.freedesktop.DBus.Properties", in_signature="ss", out_signature="v")
+    def Get(self, _interface, _name):
+        return dbus.UInt32(1)
+
+
+class Control(dbus.service.Object):
+    """What a test has the user, and the portal, do."""
+
+    def __init__(self, bus, back_end, folder):
+        self.name = dbus.service.BusName(TEST, bus)
+        super().__init__(self.name, "/" + TEST.replace(".", "/"))
+        self.back_end, self.folder, self.front_end, self.awaited = back_end, pathlib.Path(folder), None, None
+        bus.watch_name_owner(PORTAL, self.note_owner)
+
+    def note_owner(self, owner):
+        if self.awaited and bool(owner) == self.awaited[0]:
+            done, self.awaited = self.awaited[1], None
+            done()
+
+    def start(self, interfaces, done):
+        text = f"[portal]\nDBusName={BACK_END}\nInterfaces={interfaces}\nUseIn=sway\n"
+        (self.folder / "quillboxtest.portal").write_text(text)
+        self.awaited = (True, done)
+        self.front_end = subprocess.Popen(["/usr/libexec/xdg-desktop-portal"], preexec_fn=end_with_parent,
+                                          stderr=subprocess.DEVNULL,
+                                          env={**os.environ, "XDG_DESKTOP_PORTAL_DIR": str(self.folder)})
+
+    @dbus.service.method(TEST, in_signature="s")
+    def Answer(self, how):
+        """How the user answers from now on: bind, nothing (of what is wished), refuse, or fail (not the user)."""
+        self.back_end.answer = how
+
+    @dbus.service.method(TEST, out_signature="u")
+    def Questions(self):
+        """How often they were asked."""
+        return self.back_end.questions
+
+    @dbus.service.method(TEST, out_signature="s")
+    def Wish(self):
+        """What they were asked last."""
+        return "; ".join(f"{name}: {wish['description']}, {wish['preferred_trigger']}"
+                         for name, wish in self.back_end.wishes)
+
+    @dbus.service.method(TEST)
+    def Press(self):
+        """Presses the keys of the last session."""
+        self.back_end.Activated(self.back_end.session, "record-region", dbus.UInt64(1), dbus.Dictionary({}, signature="sv"))
+
+    @dbus.service.method(TEST, in_signature="s")
+    def Change(self, trigger):
+        """Sets other keys in the desktop's settings."""
+        self.back_end.ShortcutsChanged(self.back_end.session, self.back_end.bound(trigger))
+
+    @dbus.service.method(TEST, async_callbacks=("done", "_failed"))
+    def StopPortal(self, done, _failed):
+        self.awaited = (False, done)
+        self.front_end.kill()
+        self.front_end.wait()
+
+    @dbus.service.method(TEST, in_signature="s", async_callbacks=("done", "_failed"))
+    def StartPortal(self, interfaces, done, _failed):
+        self.start(interfaces, done)
+
+
+def main():
+    bus = dbus.SessionBus()
+    with tempfile.TemporaryDirectory() as folder:
+        control = Control(bus, BackEnd(bus), folder)
+        GLib.idle_add(lambda: control.start(IMPLEMENTATION + ";", lambda: print("ready", flush=True)))
+        GLib.MainLoop().run()
+
+
+main()
