@@ -30,6 +30,7 @@
 
 #include <chrono>
 #include <optional>
+#include <utility>
 
 namespace quillbox {
 namespace {
@@ -167,6 +168,11 @@ void QuillboxApp::showUpdate()
 {
     if (m_updater->isIn<UpdaterController::Idle>())
         return; // the window closes itself
+    const auto isBusy = [this] {
+        const auto& now = m_coordinator->get();
+        return now.isIn<RecordingCoordinator::Recording>() || now.isIn<RecordingCoordinator::Processing>()
+            || now.isIn<RecordingCoordinator::SelectingRegion>();
+    };
     if (!m_updateView) {
         m_updateView = std::make_unique<UpdateView>(*m_updater);
         QObject::connect(m_updateView.get(), &UpdateView::restartRequested, m_updateView.get(), [this] { restart(); });
@@ -174,20 +180,27 @@ void QuillboxApp::showUpdate()
             SoftwareCenter::show();
             m_updateView->close();
         });
-        const auto followWork = [this] {
-            const auto& now = m_coordinator->get();
-            m_updateView->setBusy(now.isIn<RecordingCoordinator::Recording>()
-                || now.isIn<RecordingCoordinator::Processing>() || now.isIn<RecordingCoordinator::SelectingRegion>());
+        const auto followWork = [this, isBusy] {
+            m_updateView->setBusy(isBusy());
+            if (!isBusy() && std::exchange(m_hasUpdateNews, false))
+                showUpdate();
         };
         QObject::connect(m_coordinator.get(), &CurrentCoordinator::phaseChanged, m_updateView.get(), followWork);
         followWork();
     }
-    if (m_updateView->isVisible())
+    const bool isWished = m_updater->isIn<UpdaterController::Looking>();
+    if (!isWished && m_updateView->isVisible())
         return;
+    if (!isWished && isBusy()) {
+        m_hasUpdateNews = true; // told when nothing of it can get into a clip
+        return;
+    }
     m_updateView->setSoftwareCenter(SoftwareCenter::isThere());
+    m_updateView->setAttribute(Qt::WA_ShowWithoutActivating, !isWished); // keys go where they were meant to go
     m_updateView->show();
     m_updateView->raise();
-    m_updateView->activateWindow();
+    if (isWished)
+        m_updateView->activateWindow();
 }
 
 void QuillboxApp::restart()
@@ -267,7 +280,7 @@ void QuillboxApp::explain()
     const auto state = m_hotkey->state();
     if (m_panel && m_firstUse->isIntroducing()) {
         m_panel->setIntroduction(FirstUseCard::Facts{.hasTray = m_hasTray,
-            .hotkeyProblem = HotkeyNotice::problem(state),
+            .keys = HotkeyNotice::introduction(state),
             .clipsFolder = ClipboardExporter::clipsDirectory()});
     } else if (m_panel) {
         m_panel->setIntroduction(std::nullopt);

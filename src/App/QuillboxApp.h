@@ -65,6 +65,7 @@ private:
     std::unique_ptr<SettingsView> m_settings;
     std::unique_ptr<Panel> m_panel;
     std::unique_ptr<UpdateView> m_updateView;
+    bool m_hasUpdateNews = false; // which wait until nothing is being recorded
     std::unique_ptr<ClipboardHandOver> m_handOver;
     bool m_hasTray = true;
 };

@@ -70,6 +70,8 @@ QString UpdateMessages::describe(UpdateService::Obstacle obstacle)
         return describe(UpdateError(Reason::Unreachable));
     case UpdateService::Obstacle::NotPackaged:
         return describe(UpdateError(Reason::NotPackaged));
+    case UpdateService::Obstacle::SwitchedOff:
+        return UpdateText::tr("Updates are switched off by QUILLBOX_UPDATE_BACKEND.");
     case UpdateService::Obstacle::None:
     case UpdateService::Obstacle::Busy:
         break;

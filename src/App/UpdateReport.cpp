@@ -1,5 +1,6 @@
 #include "App/UpdateReport.h"
 
+#include "App/Updates/PackageKit.h"
 #include "App/UpdateService.h"
 #include "Capture/BusQueries.h"
 #include "Translation/Translate.h"
@@ -22,7 +23,7 @@ QCoro::Task<ServiceReport> packageKitReport()
 {
     ServiceReport report = limited();
     const auto bus = QDBusConnection::systemBus();
-    auto lookingFor = BusQueries::presence(bus, QStringLiteral("org.freedesktop.PackageKit"));
+    auto lookingFor = BusQueries::presence(bus, QString::fromLatin1(PackageKit::service));
     const auto presence = co_await lookingFor;
     if (!bus.isConnected()) {
         report.used = translate("Doctor", "There is no system bus");
@@ -49,6 +50,8 @@ QCoro::Task<ServiceReport> UpdateReport::make()
     if (backend == UpdateBackend::Flatpak) {
         report.health = ServiceReport::Health::Works;
         report.used = "Flatpak";
+    } else if (backend == UpdateBackend::SwitchedOff) {
+        report.used = translate("Doctor", "Updates are switched off by QUILLBOX_UPDATE_BACKEND");
     } else {
         report.used = translate("Doctor", "Quillbox was not installed as a package");
         report.advice.emplace_back(translate("Doctor", "update Quillbox the way it was installed"));

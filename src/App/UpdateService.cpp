@@ -27,7 +27,7 @@ UpdateBackend updateBackend()
     if (wanted == "flatpak")
         return UpdateBackend::Flatpak;
     if (!wanted.isEmpty())
-        return UpdateBackend::None;
+        return UpdateBackend::SwitchedOff;
     if (FileReveal::isInSandbox())
         return UpdateBackend::Flatpak;
     return isPlacedByThePackageManager() ? UpdateBackend::PackageKit : UpdateBackend::None;
@@ -40,10 +40,12 @@ std::unique_ptr<UpdateService> makeUpdateService()
         return std::make_unique<PackageKitService>();
     case UpdateBackend::Flatpak:
         return std::make_unique<FlatpakService>();
+    case UpdateBackend::SwitchedOff:
+        return std::make_unique<NoUpdateService>(UpdateService::Obstacle::SwitchedOff);
     case UpdateBackend::None:
         break;
     }
-    return std::make_unique<NoUpdateService>();
+    return std::make_unique<NoUpdateService>(UpdateService::Obstacle::NotPackaged);
 }
 
 } // namespace quillbox

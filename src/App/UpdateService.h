@@ -29,6 +29,7 @@ public:
         None,
         NoService,   ///< the system has none, or it can't be reached
         NotPackaged, ///< the program was not installed by the service
+        SwitchedOff, ///< by the environment
         Busy,        ///< it is working for us
     };
 
@@ -40,8 +41,8 @@ public:
         bool isCancelled = false;               ///< then it says nothing else
     };
 
-    /// Begins to follow whether updates can be looked for, and to look for them now and then: then it starts no other
-    /// program and asks the user nothing.
+    /// Begins to follow whether updates can be looked for, and to look for them now and then: then it asks the user
+    /// nothing, and starts no other program but Flatpak's portal.
     virtual void start() = 0;
     [[nodiscard]] virtual Obstacle obstacle() const = 0;
     /// Looks because the user wishes so, who may be asked for a password.
@@ -69,10 +70,12 @@ Q_SIGNALS:
 enum class UpdateBackend {
     PackageKit,
     Flatpak,
-    None, ///< it was not installed by anything that could
+    None,        ///< it was not installed by anything that could
+    SwitchedOff, ///< by the environment
 };
 
-/// By where the program lies, or as QUILLBOX_UPDATE_BACKEND says: packagekit, flatpak or none. Thread: main.
+/// By where the program lies, or as QUILLBOX_UPDATE_BACKEND says: packagekit, flatpak, or anything else for none.
+/// Thread: main.
 [[nodiscard]] UpdateBackend updateBackend();
 
 /// The service that goes with it; where there is none, one that says why.

@@ -136,6 +136,9 @@ QCoro::Task<ServiceReport> portalReport()
         report.found.emplace_back(RestoreToken::read().isEmpty()
                 ? translate("Doctor", "the desktop will ask which monitor to show")
                 : translate("Doctor", "the desktop may remember which monitor to show"));
+        if (!RestoreToken::read().isEmpty())
+            report.advice.push_back(withArguments(
+                translate("Doctor", "to choose another monitor, remove %1"), {RestoreToken::path().toStdString()}));
         co_return report;
     }
     if (doesNotAnswer) {

@@ -71,7 +71,8 @@ SelectionWindow::~SelectionWindow() = default;
 void SelectionWindow::makeKeyAndOrderFront()
 {
     if (!managesItself()) {
-        showFullScreen(); // a full-screen window has the keyboard
+        showFullScreen();
+        activateWindow(); // where the compositor wants to be asked for the keyboard
         return;
     }
     show();

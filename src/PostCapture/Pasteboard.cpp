@@ -1,6 +1,7 @@
 #include "PostCapture/Pasteboard.h"
 
 #include "Capture/CaptureError.h"
+#include "PostCapture/ClipForm.h"
 #include "PostCapture/ClipMimeData.h"
 #include "PostCapture/PasteboardChoice.h"
 #include "PostCapture/Wayland/DataControl.h"
@@ -18,13 +19,13 @@
 namespace quillbox {
 namespace {
 
-/// A clip as a list of {type, data}, in the order in which it is offered.
-template <typename Offer> std::vector<Offer> offersOf(const QUrl& fileURL, const std::optional<QByteArray>& gifData)
+/// A clip's forms, in the order in which they are offered.
+std::vector<ClipForm> formsOf(const QUrl& fileURL, const std::optional<QByteArray>& gifData)
 {
-    std::vector<Offer> offers{{"text/uri-list", fileURL.toEncoded() + "\r\n"}};
+    std::vector<ClipForm> forms{{"text/uri-list", fileURL.toEncoded() + "\r\n"}};
     if (gifData)
-        offers.push_back({"image/gif", *gifData});
-    return offers;
+        forms.push_back({"image/gif", *gifData});
+    return forms;
 }
 
 /// What the toolkit offers on every desktop. On X11 it adds the URL as text, of its own accord.
@@ -68,7 +69,7 @@ public:
     }
     void setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData) override
     {
-        m_owner.own(offersOf<SelectionOwner::Offer>(fileURL, gifData));
+        m_owner.own(formsOf(fileURL, gifData));
         setState(m_owner.owns() ? State::Accepted : State::Empty);
     }
     void clear() override
@@ -94,7 +95,7 @@ public:
     }
     void setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData) override
     {
-        m_control->own(offersOf<DataControl::Offer>(fileURL, gifData));
+        m_control->own(formsOf(fileURL, gifData));
         setState(m_control->owns() ? State::Accepted : State::Empty);
     }
     void clear() override

@@ -467,6 +467,14 @@
         <source>Quillbox was not installed as a package</source>
         <translation>Quillbox wurde nicht als Paket installiert</translation>
     </message>
+    <message>
+        <source>Updates are switched off by QUILLBOX_UPDATE_BACKEND</source>
+        <translation>Aktualisierungen sind durch QUILLBOX_UPDATE_BACKEND abgeschaltet</translation>
+    </message>
+    <message>
+        <source>to choose another monitor, remove %1</source>
+        <translation>um einen anderen Bildschirm zu wählen, %1 löschen</translation>
+    </message>
 </context>
 <context>
     <name>ErrorReport</name>
@@ -1133,6 +1141,10 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>The package sources couldn&apos;t be read anew, so there may be a newer version still.</source>
         <translation>Die Paketquellen konnten nicht neu gelesen werden, es kann also eine noch neuere Version geben.</translation>
+    </message>
+    <message>
+        <source>Updates are switched off by QUILLBOX_UPDATE_BACKEND.</source>
+        <translation>Aktualisierungen sind durch QUILLBOX_UPDATE_BACKEND abgeschaltet.</translation>
     </message>
 </context>
 <context>

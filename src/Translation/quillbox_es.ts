@@ -467,6 +467,14 @@
         <source>Quillbox was not installed as a package</source>
         <translation>Quillbox no se instaló como paquete</translation>
     </message>
+    <message>
+        <source>Updates are switched off by QUILLBOX_UPDATE_BACKEND</source>
+        <translation>QUILLBOX_UPDATE_BACKEND desactiva las actualizaciones</translation>
+    </message>
+    <message>
+        <source>to choose another monitor, remove %1</source>
+        <translation>para elegir otro monitor, elimine %1</translation>
+    </message>
 </context>
 <context>
     <name>ErrorReport</name>
@@ -1133,6 +1141,10 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>The package sources couldn&apos;t be read anew, so there may be a newer version still.</source>
         <translation>No se han podido volver a leer las fuentes de paquetes, así que puede haber otra versión más reciente.</translation>
+    </message>
+    <message>
+        <source>Updates are switched off by QUILLBOX_UPDATE_BACKEND.</source>
+        <translation>QUILLBOX_UPDATE_BACKEND desactiva las actualizaciones.</translation>
     </message>
 </context>
 <context>

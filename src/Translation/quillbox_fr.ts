@@ -65,7 +65,7 @@
     </message>
     <message>
         <source>QUILLBOX_CAPTURE_BACKEND is &quot;%1&quot;, which is none of x11, portal and none</source>
-        <translation>QUILLBOX_CAPTURE_BACKEND vaut « %1 », ce qui n&apos;est ni x11, ni portal, ni none</translation>
+        <translation>QUILLBOX_CAPTURE_BACKEND vaut «&#xa0;%1&#xa0;», ce qui n&apos;est ni x11, ni portal, ni none</translation>
     </message>
     <message>
         <source>PipeWire, which carries the screen&apos;s pictures, can&apos;t be reached</source>
@@ -77,7 +77,7 @@
     </message>
     <message>
         <source>PipeWire does not deliver the screen&apos;s pictures: %1</source>
-        <translation>PipeWire ne livre pas les images de l&apos;écran : %1</translation>
+        <translation>PipeWire ne livre pas les images de l&apos;écran&#xa0;: %1</translation>
     </message>
     <message>
         <source>unknown error</source>
@@ -105,11 +105,11 @@
     </message>
     <message>
         <source>Screens of Wayland desktops are recorded through the desktop portal, and none answers: install xdg-desktop-portal and its back end for this desktop</source>
-        <translation>Sous Wayland, l&apos;écran s&apos;enregistre par le portail de bureau, et aucun ne répond : installez xdg-desktop-portal et son moteur pour ce bureau</translation>
+        <translation>Sous Wayland, l&apos;écran s&apos;enregistre par le portail de bureau, et aucun ne répond&#xa0;: installez xdg-desktop-portal et son moteur pour ce bureau</translation>
     </message>
     <message>
         <source>The desktop portal does not offer the screen: install PipeWire and the portal&apos;s back end for this desktop</source>
-        <translation>Le portail de bureau ne propose pas l&apos;écran : installez PipeWire et le moteur du portail pour ce bureau</translation>
+        <translation>Le portail de bureau ne propose pas l&apos;écran&#xa0;: installez PipeWire et le moteur du portail pour ce bureau</translation>
     </message>
     <message>
         <source>The desktop portal, which shows us the screen, went away</source>
@@ -125,7 +125,7 @@
     </message>
     <message>
         <source>The desktop portal refused: %1</source>
-        <translation>Le portail de bureau a refusé : %1</translation>
+        <translation>Le portail de bureau a refusé&#xa0;: %1</translation>
     </message>
     <message>
         <source>Screens of Wayland desktops are recorded through the desktop portal, and there is no session bus to reach it</source>
@@ -144,11 +144,11 @@
     <name>Clipboard</name>
     <message>
         <source>QUILLBOX_CLIPBOARD_BACKEND is &quot;%1&quot;, which is none of x11, data-control, toolkit and none</source>
-        <translation>QUILLBOX_CLIPBOARD_BACKEND vaut « %1 », ce qui n&apos;est ni x11, ni data-control, ni toolkit, ni none</translation>
+        <translation>QUILLBOX_CLIPBOARD_BACKEND vaut «&#xa0;%1&#xa0;», ce qui n&apos;est ni x11, ni data-control, ni toolkit, ni none</translation>
     </message>
     <message>
         <source>QUILLBOX_CLIPBOARD_BACKEND is &quot;%1&quot;</source>
-        <translation>QUILLBOX_CLIPBOARD_BACKEND vaut « %1 »</translation>
+        <translation>QUILLBOX_CLIPBOARD_BACKEND vaut «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>There is no display</source>
@@ -160,7 +160,7 @@
     </message>
     <message>
         <source>The toolkit shows its windows on &quot;%1&quot;</source>
-        <translation>Le toolkit affiche ses fenêtres sur « %1 »</translation>
+        <translation>Le toolkit affiche ses fenêtres sur «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>The compositor offers %1</source>
@@ -301,7 +301,7 @@
     </message>
     <message>
         <source>to be asked again, remove %1 and start Quillbox anew; or bind quillbox toggle to a key in the desktop&apos;s settings</source>
-        <translation>pour que la question soit posée de nouveau, supprimez %1 et relancez Quillbox ; ou associez quillbox toggle à une touche dans les paramètres du bureau</translation>
+        <translation>pour que la question soit posée de nouveau, supprimez %1 et relancez Quillbox&#xa0;; ou associez quillbox toggle à une touche dans les paramètres du bureau</translation>
     </message>
     <message>
         <source>the desktop portal, which proposes Super+Shift+2</source>
@@ -313,7 +313,7 @@
     </message>
     <message>
         <source>QUILLBOX_HOTKEY_BACKEND is &quot;%1&quot;, which is none of x11, portal and none</source>
-        <translation>QUILLBOX_HOTKEY_BACKEND vaut « %1 », ce qui n&apos;est ni x11, ni portal, ni none</translation>
+        <translation>QUILLBOX_HOTKEY_BACKEND vaut «&#xa0;%1&#xa0;», ce qui n&apos;est ni x11, ni portal, ni none</translation>
     </message>
     <message>
         <source>Updates</source>
@@ -345,11 +345,11 @@
     </message>
     <message>
         <source>the server lacks %1: recording is slower, has no pointer, or knows no monitors</source>
-        <translation>il manque au serveur %1 : l&apos;enregistrement est plus lent, n&apos;a pas de pointeur ou ignore les moniteurs</translation>
+        <translation>il manque au serveur %1&#xa0;: l&apos;enregistrement est plus lent, n&apos;a pas de pointeur ou ignore les moniteurs</translation>
     </message>
     <message>
         <source>start it inside a desktop session; quillbox encode needs none</source>
-        <translation>lancez-le dans une session de bureau ; quillbox encode s&apos;en passe</translation>
+        <translation>lancez-le dans une session de bureau&#xa0;; quillbox encode s&apos;en passe</translation>
     </message>
     <message>
         <source>monitors</source>
@@ -365,7 +365,7 @@
     </message>
     <message>
         <source>the portal&apos;s ScreenCast, version %1: %2</source>
-        <translation>ScreenCast du portail, version %1 : %2</translation>
+        <translation>ScreenCast du portail, version %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>a desktop portal</source>
@@ -393,11 +393,11 @@
     </message>
     <message>
         <source>log in again when it is installed: the portal looks for its pieces only once</source>
-        <translation>reconnectez-vous après l&apos;installation : le portail ne cherche ses éléments qu&apos;une fois</translation>
+        <translation>reconnectez-vous après l&apos;installation&#xa0;: le portail ne cherche ses éléments qu&apos;une fois</translation>
     </message>
     <message>
         <source>Switched off: QUILLBOX_CAPTURE_BACKEND is &quot;%1&quot;, which is neither x11 nor portal</source>
-        <translation>Désactivé : QUILLBOX_CAPTURE_BACKEND vaut « %1 », ce qui n&apos;est ni x11 ni portal</translation>
+        <translation>Désactivé&#xa0;: QUILLBOX_CAPTURE_BACKEND vaut «&#xa0;%1&#xa0;», ce qui n&apos;est ni x11 ni portal</translation>
     </message>
     <message>
         <source>The X server does not answer</source>
@@ -409,7 +409,7 @@
     </message>
     <message>
         <source>no clipboard manager: a clip stays while Quillbox runs</source>
-        <translation>pas de gestionnaire de presse-papiers : un clip reste tant que Quillbox est lancé</translation>
+        <translation>pas de gestionnaire de presse-papiers&#xa0;: un clip reste tant que Quillbox est lancé</translation>
     </message>
     <message>
         <source>the X server&apos;s selection</source>
@@ -466,6 +466,14 @@
     <message>
         <source>Quillbox was not installed as a package</source>
         <translation>Quillbox n’a pas été installé sous forme de paquet</translation>
+    </message>
+    <message>
+        <source>Updates are switched off by QUILLBOX_UPDATE_BACKEND</source>
+        <translation>Les mises à jour sont désactivées par QUILLBOX_UPDATE_BACKEND</translation>
+    </message>
+    <message>
+        <source>to choose another monitor, remove %1</source>
+        <translation>pour choisir un autre écran, supprimez %1</translation>
     </message>
 </context>
 <context>
@@ -778,20 +786,20 @@ Record a program in continuous integration, without a display:
 
 The commands below have more examples: quillbox encode --help</source>
         <translation>Transforme une partie de l&apos;écran, ou un clip, en un petit GIF animé.
-Sans commande : l&apos;application dans la zone de notification, d&apos;où tout peut se faire à la souris.
+Sans commande&#xa0;: l&apos;application dans la zone de notification, d&apos;où tout peut se faire à la souris.
 
-Exemples :
+Exemples&#xa0;:
   quillbox                      (démarre l&apos;application, ou la montre)
-  quillbox toggle               (pour un raccourci clavier : enregistrer, puis arrêter et copier)
-Enregistrer une zone depuis un script :
+  quillbox toggle               (pour un raccourci clavier&#xa0;: enregistrer, puis arrêter et copier)
+Enregistrer une zone depuis un script&#xa0;:
   quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
-Encoder les images d&apos;un autre programme :
+Encoder les images d&apos;un autre programme&#xa0;:
   ffmpeg -v error -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-Enregistrer un programme en intégration continue, sans écran :
+Enregistrer un programme en intégration continue, sans écran&#xa0;:
   xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
     sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
 
-Les commandes ci-dessous ont d&apos;autres exemples : quillbox encode --help</translation>
+Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --help</translation>
     </message>
     <message>
         <source>Tell what this desktop has to record, copy and so on, and what is missing</source>
@@ -817,19 +825,19 @@ Les commandes ci-dessous ont d&apos;autres exemples : quillbox encode --help</tr
     <name>HotkeyNotice</name>
     <message>
         <source>⌘⇧2 is in use by another program. “quillbox toggle” can be bound to any other key.</source>
-        <translation>⌘⇧2 est utilisé par un autre programme. « quillbox toggle » peut être associé à toute autre touche.</translation>
+        <translation>⌘⇧2 est utilisé par un autre programme. «&#xa0;quillbox toggle&#xa0;» peut être associé à toute autre touche.</translation>
     </message>
     <message>
         <source>This desktop has given Quillbox no hotkey. Bind “quillbox toggle” to a key in its settings.</source>
-        <translation>Ce bureau n&apos;a donné aucun raccourci à Quillbox. Associez « quillbox toggle » à une touche dans ses paramètres.</translation>
+        <translation>Ce bureau n&apos;a donné aucun raccourci à Quillbox. Associez «&#xa0;quillbox toggle&#xa0;» à une touche dans ses paramètres.</translation>
     </message>
     <message>
         <source>This desktop has no global hotkeys. Bind “quillbox toggle” to a key in its settings.</source>
-        <translation>Ce bureau n&apos;a pas de raccourcis globaux. Associez « quillbox toggle » à une touche dans ses paramètres.</translation>
+        <translation>Ce bureau n&apos;a pas de raccourcis globaux. Associez «&#xa0;quillbox toggle&#xa0;» à une touche dans ses paramètres.</translation>
     </message>
     <message>
         <source>No hotkey, as you decided. “quillbox toggle” can be bound to a key; “quillbox doctor” tells how to be asked again.</source>
-        <translation>Pas de raccourci, comme vous en avez décidé. « quillbox toggle » peut être associé à une touche ; « quillbox doctor » dit comment être sollicité de nouveau.</translation>
+        <translation>Pas de raccourci, comme vous en avez décidé. «&#xa0;quillbox toggle&#xa0;» peut être associé à une touche&#xa0;; «&#xa0;quillbox doctor&#xa0;» dit comment être sollicité de nouveau.</translation>
     </message>
     <message>
         <source>The desktop may ask whether Quillbox may have this hotkey.</source>
@@ -837,7 +845,7 @@ Les commandes ci-dessous ont d&apos;autres exemples : quillbox encode --help</tr
     </message>
     <message>
         <source>⌘ is the Super key: press Super + Shift + 2 in any program.</source>
-        <translation>⌘ est la touche Super : appuyez sur Super + Maj + 2 dans n&apos;importe quel programme.</translation>
+        <translation>⌘ est la touche Super&#xa0;: appuyez sur Super + Maj + 2 dans n&apos;importe quel programme.</translation>
     </message>
     <message>
         <source>The desktop&apos;s settings tell the keys, and can change them.</source>
@@ -845,7 +853,7 @@ Les commandes ci-dessous ont d&apos;autres exemples : quillbox encode --help</tr
     </message>
     <message>
         <source>The desktop has set the keys to: %1. Its settings can change them.</source>
-        <translation>Le bureau a choisi ces touches : %1. Elles peuvent être changées dans ses paramètres.</translation>
+        <translation>Le bureau a choisi ces touches&#xa0;: %1. Elles peuvent être changées dans ses paramètres.</translation>
     </message>
 </context>
 <context>
@@ -943,7 +951,7 @@ Les commandes ci-dessous ont d&apos;autres exemples : quillbox encode --help</tr
     </message>
     <message>
         <source>“Check for Updates…” in the panel installs it.</source>
-        <translation>« Rechercher des mises à jour… » dans le panneau l&apos;installe.</translation>
+        <translation>«&#xa0;Rechercher des mises à jour…&#xa0;» dans le panneau l&apos;installe.</translation>
     </message>
 </context>
 <context>
@@ -970,7 +978,7 @@ Les commandes ci-dessous ont d&apos;autres exemples : quillbox encode --help</tr
     </message>
     <message>
         <source>%1. The desktop application does it: start quillbox first.</source>
-        <translation>%1. L&apos;application de bureau le fait : lancez d&apos;abord quillbox.</translation>
+        <translation>%1. L&apos;application de bureau le fait&#xa0;: lancez d&apos;abord quillbox.</translation>
     </message>
     <message>
         <source>%1.</source>
@@ -978,7 +986,7 @@ Les commandes ci-dessous ont d&apos;autres exemples : quillbox encode --help</tr
     </message>
     <message>
         <source>the clip gets onto the clipboard when the panel is opened: quillbox show</source>
-        <translation>le clip arrive dans le presse-papiers à l&apos;ouverture du panneau : quillbox show</translation>
+        <translation>le clip arrive dans le presse-papiers à l&apos;ouverture du panneau&#xa0;: quillbox show</translation>
     </message>
     <message>
         <source>the clip is saved, but it couldn&apos;t be put on the clipboard</source>
@@ -1096,11 +1104,11 @@ Les commandes ci-dessous ont d&apos;autres exemples : quillbox encode --help</tr
     </message>
     <message>
         <source>The package sources can&apos;t be reached. Is this computer online?</source>
-        <translation>Les sources de paquets sont injoignables. Cet ordinateur est-il en ligne ?</translation>
+        <translation>Les sources de paquets sont injoignables. Cet ordinateur est-il en ligne&#xa0;?</translation>
     </message>
     <message>
         <source>The new version isn&apos;t signed by anybody this system trusts, so it was not installed.</source>
-        <translation>La nouvelle version n&apos;est signée par personne en qui ce système a confiance ; elle n&apos;a donc pas été installée.</translation>
+        <translation>La nouvelle version n&apos;est signée par personne en qui ce système a confiance&#xa0;; elle n&apos;a donc pas été installée.</translation>
     </message>
     <message>
         <source>Another program is installing software. Try again once it is done.</source>
@@ -1120,19 +1128,23 @@ Les commandes ci-dessous ont d&apos;autres exemples : quillbox encode --help</tr
     </message>
     <message>
         <source>The system&apos;s software service says: %1</source>
-        <translation>Le service de logiciels du système indique : %1</translation>
+        <translation>Le service de logiciels du système indique&#xa0;: %1</translation>
     </message>
     <message>
         <source>The package sources can&apos;t be reached, so there may be a newer version still.</source>
-        <translation>Les sources de paquets sont injoignables ; il existe peut-être une version plus récente.</translation>
+        <translation>Les sources de paquets sont injoignables&#xa0;; il existe peut-être une version plus récente.</translation>
     </message>
     <message>
         <source>The package sources were not asked anew, so there may be a newer version still.</source>
-        <translation>Les sources de paquets n&apos;ont pas été réinterrogées ; il existe peut-être une version plus récente.</translation>
+        <translation>Les sources de paquets n&apos;ont pas été réinterrogées&#xa0;; il existe peut-être une version plus récente.</translation>
     </message>
     <message>
         <source>The package sources couldn&apos;t be read anew, so there may be a newer version still.</source>
-        <translation>Les sources de paquets n&apos;ont pas pu être relues ; il existe peut-être une version plus récente.</translation>
+        <translation>Les sources de paquets n&apos;ont pas pu être relues&#xa0;; il existe peut-être une version plus récente.</translation>
+    </message>
+    <message>
+        <source>Updates are switched off by QUILLBOX_UPDATE_BACKEND.</source>
+        <translation>Les mises à jour sont désactivées par QUILLBOX_UPDATE_BACKEND.</translation>
     </message>
 </context>
 <context>

@@ -467,6 +467,14 @@
         <source>Quillbox was not installed as a package</source>
         <translation>Quillbox はパッケージとしてインストールされていません</translation>
     </message>
+    <message>
+        <source>Updates are switched off by QUILLBOX_UPDATE_BACKEND</source>
+        <translation>QUILLBOX_UPDATE_BACKEND により更新は無効になっています</translation>
+    </message>
+    <message>
+        <source>to choose another monitor, remove %1</source>
+        <translation>別の画面を選ぶには %1 を削除してください</translation>
+    </message>
 </context>
 <context>
     <name>ErrorReport</name>
@@ -1129,6 +1137,10 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>The package sources couldn&apos;t be read anew, so there may be a newer version still.</source>
         <translation>パッケージソースを読み直せなかったため、さらに新しいバージョンがあるかもしれません。</translation>
+    </message>
+    <message>
+        <source>Updates are switched off by QUILLBOX_UPDATE_BACKEND.</source>
+        <translation>QUILLBOX_UPDATE_BACKEND により更新は無効になっています。</translation>
     </message>
 </context>
 <context>

@@ -467,6 +467,14 @@
         <source>Quillbox was not installed as a package</source>
         <translation>Quillbox 不是以软件包形式安装的</translation>
     </message>
+    <message>
+        <source>Updates are switched off by QUILLBOX_UPDATE_BACKEND</source>
+        <translation>更新已被 QUILLBOX_UPDATE_BACKEND 关闭</translation>
+    </message>
+    <message>
+        <source>to choose another monitor, remove %1</source>
+        <translation>要选择其他显示器，请删除 %1</translation>
+    </message>
 </context>
 <context>
     <name>ErrorReport</name>
@@ -1129,6 +1137,10 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>The package sources couldn&apos;t be read anew, so there may be a newer version still.</source>
         <translation>无法重新读取软件包源，因此可能还有更新的版本。</translation>
+    </message>
+    <message>
+        <source>Updates are switched off by QUILLBOX_UPDATE_BACKEND.</source>
+        <translation>更新已被 QUILLBOX_UPDATE_BACKEND 关闭。</translation>
     </message>
 </context>
 <context>

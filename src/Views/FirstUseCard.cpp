@@ -59,9 +59,9 @@ void FirstUseCard::setFacts(const Facts& facts)
     m_icon->setText(facts.hasTray
             ? tr("Quillbox waits in the tray of your desktop. Click its icon to open this panel.")
             : tr("This desktop has no tray for an icon. Start Quillbox again to open this panel."));
-    m_keys->setText(facts.hotkeyProblem.isEmpty()
+    m_keys->setText(facts.keys.isEmpty()
             ? tr("Press Super + Shift + 2 (⌘⇧2) in any program and drag out a region to record it.")
-            : facts.hotkeyProblem);
+            : facts.keys);
     m_clips->setText(
         tr("Clips are copied, ready to paste, and saved in %1.").arg(unbroken(pathFromHome(facts.clipsFolder))));
 }

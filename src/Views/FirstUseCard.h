@@ -14,8 +14,8 @@ class FirstUseCard : public QWidget {
 public:
     struct Facts {
         bool hasTray = true;
-        QString hotkeyProblem = {}; ///< the sentence that says what to do instead; empty where the hotkey works
-        QString clipsFolder = {};   ///< an absolute path
+        QString keys = {};        ///< what to say of them; empty where Super + Shift + 2 works
+        QString clipsFolder = {}; ///< an absolute path
     };
 
     explicit FirstUseCard(QWidget* parent = nullptr);

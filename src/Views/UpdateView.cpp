@@ -48,14 +48,14 @@ struct UpdateView::ContentOf {
         Content content{.symbol = Symbol::CheckmarkCircleFill,
             .role = Role::Green,
             .title = UpdateView::tr("Quillbox is up to date"),
-            .text = found.version.isEmpty() ? UpdateView::tr("No newer version has been announced.")
-                                            : UpdateView::tr("%1 is the newest version on offer.").arg(found.version),
+            .text = UpdateView::tr("%1 is the newest version on offer.").arg(found.version),
             .closeLabel = UpdateView::tr("Close")};
-        if (!found.staleness.isEmpty()) {
+        if (!found.staleness.isEmpty() || found.version.isEmpty()) {
             content.symbol = Symbol::InfoCircle;
             content.role = Role::Secondary;
             content.title = UpdateView::tr("No newer version is known");
-            content.text = UpdateView::tr("Version %1 is installed.").arg(found.version);
+            content.text = found.version.isEmpty() ? UpdateView::tr("No newer version has been announced.")
+                                                   : UpdateView::tr("Version %1 is installed.").arg(found.version);
             content.note = found.staleness;
         }
         return content;

@@ -10,8 +10,10 @@
 #include <QGuiApplication>
 #include <QImageReader>
 #include <QMimeData>
+#include <QSemaphore>
 #include <QSignalSpy>
 #include <QTest>
+#include <QThreadPool>
 #include <QUrl>
 
 #include <fstream>
@@ -389,8 +391,13 @@ void RecordingCoordinatorTest::mayBeDestroyedWhileTheClipIsMade()
     Studio studio;
     studio.recordARegion();
     QGuiApplication::clipboard()->setText(QStringLiteral("what was there"));
+    QSemaphore work; // else the clip may be done before anybody can look
+    auto* const workers = QThreadPool::globalInstance();
+    for (int i = 0; i < workers->maxThreadCount(); ++i)
+        workers->start([&work] { work.acquire(); });
     auto exporting = studio.coordinator->stopAndExport();
     studio.coordinator.reset();
+    work.release(workers->maxThreadCount());
     test::await(std::move(exporting));
     QVERIFY(studio.history->entries().empty());
     QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("what was there"));

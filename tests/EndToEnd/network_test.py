@@ -60,7 +60,7 @@ class NetworkTest(unittest.TestCase):
                 until(lambda: phase() == "recording", "the recording begins")
                 clip = json.loads(self.control("stop", "--json"))
                 self.control("show")
-                until(lambda: windows("Quillbox"), "the panel, which looks for updates, comes up")
+                until(lambda: windows("Quillbox"), "the panel comes up")
                 self.control("quit")
                 self.assertEqual(application.wait(timeout=30), 0)
             finally:

@@ -37,7 +37,7 @@ private Q_SLOTS:
     }
     void tellsWhatToDoWhereTheKeysDoNotWork()
     {
-        m_card->setFacts({.hotkeyProblem = "Bind “quillbox toggle” to a key."});
+        m_card->setFacts({.keys = "Bind “quillbox toggle” to a key."});
         QVERIFY(label(*m_card, "Bind “quillbox toggle” to a key."));
         QVERIFY(!test::texts(*m_card).join(' ').contains("Super"));
     }

@@ -270,7 +270,7 @@ void takeLanguages(Studio& studio)
         });
         takePanel(studio, language + QStringLiteral("-done"), [](Desk& desk, Panel&) { desk.finish(); });
         SettingsView settings(
-            QCoreApplication::translate("QuillboxApp", "⌘ is the Super key: press Super + Shift + 2 in any program."));
+            QCoreApplication::translate("HotkeyNotice", "⌘ is the Super key: press Super + Shift + 2 in any program."));
         settings.show();
         (void)QTest::qWaitForWindowExposed(&settings);
         studio.take(settings, language + QStringLiteral("-settings"));

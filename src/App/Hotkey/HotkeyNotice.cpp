@@ -20,6 +20,13 @@ QString HotkeyNotice::problem(const HotkeyState& state)
     return {};
 }
 
+QString HotkeyNotice::introduction(const HotkeyState& state)
+{
+    const bool isAskedFor = state.status == HotkeyStatus::Asking || state.status == HotkeyStatus::NotRegistered;
+    const bool isUsual = state.status == HotkeyStatus::Active && state.trigger.isEmpty();
+    return isAskedFor || isUsual ? QString() : explanation(state);
+}
+
 QString HotkeyNotice::explanation(const HotkeyState& state)
 {
     if (state.status == HotkeyStatus::Refused)

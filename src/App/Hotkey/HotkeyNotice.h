@@ -14,6 +14,8 @@ class HotkeyNotice {
 public:
     /// What the panel should point out; empty if there is nothing to do. A user who refused knows that.
     [[nodiscard]] static QString problem(const HotkeyState& state);
+    /// What a newcomer should know of the keys; empty where it is that Super + Shift + 2 works.
+    [[nodiscard]] static QString introduction(const HotkeyState& state);
     /// For the settings window: which way to record by a key is in force.
     [[nodiscard]] static QString explanation(const HotkeyState& state);
 };

@@ -55,10 +55,7 @@ FlatpakService::FlatpakService(QDBusConnection bus)
         setMonitor({}); // it has gone with the portal
         endInstallation(UpdateError(Reason::Vanished));
     });
-    connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] {
-        if (m_monitor.isEmpty())
-            createMonitor();
-    });
+    connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] { createMonitor(); });
 }
 
 FlatpakService::~FlatpakService()
@@ -73,14 +70,19 @@ void FlatpakService::start()
     createMonitor();
 }
 
+/// Unless there is one, or one is on its way: the question itself may start the portal.
 void FlatpakService::createMonitor()
 {
+    if (m_isAsking || !m_monitor.isEmpty())
+        return;
+    m_isAsking = true;
     auto call = portalCall(QStringLiteral("CreateUpdateMonitor"));
     call << QVariantMap();
     auto* const pending = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
     connect(pending, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
         finished->deleteLater();
-        if (!finished->isError() && m_monitor.isEmpty())
+        m_isAsking = false;
+        if (!finished->isError())
             setMonitor(finished->reply().arguments().value(0).value<QDBusObjectPath>().path());
     });
 }

@@ -45,7 +45,8 @@ private:                                       // NOLINT(readability-redundant-a
 
     QDBusConnection m_bus;
     QDBusServiceWatcher m_watcher;
-    QString m_monitor; // its object; empty while there is none
+    QString m_monitor;       // its object; empty while there is none
+    bool m_isAsking = false; // for one
     std::optional<Update> m_seen;
     std::optional<QPromise<Ending>> m_installation;
 };

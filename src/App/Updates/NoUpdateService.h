@@ -1,22 +1,26 @@
 #pragma once
 
-#include "App/Updates/Restart.h"
 #include "App/UpdateService.h"
 
 namespace quillbox {
 
-/// For a program that nothing has installed: it was built here, or unpacked somewhere. Thread: main.
+/// For a program that nothing can update. Thread: main.
 class NoUpdateService : public UpdateService {
 public:
+    explicit NoUpdateService(Obstacle obstacle)
+        : m_obstacle(obstacle)
+    {
+    }
+
     void start() override { }
-    [[nodiscard]] Obstacle obstacle() const override { return Obstacle::NotPackaged; }
+    [[nodiscard]] Obstacle obstacle() const override { return m_obstacle; }
     QCoro::Task<Finding> look() override { throw UpdateError(UpdateError::Reason::NotPackaged); }
     QCoro::Task<> install(Update /*update*/) override { throw UpdateError(UpdateError::Reason::NotPackaged); }
     void cancelLook() override { }
-    bool startInstalledVersion() override { return m_restart.start(); }
+    bool startInstalledVersion() override { return false; } // there is none
 
 private:
-    Restart m_restart;
+    Obstacle m_obstacle;
 };
 
 } // namespace quillbox

@@ -48,15 +48,23 @@ inline constexpr qulonglong flagOnlyTrusted = 1U << 1U;
 
 inline constexpr std::uint32_t percentageUnknown = 101;
 
+// What is said of a package, in the low half of a number; the other half has its own meaning in later versions.
+inline constexpr std::uint32_t infoMask = 0xFFFF;
+inline constexpr std::uint32_t infoLow = 3;      ///< an update, and not an urgent one
+inline constexpr std::uint32_t infoSecurity = 8; ///< the most urgent one; those between are updates, too
+
 /// The name of a package: "name;version;architecture;repository".
 struct PackageId {
     QString name;
     QString version;
     QString repository; ///< where it is offered, or was when it was installed
     QString whole;      ///< as PackageKit writes it
+    std::uint32_t info = 0;
 
     /// @return nothing where a part is missing
     [[nodiscard]] static std::optional<PackageId> parse(const QString& whole);
+    /// Of a package that GetUpdates names: whether it can be installed.
+    [[nodiscard]] bool isUpdate() const { return info >= infoLow && info <= infoSecurity; }
     /// Of a package that is installed: whether no source offers it, in this version at least. The apt back end says so.
     [[nodiscard]] bool isLocal() const { return repository.endsWith(QLatin1String(":local")); }
 };

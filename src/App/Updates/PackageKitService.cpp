@@ -178,6 +178,15 @@ std::optional<PackageKit::PackageId> PackageKitService::ours(const Outcome& outc
     return std::nullopt;
 }
 
+/// Of what GetUpdates names; it names, too, what is held back and what would be removed.
+std::optional<PackageKit::PackageId> PackageKitService::updateIn(const Outcome& updates) const
+{
+    for (const auto& each : updates.packages)
+        if (each.name == m_options.package && each.isUpdate())
+            return each;
+    return std::nullopt;
+}
+
 QCoro::Task<PackageKitTransaction::Outcome> PackageKitService::transact(Request request, Manner manner)
 {
     const auto transaction = std::make_unique<PackageKitTransaction>(m_options.bus);
@@ -210,7 +219,7 @@ QCoro::Task<> PackageKitService::lookSilently()
     const auto updates = co_await transact(request, Manner::Silent);
     if (!self || updates.error || updates.isCancelled)
         co_return;
-    if (const auto found = ours(updates))
+    if (const auto found = updateIn(updates))
         Q_EMIT updateSeen({.version = found->version, .id = found->whole});
 }
 
@@ -252,7 +261,7 @@ QCoro::Task<UpdateService::Finding> PackageKitService::look()
         co_return finding;
     if (updates.error)
         throw UpdateError(*updates.error);
-    if (const auto found = ours(updates)) {
+    if (const auto found = updateIn(updates)) {
         finding.update = Update{.version = found->version, .id = found->whole};
         co_return finding;
     }
@@ -274,7 +283,8 @@ QCoro::Task<> PackageKitService::install(Update update)
     const QPointer self(this);
     const Work work(*this, &PackageKitService::m_isWorking);
     const Request request{.method = QStringLiteral("UpdatePackages"),
-        .arguments = {QVariant::fromValue(PackageKit::flagOnlyTrusted), QStringList(update.id)}};
+        .arguments = {QVariant::fromValue(PackageKit::flagOnlyTrusted), QStringList(update.id)},
+        .goesOnUnwatched = true}; // quitting does not undo what the user wished for
     const auto done = co_await transact(request, Manner::Interactive);
     if (!self)
         co_return;

@@ -58,6 +58,7 @@ private: // NOLINT(readability-redundant-access-specifiers): Qt sees another one
     QCoro::Task<Outcome> transact(Request request, Manner manner);
     [[nodiscard]] Request installedRequest() const;
     [[nodiscard]] std::optional<PackageKit::PackageId> ours(const Outcome& outcome) const;
+    [[nodiscard]] std::optional<PackageKit::PackageId> updateIn(const Outcome& updates) const;
 
     Options m_options;
     Restart m_restart;

@@ -145,16 +145,19 @@ void PackageKitTransaction::cancel()
 {
     if (m_hasEnded || m_request.method.isEmpty())
         return;
-    if (!m_path.isEmpty())
+    if (!m_path.isEmpty() && !m_request.goesOnUnwatched)
         (void)m_bus.send(callOf(m_owner, m_path, QStringLiteral("Cancel"))); // what it then does is its own affair
     m_outcome.isCancelled = true;
     end();
 }
 
-void PackageKitTransaction::receivePackage(uint /*info*/, const QString& packageId, const QString& /*summary*/)
+void PackageKitTransaction::receivePackage(uint info, const QString& packageId, const QString& /*summary*/)
 {
-    if (auto id = PackageKit::PackageId::parse(packageId))
-        m_outcome.packages.push_back(std::move(*id));
+    auto id = PackageKit::PackageId::parse(packageId);
+    if (!id)
+        return;
+    id->info = info & PackageKit::infoMask;
+    m_outcome.packages.push_back(std::move(*id));
 }
 
 void PackageKitTransaction::receiveErrorCode(uint code, const QString& details)

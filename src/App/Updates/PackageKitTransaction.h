@@ -26,7 +26,8 @@ class PackageKitTransaction : public QObject {
 public:
     struct Request {
         QString method;
-        QVariantList arguments; ///< of the types that the method has on the bus
+        QVariantList arguments;       ///< of the types that the method has on the bus
+        bool goesOnUnwatched = false; ///< cancel() only ends the waiting
     };
     enum class Manner {
         Interactive, ///< the user waits: the daemon may be started, and a password asked for
@@ -39,12 +40,13 @@ public:
     };
 
     explicit PackageKitTransaction(QDBusConnection bus);
-    /// A transaction that still runs is cancelled.
+    /// As cancel().
     ~PackageKitTransaction() override;
 
     /// Begins. @pre called once @return what comes of it; it always comes
     [[nodiscard]] QFuture<Outcome> run(Request request, Manner manner);
-    /// Ends it: at once for us, when it likes for the daemon. Does nothing once it has ended.
+    /// Ends it: at once for us, when it likes for the daemon, unless it goes on unwatched. Does nothing once it has
+    /// ended.
     void cancel();
 
 Q_SIGNALS:

@@ -20,4 +20,9 @@ void replace(const QString& token)
     StateFile::replace(file, token);
 }
 
+QString path()
+{
+    return StateFile::path(file);
+}
+
 } // namespace quillbox::RestoreToken

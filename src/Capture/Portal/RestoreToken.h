@@ -15,5 +15,8 @@ namespace RestoreToken {
 /// the portal ask again.
 void replace(const QString& token);
 
+/// The file that makes the difference: without it the desktop asks again. An absolute path.
+[[nodiscard]] QString path();
+
 } // namespace RestoreToken
 } // namespace quillbox

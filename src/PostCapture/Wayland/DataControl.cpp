@@ -62,7 +62,7 @@ struct DataControl::State {
     CHandle<wl_proxy, destroySource> source; // null while nothing of ours is on the clipboard
     QSocketNotifier readNotifier;
     QSocketNotifier writeNotifier; // on while the compositor takes nothing more
-    std::vector<Offer> offers;
+    std::vector<ClipForm> forms;
     QObject transfers; // the parent of what is being given
     bool isGone = false;
 };
@@ -80,15 +80,15 @@ void DataControl::State::openDevice()
 
 void DataControl::State::give(const char* type, FileDescriptor pipe)
 {
-    const auto offer = std::ranges::find(offers, type, &Offer::type);
-    if (offer != offers.end())
-        new PipeWriter(std::move(pipe), offer->data, &transfers); // which owns it
+    const auto form = std::ranges::find(forms, type, &ClipForm::type);
+    if (form != forms.end())
+        new PipeWriter(std::move(pipe), form->data, &transfers); // which owns it
 }
 
 void DataControl::State::leave()
 {
     source.reset();
-    offers.clear();
+    forms.clear();
 }
 
 std::unique_ptr<DataControl> DataControl::open()
@@ -124,7 +124,7 @@ bool DataControl::isConnected() const
     return !m_state->isGone;
 }
 
-void DataControl::own(std::vector<Offer> offers)
+void DataControl::own(std::vector<ClipForm> forms)
 {
     static SourceEvents events{
         .send =
@@ -144,11 +144,11 @@ void DataControl::own(std::vector<Offer> offers)
     if (m_state->isGone)
         return;
     CHandle<wl_proxy, destroySource> next(createSource(m_state->family, m_state->manager.get(), events, m_state.get()));
-    for (const Offer& form : offers)
+    for (const ClipForm& form : forms)
         offer(next.get(), form.type.c_str());
     setSelection(m_state->device.get(), next.get());
     m_state->source = std::move(next); // the one before goes after it has been replaced: the clipboard is never empty
-    m_state->offers = std::move(offers);
+    m_state->forms = std::move(forms);
     send();
 }
 

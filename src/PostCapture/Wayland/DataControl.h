@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QByteArray>
+#include "PostCapture/ClipForm.h"
+
 #include <QObject>
 
 #include <memory>
-#include <string>
 #include <vector>
 
 namespace quillbox {
@@ -17,12 +17,6 @@ class DataControl : public QObject {
     Q_OBJECT
 
 public:
-    /// One form of the content.
-    struct Offer {
-        std::string type; ///< MIME
-        QByteArray data;
-    };
-
     /// The name of what the compositor that WAYLAND_DISPLAY names offers; null where there is none, or nobody who could
     /// paste. Waits for the answer, for at most two seconds. Thread: any.
     [[nodiscard]] static const char* offered();
@@ -33,8 +27,8 @@ public:
     /// False once the compositor, or the seat, has gone: nothing works any more then.
     [[nodiscard]] bool isConnected() const;
 
-    /// Replaces what is on the clipboard. Nothing else is offered than what `offers` names, in that order.
-    void own(std::vector<Offer> offers);
+    /// Replaces what is on the clipboard. Nothing else is offered than what `forms` names, in that order.
+    void own(std::vector<ClipForm> forms);
     /// Empties the clipboard, if what is there is ours.
     void disown();
     [[nodiscard]] bool owns() const;

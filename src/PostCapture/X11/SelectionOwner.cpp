@@ -189,14 +189,14 @@ SelectionOwner::SelectionOwner(std::string_view selection)
 
 SelectionOwner::~SelectionOwner() = default;
 
-void SelectionOwner::own(std::vector<Offer> offers)
+void SelectionOwner::own(std::vector<ClipForm> forms)
 {
-    std::vector<State::Form> forms;
-    forms.reserve(offers.size());
-    for (Offer& offer : offers)
-        forms.push_back({m_state->atom(offer.target), std::move(offer.data)});
+    std::vector<State::Form> named;
+    named.reserve(forms.size());
+    for (ClipForm& form : forms)
+        named.push_back({m_state->atom(form.type), std::move(form.data)});
     const auto time = m_state->now();
-    m_state->forms = std::move(forms);
+    m_state->forms = std::move(named);
     m_state->ownedSince = time;
     auto* const connection = m_state->connection();
     const auto selection = m_state->atoms.selection;

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QByteArray>
+#include "PostCapture/ClipForm.h"
+
 #include <QObject>
 
 #include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -13,25 +13,18 @@ namespace quillbox {
 /// Owns a selection of the X server, such as CLIPBOARD, and gives what was put there to whoever asks, however large, to
 /// several programs at a time. Has a connection of its own. Thread: main.
 /// @see Inter-Client Communication Conventions Manual, 2.2 "Responsibilities of the Selection Owner", 2.7.2
-/// "Incremental
-///      Transfers"
+/// "Incremental Transfers"
 class SelectionOwner : public QObject {
     Q_OBJECT
 
 public:
-    /// One form of the content.
-    struct Offer {
-        std::string target; ///< a MIME type, or another name of the conventions
-        QByteArray data;    ///< as that type has it
-    };
-
     /// @throws CaptureError  NoDisplay
     explicit SelectionOwner(std::string_view selection);
     ~SelectionOwner() override;
 
-    /// Takes the selection from whoever has it. Nothing else is offered than what `offers` names, in that order, and
+    /// Takes the selection from whoever has it. Nothing else is offered than what `forms` names, in that order, and
     /// what the conventions ask of every owner.
-    void own(std::vector<Offer> offers);
+    void own(std::vector<ClipForm> forms);
     /// Leaves the selection to nobody, if it is still ours.
     void disown();
     [[nodiscard]] bool owns() const;

@@ -14,6 +14,17 @@ TEST(HotkeyNotice, TellsThePanelOnlyWhatTheUserCanDoSomethingAbout)
         EXPECT_TRUE(HotkeyNotice::problem({status, {}, false}).contains("“quillbox toggle”"));
 }
 
+TEST(HotkeyNotice, TellsNewcomersOfTheKeysWhatIsTrue)
+{
+    for (const auto status : {HotkeyStatus::NotRegistered, HotkeyStatus::Asking, HotkeyStatus::Active})
+        EXPECT_EQ(HotkeyNotice::introduction({status, {}, true}), "")
+            << "the usual keys, which the desktop is asked for";
+    EXPECT_TRUE(HotkeyNotice::introduction({HotkeyStatus::Active, "Press F9", true}).contains("Press F9"));
+    EXPECT_TRUE(HotkeyNotice::introduction({HotkeyStatus::Refused, {}, true}).contains("No hotkey, as you decided."));
+    for (const auto status : {HotkeyStatus::Taken, HotkeyStatus::Unassigned, HotkeyStatus::Unavailable})
+        EXPECT_EQ(HotkeyNotice::introduction({status, {}, false}), HotkeyNotice::problem({status, {}, false}));
+}
+
 TEST(HotkeyNotice, TellsTheSettingsWhichWayIsInForce)
 {
     EXPECT_EQ(HotkeyNotice::explanation({HotkeyStatus::Active, {}, false}),

@@ -26,7 +26,9 @@ private Q_SLOTS:
     void saysThatThePackageIsNotInstalled();
     void goesOnWithWhatIsKnownWhenTheRefreshIsRefused();
     void goesOnWithWhatIsKnownWhenTheSourceCanNotBeReached();
+    void takesForAnUpdateOnlyWhatCanBeInstalled();
     void installsWhatItFound();
+    void theInstallationGoesOnWhenTheApplicationQuits();
     void refusesAnUntrustedPackage();
     void acceptsThatThePasswordIsRefused();
     void noticesThatAnInstallationWasWithoutEffect();
@@ -113,6 +115,16 @@ void PackageKitServiceTest::goesOnWithWhatIsKnownWhenTheSourceCanNotBeReached()
     QVERIFY(updateButton()->isEnabled());
 }
 
+void PackageKitServiceTest::takesForAnUpdateOnlyWhatCanBeInstalled()
+{
+    auto package = PackageKit::PackageId::parse("quillbox;1.1;amd64;stable");
+    QVERIFY(package && !package->isUpdate());
+    for (std::uint32_t info = 0; info < 20; ++info) {
+        package->info = info;
+        QCOMPARE(package->isUpdate(), info >= 3 && info <= 8); // 2: available, 9: blocked
+    }
+}
+
 void PackageKitServiceTest::installsWhatItFound()
 {
     findUpdate();
@@ -126,6 +138,23 @@ void PackageKitServiceTest::installsWhatItFound()
     QCOMPARE(installedVersion(), QString("1.1"));
     QVERIFY(!progress.isEmpty());
     QVERIFY(updateButton()->isEnabled());
+}
+
+void PackageKitServiceTest::theInstallationGoesOnWhenTheApplicationQuits()
+{
+    findUpdate();
+    polkit("SimulateHang", {true});
+    m_updater->install();
+    QVERIFY(eventually([this] { return isPasswordAsked(); }));
+    m_hud.reset();
+    m_updater.reset();
+    QCoreApplication::processEvents();
+    polkit("SimulateHang", {false});
+    polkit("ReleaseHangingCalls", {});
+    QVERIFY(eventually([this] { return installedVersion() == "1.1"; }));
+    begin();
+    checkToTheEnd(); // which waits for the end of that
+    QCOMPARE(phase<UpdaterController::UpToDate>().version, QString("1.1"));
 }
 
 void PackageKitServiceTest::refusesAnUntrustedPackage()
