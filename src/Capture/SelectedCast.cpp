@@ -44,9 +44,9 @@ struct Snapshot {
 /// The same source, but in its own pixels; the points are noted.
 PipeWireStream::Source inPixels(PipeWireStream::Source source, const std::shared_ptr<Snapshot>& snapshot)
 {
-    source.points = [ask = std::move(source.points), snapshot]() -> std::optional<FrameResampler::Size> {
-        snapshot->points = ask();
-        return std::nullopt;
+    source.points = [ask = std::move(source.points), snapshot](FrameResampler::Size picture) {
+        snapshot->points = ask(picture);
+        return std::optional<FrameResampler::Size>();
     };
     return source;
 }
