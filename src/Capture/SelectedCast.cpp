@@ -72,6 +72,9 @@ QCoro::Task<SelectedCast::FirstPicture> SelectedCast::open()
     }; // the first picture is all that is wanted
     PipeWireStream stream(
         inPixels(sourceOf(selected.cast, std::move(remote), std::nullopt), snapshot), everything, std::move(sink));
+    const QObject context; // goes before the stream
+    QObject::connect(selected.portal.get(), &ScreenCastPortal::ended, &context,
+        [&stream](const CaptureError& reason) { stream.end(reason); });
     const auto started = stream.started();
     const auto outcome = co_await started;
     if (outcome)
