@@ -10,14 +10,16 @@ std::vector<QScreen*> CastScreen::candidates(const SelectedCast::FirstPicture& f
 {
     const auto& position = first.cast.cast.facts.position;
     const auto& points = first.cast.points;
+    const FrameResampler::Size picture{first.picture.width(), first.picture.height()};
     const QSize pixels(static_cast<int>(first.picture.width()), static_cast<int>(first.picture.height()));
     // What a screen has in common with the cast, the most telling first.
     const auto likeness = [&](const QScreen& screen) {
         const QSize size = screen.geometry().size();
+        const bool hasThatShape = isOfOneShape({size.width(), size.height()}, picture);
         const bool hasThoseEdges = points && size.width() == points->width && size.height() == points->height;
         const bool hasThosePixels = size * screen.devicePixelRatio() == pixels;
         const bool isThere = position && screen.geometry().topLeft() == *position;
-        return (hasThoseEdges ? 4 : 0) + (hasThosePixels ? 2 : 0) + (isThere ? 1 : 0);
+        return (hasThatShape ? 8 : 0) + (hasThoseEdges ? 4 : 0) + (hasThosePixels ? 2 : 0) + (isThere ? 1 : 0);
     };
     std::vector<QScreen*> best;
     for (QScreen* const screen : QGuiApplication::screens()) {

@@ -13,8 +13,8 @@ namespace quillbox {
 /// What the toolkit has to do with a cast. Thread: main, of a program with a display.
 namespace CastScreen {
 
-/// The screens that may be the one that is cast: more than one where several are equal in all that the portal tells;
-/// none where there is no screen at all.
+/// The screens that may be the one that is cast: more than one where several are equal in all that the portal and
+/// the picture tell; none where there is no screen at all.
 [[nodiscard]] std::vector<QScreen*> candidates(const SelectedCast::FirstPicture& first);
 
 /// A picture of all of `screen`, whatever its number of pixels.

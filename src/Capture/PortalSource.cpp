@@ -14,13 +14,14 @@ PipeWireStream::Source sourceOf(
     source.remote = std::move(remote);
     source.node = cast.node;
     const auto compositor = std::make_shared<std::optional<Compositor>>(); // connected by the thread that asks
-    source.points = [compositor, points, facts = cast.facts] {
+    source.connect = [compositor] {
         compositor->emplace();
-        return points ? points : pointsOfCast(facts, (*compositor)->outputs());
+    };
+    source.points = [compositor, points, facts = cast.facts](FrameResampler::Size picture) {
+        return points ? points : pointsOfCast(facts, picture, (*compositor)->outputs());
     };
     source.repaint = [compositor] {
-        if (*compositor)
-            (*compositor)->repaint();
+        (*compositor)->repaint();
     };
     return source;
 }

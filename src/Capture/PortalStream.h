@@ -10,8 +10,9 @@ class PipeWireStream;
 class ScreenCastPortal;
 
 /// Captures one monitor of a Wayland desktop through the desktop portal and PipeWire: the one that the user permits,
-/// pointer included, or the one on which the region was selected. The region is in points of that monitor. A part of
-/// the region that leaves the monitor when that becomes smaller is black from then on.
+/// pointer included, or the one on which the region was selected. The region is in points that the monitor has when the
+/// recording begins: when its pictures get another size, the region remains the same part of them, and the frames keep
+/// their size.
 class PortalStream : public CaptureStream {
 public:
     PortalStream();

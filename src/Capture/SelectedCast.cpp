@@ -44,9 +44,9 @@ struct Snapshot {
 /// The same source, but in its own pixels; the points are noted.
 PipeWireStream::Source inPixels(PipeWireStream::Source source, const std::shared_ptr<Snapshot>& snapshot)
 {
-    source.points = [ask = std::move(source.points), snapshot]() -> std::optional<FrameResampler::Size> {
-        snapshot->points = ask();
-        return std::nullopt;
+    source.points = [ask = std::move(source.points), snapshot](FrameResampler::Size picture) {
+        snapshot->points = ask(picture);
+        return std::optional<FrameResampler::Size>();
     };
     return source;
 }
@@ -72,6 +72,9 @@ QCoro::Task<SelectedCast::FirstPicture> SelectedCast::open()
     }; // the first picture is all that is wanted
     PipeWireStream stream(
         inPixels(sourceOf(selected.cast, std::move(remote), std::nullopt), snapshot), everything, std::move(sink));
+    const QObject context; // goes before the stream
+    QObject::connect(selected.portal.get(), &ScreenCastPortal::ended, &context,
+        [&stream](const CaptureError& reason) { stream.end(reason); });
     const auto started = stream.started();
     const auto outcome = co_await started;
     if (outcome)

@@ -103,7 +103,7 @@ private:
     Source m_source; // without the remote
     CaptureRegion m_region;
     FrameSink m_sink;
-    std::optional<StreamPicture> m_picture; // none before the first format
+    std::optional<StreamPicture> m_picture; // none before the first buffer
     QPromise<StartOutcome> m_started;
     CaptureClock::time_point m_deadline = CaptureClock::now() + startPatience;
     bool m_isStarted = false; // reported, either way
@@ -299,7 +299,7 @@ void PipeWireStream::Connection::noteFormat(const spa_pod& param)
         *order, static_cast<std::int32_t>(video.size.width), static_cast<std::int32_t>(video.size.height)};
     m_sequence = 0;
     if (!m_picture)
-        m_picture.emplace(m_region, m_source.points());
+        m_source.connect();
     StreamOffer::Memory buffersMemory{};
     StreamOffer::Memory metadataMemory{};
     std::vector<const spa_pod*> parameters = StreamOffer::metadata(metadataMemory);
@@ -339,6 +339,10 @@ void PipeWireStream::Connection::takePicture(const spa_buffer& buffer)
     m_sequence = read->sequence;
     if (!follows)
         read->damage.reset();
+    if (!m_picture) {
+        const UprightWalk walk = walkUpright(read->picture);
+        m_picture.emplace(m_region, m_source.points({walk.width, walk.height}));
+    }
     if (m_picture->update(read->picture, read->damage))
         m_hasNews = true;
 }

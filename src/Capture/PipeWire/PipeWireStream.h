@@ -20,8 +20,11 @@ public:
     struct Source {
         FileDescriptor remote; ///< a connection to PipeWire, not used yet
         std::uint32_t node = 0;
-        /// The size in points of what it shows; none: a point is a pixel. Asked once, on the stream's thread.
-        std::function<std::optional<FrameResampler::Size>()> points;
+        /// Prepares for the two below. Called on the stream's thread when a format is agreed on, before any picture.
+        std::function<void()> connect;
+        /// The size in points of what it shows, given that of the first picture, upright, in pixels; none: a point is a
+        /// pixel. Asked once, on the stream's thread.
+        std::function<std::optional<FrameResampler::Size>(FrameResampler::Size picture)> points;
         /// Has something in it change. Called on the stream's thread as long as no picture comes.
         std::function<void()> repaint;
     };

@@ -31,8 +31,33 @@ inline void unpackEach(const std::uint8_t* source, std::ptrdiff_t step, std::uin
     }
 }
 
+/// How far the upper eight bits of a word's channels of ten bits, and both bits of its alpha, are from its lowest bit.
+struct Shifts {
+    int red;
+    int green;
+    int blue;
+    int alpha; // or opaque
+};
+
+template <Shifts shifts>
+inline void unpackEach(const std::uint8_t* source, std::ptrdiff_t step, std::uint8_t* destination, std::int64_t pixels)
+{
+    for (std::int64_t i = 0; i < pixels; ++i) {
+        const std::uint8_t* const pixel = source + i * step;
+        const std::uint32_t word = pixel[0] | static_cast<std::uint32_t>(pixel[1]) << 8
+            | static_cast<std::uint32_t>(pixel[2]) << 16 | static_cast<std::uint32_t>(pixel[3]) << 24;
+        destination[i * 4] = static_cast<std::uint8_t>(word >> shifts.red);
+        destination[i * 4 + 1] = static_cast<std::uint8_t>(word >> shifts.green);
+        destination[i * 4 + 2] = static_cast<std::uint8_t>(word >> shifts.blue);
+        if constexpr (shifts.alpha == opaque)
+            destination[i * 4 + 3] = 255;
+        else
+            destination[i * 4 + 3] = static_cast<std::uint8_t>((word >> shifts.alpha & 3) * 85); // 3 × 85 = 255
+    }
+}
+
 /// Rows are read pixel by pixel nearly always: with the step known, the compiler vectorises the loop.
-template <Places places>
+template <auto places>
 inline void unpackAll(const std::uint8_t* source, std::ptrdiff_t step, std::uint8_t* destination, std::int64_t pixels)
 {
     constexpr std::ptrdiff_t next = 4;
@@ -69,6 +94,22 @@ void unpack(
         return unpackAll<Places{0, 1, 2, opaque}>(source, step, destination, pixels);
     case PixelOrder::BGR:
         return unpackAll<Places{2, 1, 0, opaque}>(source, step, destination, pixels);
+    case PixelOrder::xRGB2101010:
+        return unpackAll<Shifts{22, 12, 2, opaque}>(source, step, destination, pixels);
+    case PixelOrder::xBGR2101010:
+        return unpackAll<Shifts{2, 12, 22, opaque}>(source, step, destination, pixels);
+    case PixelOrder::RGBx1010102:
+        return unpackAll<Shifts{24, 14, 4, opaque}>(source, step, destination, pixels);
+    case PixelOrder::BGRx1010102:
+        return unpackAll<Shifts{4, 14, 24, opaque}>(source, step, destination, pixels);
+    case PixelOrder::ARGB2101010:
+        return unpackAll<Shifts{22, 12, 2, 30}>(source, step, destination, pixels);
+    case PixelOrder::ABGR2101010:
+        return unpackAll<Shifts{2, 12, 22, 30}>(source, step, destination, pixels);
+    case PixelOrder::RGBA1010102:
+        return unpackAll<Shifts{24, 14, 4, 0}>(source, step, destination, pixels);
+    case PixelOrder::BGRA1010102:
+        return unpackAll<Shifts{4, 14, 24, 0}>(source, step, destination, pixels);
     }
 }
 

@@ -68,6 +68,7 @@ spa_pod_builder builderFor(Memory& memory)
     return builder;
 }
 
+/// The most welcome first: channels of ten bits are cut to eight, for nothing.
 constexpr std::array known{
     std::pair{SPA_VIDEO_FORMAT_BGRx, PixelOrder::BGRx},
     std::pair{SPA_VIDEO_FORMAT_RGBx, PixelOrder::RGBx},
@@ -79,6 +80,14 @@ constexpr std::array known{
     std::pair{SPA_VIDEO_FORMAT_ABGR, PixelOrder::ABGR},
     std::pair{SPA_VIDEO_FORMAT_RGB, PixelOrder::RGB},
     std::pair{SPA_VIDEO_FORMAT_BGR, PixelOrder::BGR},
+    std::pair{SPA_VIDEO_FORMAT_xRGB_210LE, PixelOrder::xRGB2101010},
+    std::pair{SPA_VIDEO_FORMAT_xBGR_210LE, PixelOrder::xBGR2101010},
+    std::pair{SPA_VIDEO_FORMAT_RGBx_102LE, PixelOrder::RGBx1010102},
+    std::pair{SPA_VIDEO_FORMAT_BGRx_102LE, PixelOrder::BGRx1010102},
+    std::pair{SPA_VIDEO_FORMAT_ARGB_210LE, PixelOrder::ARGB2101010},
+    std::pair{SPA_VIDEO_FORMAT_ABGR_210LE, PixelOrder::ABGR2101010},
+    std::pair{SPA_VIDEO_FORMAT_RGBA_102LE, PixelOrder::RGBA1010102},
+    std::pair{SPA_VIDEO_FORMAT_BGRA_102LE, PixelOrder::BGRA1010102},
 };
 
 } // namespace

@@ -18,7 +18,8 @@ namespace StreamOffer {
 
 using Memory = std::array<std::byte, 2048>;
 
-/// Every pixel order that we can read, at any size and at most 30 pictures a second. No modifier is offered, so that no
+/// Every pixel order that we can read, those of eight bits a channel first, at any size and at most 30 pictures a
+/// second. No modifier is offered, so that no
 /// DMA-BUF is chosen.
 [[nodiscard]] const spa_pod* formats(Memory& memory);
 

@@ -18,39 +18,39 @@ bool StreamPicture::update(const StreamBuffer& buffer, const std::optional<std::
 {
     const UprightWalk walk = walkUpright(buffer);
     const PixelRect whole{0, 0, walk.width, walk.height};
+    // Damage tells where the memory has changed, not that another part of it, or the same turned, is the picture now.
+    const bool isSameView = buffer.crop == m_crop && buffer.transform == m_transform;
+    m_crop = buffer.crop;
+    m_transform = buffer.transform;
     if (!m_plan || whole != m_whole) {
         plan(walk);
         m_whole = whole;
-        (void)merge(buffer, walk, m_plan->source.intersected(whole));
+        (void)merge(buffer, walk, m_plan->source);
         return true;
     }
-    const PixelRect visible = m_plan->source.intersected(whole);
-    if (!damage || buffer.transform != BufferTransform::None)
-        return merge(buffer, walk, visible);
+    if (!damage || !isSameView || buffer.transform != BufferTransform::None)
+        return merge(buffer, walk, m_plan->source);
     bool changed = false;
     for (const PixelRect& part : *damage)
-        changed = merge(buffer, walk, part.relativeTo(buffer.crop).intersected(visible)) || changed;
+        changed = merge(buffer, walk, part.relativeTo(buffer.crop).intersected(m_plan->source)) || changed;
     return changed;
 }
 
-/// Fixes what is read once and for all; after a change of the stream's size it stays where it is, black at first.
+/// Finds out what is read of pictures of this size. The points, and with them the frames' size, are fixed by the first.
 void StreamPicture::plan(const UprightWalk& walk)
 {
-    if (!m_plan) {
-        const FrameResampler::Size points = m_points.value_or(FrameResampler::Size{walk.width, walk.height});
-        m_plan = planGrab(m_region, {0, 0, walk.width, walk.height}, points);
-        if (!m_plan)
-            throw CaptureError(CaptureError::Reason::OutsideDisplay,
-                withArguments(translate("CaptureError", "The region lies outside the display, which is %1×%2"),
-                    {std::to_string(points.width), std::to_string(points.height)}));
-        m_isScaled = m_plan->output != FrameResampler::Size{m_plan->source.width, m_plan->source.height};
-        m_changed.emplace(m_plan->source.height);
-    }
+    if (!m_points)
+        m_points = FrameResampler::Size{walk.width, walk.height};
+    const auto planned = planGrab(m_region, {0, 0, walk.width, walk.height}, *m_points);
+    if (!planned)
+        throw CaptureError(CaptureError::Reason::OutsideDisplay,
+            withArguments(translate("CaptureError", "The region lies outside the display, which is %1×%2"),
+                {std::to_string(m_points->width), std::to_string(m_points->height)}));
+    m_plan = planned;
+    m_isScaled = m_plan->output != FrameResampler::Size{m_plan->source.width, m_plan->source.height};
+    m_changed.emplace(m_plan->source.height); // all of it
     m_pixels.assign(static_cast<std::size_t>(m_plan->source.area() * RGBAFrame::bytesPerPixel), 0);
-    for (std::size_t alpha = 3; alpha < m_pixels.size(); alpha += RGBAFrame::bytesPerPixel)
-        m_pixels[alpha] = 255;
     m_row.resize(static_cast<std::size_t>(m_plan->source.width * RGBAFrame::bytesPerPixel));
-    m_changed->markRows(0, m_plan->source.height);
 }
 
 /// Takes over the rows of `box`, in pixels of the upright picture, that differ. @return whether any did.

@@ -203,11 +203,13 @@ QCoro::Task<ScreenCast> ScreenCastPortal::open()
 QCoro::Task<FileDescriptor> ScreenCastPortal::openRemote()
 {
     if (!m_isOpen)
-        throw castEnded();
+        throw m_end.value_or(castEnded());
     QVariantList arguments;
     arguments << QVariant::fromValue(QDBusObjectPath(m_session)) << QVariantMap();
     auto opening = call(screenCast, QStringLiteral("OpenPipeWireRemote"), arguments);
-    const QDBusMessage remote = co_await opening;
+    const QDBusMessage remote = co_await opening; // throws if this object is gone
+    if (!m_isOpen)
+        throw m_end.value_or(castEnded());
     co_return descriptorIn(remote);
 }
 
@@ -311,8 +313,10 @@ void ScreenCastPortal::noteClosed()
 
 void ScreenCastPortal::end(const CaptureError& reason)
 {
-    if (std::exchange(m_isOpen, false))
-        Q_EMIT ended(reason);
+    if (!std::exchange(m_isOpen, false))
+        return;
+    m_end = reason;
+    Q_EMIT ended(reason);
 }
 
 } // namespace quillbox

@@ -13,6 +13,7 @@
 #include <QVariantMap>
 
 #include <chrono>
+#include <optional>
 
 namespace quillbox {
 
@@ -35,7 +36,7 @@ public:
     QCoro::Task<ScreenCast> open();
 
     /// A new connection to PipeWire, on which the stream of the open cast is to be found.
-    /// @throws CaptureError  as open() does. DisplayGone: the cast has ended.
+    /// @throws CaptureError  as open() does. DisplayGone: the cast has ended, at the latest while it was waited for.
     QCoro::Task<FileDescriptor> openRemote();
 
     /// What the portal can do on this desktop, as its properties tell: version, AvailableSourceTypes.
@@ -74,6 +75,7 @@ private:
     uint m_cursorModes = 0;
     uint m_sources = 0;
     bool m_isOpen = false;
+    std::optional<CaptureError> m_end; // of the cast, without our doing
 };
 
 } // namespace quillbox

@@ -1,39 +1,68 @@
 #include "Capture/Wayland/CastOutput.h"
 
+#include "Encoding/Precondition.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <vector>
+
 namespace quillbox {
 
 namespace {
 
-bool hasMode(const OutputFacts& output, FrameResampler::Size mode)
+FrameResampler::Size turned(FrameResampler::Size size)
 {
-    return output.mode == mode || output.mode == FrameResampler::Size{mode.height, mode.width};
+    return {size.height, size.width};
+}
+
+/// How well an output fits a cast, from worst to best. Some portals tell pixels as points, and some a position that is
+/// none: what counts most is what the portal and the picture agree on.
+enum class Fit { None, Position, Mode, ModeAndPosition, PointsAndPosition };
+
+Fit fitOf(const OutputFacts& output, const CastFacts& cast, FrameResampler::Size picture)
+{
+    const bool isThere = cast.position && output.position == cast.position;
+    if (isThere && output.points == cast.size)
+        return Fit::PointsAndPosition;
+    if (output.mode == picture || output.mode == turned(picture))
+        return isThere ? Fit::ModeAndPosition : Fit::Mode;
+    return isThere ? Fit::Position : Fit::None;
 }
 
 } // namespace
 
-std::optional<FrameResampler::Size> pointsOfCast(const CastFacts& cast, std::span<const OutputFacts> outputs)
+bool isOfOneShape(FrameResampler::Size points, FrameResampler::Size picture)
 {
-    // From what fits worst to what fits best; the first of those that fit alike is taken.
-    enum class Fit { None, Only, Position, Mode, ModeAndPosition, PointsAndPosition };
+    // Points are rounded: with each side less than one off, the products differ by less than the picture's sides.
+    const auto across = checkedMul(points.width, picture.height);
+    const auto along = checkedMul(points.height, picture.width);
+    return std::abs(across - along) < picture.width + picture.height;
+}
+
+std::optional<FrameResampler::Size> pointsOfCast(
+    const CastFacts& cast, FrameResampler::Size picture, std::span<const OutputFacts> outputs)
+{
     Fit best = Fit::None;
-    std::optional<FrameResampler::Size> points = cast.size;
+    std::vector<FrameResampler::Size> found; // of those that fit best, each once
     for (const OutputFacts& output : outputs) {
-        if (!output.points)
+        if (!output.points || !isOfOneShape(*output.points, picture))
             continue;
-        const bool isThere = cast.position && output.position == cast.position;
-        Fit fit = outputs.size() == 1 ? Fit::Only : Fit::None;
-        if (isThere)
-            fit = Fit::Position;
-        if (cast.size && hasMode(output, *cast.size))
-            fit = isThere ? Fit::ModeAndPosition : Fit::Mode;
-        if (isThere && output.points == cast.size)
-            fit = Fit::PointsAndPosition;
-        if (fit > best) {
-            best = fit;
-            points = output.points;
-        }
+        const Fit fit = fitOf(output, cast, picture);
+        if (fit > best)
+            found.clear();
+        if (fit >= best && std::ranges::find(found, *output.points) == found.end())
+            found.push_back(*output.points);
+        best = std::max(best, fit);
     }
-    return points;
+    if (found.size() == 1)
+        return found.front();
+    if (!cast.size || !isOfOneShape(*cast.size, picture))
+        return std::nullopt;
+    if (found.empty())
+        return cast.size;
+    // Those may be pixels, if they are as many as the picture has.
+    const bool isAmongThem = std::ranges::find(found, *cast.size) != found.end();
+    return isAmongThem && cast.size != picture ? cast.size : std::nullopt;
 }
 
 } // namespace quillbox

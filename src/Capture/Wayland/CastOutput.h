@@ -22,9 +22,14 @@ struct CastFacts {
     std::optional<FrameResampler::Size> size; ///< points; some portals say pixels
 };
 
-/// The size in points of the output that is cast, as far as that can be known. Where a portal tells pixels and several
-/// outputs have as many at different scales, it may be taken for the wrong one of those.
+/// Whether `points` may be the size in points of what `picture` shows: they have one shape, as far as sizes in whole
+/// points can tell.
+[[nodiscard]] bool isOfOneShape(FrameResampler::Size points, FrameResampler::Size picture);
+
+/// The size in points of the output that is cast, as far as that can be known: where several outputs fit alike that
+/// differ in it, it is not.
+/// @param picture  The size of the cast's upright picture, pixels; positive.
 [[nodiscard]] std::optional<FrameResampler::Size> pointsOfCast(
-    const CastFacts& cast, std::span<const OutputFacts> outputs);
+    const CastFacts& cast, FrameResampler::Size picture, std::span<const OutputFacts> outputs);
 
 } // namespace quillbox

@@ -43,6 +43,56 @@ TEST(PixelOrder, APixelOfThreeBytesIsOpaque)
     EXPECT_EQ(unpacked(PixelOrder::BGR, {30, 20, 10, 60, 50, 40}), wanted);
 }
 
+/// A little-endian word in memory.
+Pixels littleEndian(std::uint32_t value)
+{
+    return {static_cast<std::uint8_t>(value), static_cast<std::uint8_t>(value >> 8),
+        static_cast<std::uint8_t>(value >> 16), static_cast<std::uint8_t>(value >> 24)};
+}
+
+/// Four fields of a word, the highest first, of which the first has so many bits and the last what is left of 32.
+Pixels wordOfFields(int firstBits, std::uint32_t first, std::uint32_t second, std::uint32_t third, std::uint32_t fourth)
+{
+    const int lastBits = 12 - firstBits; // the two between have ten each
+    return littleEndian(first << (32 - firstBits) | second << (10 + lastBits) | third << lastBits | fourth);
+}
+
+// In ten bits, each with lower bits that are to be dropped.
+constexpr std::uint32_t tenBitRed = 10 << 2 | 3;
+constexpr std::uint32_t tenBitGreen = 200 << 2 | 1;
+constexpr std::uint32_t tenBitBlue = 255 << 2 | 2;
+
+TEST(PixelOrder, OfTenBitsTheUpperEightAreTaken)
+{
+    const Pixels wanted{10, 200, 255, 255};
+    for (const std::uint32_t padding : {0U, 1U, 2U, 3U}) {
+        EXPECT_EQ(
+            unpacked(PixelOrder::xRGB2101010, wordOfFields(2, padding, tenBitRed, tenBitGreen, tenBitBlue)), wanted);
+        EXPECT_EQ(
+            unpacked(PixelOrder::xBGR2101010, wordOfFields(2, padding, tenBitBlue, tenBitGreen, tenBitRed)), wanted);
+        EXPECT_EQ(
+            unpacked(PixelOrder::RGBx1010102, wordOfFields(10, tenBitRed, tenBitGreen, tenBitBlue, padding)), wanted);
+        EXPECT_EQ(
+            unpacked(PixelOrder::BGRx1010102, wordOfFields(10, tenBitBlue, tenBitGreen, tenBitRed, padding)), wanted);
+    }
+    EXPECT_EQ(unpacked(PixelOrder::xRGB2101010, {0xFE, 0x87, 0xBC, 0x02}), wanted);
+}
+
+TEST(PixelOrder, TwoBitsOfAlphaAreSpreadOverAByte)
+{
+    for (const std::uint32_t alpha : {0U, 1U, 2U, 3U}) {
+        const Pixels wanted{10, 200, 255, static_cast<std::uint8_t>(alpha * 85)};
+        EXPECT_EQ(
+            unpacked(PixelOrder::ARGB2101010, wordOfFields(2, alpha, tenBitRed, tenBitGreen, tenBitBlue)), wanted);
+        EXPECT_EQ(
+            unpacked(PixelOrder::ABGR2101010, wordOfFields(2, alpha, tenBitBlue, tenBitGreen, tenBitRed)), wanted);
+        EXPECT_EQ(
+            unpacked(PixelOrder::RGBA1010102, wordOfFields(10, tenBitRed, tenBitGreen, tenBitBlue, alpha)), wanted);
+        EXPECT_EQ(
+            unpacked(PixelOrder::BGRA1010102, wordOfFields(10, tenBitBlue, tenBitGreen, tenBitRed, alpha)), wanted);
+    }
+}
+
 TEST(PixelOrder, PixelsMayLieApartAndBackwards)
 {
     const Pixels memory{1, 2, 3, 4, 0, 0, 5, 6, 7, 8};

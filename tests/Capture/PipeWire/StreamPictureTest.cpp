@@ -150,17 +150,97 @@ TEST(StreamPicture, ATurnedOutputIsShownUpright)
     EXPECT_EQ(colorAt(frame, 29, 30), RGBColor(50, 79 - 39, 200));
 }
 
-TEST(StreamPicture, APictureThatBecameSmallerLeavesBlackBehind)
+TEST(StreamPicture, OfALargerPictureTheRegionIsTheSamePart)
 {
     StreamPicture picture({10, 20, 30, 40}, std::nullopt);
     (void)picture.update(Memory(90, 80).buffer(), std::nullopt);
     (void)picture.frame();
-    const Memory smaller(90, 50);
+    Memory larger(180, 160);
+    EXPECT_TRUE(picture.update(larger.buffer(), std::vector<PixelRect>()));
+    const RGBAFrame frame = picture.frame();
+    EXPECT_EQ(frame.width(), 30);
+    EXPECT_EQ(frame.height(), 40);
+    for (std::int64_t y = 0; y < 40; ++y)
+        for (std::int64_t x = 0; x < 30; ++x) // means of four pixels, truncated
+            ASSERT_EQ(colorAt(frame, x, y),
+                RGBColor(static_cast<std::uint8_t>(2 * (10 + x)), static_cast<std::uint8_t>(2 * (20 + y)), 200));
+
+    larger.set(79, 119, RGBColor(3, 3, 4)); // the last one of it
+    EXPECT_TRUE(picture.update(larger.buffer(), std::vector{PixelRect{79, 119, 1, 1}}));
+    EXPECT_EQ(colorAt(picture.frame(), 29, 39), RGBColor((78 + 79 + 78 + 3) / 4, (118 + 118 + 119 + 3) / 4, 151));
+    larger.set(80, 119, RGBColor(3, 3, 4));
+    EXPECT_FALSE(picture.update(larger.buffer(), std::nullopt)) << "it is beside the region";
+}
+
+TEST(StreamPicture, OfASmallerPictureTheRegionIsTheSamePart)
+{
+    StreamPicture picture({10, 20, 30, 40}, std::nullopt);
+    (void)picture.update(Memory(90, 80).buffer(), std::nullopt);
+    (void)picture.frame();
+    const Memory smaller(45, 40);
     EXPECT_TRUE(picture.update(smaller.buffer(), std::vector<PixelRect>()));
     const RGBAFrame frame = picture.frame();
+    EXPECT_EQ(frame.width(), 30);
     EXPECT_EQ(frame.height(), 40);
-    EXPECT_EQ(colorAt(frame, 5, 29), RGBColor(15, 49, 200));
-    EXPECT_EQ(colorAt(frame, 5, 30), RGBColor(0, 0, 0));
+    for (std::int64_t y = 0; y < 40; ++y)
+        for (std::int64_t x = 0; x < 30; ++x)
+            ASSERT_EQ(colorAt(frame, x, y),
+                RGBColor(static_cast<std::uint8_t>(5 + x / 2), static_cast<std::uint8_t>(10 + y / 2), 200));
+}
+
+TEST(StreamPicture, PointsStayWhatTheyAreWhenThePictureChangesItsSize)
+{
+    StreamPicture picture({10, 10, 5, 6}, FrameResampler::Size{40, 30});
+    (void)picture.update(Memory(80, 60).buffer(), std::nullopt);
+    (void)picture.frame();
+    EXPECT_TRUE(picture.update(Memory(40, 30).buffer(), std::vector<PixelRect>()));
+    const RGBAFrame frame = picture.frame();
+    EXPECT_EQ(frame.width(), 5);
+    EXPECT_EQ(frame.height(), 6);
+    EXPECT_EQ(colorAt(frame, 0, 0), RGBColor(10, 10, 200));
+    EXPECT_EQ(colorAt(frame, 4, 5), RGBColor(14, 15, 200));
+}
+
+TEST(StreamPicture, IsTheSameAgainWhenThePictureHasItsFirstSizeAgain)
+{
+    const Memory memory(90, 80);
+    StreamPicture picture({10, 20, 30, 40}, std::nullopt);
+    (void)picture.update(memory.buffer(), std::nullopt);
+    const RGBAFrame before = picture.frame();
+    (void)picture.update(Memory(100, 70).buffer(), std::nullopt);
+    EXPECT_FALSE(picture.frame() == before);
+    EXPECT_TRUE(picture.update(memory.buffer(), std::nullopt));
+    EXPECT_EQ(picture.frame(), before);
+}
+
+TEST(StreamPicture, AnotherCropIsAnotherPictureWhateverIsDamaged)
+{
+    const Memory memory(90, 80);
+    StreamBuffer buffer = memory.buffer();
+    buffer.crop = {0, 0, 60, 50};
+    StreamPicture picture({10, 20, 30, 30}, std::nullopt);
+    (void)picture.update(buffer, std::nullopt);
+    buffer.crop = {7, 9, 60, 50};
+    EXPECT_TRUE(picture.update(buffer, std::vector{PixelRect{0, 0, 1, 1}}));
+    const RGBAFrame frame = picture.frame();
+    EXPECT_EQ(colorAt(frame, 0, 0), RGBColor(17, 29, 200));
+    EXPECT_EQ(colorAt(frame, 29, 29), RGBColor(46, 58, 200));
+    EXPECT_FALSE(picture.update(buffer, std::vector{PixelRect{0, 0, 90, 80}}));
+}
+
+TEST(StreamPicture, AnotherTransformIsAnotherPictureWhateverIsDamaged)
+{
+    const Memory memory(90, 80);
+    StreamBuffer buffer = memory.buffer();
+    buffer.transform = BufferTransform::Turned180;
+    StreamPicture picture({10, 20, 30, 40}, std::nullopt);
+    (void)picture.update(buffer, std::nullopt);
+    EXPECT_EQ(colorAt(picture.frame(), 0, 0), RGBColor(79, 59, 200));
+    buffer.transform = BufferTransform::None;
+    EXPECT_TRUE(picture.update(buffer, std::vector{PixelRect{0, 0, 1, 1}}));
+    const RGBAFrame frame = picture.frame();
+    EXPECT_EQ(colorAt(frame, 0, 0), RGBColor(10, 20, 200));
+    EXPECT_EQ(colorAt(frame, 29, 39), RGBColor(39, 59, 200));
 }
 
 TEST(StreamPicture, ARegionBesideTheOutputIsRefused)

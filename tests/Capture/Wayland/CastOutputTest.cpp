@@ -18,44 +18,87 @@ OutputFacts output(QPoint position, Size points, Size mode)
 TEST(CastOutput, IsTheOneThatIsWhereThePortalSays)
 {
     const Outputs outputs{output({0, 0}, {960, 540}, {1920, 1080}), output({960, 0}, {1280, 720}, {1280, 720})};
-    EXPECT_EQ(pointsOfCast({QPoint(0, 0), Size{960, 540}}, outputs), (Size{960, 540}));
-    EXPECT_EQ(pointsOfCast({QPoint(960, 0), Size{1280, 720}}, outputs), (Size{1280, 720}));
-    EXPECT_EQ(pointsOfCast({QPoint(960, 0), std::nullopt}, outputs), (Size{1280, 720}));
+    EXPECT_EQ(pointsOfCast({QPoint(0, 0), Size{960, 540}}, {1920, 1080}, outputs), (Size{960, 540}));
+    EXPECT_EQ(pointsOfCast({QPoint(960, 0), Size{1280, 720}}, {1280, 720}, outputs), (Size{1280, 720}));
+    EXPECT_EQ(pointsOfCast({QPoint(960, 0), std::nullopt}, {1280, 720}, outputs), (Size{1280, 720}));
 }
 
 TEST(CastOutput, IsKnownByItsPixelsWhereThePortalSaysThose)
 {
     const Outputs outputs{output({0, 0}, {960, 540}, {1920, 1080}), output({960, 0}, {800, 600}, {1600, 1200})};
-    EXPECT_EQ(pointsOfCast({QPoint(0, 0), Size{1920, 1080}}, outputs), (Size{960, 540}));
-    EXPECT_EQ(pointsOfCast({QPoint(0, 0), Size{1600, 1200}}, outputs), (Size{800, 600})) << "the position is none";
+    EXPECT_EQ(pointsOfCast({QPoint(0, 0), Size{1920, 1080}}, {1920, 1080}, outputs), (Size{960, 540}));
+    EXPECT_EQ(pointsOfCast({QPoint(0, 0), Size{1600, 1200}}, {1600, 1200}, outputs), (Size{800, 600}))
+        << "the position is none";
 }
 
 TEST(CastOutput, IsKnownByItsPixelsWhenTurned)
 {
     const Outputs outputs{output({0, 0}, {540, 960}, {1920, 1080}), output({540, 0}, {1280, 720}, {1280, 720})};
-    EXPECT_EQ(pointsOfCast({std::nullopt, Size{1920, 1080}}, outputs), (Size{540, 960}));
-    EXPECT_EQ(pointsOfCast({std::nullopt, Size{1080, 1920}}, outputs), (Size{540, 960}));
+    EXPECT_EQ(pointsOfCast({std::nullopt, Size{1920, 1080}}, {1080, 1920}, outputs), (Size{540, 960}));
+    EXPECT_EQ(pointsOfCast({std::nullopt, Size{1080, 1920}}, {1080, 1920}, outputs), (Size{540, 960}));
+}
+
+TEST(CastOutput, OfSeveralWithAsManyPixelsIsTheOneThatIsTurnedLikeThePicture)
+{
+    const Outputs outputs{output({0, 0}, {1920, 1080}, {1920, 1080}), output({1920, 0}, {1080, 1920}, {1920, 1080})};
+    for (const CastFacts& cast : {CastFacts{std::nullopt, Size{1920, 1080}}, CastFacts{std::nullopt, std::nullopt},
+             CastFacts{QPoint(0, 0), Size{1920, 1080}}}) {
+        EXPECT_EQ(pointsOfCast(cast, {1080, 1920}, outputs), (Size{1080, 1920}));
+        EXPECT_EQ(pointsOfCast(cast, {1920, 1080}, outputs), (Size{1920, 1080}));
+    }
+}
+
+TEST(CastOutput, OfSeveralWithAsManyPixelsAtDifferentScalesIsUnknown)
+{
+    const Outputs outputs{output({0, 0}, {960, 540}, {1920, 1080}), output({960, 0}, {1920, 1080}, {1920, 1080})};
+    EXPECT_EQ(pointsOfCast({std::nullopt, Size{1920, 1080}}, {1920, 1080}, outputs), std::nullopt);
+    EXPECT_EQ(pointsOfCast({std::nullopt, std::nullopt}, {1920, 1080}, outputs), std::nullopt);
+    EXPECT_EQ(pointsOfCast({std::nullopt, Size{960, 540}}, {1920, 1080}, outputs), (Size{960, 540}))
+        << "as many pixels it does not have";
+}
+
+TEST(CastOutput, OfSeveralThatDifferInTheirPlaceOnlyIsKnown)
+{
+    const Outputs outputs{output({0, 0}, {960, 540}, {1920, 1080}), output({960, 0}, {960, 540}, {1920, 1080})};
+    EXPECT_EQ(pointsOfCast({std::nullopt, Size{1920, 1080}}, {1920, 1080}, outputs), (Size{960, 540}));
+}
+
+TEST(CastOutput, AnOutputOfAnotherShapeIsNotIt)
+{
+    const Outputs outputs{output({0, 0}, {1920, 1080}, {1920, 1080})};
+    EXPECT_EQ(pointsOfCast({QPoint(0, 0), Size{1920, 1080}}, {1080, 1920}, outputs), std::nullopt);
+    EXPECT_EQ(pointsOfCast({QPoint(0, 0), Size{1080, 1920}}, {1080, 1920}, outputs), (Size{1080, 1920}));
+}
+
+TEST(CastOutput, PointsThatAreRoundedHaveTheShapeOfTheirPixels)
+{
+    EXPECT_TRUE(isOfOneShape({1093, 614}, {1366, 768}));  // 1092.8 × 614.4, at 1.25
+    EXPECT_TRUE(isOfOneShape({1092, 615}, {1366, 768}));  // rounded in either direction
+    EXPECT_TRUE(isOfOneShape({1463, 914}, {2560, 1600})); // 1462.9 × 914.3, at 1.75
+    EXPECT_FALSE(isOfOneShape({1280, 800}, {1920, 1080}));
+    EXPECT_FALSE(isOfOneShape({1200, 1920}, {1920, 1200}));
 }
 
 TEST(CastOutput, OfSeveralWithAsManyPixelsIsTheOneAtThePosition)
 {
     const Outputs outputs{output({960, 0}, {1920, 1080}, {1920, 1080}), output({0, 0}, {960, 540}, {1920, 1080})};
-    EXPECT_EQ(pointsOfCast({QPoint(0, 0), Size{1920, 1080}}, outputs), (Size{960, 540}));
+    EXPECT_EQ(pointsOfCast({QPoint(0, 0), Size{1920, 1080}}, {1920, 1080}, outputs), (Size{960, 540}));
 }
 
 TEST(CastOutput, IsTheOnlyOneWhateverThePortalSays)
 {
     const Outputs outputs{output({0, 0}, {960, 540}, {})};
-    EXPECT_EQ(pointsOfCast({std::nullopt, std::nullopt}, outputs), (Size{960, 540}));
-    EXPECT_EQ(pointsOfCast({QPoint(3, 4), Size{1920, 1080}}, outputs), (Size{960, 540}));
+    EXPECT_EQ(pointsOfCast({std::nullopt, std::nullopt}, {1920, 1080}, outputs), (Size{960, 540}));
+    EXPECT_EQ(pointsOfCast({QPoint(3, 4), Size{1920, 1080}}, {1920, 1080}, outputs), (Size{960, 540}));
 }
 
 TEST(CastOutput, IsWhatThePortalSaysWhereTheCompositorSaysNothing)
 {
-    EXPECT_EQ(pointsOfCast({QPoint(0, 0), Size{1920, 1080}}, {}), (Size{1920, 1080}));
-    EXPECT_EQ(pointsOfCast({std::nullopt, std::nullopt}, {}), std::nullopt);
+    EXPECT_EQ(pointsOfCast({QPoint(0, 0), Size{1920, 1080}}, {1920, 1080}, {}), (Size{1920, 1080}));
+    EXPECT_EQ(pointsOfCast({QPoint(0, 0), Size{960, 540}}, {1920, 1080}, {}), (Size{960, 540}));
+    EXPECT_EQ(pointsOfCast({std::nullopt, std::nullopt}, {1920, 1080}, {}), std::nullopt);
     const Outputs untold{OutputFacts()};
-    EXPECT_EQ(pointsOfCast({QPoint(0, 0), Size{1920, 1080}}, untold), (Size{1920, 1080}));
+    EXPECT_EQ(pointsOfCast({QPoint(0, 0), Size{1920, 1080}}, {1920, 1080}, untold), (Size{1920, 1080}));
 }
 
 } // namespace
