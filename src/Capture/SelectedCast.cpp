@@ -20,19 +20,55 @@ constexpr CaptureRegion everything{0, 0, 1 << 20, 1 << 20};
 
 using Kept = std::variant<std::monostate, SelectedCast, CaptureError>;
 
-/// Goes with the application: what a cast is made of needs it.
+/// Ends with the application: what a cast is made of needs it, and a question that nobody waits for is withdrawn.
 class Keeper : public QObject {
 public:
-    using QObject::QObject;
+    explicit Keeper(QCoreApplication* application)
+        : QObject(application)
+    {
+        connect(application, &QCoreApplication::aboutToQuit, this, [this] {
+            opening.reset();
+            content = std::monostate();
+        });
+    }
+
     Kept content;
+    std::shared_ptr<ScreenCastPortal> opening; // null while the user is not asked
 };
 
-Kept& kept()
+Keeper& keeper()
 {
-    static QPointer<Keeper> keeper;
-    if (!keeper)
-        keeper = new Keeper(QCoreApplication::instance());
-    return keeper->content;
+    static QPointer<Keeper> only;
+    if (!only)
+        only = new Keeper(QCoreApplication::instance());
+    return *only;
+}
+
+/// Asks for a cast of which the keeper has the portal until it is open. If the portal goes meanwhile, the task ends
+/// with CaptureError::Stopped.
+QCoro::Task<std::pair<SelectedCast, FileDescriptor>> openPortal()
+{
+    keeper().opening = std::make_shared<ScreenCastPortal>();
+    auto* const portal = keeper().opening.get();
+    SelectedCast selected;
+    std::optional<CaptureError> failure;
+    std::optional<FileDescriptor> remote;
+    try {
+        auto opening = portal->open();
+        selected.cast = co_await opening;
+        auto connecting = portal->openRemote();
+        remote = co_await connecting;
+    } catch (const CaptureError& error) {
+        failure = error;
+    }
+    if (failure) {
+        if (keeper().opening.get() == portal)
+            keeper().opening.reset();
+        throw CaptureError(*failure);
+    }
+    selected.portal = std::move(keeper().opening);
+    std::pair opened(std::move(selected), std::move(*remote));
+    co_return std::move(opened);
 }
 
 /// Written by the stream's thread until the stream has started, read afterwards.
@@ -55,12 +91,9 @@ PipeWireStream::Source inPixels(PipeWireStream::Source source, const std::shared
 
 QCoro::Task<SelectedCast::FirstPicture> SelectedCast::open()
 {
-    SelectedCast selected;
-    selected.portal = std::make_shared<ScreenCastPortal>();
-    auto opening = selected.portal->open();
-    selected.cast = co_await opening;
-    auto connecting = selected.portal->openRemote();
-    auto remote = co_await connecting;
+    auto opening = openPortal();
+    auto opened = co_await opening;
+    auto& [selected, remote] = opened;
 
     const auto snapshot = std::make_shared<Snapshot>();
     FrameSink sink;
@@ -86,17 +119,17 @@ QCoro::Task<SelectedCast::FirstPicture> SelectedCast::open()
 
 void SelectedCast::keep(SelectedCast cast)
 {
-    kept() = std::move(cast);
+    keeper().content = std::move(cast);
 }
 
 void SelectedCast::keep(CaptureError failure)
 {
-    kept() = std::move(failure);
+    keeper().content = std::move(failure);
 }
 
 std::optional<SelectedCast> SelectedCast::take()
 {
-    auto taken = std::exchange(kept(), std::monostate());
+    auto taken = std::exchange(keeper().content, Kept());
     if (auto* const failure = std::get_if<CaptureError>(&taken))
         throw CaptureError(std::move(*failure));
     if (auto* const cast = std::get_if<SelectedCast>(&taken))

@@ -7,8 +7,9 @@ import pathlib
 import subprocess
 import unittest
 
-from application import quillbox
+from application import LIMIT_SECONDS, quillbox
 from recording import ClipTest, Recording
+from running import Running
 
 REGION = "101,57,322x238"
 
@@ -78,6 +79,23 @@ class MockPortalTest(RefusalTest):
             self.assertIn("stopped before it began", said)
             portal.wait_for("withdrawn")
         self.assertFalse(os.path.exists(self.gif))
+
+    def test_withdraws_its_question_when_a_selection_is_interrupted(self):
+        with MockPortal("Start", "waits") as portal, Recording("--select", "-o", self.gif) as recording:
+            portal.wait_for("reached")
+            recording.stop()
+            status, _, said = recording.result()
+            self.assertEqual(status, 1)
+            self.assertIn("nothing was selected", said)
+            portal.wait_for("withdrawn")
+
+    def test_withdraws_its_question_when_the_application_quits(self):
+        with MockPortal("Start", "waits") as portal, Running() as application:
+            application.begin()
+            portal.wait_for("reached")
+            self.assertEqual(quillbox("quit").returncode, 0)
+            portal.wait_for("withdrawn")
+            self.assertEqual(application.process.wait(LIMIT_SECONDS), 0)
 
     def test_says_in_one_line_that_an_answer_makes_no_sense(self):
         for step in ("CreateSession", "Start"):

@@ -10,6 +10,7 @@
 #include "App/CommandLine/RecordingEnd.h"
 #include "App/CommandLine/ResultReport.h"
 #include "App/CommandLine/ScreenSelection.h"
+#include "App/CommandLine/StopRequest.h"
 #include "App/Desktop/DesktopApplication.h"
 #include "App/Desktop/RunningInstance.h"
 #include "App/FlowMessages.h"
@@ -177,7 +178,8 @@ QCoro::Task<int> recordAndSave(RecordOptions options)
         co_return ExitCode::failure;
     }
     if (!options.region) {
-        const auto selection = ScreenSelection::askForRegion();
+        const StopRequest stop;
+        const auto selection = ScreenSelection::askForRegion(stop);
         options.region = co_await selection;
     }
     if (!options.region) {

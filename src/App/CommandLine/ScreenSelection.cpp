@@ -1,5 +1,6 @@
 #include "App/CommandLine/ScreenSelection.h"
 
+#include "App/CommandLine/StopRequest.h"
 #include "Capture/RegionSelector.h"
 
 #include <QPromise>
@@ -8,14 +9,18 @@
 
 namespace quillbox {
 
-QFuture<std::optional<CaptureRegion>> ScreenSelection::askForRegion()
+QFuture<std::optional<CaptureRegion>> ScreenSelection::askForRegion(const StopRequest& stop)
 {
     const auto promise = std::make_shared<QPromise<std::optional<CaptureRegion>>>();
     promise->start();
-    RegionSelector().present([promise](std::optional<CaptureRegion> region) {
+    const auto answer = [promise](std::optional<CaptureRegion> region) {
+        if (promise->future().isFinished())
+            return;
         promise->addResult(region);
         promise->finish();
-    });
+    };
+    QObject::connect(&stop, &StopRequest::received, &stop, [answer] { answer(std::nullopt); });
+    RegionSelector().present(answer);
     return promise->future();
 }
 
