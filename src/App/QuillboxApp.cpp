@@ -168,39 +168,50 @@ void QuillboxApp::showUpdate()
 {
     if (m_updater->isIn<UpdaterController::Idle>())
         return; // the window closes itself
-    const auto isBusy = [this] {
-        const auto& now = m_coordinator->get();
-        return now.isIn<RecordingCoordinator::Recording>() || now.isIn<RecordingCoordinator::Processing>()
-            || now.isIn<RecordingCoordinator::SelectingRegion>();
-    };
-    if (!m_updateView) {
-        m_updateView = std::make_unique<UpdateView>(*m_updater);
-        QObject::connect(m_updateView.get(), &UpdateView::restartRequested, m_updateView.get(), [this] { restart(); });
-        QObject::connect(m_updateView.get(), &UpdateView::softwareCenterRequested, m_updateView.get(), [this] {
-            SoftwareCenter::show();
-            m_updateView->close();
-        });
-        const auto followWork = [this, isBusy] {
-            m_updateView->setBusy(isBusy());
-            if (!isBusy() && std::exchange(m_hasUpdateNews, false))
-                showUpdate();
-        };
-        QObject::connect(m_coordinator.get(), &CurrentCoordinator::phaseChanged, m_updateView.get(), followWork);
-        followWork();
-    }
+    if (!m_updateView)
+        makeUpdateView();
     const bool isWished = m_updater->isIn<UpdaterController::Looking>();
     if (!isWished && m_updateView->isVisible())
         return;
-    if (!isWished && isBusy()) {
-        m_hasUpdateNews = true; // told when nothing of it can get into a clip
-        return;
-    }
+    m_hasUpdateNews = !isWished && isBusy(); // told when nothing of it can get into a clip
+    if (!m_hasUpdateNews)
+        openUpdateView(isWished);
+}
+
+void QuillboxApp::makeUpdateView()
+{
+    m_updateView = std::make_unique<UpdateView>(*m_updater);
+    QObject::connect(m_updateView.get(), &UpdateView::restartRequested, m_updateView.get(), [this] { restart(); });
+    QObject::connect(m_updateView.get(), &UpdateView::softwareCenterRequested, m_updateView.get(), [this] {
+        SoftwareCenter::show();
+        m_updateView->close();
+    });
+    const auto followWork = [this] {
+        m_updateView->setBusy(isBusy());
+        if (!isBusy() && std::exchange(m_hasUpdateNews, false))
+            openUpdateView(false);
+    };
+    QObject::connect(m_coordinator.get(), &CurrentCoordinator::phaseChanged, m_updateView.get(), followWork);
+    followWork();
+}
+
+/// @param isWished  The user waits for it: else keys go where they were meant to go.
+void QuillboxApp::openUpdateView(bool isWished)
+{
     m_updateView->setSoftwareCenter(SoftwareCenter::isThere());
-    m_updateView->setAttribute(Qt::WA_ShowWithoutActivating, !isWished); // keys go where they were meant to go
+    m_updateView->setAttribute(Qt::WA_ShowWithoutActivating, !isWished);
     m_updateView->show();
     m_updateView->raise();
     if (isWished)
         m_updateView->activateWindow();
+}
+
+/// Whether a clip is being made, or about to be.
+bool QuillboxApp::isBusy() const
+{
+    const auto& now = m_coordinator->get();
+    return now.isIn<RecordingCoordinator::Recording>() || now.isIn<RecordingCoordinator::Processing>()
+        || now.isIn<RecordingCoordinator::SelectingRegion>();
 }
 
 void QuillboxApp::restart()

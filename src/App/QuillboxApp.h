@@ -47,6 +47,9 @@ private:
     Panel& panel();
     UpdaterController& updater();
     void showUpdate();
+    void makeUpdateView();
+    void openUpdateView(bool isWished);
+    [[nodiscard]] bool isBusy() const;
     void restart();
     void toggleForIcon();
     void showWithoutTray();

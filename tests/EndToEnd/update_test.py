@@ -4,10 +4,11 @@ update_test.py UpdateTest.NAME"""
 
 import os
 import pathlib
+import signal
 import sys
 import unittest
 
-from application import process, program, program_of, run, until, windows
+from application import process, program, program_of, quillbox, run, status, until, windows
 from desktop import Desktop
 from running import ApplicationTest
 
@@ -20,7 +21,14 @@ def offer(version):
 
 
 def installed_version():
-    return pathlib.Path(os.environ["PACKAGE_FOLDER"], "root/usr/share/quillbox/version").read_text().strip()
+    file = pathlib.Path(os.environ["PACKAGE_FOLDER"], "root/usr/share/quillbox/version")
+    return file.read_text().strip() if file.exists() else None
+
+
+def daemon():
+    answer = run("dbus-send", "--system", "--print-reply=literal", "--dest=org.freedesktop.DBus", "/",
+                 "org.freedesktop.DBus.GetConnectionUnixProcessID", "string:org.freedesktop.PackageKit")
+    return int(answer.stdout.split()[1])
 
 
 class UpdateTest(ApplicationTest):
@@ -47,6 +55,27 @@ class UpdateTest(ApplicationTest):
         self.assertNotEqual(another, desktop.process.pid)
         self.assertEqual(program_of(another), pathlib.Path(program()).resolve())
         self.assertEqual(run(program(), "quit").returncode, 0)
+
+    def test_the_news_of_an_installation_wait_until_the_recording_ends(self):
+        offer("1.1")
+        desktop = self.start()
+        desktop.open_panel()
+        desktop.click("push button", "Check for Updates…")
+        self.wait_for_text(desktop, "Quillbox 1.1 is available")
+        service = daemon()
+        os.kill(service, signal.SIGSTOP)
+        self.addCleanup(os.kill, service, signal.SIGCONT)
+        desktop.click("push button", "Install")
+        self.wait_for_text(desktop, "Installing Quillbox 1.1…")
+        desktop.click("push button", "Hide")
+        until(lambda: not windows("Update — Quillbox"), "the window is hidden")
+        desktop.record(400, 200, 400, 300)
+        os.kill(service, signal.SIGCONT)
+        until(lambda: installed_version() == "1.1", "it is installed")
+        desktop.wait_for_frames(status()["frameCount"] + 45)
+        self.assertEqual(windows("Update — Quillbox"), [])
+        self.assertEqual(quillbox("stop").returncode, 0)
+        self.wait_for_text(desktop, "Quillbox 1.1 is installed")
 
 
 if __name__ == "__main__":
