@@ -8,6 +8,7 @@
 #include "App/FrameSources/BackgroundIntake.h"
 #include "App/FrameSources/ByteSource.h"
 #include "App/FrameSources/RawReader.h"
+#include "App/HugePages.h"
 #include "Clip.h"
 #include "Encoding/GIFOptimizer.h"
 
@@ -52,6 +53,7 @@ void countAttempts(std::span<char*> arguments, bool firstOnly)
 
 int main(int argc, char** argv)
 {
+    quillbox::preferHugePages();
     std::span arguments(argv, static_cast<std::size_t>(argc));
     arguments = arguments.subspan(1);
     const bool firstOnly = !arguments.empty() && std::strcmp(arguments.front(), "--first-only") == 0;

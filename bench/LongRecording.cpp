@@ -5,6 +5,7 @@
 //     long-recording work|motion|noise SECONDS [slack|github|docs [WIDTH HEIGHT]]
 #include "Painters.h"
 
+#include "App/HugePages.h"
 #include "Capture/LiveIntake.h"
 #include "Capture/StreamRecorder.h"
 #include "Encoding/GIFOptimizer.h"
@@ -88,6 +89,7 @@ QCoro::Task<> measure(Order order, int& status)
 
 int main(int argc, char** argv)
 {
+    quillbox::preferHugePages();
     QCoreApplication application(argc, argv);
     const std::span arguments(argv, static_cast<std::size_t>(argc));
     const auto preset = ExportPreset::fromRawValue(argc > 3 ? arguments[3] : "slack");

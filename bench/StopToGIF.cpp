@@ -7,6 +7,7 @@
 // recorder's do. Prints one JSON object: times in milliseconds, "attemptCount" the number of palette sizes tried;
 // "intakeMean" and "intakeLongest", of one frame, only where frames are taken one by one.
 
+#include "App/HugePages.h"
 #include "Clip.h"
 #include "Encoding/FrameIntake.h"
 #include "Encoding/GIFOptimizer.h"
@@ -92,6 +93,7 @@ void measure(ExportPreset preset, const std::vector<RGBAFrame>& frames, bool all
 
 int main(int argc, char** argv)
 {
+    quillbox::preferHugePages();
     std::span arguments(argv, static_cast<std::size_t>(argc));
     arguments = arguments.subspan(1);
     const bool allAtOnce = !arguments.empty() && std::strcmp(arguments.front(), "--all-at-once") == 0;

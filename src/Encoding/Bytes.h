@@ -10,6 +10,11 @@
 
 namespace quillbox {
 
+/// Told of the part of each new large buffer that huge pages can cover, if anyone wants to hear of it: how memory is
+/// backed is the system's affair, of which this library knows nothing. Set before other threads start.
+using LargeBufferAdvice = void (*)(void* begin, std::size_t byteCount) noexcept;
+inline LargeBufferAdvice adviseLargeBuffer = nullptr; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+
 /// Allocates like std::allocator but leaves elements that are made without a value uninitialised, so that a buffer
 /// which is about to be overwritten whole is not written twice; and begins large buffers at a page, because reading a
 /// file into a buffer that began 16 bytes behind one took four times as long where it was measured (Zen 3). Buffers
@@ -27,7 +32,11 @@ template <typename T> struct UninitializedAllocator : std::allocator<T> {
             return std::allocator<T>::allocate(count);
         if (count > std::numeric_limits<std::ptrdiff_t>::max() / sizeof(T))
             throw std::bad_array_new_length();
-        return static_cast<T*>(::operator new (count * sizeof(T), std::align_val_t{alignmentFor(count)}));
+        void* const place = ::operator new (count * sizeof(T), std::align_val_t{alignmentFor(count)});
+        const std::size_t coverableBytes = count * sizeof(T) / hugePageBytes * hugePageBytes;
+        if (coverableBytes > 0 && adviseLargeBuffer)
+            adviseLargeBuffer(place, coverableBytes);
+        return static_cast<T*>(place);
     }
     void deallocate(T* place, std::size_t count) noexcept
     {

@@ -69,6 +69,8 @@ FrameIntake FrameIntake::shrinking(std::int64_t sourceFPS, ExportPreset preset)
 {
     FrameIntake intake(sourceFPS, std::span(&preset, 1));
     intake.m_maxWidth = preset.maxWidth();
+    if (SideThread::isWorthIt())
+        intake.m_side = std::make_unique<SideThread>();
     return intake;
 }
 
@@ -96,7 +98,7 @@ void FrameIntake::append(const RGBAFrame& frame)
 const RGBAFrame& FrameIntake::shrunk(const RGBAFrame& frame)
 {
     if (!m_shrunk || !m_shrunk->original.sharesPixels(frame))
-        m_shrunk = {frame, m_cap->applied(frame)};
+        m_shrunk = {frame, m_cap->applied(frame, m_side.get())};
     return m_shrunk->small;
 }
 

@@ -7,8 +7,10 @@
 #include "Encoding/GIFEncoder.h"
 #include "Encoding/PixelTypes.h"
 #include "Encoding/Presets.h"
+#include "Encoding/SideThread.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <vector>
@@ -19,7 +21,7 @@ namespace quillbox {
 /// and, for every frame rate that one of the presets may end up with, drops the frames that a GIF of that rate would
 /// not show. Frames that no rate keeps are let go of, so a long input never lies in memory whole.
 ///
-/// A value; one thread at a time.
+/// Can be moved; one thread at a time.
 class FrameIntake {
 public:
     /// @param sourceFPS  Rate of the frames to come, frames per second.
@@ -71,6 +73,7 @@ private:
     std::optional<std::int64_t> m_maxWidth;        ///< what to shrink to at once, pixels
     std::optional<FrameResampler::WidthCap> m_cap; ///< the same for the size of the first frame
     std::optional<Shrunk> m_shrunk;                ///< the last one; several rates may keep one frame
+    std::unique_ptr<SideThread> m_side;            ///< shrinks the upper halves, if there is one
     std::vector<Candidate> m_candidates;
     FPSAdaptive::ActivityMeter m_activity;
     FrameComparisons m_comparisons;

@@ -104,49 +104,54 @@ void filterRowOfLargeBlocks(const RowTask& task)
     filterRow<LargeDivider>(task);
 }
 
-/// The source rows of each output row, from the top.
-template <typename Visitor> void forEachOutputRow(const RGBAFrame& frame, Size size, Visitor&& visit)
+/// A picture on its way to another size.
+struct Shrinking {
+    PixelView source; ///< all rows
+    Size from;
+    Size to;
+    std::uint8_t* output; ///< all rows
+};
+
+/// Calls `visit(first source row, source rows, output row)` for each output row of `rows`.
+template <typename Visitor> void forEachOutputRow(const Shrinking& task, Span rows, Visitor&& visit)
 {
-    const std::int64_t rowBytes = frame.width() * RGBAFrame::bytesPerPixel;
-    const PixelView pixels = frame.pixels();
-    for (std::int64_t y = 0; y < size.height; ++y) {
-        const Span rows = sourceSpan(y, frame.height(), size.height);
-        visit(pixels.data() + rows.begin * rowBytes, rows.length());
+    for (std::int64_t y = rows.begin; y < rows.end; ++y) {
+        const Span source = sourceSpan(y, task.from.height, task.to.height);
+        visit(task.source.data() + source.begin * task.from.width * RGBAFrame::bytesPerPixel, source.length(),
+            task.output + y * task.to.width * RGBAFrame::bytesPerPixel);
     }
 }
 
-void filterSmallBlocks(const RGBAFrame& frame, Size size, std::uint8_t* output)
+void filterSmallBlocks(const Shrinking& task, Span rows)
 {
-    SmallBlockFilter filter(frame.width(), size.width);
-    forEachOutputRow(frame, size, [&](const std::uint8_t* source, std::int64_t rows) {
-        filter.filterRow(source, rows, output);
-        output += size.width * RGBAFrame::bytesPerPixel;
+    SmallBlockFilter filter(task.from.width, task.to.width);
+    forEachOutputRow(task, rows, [&filter](const std::uint8_t* source, std::int64_t sourceRows, std::uint8_t* output) {
+        filter.filterRow(source, sourceRows, output);
     });
 }
 
 /// @param blockBound  No block has more source pixels.
-// NOLINTNEXTLINE(readability-non-const-parameter): written through the task
-void filterBlocks(const RGBAFrame& frame, Size size, std::int64_t blockBound, std::uint8_t* output)
+void filterBlocks(const Shrinking& task, std::int64_t blockBound, Span rows)
 {
     std::vector<Span> columns;
-    columns.reserve(static_cast<std::size_t>(size.width));
-    for (std::int64_t x = 0; x < size.width; ++x)
-        columns.push_back(sourceSpan(x, frame.width(), size.width));
-    std::vector<std::uint32_t> sums(static_cast<std::size_t>(frame.width() * RGBAFrame::bytesPerPixel));
+    columns.reserve(static_cast<std::size_t>(task.to.width));
+    for (std::int64_t x = 0; x < task.to.width; ++x)
+        columns.push_back(sourceSpan(x, task.from.width, task.to.width));
+    std::vector<std::uint32_t> sums(static_cast<std::size_t>(task.from.width * RGBAFrame::bytesPerPixel));
 
-    forEachOutputRow(frame, size, [&](const std::uint8_t* source, std::int64_t rows) {
-        const RowTask task{.source = source,
+    // NOLINTNEXTLINE(readability-non-const-parameter): written through the row's task
+    forEachOutputRow(task, rows, [&](const std::uint8_t* source, std::int64_t sourceRows, std::uint8_t* output) {
+        const RowTask row{.source = source,
             .rowBytes = sums.size(),
-            .rows = rows,
+            .rows = sourceRows,
             .columns = columns,
-            .shortestColumn = frame.width() / size.width,
+            .shortestColumn = task.from.width / task.to.width,
             .sums = sums.data(),
             .output = output};
         if (blockBound <= MediumDivider::largestCount)
-            filterRowOfMediumBlocks(task);
+            filterRowOfMediumBlocks(row);
         else
-            filterRowOfLargeBlocks(task);
-        output += size.width * RGBAFrame::bytesPerPixel;
+            filterRowOfLargeBlocks(row);
     });
 }
 
@@ -162,7 +167,7 @@ Size fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth)
     return {maxWidth, std::max<std::int64_t>(std::llround(scaled), 1)};
 }
 
-RGBAFrame boxFiltered(const RGBAFrame& frame, Size size)
+RGBAFrame boxFiltered(const RGBAFrame& frame, Size size, SideThread* side)
 {
     const std::int64_t sourceWidth = frame.width();
     const std::int64_t sourceHeight = frame.height();
@@ -175,10 +180,19 @@ RGBAFrame boxFiltered(const RGBAFrame& frame, Size size)
     precondition(blockBound <= largestBlock, "the sum of a block fits 32 bits");
 
     Bytes output(static_cast<std::size_t>(checkedMul(checkedMul(size.width, size.height), RGBAFrame::bytesPerPixel)));
-    if (blockBound <= SmallBlockFilter::largestCount)
-        filterSmallBlocks(frame, size, output.data());
+    const Shrinking task{
+        .source = frame.pixels(), .from = {sourceWidth, sourceHeight}, .to = size, .output = output.data()};
+    const auto filter = [&](Span rows) {
+        if (blockBound <= SmallBlockFilter::largestCount)
+            filterSmallBlocks(task, rows);
+        else
+            filterBlocks(task, blockBound, rows);
+    };
+    const std::int64_t middle = size.height / 2;
+    if (side)
+        side->runBoth([&] { filter({0, middle}); }, [&] { filter({middle, size.height}); });
     else
-        filterBlocks(frame, size, blockBound, output.data());
+        filter({0, size.height});
     return {size.width, size.height, std::move(output)};
 }
 
@@ -191,11 +205,12 @@ WidthCap::WidthCap(const RGBAFrame& first, std::optional<std::int64_t> maxWidth)
         m_target = target;
 }
 
-RGBAFrame WidthCap::applied(const RGBAFrame& frame) const
+RGBAFrame WidthCap::applied(const RGBAFrame& frame, SideThread* side) const
 {
     if (!m_target || (frame.width() <= m_target->width && frame.height() <= m_target->height))
         return frame;
-    return boxFiltered(frame, {std::min(frame.width(), m_target->width), std::min(frame.height(), m_target->height)});
+    const Size size{std::min(frame.width(), m_target->width), std::min(frame.height(), m_target->height)};
+    return boxFiltered(frame, size, side);
 }
 
 std::vector<RGBAFrame> cappedToWidth(

@@ -2,6 +2,7 @@
 
 #include "Encoding/Parallel.h"
 #include "Encoding/PixelTypes.h"
+#include "Encoding/SideThread.h"
 
 #include <cstdint>
 #include <optional>
@@ -33,7 +34,8 @@ public:
     [[nodiscard]] bool isNone() const { return !m_target; }
 
     /// `frame` no larger than fitted; one that is not is passed on with its pixels shared.
-    [[nodiscard]] RGBAFrame applied(const RGBAFrame& frame) const;
+    /// @param side  Does half of the work, if there is one.
+    [[nodiscard]] RGBAFrame applied(const RGBAFrame& frame, SideThread* side = nullptr) const;
 
 private:
     std::optional<Size> m_target;
@@ -44,8 +46,9 @@ private:
     std::span<const RGBAFrame> frames, std::optional<std::int64_t> maxWidth, Parallelism parallelism = {});
 
 /// Every pixel is the mean of its block of source pixels, truncated, alpha included.
+/// @param side  Does half of the work, if there is one.
 /// @pre 0 ≤ size.width ≤ frame.width(), 0 ≤ size.height ≤ frame.height().
-[[nodiscard]] RGBAFrame boxFiltered(const RGBAFrame& frame, Size size);
+[[nodiscard]] RGBAFrame boxFiltered(const RGBAFrame& frame, Size size, SideThread* side = nullptr);
 
 } // namespace FrameResampler
 } // namespace quillbox

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <vector>
@@ -29,8 +30,11 @@ public:
         m_buffer |= std::uint64_t{code} << static_cast<unsigned>(m_count);
         m_count += bits;
         if (m_count >= 32) { // four bytes at once; at most 31 + 12 bits are ever pending
-            for (int byte = 0; byte < 4; ++byte)
-                *m_next++ = static_cast<std::uint8_t>(m_buffer >> static_cast<unsigned>(8 * byte));
+            const std::array<std::uint8_t, 4> bytes{static_cast<std::uint8_t>(m_buffer),
+                static_cast<std::uint8_t>(m_buffer >> 8U), static_cast<std::uint8_t>(m_buffer >> 16U),
+                static_cast<std::uint8_t>(m_buffer >> 24U)};
+            std::memcpy(m_next, bytes.data(), bytes.size());
+            m_next += bytes.size();
             m_buffer >>= 32U;
             m_count -= 32;
         }
@@ -114,6 +118,65 @@ private:
     unsigned m_indexBits = 8;
 };
 
+/// Four indices as one number, the same for the same four.
+std::uint32_t fourAt(const std::uint8_t* indices)
+{
+    std::uint32_t four = 0;
+    std::memcpy(&four, indices, sizeof four);
+    return four;
+}
+
+/// Where four indices at once lead in the tree, from each sequence whose length is a multiple of four. A walk along a
+/// long known sequence thus takes a quarter of the steps, each of which has to wait for the one before.
+///
+/// A hash table with linear probing, a quarter full at most.
+class Leaps {
+public:
+    Leaps()
+        : m_entries(std::size_t{1} << entryBits)
+    {
+    }
+
+    void reset() { std::ranges::fill(m_entries, 0); }
+
+    /// @return the code of `base` followed by `four`, 0 if there is none or it was not added.
+    [[nodiscard]] Code find(Code base, std::uint32_t four) const
+    {
+        const std::uint64_t key = keyOf(base, four);
+        for (std::size_t place = placeOf(key); m_entries[place] != 0; place = nextPlace(place)) {
+            if (m_entries[place] >> maxCodeBits == key)
+                return static_cast<Code>(m_entries[place] & (maxCodes - 1));
+        }
+        return 0;
+    }
+
+    void add(Code base, std::uint32_t four, Code code)
+    {
+        const std::uint64_t key = keyOf(base, four);
+        std::size_t place = placeOf(key);
+        while (m_entries[place] != 0)
+            place = nextPlace(place);
+        m_entries[place] = key << maxCodeBits | code;
+    }
+
+private:
+    static constexpr unsigned entryBits = 12;
+
+    /// Never zero.
+    static std::uint64_t keyOf(Code base, std::uint32_t four)
+    {
+        return std::uint64_t{1} << 44U | std::uint64_t{base} << 32U | four;
+    }
+    static std::size_t placeOf(std::uint64_t key)
+    {
+        constexpr std::uint64_t goldenRatio = 0x9E3779B97F4A7C15U; // Fibonacci hashing
+        return key * goldenRatio >> (64 - entryBits);
+    }
+    static std::size_t nextPlace(std::size_t place) { return (place + 1) % (std::size_t{1} << entryBits); }
+
+    std::vector<std::uint64_t> m_entries; ///< key, then code; zero where free
+};
+
 /// Where the run that begins at `start` ends.
 std::size_t endOfRun(std::span<const std::uint8_t> indices, std::size_t start)
 {
@@ -123,13 +186,172 @@ std::size_t endOfRun(std::span<const std::uint8_t> indices, std::size_t start)
     for (; end + sizeof pattern <= indices.size(); end += sizeof pattern) {
         std::uint64_t eight = 0;
         std::memcpy(&eight, &indices[end], sizeof eight);
-        if (eight != pattern)
-            break;
+        const std::uint64_t difference = eight ^ pattern;
+        if (difference != 0) {
+            constexpr bool firstIsLowest = std::endian::native == std::endian::little;
+            const int equalBits = firstIsLowest ? std::countr_zero(difference) : std::countl_zero(difference);
+            return end + static_cast<std::size_t>(equalBits / 8);
+        }
     }
     while (end < indices.size() && indices[end] == index)
         ++end;
     return end;
 }
+
+/// How the codes of one full table came about.
+struct Filling {
+    std::size_t codes = 0;
+    std::size_t steps = 0; ///< down the tree, each index counted
+
+    /// Whether a table like this is filled faster by leaps.
+    [[nodiscard]] bool isWorthLeaping() const { return steps > 5 * codes; }
+};
+
+/// The road of one picture from indices to codes.
+class Compression {
+public:
+    Compression(Dictionary& dictionary, Leaps& leaps, std::span<const std::uint8_t> indices, int minCodeSize,
+        std::uint8_t* output)
+        : m_dictionary(dictionary)
+        , m_leaps(leaps)
+        , m_indices(indices)
+        , m_clearCode(static_cast<Code>(1U << static_cast<unsigned>(minCodeSize)))
+        , m_firstCodeSize(minCodeSize + 1)
+        , m_writer(output)
+    {
+        m_dictionary.begin(minCodeSize);
+        m_writer.write(m_clearCode, m_codeSize = m_firstCodeSize);
+    }
+
+    [[nodiscard]] bool isDone() const { return m_position == m_indices.size(); }
+
+    /// Codes indices until the table is full and then clears it, or until none are left.
+    /// @pre not done.
+    template <bool byLeaps> Filling fillTable()
+    {
+        if constexpr (byLeaps)
+            m_leaps.reset();
+        Filling filling;
+        auto nextCode = static_cast<Code>(m_clearCode + 2);
+        while (!isDone()) {
+            const std::size_t start = m_position;
+            Sequence sequence = knownRun();
+            const std::size_t afterRun = m_position;
+            if constexpr (byLeaps)
+                followByLeaps(sequence, start);
+            else
+                followBySteps(sequence);
+            const bool isRun = m_position == afterRun; // all known runs were taken, so any step leaves the run
+            ++filling.codes;
+            filling.steps += m_position - afterRun;
+            m_writer.write(sequence.code, m_codeSize);
+            if (isDone())
+                break; // the last data code assigns nothing and changes no width
+
+            const std::uint8_t index = m_indices[m_position];
+            m_dictionary.assign(m_dictionary.slot(sequence.code, index), nextCode);
+            if (isRun && index == m_indices[start])
+                m_dictionary.lengthenRun(index, nextCode);
+            if constexpr (byLeaps) {
+                if ((m_position + 1 - start) % leapLength == 0)
+                    m_leaps.add(sequence.leapBase, fourAt(&m_indices[m_position + 1 - leapLength]), nextCode);
+            }
+            ++nextCode;
+            if (nextCode > 1 << m_codeSize && m_codeSize < maxCodeBits)
+                ++m_codeSize; // one entry late: a decoder's table trails ours by one
+            if (nextCode >= maxCodes) {
+                m_writer.write(m_clearCode, m_codeSize);
+                m_dictionary.reset();
+                m_codeSize = m_firstCodeSize;
+                break;
+            }
+        }
+        return filling;
+    }
+
+    /// Writes the end code. @return the end of the output.
+    std::uint8_t* finish()
+    {
+        m_writer.write(m_clearCode + 1U, m_codeSize);
+        return m_writer.finish();
+    }
+
+private:
+    static constexpr std::size_t leapLength = 4;
+
+    struct Sequence {
+        Code code;
+        Code leapBase; ///< its longest beginning whose length is a multiple of `leapLength`; clear code: of none
+    };
+
+    /// Takes the longest known run that begins at `m_position`, at once.
+    Sequence knownRun()
+    {
+        const std::uint8_t index = m_indices[m_position++];
+        if (isDone() || m_indices[m_position] != index)
+            return {.code = index, .leapBase = m_clearCode};
+        if (m_runEnd < m_position)
+            m_runEnd = endOfRun(m_indices, m_position);
+        const std::size_t length = std::min(m_runEnd - m_position + 1, m_dictionary.longestRun(index));
+        m_position += length - 1;
+        const std::size_t leapt = length / leapLength * leapLength;
+        return {.code = m_dictionary.runCode(index, length),
+            .leapBase = leapt > 0 ? m_dictionary.runCode(index, leapt) : m_clearCode};
+    }
+
+    /// Extends the sequence as far as the dictionary knows it.
+    void followBySteps(Sequence& sequence)
+    {
+        while (!isDone() && step(sequence)) { }
+    }
+
+    /// The same. @param start where the sequence begins.
+    void followByLeaps(Sequence& sequence, std::size_t start)
+    {
+        if (m_position == start + 1 && leap(sequence, start))
+            m_position = start + leapLength;
+        do {
+            if ((m_position - start) % leapLength == 0) {
+                sequence.leapBase = sequence.code;
+                while (leap(sequence, m_position))
+                    m_position += leapLength;
+            }
+        } while (!isDone() && step(sequence));
+    }
+
+    /// @return whether the dictionary knows the sequence longer by one.
+    bool step(Sequence& sequence)
+    {
+        const Code longer = m_dictionary.child(m_dictionary.slot(sequence.code, m_indices[m_position]));
+        if (longer == 0)
+            return false;
+        sequence.code = longer;
+        ++m_position;
+        return true;
+    }
+
+    /// From its base the sequence leaps over the indices at `from`, if it is known where to.
+    bool leap(Sequence& sequence, std::size_t from)
+    {
+        if (from + leapLength > m_indices.size())
+            return false;
+        const Code longer = m_leaps.find(sequence.leapBase, fourAt(&m_indices[from]));
+        if (longer == 0)
+            return false;
+        sequence = {.code = longer, .leapBase = longer};
+        return true;
+    }
+
+    Dictionary& m_dictionary;
+    Leaps& m_leaps;
+    std::span<const std::uint8_t> m_indices;
+    Code m_clearCode;
+    int m_firstCodeSize;
+    int m_codeSize;
+    BitWriter m_writer;
+    std::size_t m_position = 0; ///< of the first index that has no code yet
+    std::size_t m_runEnd = 0;   ///< the run that `m_position` may stand in ends here
+};
 
 /// More bytes than `encode` can produce for `count` indices: 12 bits for each index's code, for a clear code
 /// after every 3838 of them at most, for the first clear and the end, and the four bytes of a pending write.
@@ -143,6 +365,8 @@ std::size_t outputBound(std::size_t count)
 
 struct Encoder::Tables {
     Dictionary dictionary;
+    Leaps leaps;
+    bool byLeaps = false; ///< as the last table would have been filled faster
 };
 
 Encoder::Encoder()
@@ -156,67 +380,18 @@ Encoder::~Encoder() = default;
 std::span<const std::uint8_t> Encoder::encode(std::span<const std::uint8_t> indices, int minCodeSize)
 {
     precondition(minCodeSize >= 2 && minCodeSize <= 8, "LZW literals have 2 to 8 bits");
-    const int clearCode = 1 << minCodeSize;
-    const int endCode = clearCode + 1;
     unsigned usedBits = 0;
     for (const std::uint8_t index : indices)
         usedBits |= index;
-    precondition(usedBits < static_cast<unsigned>(clearCode), "every index is below 2^minCodeSize");
+    precondition(usedBits >> static_cast<unsigned>(minCodeSize) == 0, "every index is below 2^minCodeSize");
 
     m_output.resize(std::max(m_output.size(), outputBound(indices.size())));
-    Dictionary& dictionary = m_tables->dictionary;
-    dictionary.begin(minCodeSize);
-    int codeSize = minCodeSize + 1;
-    int nextCode = clearCode + 2;
-    BitWriter writer(m_output.data());
-    writer.write(static_cast<std::uint32_t>(clearCode), codeSize);
-
-    const std::size_t count = indices.size();
-    std::size_t position = 0; // of the first index that is not part of the current sequence
-    std::size_t runEnd = 0;   // the run that `position` may stand in ends here
-    while (position < count) {
-        // A new sequence begins. Take the longest known run at once.
-        const std::uint8_t first = indices[position];
-        std::size_t taken = 1;
-        if (position + 1 < count && indices[position + 1] == first) {
-            if (runEnd <= position)
-                runEnd = endOfRun(indices, position);
-            taken = std::min(runEnd - position, dictionary.longestRun(first));
-        }
-        Code sequence = dictionary.runCode(first, taken);
-        bool pureRun = true;
-        position += taken;
-
-        // Extend it while the dictionary knows it.
-        std::uint32_t slot = 0;
-        while (position < count) {
-            slot = dictionary.slot(sequence, indices[position]);
-            const Code longer = dictionary.child(slot);
-            if (longer == 0)
-                break;
-            pureRun = false; // all known runs were taken above, so this step left the run
-            sequence = longer;
-            ++position;
-        }
-        writer.write(sequence, codeSize);
-        if (position == count)
-            break; // the last data code assigns nothing and changes no width
-
-        dictionary.assign(slot, static_cast<Code>(nextCode));
-        if (pureRun && indices[position] == first)
-            dictionary.lengthenRun(first, static_cast<Code>(nextCode));
-        ++nextCode;
-        if (nextCode > 1 << codeSize && codeSize < maxCodeBits)
-            ++codeSize; // one entry late: a decoder's table trails ours by one
-        if (nextCode >= maxCodes) {
-            writer.write(static_cast<std::uint32_t>(clearCode), codeSize);
-            dictionary.reset();
-            codeSize = minCodeSize + 1;
-            nextCode = clearCode + 2;
-        }
+    Compression compression(m_tables->dictionary, m_tables->leaps, indices, minCodeSize, m_output.data());
+    while (!compression.isDone()) {
+        const Filling filling = m_tables->byLeaps ? compression.fillTable<true>() : compression.fillTable<false>();
+        m_tables->byLeaps = filling.isWorthLeaping();
     }
-    writer.write(static_cast<std::uint32_t>(endCode), codeSize);
-    return {m_output.data(), writer.finish()};
+    return {m_output.data(), compression.finish()};
 }
 
 Bytes encode(std::span<const std::uint8_t> indices, int minCodeSize)

@@ -1,10 +1,13 @@
 #include "Encoding/Bytes.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <limits>
 #include <new>
+#include <utility>
+#include <vector>
 
 namespace quillbox {
 namespace {
@@ -28,6 +31,18 @@ TEST(Bytes, BeginAtAHugePageWhenTheyFillOne)
 {
     const Bytes bytes(3 * megabyte);
     EXPECT_EQ(reinterpret_cast<std::uintptr_t>(bytes.data()) % (1U << 21U), 0U);
+}
+
+TEST(Bytes, TellOfThePartThatHugePagesCanCover)
+{
+    static std::vector<std::pair<void*, std::size_t>> told;
+    adviseLargeBuffer = [](void* begin, std::size_t byteCount) noexcept {
+        told.emplace_back(begin, byteCount);
+    };
+    const Bytes small(megabyte);
+    const Bytes large(5 * megabyte);
+    adviseLargeBuffer = nullptr;
+    EXPECT_THAT(told, testing::ElementsAre(testing::Pair(large.data(), std::size_t{2} << 21U)));
 }
 
 TEST(Bytes, KeepTheirContentsWhenTheyGrowFromFewToMany)

@@ -156,12 +156,14 @@ TEST(BoxFilter, EqualsTheReferenceForEverySizeUpToTwelve)
 TEST(BoxFilter, EqualsTheReferenceForRandomSizes)
 {
     Random random(75);
+    SideThread side;
     for (std::int64_t i = support::iterations(1500); i > 0; --i) {
         const std::int64_t width = random.between(1, 150);
         const std::int64_t height = random.between(1, 80);
         const RGBAFrame frame = support::randomPicture(width, height, random);
         const Size size{random.between(1, width), random.between(1, height)};
         ASSERT_EQ(boxFiltered(frame, size), reference::boxFiltered(frame, size));
+        ASSERT_EQ(boxFiltered(frame, size, &side), reference::boxFiltered(frame, size));
     }
 }
 

@@ -314,6 +314,25 @@ TEST_P(LZWOfSize, RepeatedRowsWithSmallChangesEqualTheReference)
     }
 }
 
+TEST_P(LZWOfSize, LongSequencesOfSeveralTablesEqualTheReferenceWhereverTheyEnd)
+{
+    // A pattern as dithering makes it, with a flaw now and then: known sequences soon are tens of indices long.
+    Random random(5000 + static_cast<std::uint64_t>(minCodeSize()));
+    const auto pattern = [this](std::int64_t x, std::int64_t y) {
+        return static_cast<std::uint8_t>((x * x + 3 * y) % 7 < 3 ? indexCount() - 1 : (x + y) % 3);
+    };
+    Bytes indices;
+    for (std::int64_t y = 0; std::ssize(indices) < 65'000; ++y) {
+        for (std::int64_t x = 0; x < 211; ++x)
+            indices.push_back(random.oneIn(90) ? randomIndex(random) : pattern(x, y % 5));
+    }
+    for (int shorter = 0; shorter < 9; ++shorter) {
+        expectReferenceAndRoundTrip(indices, minCodeSize());
+        indices.pop_back();
+        indices.erase(indices.begin(), indices.begin() + 3'000);
+    }
+}
+
 TEST_P(LZWOfSize, SeveralFullTablesOfNoiseEqualTheReference)
 {
     Random random(3000 + static_cast<std::uint64_t>(minCodeSize()));

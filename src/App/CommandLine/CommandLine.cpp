@@ -7,6 +7,7 @@
 #include "App/CommandLine/ErrorReport.h"
 #include "App/CommandLine/HistoryCommand.h"
 #include "App/CommandLine/RecordCommand.h"
+#include "App/HugePages.h"
 #include "Translation/Catalogues.h"
 
 #include <exception>
@@ -28,6 +29,7 @@ struct CarryOut {
 
 int CommandLine::run(int argc, const char* const* argv)
 {
+    preferHugePages();
     Catalogues::use(Catalogues::userLanguage());
     try {
         return std::visit(CarryOut{}, parse(argc, argv));

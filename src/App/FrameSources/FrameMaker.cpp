@@ -1,32 +1,13 @@
 #include "App/FrameSources/FrameMaker.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <sys/mman.h>
 #include <utility>
 
 namespace quillbox {
-namespace {
-
-/// Asks the system to back the part of `buffer` that covers huge pages whole by such: they are cheaper to fill and to
-/// look up, and these buffers are used over and over.
-void preferHugePages(Bytes& buffer)
-{
-    constexpr std::uintptr_t hugePageBytes = std::uintptr_t{1} << 21U;
-    const auto begin = reinterpret_cast<std::uintptr_t>(buffer.data());
-    const auto first = (begin + hugePageBytes - 1) / hugePageBytes * hugePageBytes;
-    const auto end = (begin + buffer.size()) / hugePageBytes * hugePageBytes;
-    if (first < end) // where it is refused, all works as well, only slower
-        (void)::madvise(buffer.data() + (first - begin), end - first, MADV_HUGEPAGE);
-}
-
-} // namespace
 
 Bytes FrameMaker::takeBuffer(std::int64_t byteCount)
 {
-    Bytes buffer = m_pool.take(byteCount);
-    preferHugePages(buffer);
-    return buffer;
+    return m_pool.take(byteCount);
 }
 
 RGBAFrame FrameMaker::frame(FrameSize size, Bytes pixels)

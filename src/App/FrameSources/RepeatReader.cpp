@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <thread>
 
 namespace quillbox {
 namespace {
@@ -34,7 +33,7 @@ Outcome readPieces(std::span<std::uint8_t> into, std::span<const std::uint8_t> p
 
 RepeatReader::RepeatReader(ByteSource& source)
     : m_source(source)
-    , m_mayShare(source.canReadAhead() && std::thread::hardware_concurrency() > 1)
+    , m_mayShare(source.canReadAhead() && SideThread::isWorthIt())
 {
 }
 
@@ -58,17 +57,11 @@ Outcome RepeatReader::readShared(std::span<std::uint8_t> into, std::span<const s
           };
     if (!m_side)
         m_side.emplace();
-    Outcome second;
-    m_side->begin(
-        [&] { second = readPart(into.subspan(half), previous.empty() ? previous : previous.subspan(half), half); });
     Outcome first;
-    try {
-        first = readPart(into.first(half), previous.empty() ? previous : previous.first(half), 0);
-    } catch (...) {
-        m_side.reset(); // its job uses what is gone after this; a second error says no more than the first
-        throw;
-    }
-    m_side->wait();
+    Outcome second;
+    m_side->runBoth(
+        [&] { second = readPart(into.subspan(half), previous.empty() ? previous : previous.subspan(half), half); },
+        [&] { first = readPart(into.first(half), previous.empty() ? previous : previous.first(half), 0); });
     const std::size_t byteCount = first.byteCount < half ? first.byteCount : half + second.byteCount;
     m_source.skip(static_cast<std::int64_t>(byteCount));
     return {.byteCount = byteCount, .isRepeat = first.isRepeat && second.isRepeat};

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "App/FrameSources/ByteSource.h"
-#include "App/FrameSources/SideThread.h"
+#include "Encoding/SideThread.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,4 @@
-#include "App/FrameSources/SideThread.h"
-
-#include "Encoding/Precondition.h"
+#include "Encoding/SideThread.h"
 
 #include <utility>
 
@@ -21,20 +19,37 @@ SideThread::~SideThread()
     m_thread.join();
 }
 
+bool SideThread::isWorthIt()
+{
+    return std::thread::hardware_concurrency() > 1;
+}
+
+void SideThread::runBoth(std::function<void()> there, const std::function<void()>& here)
+{
+    begin(std::move(there));
+    try {
+        here();
+    } catch (...) {
+        (void)ended(); // what it does may use what is gone after this; a second error says no more than the first
+        throw;
+    }
+    if (const std::exception_ptr error = ended())
+        std::rethrow_exception(error);
+}
+
 void SideThread::begin(std::function<void()> job)
 {
     const std::scoped_lock lock(m_mutex);
-    precondition(!m_job && !m_error, "one job is waited for before the next begins");
     m_job = std::move(job);
     m_changed.notify_all();
 }
 
-void SideThread::wait()
+/// Waits for the job. @return what it threw, if anything.
+std::exception_ptr SideThread::ended()
 {
     std::unique_lock lock(m_mutex);
     m_changed.wait(lock, [this] { return !m_job; });
-    if (m_error)
-        std::rethrow_exception(std::exchange(m_error, nullptr));
+    return std::exchange(m_error, nullptr);
 }
 
 void SideThread::work()

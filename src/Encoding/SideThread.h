@@ -8,23 +8,25 @@
 
 namespace quillbox {
 
-/// A thread that does one job at a time beside its owner, for work that is shared too often to start a thread each
-/// time. Used by one thread at a time.
+/// A thread that does half of its owner's work, for work that is shared too often to start a thread each time.
+/// Used by one thread at a time.
 class SideThread {
 public:
     SideThread();
-    /// Waits for the job under way; what it throws is lost.
     ~SideThread();
     SideThread(const SideThread&) = delete;
     SideThread& operator=(const SideThread&) = delete;
 
-    /// Begins `job` and returns. @pre the job before has been waited for.
-    void begin(std::function<void()> job);
+    /// Whether the machine runs two threads at once; else sharing work only costs.
+    [[nodiscard]] static bool isWorthIt();
 
-    /// Returns when the job is done. @throws whatever it threw.
-    void wait();
+    /// Does `there` on the thread and `here` meanwhile on the caller's; returns when both are done.
+    /// @throws whatever `here` threw, or else `there`.
+    void runBoth(std::function<void()> there, const std::function<void()>& here);
 
 private:
+    void begin(std::function<void()> job);
+    std::exception_ptr ended();
     void work();
 
     std::mutex m_mutex;

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace quillbox {
+
+/// Has the system back large buffers of pixels by huge pages from now on, which are cheaper to fill and to look up.
+/// Where it is refused all works as well, only slower. Called before other threads start.
+void preferHugePages() noexcept;
+
+} // namespace quillbox
