@@ -43,7 +43,7 @@ std::optional<std::int64_t> wantedMemory()
     const auto [end, error] = std::from_chars(digits.begin(), digits.end(), megabytes);
     if (error != std::errc() || end != digits.end() || megabytes < 0)
         return std::nullopt;
-    return std::min<std::int64_t>(megabytes, 2000) * megabyte;
+    return std::min(megabytes, BandStore::largestMemory / megabyte) * megabyte;
 }
 
 Bytes decompressed(std::span<const std::uint8_t> bytes, std::size_t byteCount)
@@ -54,7 +54,7 @@ Bytes decompressed(std::span<const std::uint8_t> bytes, std::size_t byteCount)
     const int got = LZ4_decompress_safe(reinterpret_cast<const char*>(bytes.data()),
         reinterpret_cast<char*>(pixels.data()), static_cast<int>(bytes.size()), static_cast<int>(byteCount));
     if (!std::cmp_equal(got, byteCount))
-        throw SpillError(translate("CaptureError", "Recorded pixels can't be read back: they are damaged"));
+        throw SpillError(translate("CaptureError", "Pixels of the clip can't be read back: they are damaged"));
     return pixels;
 }
 
@@ -99,10 +99,14 @@ private:
 
 } // namespace
 
+std::int64_t BandStore::memoryShare(std::int64_t most)
+{
+    return wantedMemory().value_or(std::min(availableMemory() / 4, most));
+}
+
 BandStore::Limits BandStore::usualLimits()
 {
-    constexpr std::int64_t usual = 128 * megabyte;
-    const std::int64_t memory = wantedMemory().value_or(std::min(availableMemory() / 4, usual));
+    const std::int64_t memory = memoryShare(128 * megabyte);
     return {.plainBytes = memory / 3, .memoryBytes = memory - memory / 3, .diskSpaceToLeave = 1000 * megabyte};
 }
 

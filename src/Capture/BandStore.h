@@ -22,8 +22,11 @@ public:
         std::uint64_t diskSpaceToLeave;
         std::int64_t waitingBytes = 256'000'000; ///< of pictures that nobody has taken care of yet
     };
-    /// 128 MB of memory, but no more than a quarter of what is available now: a third of it for bands as they are. The
-    /// environment's QUILLBOX_RECORDING_MEMORY, in megabytes up to 2000, overrides that. 1 GB of disk for others.
+    static constexpr std::int64_t largestMemory = 2'000'000'000;
+    /// `most` bytes, but no more than a quarter of the memory that is available now; or what the environment's
+    /// QUILLBOX_RECORDING_MEMORY says, in megabytes, but no more than `largestMemory`.
+    [[nodiscard]] static std::int64_t memoryShare(std::int64_t most);
+    /// A share of 128 MB of memory, a third of it for bands as they are. 1 GB of disk for others.
     [[nodiscard]] static Limits usualLimits();
     /// The program's own in the user's cache folder; it need not exist.
     [[nodiscard]] static std::filesystem::path usualFolder();

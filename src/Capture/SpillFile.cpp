@@ -28,7 +28,7 @@ int openUnnamed(const std::filesystem::path& folder)
     const int file = ::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600);
     if (file >= 0 || (errno != EOPNOTSUPP && errno != EISDIR && errno != ENOENT))
         return file;
-    std::string name = folder / "recording-XXXXXX"; // a file system that has no files without a name
+    std::string name = folder / "clip-XXXXXX"; // a file system that has no files without a name
     const int named = ::mkostemp(name.data(), O_CLOEXEC);
     if (named >= 0)
         (void)::unlink(name.c_str()); // it has just been made
@@ -43,7 +43,7 @@ SpillFile::SpillFile(const std::filesystem::path& folder, std::uint64_t spaceToL
 {
     if (m_file < 0)
         throw SpillError(withArguments(
-            translate("CaptureError", "A long recording needs a file in %1: %2"), {folder.string(), reasonOf(errno)}));
+            translate("CaptureError", "A long clip needs a file in %1: %2"), {folder.string(), reasonOf(errno)}));
 }
 
 SpillFile::~SpillFile()
@@ -67,7 +67,7 @@ std::int64_t SpillFile::append(std::span<const std::uint8_t> bytes)
         if (written < 0 && errno == EINTR)
             continue;
         if (written <= 0)
-            throw SpillError(withArguments(translate("CaptureError", "The file of a long recording can't grow: %1"),
+            throw SpillError(withArguments(translate("CaptureError", "The file of a long clip can't grow: %1"),
                 {reasonOf(written < 0 ? errno : ENOSPC)}));
         done += static_cast<std::size_t>(written);
     }
@@ -84,7 +84,7 @@ void SpillFile::read(std::int64_t offset, std::span<std::uint8_t> bytes) const
         if (got < 0 && errno == EINTR)
             continue;
         if (got <= 0)
-            throw SpillError(withArguments(translate("CaptureError", "Recorded pixels can't be read back: %1"),
+            throw SpillError(withArguments(translate("CaptureError", "Pixels of the clip can't be read back: %1"),
                 {reasonOf(got < 0 ? errno : EIO)}));
         done += static_cast<std::size_t>(got);
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace quillbox {
 namespace {
@@ -65,9 +66,10 @@ FrameIntake FrameIntake::forAnyPreset(std::int64_t sourceFPS)
     return FrameIntake(sourceFPS, all);
 }
 
-FrameIntake FrameIntake::shrinking(std::int64_t sourceFPS, ExportPreset preset)
+FrameIntake FrameIntake::shrinking(std::int64_t sourceFPS, ExportPreset preset, Keeper keeper)
 {
     FrameIntake intake(sourceFPS, std::span(&preset, 1));
+    intake.m_keeper = std::move(keeper);
     intake.m_maxWidth = preset.maxWidth();
     if (SideThread::isWorthIt())
         intake.m_side = std::make_unique<SideThread>();
@@ -90,16 +92,18 @@ void FrameIntake::append(const RGBAFrame& frame)
     m_comparisons.turnTo(frame);
     m_activity.append(frame, m_comparisons);
     for (Candidate& candidate : m_candidates) {
-        if (candidate.resampler.keepsNext() && candidate.deduplicator.append(frame, m_comparisons) && !m_cap->isNone())
-            candidate.deduplicator.replaceLast(shrunk(frame));
+        if (candidate.resampler.keepsNext() && candidate.deduplicator.append(frame, m_comparisons))
+            candidate.deduplicator.replaceLast(substituteFor(frame));
     }
 }
 
-const RGBAFrame& FrameIntake::shrunk(const RGBAFrame& frame)
+const RGBAFrame& FrameIntake::substituteFor(const RGBAFrame& frame)
 {
-    if (!m_shrunk || !m_shrunk->original.sharesPixels(frame))
-        m_shrunk = {frame, m_cap->applied(frame, m_side.get())};
-    return m_shrunk->small;
+    if (!m_lastKept || !m_lastKept->original.sharesPixels(frame)) {
+        const RGBAFrame shrunk = m_cap->applied(frame, m_side.get());
+        m_lastKept = {frame, m_keeper ? m_keeper(shrunk) : shrunk};
+    }
+    return m_lastKept->substitute;
 }
 
 FrameIntake::Selection FrameIntake::selection(ExportPreset preset) const

@@ -10,6 +10,7 @@
 #include "Encoding/SideThread.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -31,9 +32,13 @@ public:
     /// An intake for any preset, to be chosen in the end.
     [[nodiscard]] static FrameIntake forAnyPreset(std::int64_t sourceFPS);
 
+    /// Called once with each picture that is to be kept; gives the one, equal to it, that is kept instead.
+    using Keeper = std::function<RGBAFrame(const RGBAFrame&)>;
+
     /// An intake for one preset that shrinks frames to its width as soon as they are to be kept. Worth it where the
     /// frames would otherwise take up memory of their own.
-    [[nodiscard]] static FrameIntake shrinking(std::int64_t sourceFPS, ExportPreset preset);
+    /// @param keeper  May be empty. What it throws comes out of append().
+    [[nodiscard]] static FrameIntake shrinking(std::int64_t sourceFPS, ExportPreset preset, Keeper keeper = nullptr);
 
     /// Takes the next frame. Its pixels are shared, not copied.
     void append(const RGBAFrame& frame);
@@ -61,18 +66,19 @@ private:
     };
 
     /// A frame, and what is kept of it.
-    struct Shrunk {
+    struct Kept {
         RGBAFrame original;
-        RGBAFrame small;
+        RGBAFrame substitute;
     };
 
-    [[nodiscard]] const RGBAFrame& shrunk(const RGBAFrame& frame);
+    [[nodiscard]] const RGBAFrame& substituteFor(const RGBAFrame& frame);
 
     std::int64_t m_sourceFPS;
     std::int64_t m_frameCount = 0;
     std::optional<std::int64_t> m_maxWidth;        ///< what to shrink to at once, pixels
     std::optional<FrameResampler::WidthCap> m_cap; ///< the same for the size of the first frame
-    std::optional<Shrunk> m_shrunk;                ///< the last one; several rates may keep one frame
+    Keeper m_keeper;                               ///< may be empty
+    std::optional<Kept> m_lastKept;                ///< several rates may keep one frame
     std::unique_ptr<SideThread> m_side;            ///< shrinks the upper halves, if there is one
     std::vector<Candidate> m_candidates;
     FPSAdaptive::ActivityMeter m_activity;

@@ -4,28 +4,28 @@
 <context>
     <name>CaptureError</name>
     <message>
-        <source>Recorded pixels can&apos;t be read back: they are damaged</source>
-        <translation>Aufgenommene Pixel lassen sich nicht zurücklesen: Sie sind beschädigt</translation>
+        <source>Pixels of the clip can&apos;t be read back: they are damaged</source>
+        <translation>Pixel des Clips lassen sich nicht zurücklesen: Sie sind beschädigt</translation>
     </message>
     <message>
         <source>Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND</source>
         <translation>Die Bildschirmaufnahme ist durch QUILLBOX_CAPTURE_BACKEND abgeschaltet</translation>
     </message>
     <message>
-        <source>A long recording needs a file in %1: %2</source>
-        <translation>Eine lange Aufnahme braucht eine Datei in %1: %2</translation>
+        <source>A long clip needs a file in %1: %2</source>
+        <translation>Ein langer Clip braucht eine Datei in %1: %2</translation>
     </message>
     <message>
         <source>The disk is nearly full</source>
         <translation>Der Datenträger ist fast voll</translation>
     </message>
     <message>
-        <source>The file of a long recording can&apos;t grow: %1</source>
-        <translation>Die Datei einer langen Aufnahme kann nicht wachsen: %1</translation>
+        <source>The file of a long clip can&apos;t grow: %1</source>
+        <translation>Die Datei eines langen Clips kann nicht wachsen: %1</translation>
     </message>
     <message>
-        <source>Recorded pixels can&apos;t be read back: %1</source>
-        <translation>Aufgenommene Pixel lassen sich nicht zurücklesen: %1</translation>
+        <source>Pixels of the clip can&apos;t be read back: %1</source>
+        <translation>Pixel des Clips lassen sich nicht zurücklesen: %1</translation>
     </message>
     <message>
         <source>The region lies outside the main display, which is %1×%2</source>

@@ -4,28 +4,28 @@
 <context>
     <name>CaptureError</name>
     <message>
-        <source>Recorded pixels can&apos;t be read back: they are damaged</source>
-        <translation>No se pueden volver a leer los píxeles grabados: están dañados</translation>
+        <source>Pixels of the clip can&apos;t be read back: they are damaged</source>
+        <translation>No se pueden volver a leer los píxeles del clip: están dañados</translation>
     </message>
     <message>
         <source>Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND</source>
         <translation>La captura de pantalla está desactivada por QUILLBOX_CAPTURE_BACKEND</translation>
     </message>
     <message>
-        <source>A long recording needs a file in %1: %2</source>
-        <translation>Una grabación larga necesita un archivo en %1: %2</translation>
+        <source>A long clip needs a file in %1: %2</source>
+        <translation>Un clip largo necesita un archivo en %1: %2</translation>
     </message>
     <message>
         <source>The disk is nearly full</source>
         <translation>El disco está casi lleno</translation>
     </message>
     <message>
-        <source>The file of a long recording can&apos;t grow: %1</source>
-        <translation>El archivo de una grabación larga no puede crecer: %1</translation>
+        <source>The file of a long clip can&apos;t grow: %1</source>
+        <translation>El archivo de un clip largo no puede crecer: %1</translation>
     </message>
     <message>
-        <source>Recorded pixels can&apos;t be read back: %1</source>
-        <translation>No se pueden volver a leer los píxeles grabados: %1</translation>
+        <source>Pixels of the clip can&apos;t be read back: %1</source>
+        <translation>No se pueden volver a leer los píxeles del clip: %1</translation>
     </message>
     <message>
         <source>The region lies outside the main display, which is %1×%2</source>

@@ -4,28 +4,28 @@
 <context>
     <name>CaptureError</name>
     <message>
-        <source>Recorded pixels can&apos;t be read back: they are damaged</source>
-        <translation>Impossible de relire les pixels enregistrés&#xa0;: ils sont endommagés</translation>
+        <source>Pixels of the clip can&apos;t be read back: they are damaged</source>
+        <translation>Impossible de relire les pixels du clip&#xa0;: ils sont endommagés</translation>
     </message>
     <message>
         <source>Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND</source>
         <translation>La capture d&apos;écran est désactivée par QUILLBOX_CAPTURE_BACKEND</translation>
     </message>
     <message>
-        <source>A long recording needs a file in %1: %2</source>
-        <translation>Un long enregistrement a besoin d&apos;un fichier dans %1&#xa0;: %2</translation>
+        <source>A long clip needs a file in %1: %2</source>
+        <translation>Un long clip a besoin d&apos;un fichier dans %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>The disk is nearly full</source>
         <translation>Le disque est presque plein</translation>
     </message>
     <message>
-        <source>The file of a long recording can&apos;t grow: %1</source>
-        <translation>Le fichier d&apos;un long enregistrement ne peut pas grandir&#xa0;: %1</translation>
+        <source>The file of a long clip can&apos;t grow: %1</source>
+        <translation>Le fichier dLe fichier d&apos;un long enregistrement neapos;un long clip ne peut pas grandir&#xa0;: %1</translation>
     </message>
     <message>
-        <source>Recorded pixels can&apos;t be read back: %1</source>
-        <translation>Impossible de relire les pixels enregistrés&#xa0;: %1</translation>
+        <source>Pixels of the clip can&apos;t be read back: %1</source>
+        <translation>Impossible de relire les pixels du clip&#xa0;: %1</translation>
     </message>
     <message>
         <source>The region lies outside the main display, which is %1×%2</source>

@@ -4,28 +4,28 @@
 <context>
     <name>CaptureError</name>
     <message>
-        <source>Recorded pixels can&apos;t be read back: they are damaged</source>
-        <translation>録画したピクセルを読み戻せません: 壊れています</translation>
+        <source>Pixels of the clip can&apos;t be read back: they are damaged</source>
+        <translation>クリップのピクセルを読み戻せません: 壊れています</translation>
     </message>
     <message>
         <source>Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND</source>
         <translation>画面の取り込みは QUILLBOX_CAPTURE_BACKEND で無効にされています</translation>
     </message>
     <message>
-        <source>A long recording needs a file in %1: %2</source>
-        <translation>長い録画には %1 にファイルが必要です: %2</translation>
+        <source>A long clip needs a file in %1: %2</source>
+        <translation>長いクリップには %1 にファイルが必要です: %2</translation>
     </message>
     <message>
         <source>The disk is nearly full</source>
         <translation>ディスクの空き容量がほとんどありません</translation>
     </message>
     <message>
-        <source>The file of a long recording can&apos;t grow: %1</source>
-        <translation>長い録画のファイルを大きくできません: %1</translation>
+        <source>The file of a long clip can&apos;t grow: %1</source>
+        <translation>長いクリップのファイルを大きくできません: %1</translation>
     </message>
     <message>
-        <source>Recorded pixels can&apos;t be read back: %1</source>
-        <translation>録画したピクセルを読み戻せません: %1</translation>
+        <source>Pixels of the clip can&apos;t be read back: %1</source>
+        <translation>クリップのピクセルを読み戻せません: %1</translation>
     </message>
     <message>
         <source>The region lies outside the main display, which is %1×%2</source>

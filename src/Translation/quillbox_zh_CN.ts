@@ -4,28 +4,28 @@
 <context>
     <name>CaptureError</name>
     <message>
-        <source>Recorded pixels can&apos;t be read back: they are damaged</source>
-        <translation>无法读回已录制的像素：数据已损坏</translation>
+        <source>Pixels of the clip can&apos;t be read back: they are damaged</source>
+        <translation>无法读回片段的像素：数据已损坏</translation>
     </message>
     <message>
         <source>Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND</source>
         <translation>屏幕捕获已被 QUILLBOX_CAPTURE_BACKEND 关闭</translation>
     </message>
     <message>
-        <source>A long recording needs a file in %1: %2</source>
-        <translation>长时间录制需要在 %1 中建立文件：%2</translation>
+        <source>A long clip needs a file in %1: %2</source>
+        <translation>较长的片段需要在 %1 中建立文件：%2</translation>
     </message>
     <message>
         <source>The disk is nearly full</source>
         <translation>磁盘空间即将用尽</translation>
     </message>
     <message>
-        <source>The file of a long recording can&apos;t grow: %1</source>
-        <translation>长时间录制的文件无法继续增大：%1</translation>
+        <source>The file of a long clip can&apos;t grow: %1</source>
+        <translation>较长片段的文件无法继续增大：%1</translation>
     </message>
     <message>
-        <source>Recorded pixels can&apos;t be read back: %1</source>
-        <translation>无法读回已录制的像素：%1</translation>
+        <source>Pixels of the clip can&apos;t be read back: %1</source>
+        <translation>无法读回片段的像素：%1</translation>
     </message>
     <message>
         <source>The region lies outside the main display, which is %1×%2</source>

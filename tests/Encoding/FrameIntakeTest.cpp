@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <vector>
 
 namespace quillbox {
@@ -141,6 +142,31 @@ TEST(FrameIntake, KeepsFramesSmallWhenItIsToldToShrinkThem)
     ASSERT_EQ(frames.size(), 2U);
     EXPECT_EQ(frames[0].frame, support::solid(960, 2, gray(0)));
     EXPECT_TRUE(frames[1].frame.sharesPixels(narrow)) << "what is small enough is passed on";
+}
+
+TEST(FrameIntake, KeepsWhatTheKeeperGivesForEachPictureOnce)
+{
+    std::vector<RGBAFrame> asked;
+    const auto keeper = [&asked](const RGBAFrame& picture) {
+        asked.push_back(picture);
+        return support::inBands({picture}).front();
+    };
+    FrameIntake intake = FrameIntake::shrinking(30, ExportPreset::slack, keeper);
+    intake.append(support::solid(1920, 4, gray(0))); // the first of every rate
+    intake.append(support::solid(1920, 4, gray(0)));
+    intake.append(support::solid(1920, 4, gray(100))); // of 12 a second
+    EXPECT_EQ(asked, (std::vector{support::solid(960, 2, gray(0)), support::solid(960, 2, gray(100))}));
+    const auto frames = intake.selection(ExportPreset::slack).frames;
+    ASSERT_EQ(frames.size(), 2U);
+    EXPECT_EQ(frames[1].frame, asked[1]);
+    EXPECT_NE(frames[1].frame.ownBand(0), nullptr);
+}
+
+TEST(FrameIntake, PassesOnWhyAPictureCannotBeKept)
+{
+    FrameIntake intake = FrameIntake::shrinking(
+        30, ExportPreset::slack, [](const RGBAFrame&) -> RGBAFrame { throw std::runtime_error("no room"); });
+    EXPECT_THROW(intake.append(support::solid(2, 2, gray(0))), std::runtime_error);
 }
 
 TEST(FrameIntake, ShrinkingAtOnceGivesTheFilesOfTheReference)

@@ -135,7 +135,7 @@ class DesktopTest(ApplicationTest):
         steps = itertools.cycle(range(7))
         until(lambda: self.screen.show(next(steps)) or phase() == "done", "it ends while the screen changes")
         self.assert_is_a_finished_clip(desktop, AREA)
-        wanted = ("The recording ended early", "A long recording needs a file in /proc/Quillbox: ")
+        wanted = ("The recording ended early", "A long clip needs a file in /proc/Quillbox: ")
         for text in wanted:
             while text not in (line := notices.stdout.readline()):
                 self.assertTrue(line, f"it says: {text}")

@@ -7,6 +7,7 @@
 #include "App/CommandLine/ResultReport.h"
 #include "App/FrameSources/BackgroundIntake.h"
 #include "App/FrameSources/FrameReadError.h"
+#include "Capture/KeptPictures.h"
 #include "Encoding/GIFOptimizer.h"
 #include "PostCapture/OutputFile.h"
 #include "Translation/Translate.h"
@@ -61,7 +62,9 @@ int EncodeCommand::run(const EncodeOptions& options)
 
     ProgressLine line;
     line.show(translate("ProgressLine", "reading"));
-    BackgroundIntake intake(options.out.preset, options.sourceFPS);
+    KeptPictures pictures;
+    BackgroundIntake intake(options.out.preset, options.sourceFPS,
+        [&pictures](const RGBAFrame& picture) { return pictures.keep(picture); });
     InputReader::read(options, intake);
     const FrameIntake& frames = intake.finished();
     const GIFOptimizer::Config config{

@@ -2,6 +2,8 @@
 
 #include "Encoding/Precondition.h"
 
+#include <utility>
+
 namespace quillbox {
 namespace {
 
@@ -9,9 +11,11 @@ constexpr std::size_t largestQueue = 4; // frames
 
 } // namespace
 
-BackgroundIntake::BackgroundIntake(ExportPreset preset, std::optional<std::int64_t> sourceFPS)
+BackgroundIntake::BackgroundIntake(
+    ExportPreset preset, std::optional<std::int64_t> sourceFPS, FrameIntake::Keeper keeper)
     : m_preset(preset)
     , m_sourceFPS(sourceFPS)
+    , m_keeper(std::move(keeper))
 {
 }
 
@@ -25,7 +29,7 @@ void BackgroundIntake::setRate(std::int64_t framesPerSecond)
 void BackgroundIntake::take(const RGBAFrame& frame)
 {
     if (!m_thread)
-        m_thread.emplace(FrameIntake::shrinking(m_sourceFPS.value_or(defaultFPS), m_preset), largestQueue);
+        m_thread.emplace(FrameIntake::shrinking(m_sourceFPS.value_or(defaultFPS), m_preset, m_keeper), largestQueue);
     m_thread->take(frame);
 }
 

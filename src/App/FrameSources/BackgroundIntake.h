@@ -14,12 +14,14 @@ namespace quillbox {
 class BackgroundIntake final : public FrameReceiver {
 public:
     /// @param sourceFPS  Rate of the frames, whatever the input says; none: the input's own, or else `defaultFPS`.
-    BackgroundIntake(ExportPreset preset, std::optional<std::int64_t> sourceFPS);
+    /// @param keeper     As `FrameIntake::shrinking`; called on the thread.
+    BackgroundIntake(ExportPreset preset, std::optional<std::int64_t> sourceFPS, FrameIntake::Keeper keeper = nullptr);
 
     void setRate(std::int64_t framesPerSecond) override;
     void take(const RGBAFrame& frame) override;
 
     /// What the frames came to, once all have been taken in. No frame may follow.
+    /// @throws std::bad_alloc  measuring ran out of memory; and whatever the keeper threw.
     [[nodiscard]] const FrameIntake& finished();
 
 private:
@@ -27,6 +29,7 @@ private:
 
     ExportPreset m_preset;
     std::optional<std::int64_t> m_sourceFPS;
+    FrameIntake::Keeper m_keeper;
     std::optional<IntakeThread> m_thread; ///< runs from the first frame on
 };
 

@@ -50,6 +50,16 @@ TEST_F(EncodeCommand, MakesOfRawFramesTheVeryFileThatTheOptimizerMakes)
     EXPECT_EQ(fileNames(), (std::set<std::string>{"text.gif", "text.rgba"}));
 }
 
+TEST_F(EncodeCommand, MakesTheSameFileOfFramesThatExceedTheMemory)
+{
+    const auto result = shell("head -c 60000000 /dev/urandom > noise.rgba; export XDG_CACHE_HOME=$PWD/cache;"
+                              " for memory in 2000 0; do QUILLBOX_RECORDING_MEMORY=$memory quillbox encode"
+                              " --raw 1000x500 --source-fps 24 --preset docs -o $memory.gif noise.rgba || exit; done");
+    EXPECT_EQ(result.exitStatus, 0) << result.errors;
+    EXPECT_TRUE(bytesOf("0.gif") == bytesOf("2000.gif"));
+    EXPECT_TRUE(fileNames().contains("cache")) << "where the pixels went";
+}
+
 TEST_F(EncodeCommand, HandsEveryOptionToTheOptimizer)
 {
     const auto frames = scrollingText();

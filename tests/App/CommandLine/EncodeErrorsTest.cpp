@@ -179,6 +179,14 @@ TEST_F(EncodeErrors, StayOnOneLineWhateverTheFileIsCalled)
     EXPECT_EQ(result.errors, "quillbox: a?b?[2J: can't be opened: No such file or directory\n");
 }
 
+TEST_F(EncodeErrors, SayThatFramesBeyondTheMemoryNeedAFile)
+{
+    expectError(1,
+        "export XDG_CACHE_HOME=/proc QUILLBOX_RECORDING_MEMORY=0; head -c 60000000 /dev/urandom |"
+        " quillbox encode --raw 1000x500 --source-fps 24 --preset docs -o x.gif -",
+        "A long clip needs a file in /proc/Quillbox: No such file or directory");
+}
+
 TEST_F(EncodeErrors, ExplainALackOfMemory)
 {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
