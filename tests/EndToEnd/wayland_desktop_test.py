@@ -11,10 +11,11 @@ import unittest
 
 from PIL import Image
 
-from application import run, status, until
+from application import quillbox, run, status, until
 from canvas import BLOCKS, INK, PAPER, Canvas
 from recording import ffmpeg_frames, pillow_frames
 from running import ApplicationTest, extents
+from wayland_clipboard import offered, paste
 from wayland_input import Devices
 
 AREA = (301, 257, 322, 238)
@@ -116,6 +117,12 @@ class WaylandDesktopTest(ApplicationTest):
         self.assertTrue(all(picture.tobytes() in recorded for picture in shown), "each step of the animation is in it")
         return path
 
+    def assert_is_copied(self, path):
+        """Another program gets the file, and its bytes, from the clipboard."""
+        self.assertEqual(offered(), ["text/uri-list", "image/gif"])
+        self.assertEqual(paste("text/uri-list"), (path.as_uri() + "\r\n").encode())
+        self.assertTrue(paste("image/gif") == path.read_bytes(), "the picture, byte for byte")
+
     def test_records_what_was_dragged_out_and_stops_by_the_button(self):
         self.canvas.show(0, AREA)
         desktop = self.start()
@@ -128,6 +135,7 @@ class WaylandDesktopTest(ApplicationTest):
         self.click(desktop, "Stop & Copy")
         desktop.wait_for("done")
         path = self.assert_is_the_clip(shown)
+        self.assert_is_copied(path)
         until(lambda: path.name in desktop.texts(), "the clip is in the list")
         self.keep_screenshot("panel-done")
 
@@ -228,6 +236,15 @@ class WaylandDesktopTest(ApplicationTest):
         until(desktop.panel, "the panel is open")  # nobody asked for it
         self.assertEqual(len(places("Quillbox")), 1)
         self.keep_screenshot("panel-window")
+
+    def test_another_start_shows_the_panel_where_there_is_no_tray(self):
+        desktop = self.start()
+        until(desktop.panel, "the panel is open")
+        run("swaymsg", '[title="^Quillbox$"] kill')
+        until(lambda: not places("Quillbox") and not desktop.panel(), "the user has closed it")
+        self.assertEqual(quillbox().returncode, 0)
+        until(desktop.panel, "the panel is open again")
+        self.assertEqual(len(places("Quillbox")), 1)
 
 
 if __name__ == "__main__":

@@ -6,9 +6,11 @@ import json
 import os
 import pathlib
 import signal
+import subprocess
+import time
 import unittest
 
-from application import quillbox
+from application import program, quillbox
 from canvas import Canvas
 from recording import ClipTest, Recording, pillow_frames
 
@@ -51,6 +53,24 @@ class WaylandRecordTest(ClipTest):
         result = json.loads(done.stdout)
         self.assert_lasts(5, result)
         self.assert_shows(self.gif, [shown])
+
+    def test_lasts_as_long_as_the_recording_of_a_screen_that_moves_by_fits_and_starts(self):
+        canvas = self.canvas()
+        canvas.show(0, AREA)
+        record = subprocess.Popen([program(), "record", "--region", REGION, "--duration", "3", "--json", "-o", self.gif],
+                                  stdin=subprocess.DEVNULL, stdout=subprocess.PIPE)
+        self.addCleanup(record.wait)
+        self.addCleanup(record.kill)
+        self.addCleanup(record.stdout.close)
+        step = 0
+        while record.poll() is None:
+            step += 1
+            canvas.show(step, AREA)
+            if step % 4 == 0:
+                time.sleep(0.1)  # pictures come irregularly, and fewer than frames
+        self.assertEqual(record.returncode, 0)
+        self.assert_lasts(3, json.loads(record.stdout.read()))
+        self.assertGreater(len({picture.tobytes() for picture, _ in pillow_frames(self.gif)}), 5)
 
     def test_follows_a_screen_that_never_rests(self):
         canvas = self.canvas()
