@@ -6,6 +6,7 @@ import io
 import json
 import os
 import pathlib
+import signal
 import subprocess
 import unittest
 
@@ -214,6 +215,22 @@ class WaylandDesktopTest(ApplicationTest):
         desktop.begin()
         desktop.wait_for("idle")
         self.assertEqual(overlays(), [])
+
+    def test_says_in_the_panel_that_the_screen_went_away_while_a_region_was_selected(self):
+        self.canvas.show(0, AREA)
+        desktop = self.start()
+        desktop.begin()
+        until(overlays, "the overlay is on the screen")
+        self.assertEqual(self.casts(), 1)
+        os.kill(int(os.environ["PORTAL_BACKEND_PID"]), signal.SIGKILL)
+        until(lambda: self.casts() == 0, "the cast has ended")
+        self.drag_area()
+        desktop.wait_for("failed")
+        self.assertEqual(overlays(), [])
+        desktop.open_panel()
+        message = status()["message"]
+        self.assertEqual(message, "Couldn't start recording: The desktop no longer delivers the screen's pictures")
+        until(lambda: message in desktop.texts(), "the panel says it")
 
     def test_the_tray_icon_opens_the_panel(self):
         desktop = self.start()

@@ -57,6 +57,21 @@ void listenTo(pw_core* core, spa_hook& hook, const pw_core_events& events, void*
     pw_core_add_listener(core, &hook, &events, data);
 }
 
+/// What the core has for us; gone with the core.
+pw_registry* listenToRegistry(pw_core* core, spa_hook& hook, const pw_registry_events& events, void* data)
+{
+    pw_registry* const registry = pw_core_get_registry(core, PW_VERSION_REGISTRY, 0);
+    if (registry != nullptr)
+        pw_registry_add_listener(registry, &hook, &events, data);
+    return registry;
+}
+
+/// Has the core tell when it has done all that it was asked for. @return the number that it will tell
+int askWhenDone(pw_core* core)
+{
+    return pw_core_sync(core, PW_ID_CORE, 0);
+}
+
 #pragma GCC diagnostic pop
 
 CaptureError cannotConnect()
@@ -68,6 +83,11 @@ CaptureError cannotConnect()
 CaptureError pipeWireGone()
 {
     return {Reason::DisplayGone, translate("CaptureError", "PipeWire, which carries the screen's pictures, went away")};
+}
+
+CaptureError sourceGone()
+{
+    return {Reason::DisplayGone, translate("CaptureError", "The desktop no longer delivers the screen's pictures")};
 }
 
 } // namespace
@@ -86,11 +106,13 @@ public:
 private:
     void connect(FileDescriptor remote);
     void listen();
+    void listenForSource();
     void armTimer(std::int64_t nanoseconds);
     void reportStart(StartOutcome outcome);
     void fail(const CaptureError& reason);
     template <typename Step> void guarded(const Step& step) noexcept;
 
+    void noteDone(int asked) const;
     void noteState(pw_stream_state state, const char* error);
     void noteFormat(const spa_pod& param);
     void takeBuffers();
@@ -101,6 +123,7 @@ private:
     static Connection& self(void* data) { return *static_cast<Connection*>(data); }
 
     Source m_source; // without the remote
+    std::uint32_t m_node;
     CaptureRegion m_region;
     FrameSink m_sink;
     std::optional<StreamPicture> m_picture; // none before the first buffer
@@ -120,12 +143,17 @@ private:
     pw_core* m_core = nullptr; // the context's
     spa_source* m_timer = nullptr;
     CHandle<pw_stream, pw_stream_destroy> m_stream;
+    pw_registry* m_registry = nullptr; // the core's
+    int m_listing = 0;                 // what the core says when it has told of all there is
+    bool m_hasSource = false;          // it has told of the source
     spa_hook m_coreListener{};
+    spa_hook m_registryListener{};
     spa_hook m_streamListener{};
 };
 
 PipeWireStream::Connection::Connection(Source source, CaptureRegion region, FrameSink sink)
     : m_source(std::move(source))
+    , m_node(m_source.node)
     , m_region(region)
     , m_sink(std::move(sink))
 {
@@ -156,6 +184,8 @@ PipeWireStream::Connection::~Connection()
     m_stream.reset();
     if (m_timer != nullptr)
         removeTimer(m_loop.get(), m_timer);
+    if (m_registry != nullptr)
+        spa_hook_remove(&m_registryListener);
     if (m_core != nullptr) {
         spa_hook_remove(&m_coreListener);
         (void)pw_core_disconnect(m_core); // it may be broken already
@@ -186,12 +216,13 @@ void PipeWireStream::Connection::connect(FileDescriptor remote)
     if (!m_stream)
         throw cannotConnect();
     listen();
+    listenForSource();
 
     StreamOffer::Memory memory{};
     const spa_pod* parameter = StreamOffer::formats(memory);
     const auto flags = static_cast<pw_stream_flags>(
         PW_STREAM_FLAG_AUTOCONNECT | PW_STREAM_FLAG_MAP_BUFFERS | PW_STREAM_FLAG_DONT_RECONNECT);
-    if (pw_stream_connect(m_stream.get(), PW_DIRECTION_INPUT, m_source.node, flags, &parameter, 1) < 0)
+    if (pw_stream_connect(m_stream.get(), PW_DIRECTION_INPUT, m_node, flags, &parameter, 1) < 0)
         throw cannotConnect();
     m_timer = addTimer(
         m_loop.get(), [](void* data, std::uint64_t) { self(data).guarded([data] { self(data).noteTimer(); }); }, this);
@@ -207,6 +238,10 @@ void PipeWireStream::Connection::listen()
     static const pw_core_events coreEvents = [] {
         pw_core_events events{};
         events.version = PW_VERSION_CORE_EVENTS;
+        events.done = [](void* data, std::uint32_t id, int asked) {
+            if (id == PW_ID_CORE)
+                self(data).guarded([=] { self(data).noteDone(asked); });
+        };
         events.error = [](void* data, std::uint32_t id, int, int result, const char*) {
             if (id == PW_ID_CORE && result == -EPIPE)
                 self(data).guarded([data] { self(data).fail(pipeWireGone()); });
@@ -230,6 +265,28 @@ void PipeWireStream::Connection::listen()
     }();
     listenTo(m_core, m_coreListener, coreEvents, this);
     pw_stream_add_listener(m_stream.get(), &m_streamListener, &streamEvents, this);
+}
+
+/// PipeWire goes on waiting for a source that has gone before it was connected to the stream.
+void PipeWireStream::Connection::listenForSource()
+{
+    static const pw_registry_events events = [] {
+        pw_registry_events listeners{};
+        listeners.version = PW_VERSION_REGISTRY_EVENTS;
+        listeners.global
+            = [](void* data, std::uint32_t id, std::uint32_t, const char*, std::uint32_t, const spa_dict*) {
+                  self(data).m_hasSource = self(data).m_hasSource || id == self(data).m_node;
+              };
+        listeners.global_remove = [](void* data, std::uint32_t id) {
+            if (id == self(data).m_node)
+                self(data).guarded([data] { self(data).fail(sourceGone()); });
+        };
+        return listeners;
+    }();
+    m_registry = listenToRegistry(m_core, m_registryListener, events, this);
+    if (m_registry == nullptr)
+        throw cannotConnect();
+    m_listing = askWhenDone(m_core);
 }
 
 /// Nothing is thrown into a C function.
@@ -273,6 +330,12 @@ void PipeWireStream::Connection::end(const CaptureError& reason)
     pw_thread_loop_unlock(m_loop.get());
 }
 
+void PipeWireStream::Connection::noteDone(int asked) const
+{
+    if (asked == m_listing && !m_hasSource)
+        throw sourceGone();
+}
+
 void PipeWireStream::Connection::noteState(pw_stream_state state, const char* error)
 {
     if (state == PW_STREAM_STATE_ERROR)
@@ -280,8 +343,7 @@ void PipeWireStream::Connection::noteState(pw_stream_state state, const char* er
             withArguments(translate("CaptureError", "PipeWire does not deliver the screen's pictures: %1"),
                 {error != nullptr ? error : translate("CaptureError", "unknown error")}));
     if (state == PW_STREAM_STATE_UNCONNECTED && m_format)
-        throw CaptureError(
-            Reason::DisplayGone, translate("CaptureError", "The desktop no longer delivers the screen's pictures"));
+        throw sourceGone();
 }
 
 void PipeWireStream::Connection::noteFormat(const spa_pod& param)
