@@ -14,8 +14,12 @@ PipeWireStream::Source sourceOf(
     source.remote = std::move(remote);
     source.node = cast.node;
     const auto compositor = std::make_shared<std::optional<Compositor>>(); // connected by the thread that asks
-    source.connect = [compositor] {
-        compositor->emplace();
+    const auto stop = std::make_shared<StopSignal>();
+    source.stop = [stop] {
+        stop->raise();
+    };
+    source.connect = [compositor, stop] {
+        compositor->emplace(stop);
     };
     source.points = [compositor, points, facts = cast.facts](FrameResampler::Size picture) {
         return points ? points : pointsOfCast(facts, picture, (*compositor)->outputs());

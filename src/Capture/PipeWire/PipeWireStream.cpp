@@ -124,6 +124,7 @@ private:
 
     Source m_source; // without the remote
     std::uint32_t m_node;
+    std::function<void()> m_stopSource;
     CaptureRegion m_region;
     FrameSink m_sink;
     std::optional<StreamPicture> m_picture; // none before the first buffer
@@ -154,6 +155,7 @@ private:
 PipeWireStream::Connection::Connection(Source source, CaptureRegion region, FrameSink sink)
     : m_source(std::move(source))
     , m_node(m_source.node)
+    , m_stopSource(std::move(m_source.stop))
     , m_region(region)
     , m_sink(std::move(sink))
 {
@@ -171,6 +173,7 @@ PipeWireStream::Connection::Connection(Source source, CaptureRegion region, Fram
 
 PipeWireStream::Connection::~Connection()
 {
+    m_stopSource(); // else the lock might have to wait for the source
     if (m_stream) { // first: without the loop, PipeWire would have its data thread call us
         pw_thread_loop_lock(m_loop.get());
         m_hasEnded = true;

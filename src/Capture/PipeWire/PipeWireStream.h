@@ -27,6 +27,8 @@ public:
         std::function<std::optional<FrameResampler::Size>(FrameResampler::Size picture)> points;
         /// Has something in it change. Called on the stream's thread as long as no picture comes.
         std::function<void()> repaint;
+        /// Has those three wait for nothing any more. Called once at most, on the thread that destroys the stream.
+        std::function<void()> stop;
     };
     using StartOutcome = std::optional<CaptureError>; // none: it runs
 
