@@ -21,10 +21,20 @@ PipeWireStream::Source sourceOf(
     source.connect = [compositor, stop] {
         compositor->emplace(stop);
     };
-    source.points = [compositor, points, facts = cast.facts](FrameResampler::Size picture) {
-        return points ? points : pointsOfCast(facts, picture, (*compositor)->outputs());
+    source.points = [compositor, stop, points, facts = cast.facts](FrameResampler::Size picture) mutable {
+        auto answer = std::exchange(points, std::nullopt); // known of the first picture only
+        if (!answer) {
+            if (!*compositor)
+                compositor->emplace(stop);
+            answer = pointsOfCast(facts, picture, (*compositor)->outputs());
+        }
+        facts.size.reset();  // it was the first picture's
+        compositor->reset(); // what it tells changes with the size
+        return answer;
     };
-    source.repaint = [compositor] {
+    source.repaint = [compositor, stop] {
+        if (!*compositor)
+            compositor->emplace(stop);
         (*compositor)->repaint();
     };
     return source;

@@ -10,7 +10,9 @@ import subprocess
 import time
 import unittest
 
-from application import program, quillbox
+from PIL import Image
+
+from application import program, quillbox, run
 from canvas import Canvas
 from recording import ClipTest, Recording, pillow_frames
 
@@ -102,6 +104,30 @@ class WaylandRecordTest(ClipTest):
         done = quillbox("record", "--region", f"{width - 170},{height - 130},400x400", "--duration", "1", "-o", self.gif)
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assert_shows(self.gif, [shown])
+
+    def test_goes_on_showing_the_same_points_when_the_output_gets_another_size(self):
+        canvas = self.canvas()
+        left, top, width, height = AREA
+        shown = []
+        with Recording("--region", REGION, "-o", self.gif) as recording:
+            for step, size in enumerate(((1280, 720), (1600, 900), (300, 250))):
+                self.resize_output(*size)
+                picture = Image.new("RGB", (width, height))  # what is no longer on the output is black
+                picture.paste(canvas.show(step, AREA).crop((0, 0, size[0] - left, size[1] - top)))
+                shown.append(picture)
+                recording.wait_for_more_frames(FRAMES_A_STEP)
+            recording.stop()
+            status, _, said = recording.result()
+        self.assertEqual(status, 0, said)
+        frames = [picture.tobytes() for picture, _ in pillow_frames(self.gif)]
+        self.assertEqual([picture.tobytes() in frames for picture in shown], [True] * len(shown))
+        places = [frames.index(picture.tobytes()) for picture in shown]
+        self.assertEqual(places, sorted(places))
+
+    @staticmethod
+    def resize_output(width, height):
+        done = run("swaymsg", "output", "HEADLESS-" + os.environ["CAST_OUTPUT"], "resolution", f"{width}x{height}")
+        assert done.returncode == 0, done.stderr
 
     def test_refuses_a_region_beside_the_output(self):
         width, height = self.canvas().size

@@ -3,7 +3,6 @@
 #include "Capture/CHandle.h"
 #include "Capture/PipeWire/BufferReading.h"
 #include "Capture/PipeWire/StreamOffer.h"
-#include "Capture/PipeWire/StreamPicture.h"
 #include "Translation/Translate.h"
 
 #include <QPromise>
@@ -130,8 +129,9 @@ private:
     std::optional<StreamPicture> m_picture; // none before the first buffer
     QPromise<StartOutcome> m_started;
     CaptureClock::time_point m_deadline = CaptureClock::now() + startPatience;
-    bool m_isStarted = false; // reported, either way
-    bool m_hasEnded = false;  // nothing is delivered any more
+    bool m_isStarted = false;     // reported, either way
+    bool m_hasEnded = false;      // nothing is delivered any more
+    bool m_awaitsPicture = false; // of another format than those before
     std::optional<StreamFormat> m_format;
     std::uint64_t m_sequence = 0; // of the latest picture
     bool m_hasNews = false;       // the picture has changed since it was delivered
@@ -365,6 +365,11 @@ void PipeWireStream::Connection::noteFormat(const spa_pod& param)
     m_sequence = 0;
     if (!m_picture)
         m_source.connect();
+    if (m_isStarted) { // nor does a still screen of a new size show itself everywhere
+        m_awaitsPicture = true;
+        m_deadline = CaptureClock::now() + startPatience;
+        armTimer(repaintNanoseconds);
+    }
     StreamOffer::Memory buffersMemory{};
     StreamOffer::Memory metadataMemory{};
     std::vector<const spa_pod*> parameters = StreamOffer::metadata(metadataMemory);
@@ -404,10 +409,9 @@ void PipeWireStream::Connection::takePicture(const spa_buffer& buffer)
     m_sequence = read->sequence;
     if (!follows)
         read->damage.reset();
-    if (!m_picture) {
-        const UprightWalk walk = walkUpright(read->picture);
-        m_picture.emplace(m_region, m_source.points({walk.width, walk.height}));
-    }
+    if (!m_picture)
+        m_picture.emplace(m_region, m_source.points);
+    m_awaitsPicture = false;
     if (m_picture->update(read->picture, read->damage))
         m_hasNews = true;
 }
@@ -432,7 +436,6 @@ void PipeWireStream::Connection::deliverInTime()
     m_sink.frame(m_picture->frame(), shownAt);
     if (!m_isStarted) {
         armTimer(0);
-        m_source = Source(); // there is nothing left to be asked
         reportStart(std::nullopt);
     }
 }
@@ -446,8 +449,12 @@ void PipeWireStream::Connection::armTimer(std::int64_t nanoseconds)
 void PipeWireStream::Connection::noteTimer()
 {
     if (m_isStarted) {
-        if (m_hasNews)
+        if (m_hasNews) {
             deliverInTime();
+        } else if (m_awaitsPicture && CaptureClock::now() < m_deadline) {
+            m_source.repaint();
+            armTimer(repaintNanoseconds);
+        }
         return;
     }
     if (CaptureClock::now() >= m_deadline)
