@@ -140,6 +140,47 @@ class WaylandDesktopTest(ApplicationTest):
         until(lambda: path.name in desktop.texts(), "the clip is in the list")
         self.keep_screenshot("panel-done")
 
+    def record_with_the_panel_on(self, number):
+        """Opens the panel twice on that output while it records. @return what was shown before, and meanwhile"""
+        self.canvas.show(0, AREA)
+        desktop = self.start()
+        desktop.begin()
+        self.drag_area()
+        desktop.wait_for("recording")
+        before = self.play(desktop, steps=1)
+        meanwhile = []
+        for step in (1, 2):
+            run("swaymsg", "focus", "output", f"HEADLESS-{number}")
+            desktop.open_panel()
+            self.assertEqual(self.output_of(places("Quillbox")[0]), f"HEADLESS-{number}")
+            meanwhile.append(self.canvas.show(step, AREA))
+            desktop.wait_for_frames(status()["frameCount"] + 40)
+            run("swaymsg", '[title="^Quillbox$"] kill')
+            until(lambda: not places("Quillbox"), "the panel has gone")
+            self.canvas.show(0, AREA)
+            desktop.wait_for_frames(status()["frameCount"] + 12)
+        self.assertEqual(quillbox("stop").returncode, 0)
+        return before, meanwhile
+
+    @staticmethod
+    def output_of(place):
+        """The output on which the top left corner of a window is."""
+        for output in json.loads(run("swaymsg", "-r", "-t", "get_outputs").stdout):
+            rect = output["rect"]
+            if 0 <= place[0] - rect["x"] < rect["width"] and 0 <= place[1] - rect["y"] < rect["height"]:
+                return output["name"]
+        return None
+
+    def test_the_clip_goes_on_while_the_panel_is_on_another_monitor(self):
+        before, meanwhile = self.record_with_the_panel_on(1)
+        self.assert_is_the_clip(before + meanwhile)
+
+    def test_the_clip_shows_what_was_there_before_while_the_panel_is_on_the_monitor(self):
+        before, meanwhile = self.record_with_the_panel_on(int(os.environ["CAST_OUTPUT"]))
+        path = self.assert_is_the_clip(before)
+        frames = [picture.tobytes() for picture, _ in pillow_frames(path)]
+        self.assertEqual([picture.tobytes() in frames for picture in meanwhile], [False, False])
+
     def test_a_key_of_the_compositors_starts_and_stops(self):
         self.canvas.show(0, AREA)
         desktop = self.start()
