@@ -2,6 +2,7 @@
 """The hotkey of a Wayland desktop whose portal has global shortcuts. Run by CTest in a session without a portal, which
 this test brings: wayland_hotkey_test.py WaylandHotkeyTest.NAME"""
 
+import json
 import os
 import pathlib
 import subprocess
@@ -64,6 +65,19 @@ class WaylandHotkeyTest(unittest.TestCase):
                 run(*TELL, f"{SERVICE}.Change", f"string:Press {keys}")
                 said = f"The desktop has set the keys to: Press {keys}. Its settings can change them."
                 until(lambda: said in application.texts(), "the settings say it")
+
+    def test_the_doctor_tells_what_the_desktop_has_bound(self):
+        def hotkey():
+            services = json.loads(quillbox("doctor", "--json").stdout)["services"]
+            service = next(each for each in services if each["service"] == "Hotkey")
+            return service["health"], service["used"]
+
+        self.assertEqual(hotkey(), ("limited", "the desktop portal, once it has been asked for Super+Shift+2"))
+        run(*TELL, f"{SERVICE}.Answer", "string:nothing")
+        self.run_beside(program(), stderr=subprocess.DEVNULL)
+        until(lambda: hotkey() == ("limited", "The desktop has bound no key for Quillbox"), "it is told")
+        run(*TELL, f"{SERVICE}.Change", "string:Press F9")
+        until(lambda: hotkey() == ("works", "the desktop portal: Press F9"), "it is told")
 
     def test_the_doctor_tells_who_has_refused_and_how_to_be_asked_again(self):
         run(*TELL, f"{SERVICE}.Answer", "string:refuse")

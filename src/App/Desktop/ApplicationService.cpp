@@ -84,8 +84,9 @@ ApplicationService::Claim ApplicationService::claimName()
     if (!bus.isConnected())
         return Claim::NoBus;
     // The object first: whoever sees the name finds it.
-    bus.registerObject(
-        objectPath(), this, QDBusConnection::ExportScriptableInvokables | QDBusConnection::ExportAdaptors);
+    bus.registerObject(objectPath(), this,
+        QDBusConnection::ExportScriptableInvokables | QDBusConnection::ExportScriptableProperties
+            | QDBusConnection::ExportAdaptors);
     const auto reply = bus.interface()->registerService(busName(), QDBusConnectionInterface::DontQueueService);
     if (!reply.isValid())
         return Claim::NoBus;

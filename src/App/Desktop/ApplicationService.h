@@ -21,6 +21,8 @@ class CurrentCoordinator;
 class ApplicationService : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.quillbox.quillbox")
+    /// What became of the hotkey, as HotkeyReport::told() has it.
+    Q_PROPERTY(QVariantMap Hotkey READ hotkey SCRIPTABLE true)
 
 public:
     /// What the application does for others, beside what the coordinator does.
@@ -29,6 +31,7 @@ public:
         std::function<void()> showSettings;
         std::function<void()> quit;
         std::function<std::int64_t()> frameCount; ///< of the recording that runs
+        std::function<QVariantMap()> hotkey;
     };
 
     /// Where the application is on the bus.
@@ -49,6 +52,7 @@ public:
 
     void showPanel() const { m_actions.showPanel(); }
     void showSettings() const { m_actions.showSettings(); }
+    [[nodiscard]] QVariantMap hotkey() const { return m_actions.hotkey(); }
     void begin();
     void quit() const;
 

@@ -2,6 +2,7 @@
 
 #include "Capture/CHandle.h"
 #include "Capture/PipeWire/BufferReading.h"
+#include "Capture/PipeWire/CoreListening.h"
 #include "Capture/PipeWire/StreamOffer.h"
 #include "Translation/Translate.h"
 
@@ -49,26 +50,6 @@ void setTimer(pw_thread_loop* loop, spa_source* timer, timespec time)
 void removeTimer(pw_thread_loop* loop, spa_source* timer)
 {
     pw_loop_destroy_source(pw_thread_loop_get_loop(loop), timer);
-}
-
-void listenTo(pw_core* core, spa_hook& hook, const pw_core_events& events, void* data)
-{
-    pw_core_add_listener(core, &hook, &events, data);
-}
-
-/// What the core has for us; gone with the core.
-pw_registry* listenToRegistry(pw_core* core, spa_hook& hook, const pw_registry_events& events, void* data)
-{
-    pw_registry* const registry = pw_core_get_registry(core, PW_VERSION_REGISTRY, 0);
-    if (registry != nullptr)
-        pw_registry_add_listener(registry, &hook, &events, data);
-    return registry;
-}
-
-/// Has the core tell when it has done all that it was asked for. @return the number that it will tell
-int askWhenDone(pw_core* core)
-{
-    return pw_core_sync(core, PW_ID_CORE, 0);
 }
 
 #pragma GCC diagnostic pop
@@ -266,7 +247,7 @@ void PipeWireStream::Connection::listen()
         };
         return events;
     }();
-    listenTo(m_core, m_coreListener, coreEvents, this);
+    CoreListening::listenTo(m_core, m_coreListener, coreEvents, this);
     pw_stream_add_listener(m_stream.get(), &m_streamListener, &streamEvents, this);
 }
 
@@ -286,10 +267,10 @@ void PipeWireStream::Connection::listenForSource()
         };
         return listeners;
     }();
-    m_registry = listenToRegistry(m_core, m_registryListener, events, this);
+    m_registry = CoreListening::listenToRegistry(m_core, m_registryListener, events, this);
     if (m_registry == nullptr)
         throw cannotConnect();
-    m_listing = askWhenDone(m_core);
+    m_listing = CoreListening::askWhenDone(m_core);
 }
 
 /// Nothing is thrown into a C function.
