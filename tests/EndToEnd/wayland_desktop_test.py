@@ -6,6 +6,7 @@ import io
 import json
 import os
 import pathlib
+import re
 import signal
 import subprocess
 import unittest
@@ -193,6 +194,15 @@ class WaylandDesktopTest(ApplicationTest):
         self.user.key("Logo+Shift+2")
         desktop.wait_for("done")
         self.assert_is_the_clip(shown)
+
+    def test_what_a_key_of_the_compositors_starts_passes_the_focus_on(self):
+        log = pathlib.Path(os.environ["HOME"], "protocol")
+        with log.open("w", encoding="utf-8") as file:
+            self.start(stderr=file, WAYLAND_DEBUG="1")
+        for command, token in (("show", "first-token"), ("toggle", "second-token")):
+            done = quillbox(command, env={**os.environ, "XDG_ACTIVATION_TOKEN": token})
+            self.assertEqual(done.returncode, 0, done.stderr)
+            until(lambda: re.search(f'xdg_activation_v1@.*activate."{token}"', log.read_text("utf-8")), "it is used")
 
     def test_escape_cancels_and_other_keys_do_not(self):
         self.canvas.show(0, AREA)

@@ -56,13 +56,17 @@ public:
     void begin();
     void quit() const;
 
+    /// Lets the window that comes next have the focus, as the one who clicked or pressed a key wished.
+    /// @param platformData  as org.freedesktop.Application has it
+    static void passOnActivation(const QVariantMap& platformData);
+
     // What other programs can call, by names as they are usual on the bus.
     // NOLINTBEGIN(readability-identifier-naming,modernize-use-nodiscard)
     /// Begins a flow. Answers with the phase afterwards, as Status does.
-    Q_SCRIPTABLE Q_INVOKABLE QVariantMap Begin();
+    Q_SCRIPTABLE Q_INVOKABLE QVariantMap Begin(const QVariantMap& platformData);
     /// Ends the recording; answers, as Status does, once the clip is there or has failed. An error unless recording.
     Q_SCRIPTABLE Q_INVOKABLE QVariantMap Stop();
-    Q_SCRIPTABLE Q_INVOKABLE void Show() const;
+    Q_SCRIPTABLE Q_INVOKABLE void Show(const QVariantMap& platformData) const;
     /// "phase": idle, selecting, recording, processing, done or failed; "frameCount" while it records; "path" and
     /// "byteCount" of what is done; "message" of what failed. "clipboard": empty, pending or accepted, as Pasteboard
     /// has it.
