@@ -1,5 +1,6 @@
 // What recording costs: a screen that stands still, one on which somebody types and now and then scrolls a window, and
-// one that changes all over sixty times a second. Needs an X11 display; prints a Markdown table.
+// one that changes all over sixty times a second. Needs an X11 display, or a Wayland desktop of tests/desktop; prints a
+// Markdown table.
 //
 //     capture-cost [--busy] [SECONDS [WIDTH HEIGHT]]
 //
@@ -7,6 +8,7 @@
 // of its threads; while everything moves, a frame without a new picture is a tick that was missed.
 #include "Painters.h"
 
+#include "Capture/CaptureStream.h"
 #include "Capture/StreamRecorder.h"
 
 #include <QCoreApplication>
@@ -14,7 +16,9 @@
 #include <QCoro/QCoroTimer>
 
 #include <sys/resource.h>
+#include <unistd.h>
 
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -65,12 +69,35 @@ struct Load {
     void (*job)();
 };
 
+/// Becomes the program that paints on a Wayland desktop.
+[[noreturn]] void becomePainter(const char* what)
+{
+    (void)::execl(QUILLBOX_WAYLAND_PAINTER, QUILLBOX_WAYLAND_PAINTER, what, nullptr); // returns only if it is missing
+    std::_Exit(EXIT_FAILURE);
+}
+
+[[noreturn]] void workOnWayland()
+{
+    becomePainter("work");
+}
+
+[[noreturn]] void moveOnWayland()
+{
+    becomePainter("move");
+}
+
+std::array<Load, 2> loads()
+{
+    const bool isWayland = captureBackend() == CaptureBackend::Portal;
+    return {{{"ordinary work", isWayland ? workOnWayland : bench::work},
+        {"all in motion", isWayland ? moveOnWayland : bench::move}}};
+}
+
 QCoro::Task<> measureAll(CaptureRegion region, std::chrono::seconds duration, int& status)
 {
     try {
         co_await measure("still", region, duration);
-        const Load loads[]{{"ordinary work", bench::work}, {"all in motion", bench::move}};
-        for (const Load& load : loads) {
+        for (const Load& load : loads()) {
             const bench::Child painter(load.job);
             co_await QCoro::sleepFor(std::chrono::seconds(1)); // until it paints at its own pace
             co_await measure(load.name, region, duration);

@@ -11,6 +11,7 @@
 #include "App/Hotkey/GlobalHotkey.h"
 #include "App/Hotkey/HotkeyMath.h"
 #include "App/Hotkey/HotkeyNotice.h"
+#include "App/Hotkey/HotkeyReport.h"
 #include "App/UpdaterController.h"
 #include "Capture/ScreenBackdrop.h"
 #include "Capture/StreamRecorder.h"
@@ -71,9 +72,10 @@ QuillboxApp::QuillboxApp()
         ApplicationService::Actions{.showPanel = [this] { showPanel(); },
             .showSettings = [this] { showSettings(); },
             .quit = [this] { quit(); },
-            .frameCount =
+            .frameCount = [this] { return recorder().frameCount(); },
+            .hotkey =
                 [this] {
-                    return recorder().frameCount();
+                    return HotkeyReport::told(m_hotkey->state());
                 }});
 
     QObject::connect(m_tray.get(), &TrayIcon::clicked, m_tray.get(), [this] { toggleForIcon(); });

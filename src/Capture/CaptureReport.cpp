@@ -4,7 +4,7 @@
 #include "Capture/BusQueries.h"
 #include "Capture/CaptureError.h"
 #include "Capture/CaptureStream.h"
-#include "Capture/FileDescriptor.h"
+#include "Capture/PipeWire/PipeWireSession.h"
 #include "Capture/Portal/DesktopPortal.h"
 #include "Capture/Portal/RestoreToken.h"
 #include "Capture/Portal/ScreenCastPortal.h"
@@ -14,13 +14,9 @@
 #include <QCoro/QCoroFuture>
 #include <QFile>
 
-#include <sys/socket.h>
-#include <sys/un.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
 #include <utility>
 
@@ -29,29 +25,6 @@ namespace quillbox {
 namespace {
 
 using Health = ServiceReport::Health;
-
-/// Whether somebody listens where PipeWire's programs look for it. @see PipeWire's documentation of its native protocol
-bool hearsPipeWire()
-{
-    QByteArray name = qgetenv("PIPEWIRE_REMOTE");
-    if (name.isEmpty())
-        name = "pipewire-0";
-    if (!name.startsWith('/')) {
-        QByteArray folder = qgetenv("PIPEWIRE_RUNTIME_DIR");
-        if (folder.isEmpty())
-            folder = qgetenv("XDG_RUNTIME_DIR");
-        name = folder + '/' + name;
-    }
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    if (name.size() >= static_cast<qsizetype>(sizeof address.sun_path))
-        return false;
-    std::memcpy(address.sun_path, name.constData(), static_cast<std::size_t>(name.size()));
-    const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    // The socket functions take every kind of address by its common beginning.
-    return socket.number() >= 0
-        && ::connect(socket.number(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-}
 
 ServiceReport begun()
 {
@@ -92,6 +65,11 @@ ServiceReport x11Report()
     return report;
 }
 
+std::string logInAgain()
+{
+    return translate("Doctor", "log in again when it is installed: the portal looks for its pieces only once");
+}
+
 /// What the sources are that the portal offers, by the bits of AvailableSourceTypes.
 std::string sourcesIn(uint bits)
 {
@@ -102,6 +80,55 @@ std::string sourcesIn(uint bits)
         if ((bits & (1U << bit)) != 0)
             text += (text.empty() ? "" : ", ") + translate("Doctor", names.at(bit));
     return text;
+}
+
+/// What there is of PipeWire; none where it does not answer.
+QCoro::Task<std::optional<PipeWireSession>> pipeWireSession()
+{
+    PipeWireSession whole;
+    whole.isRunning = true;
+    whole.hasManager = true;
+    if (QFile::exists(QStringLiteral("/.flatpak-info"))) // the portal reaches it from a sandbox
+        co_return whole;
+    const auto answer = answerWithin<PipeWireSession>(reportPatience, &PipeWireSession::look);
+    co_return co_await answer;
+}
+
+/// Why the pictures of a portal that has them don't reach us, and what helps. @return false where nothing is in the way
+bool reportsPipeWire(ServiceReport& report, const std::optional<PipeWireSession>& session)
+{
+    if (!session) {
+        report.used = translate("Doctor", "PipeWire, which brings the screen's pictures, does not answer");
+        report.advice.emplace_back(translate("Doctor", "systemctl --user restart pipewire wireplumber may help"));
+    } else if (!session->isRunning) {
+        report.used = translate("Doctor", "The desktop portal shows the screen through PipeWire, which does not run");
+        report.packages = {"pipewire", "wireplumber"};
+        report.advice.push_back(logInAgain());
+    } else if (!session->hasManager) {
+        report.used = translate("Doctor", "PipeWire has no session manager, which connects its programs");
+        report.packages = {"wireplumber"};
+        report.advice.emplace_back(
+            translate("Doctor", "systemctl --user start wireplumber starts one that is installed"));
+    }
+    return !report.used.empty();
+}
+
+/// Why the portal has no pictures, and what helps.
+void reportPortal(ServiceReport& report, const std::string& failure, BusQueries::Presence presence, bool lacksPipeWire)
+{
+    report.used = failure;
+    report.advice.push_back(logInAgain());
+    if (!QDBusConnection::sessionBus().isConnected()) {
+        report.packages.emplace_back("dbus-user-session");
+        return;
+    }
+    if (presence == BusQueries::Presence::None)
+        report.packages.emplace_back("xdg-desktop-portal");
+    const auto backEnd = CaptureReport::portalPackage(qgetenv("XDG_CURRENT_DESKTOP").toStdString());
+    if (!backEnd.empty())
+        report.packages.push_back(backEnd);
+    if (lacksPipeWire)
+        report.packages.insert(report.packages.end(), {"pipewire", "wireplumber"});
 }
 
 QCoro::Task<ServiceReport> portalReport()
@@ -118,52 +145,37 @@ QCoro::Task<ServiceReport> portalReport()
         failure = error.what();
         doesNotAnswer = error.reason() == CaptureError::Reason::DisplayGone;
     }
-    const auto bus = QDBusConnection::sessionBus();
-    auto lookingFor = BusQueries::presence(bus, QLatin1String(DesktopPortal::service));
+    auto lookingFor = BusQueries::presence(QDBusConnection::sessionBus(), QLatin1String(DesktopPortal::service));
     const auto presence = co_await lookingFor;
-    const bool hasPipeWire
-        = hearsPipeWire() || QFile::exists(QStringLiteral("/.flatpak-info")); // the portal reaches it from a sandbox
+    auto lookingAtPipeWire = pipeWireSession();
+    const auto session = co_await lookingAtPipeWire;
     if (presence != BusQueries::Presence::None)
         report.found.push_back(failure.empty()
                 ? withArguments(translate("Doctor", "the portal's ScreenCast, version %1: %2"),
                     {std::to_string(offer.version), sourcesIn(offer.sources)})
                 : translate("Doctor", "a desktop portal"));
-    if (hasPipeWire)
+    if (session && session->isRunning)
         report.found.emplace_back("PipeWire");
-    if (failure.empty() && hasPipeWire) {
-        report.health = Health::Works;
-        report.used = translate("Doctor", "the desktop portal and PipeWire");
-        report.found.emplace_back(RestoreToken::read().isEmpty()
-                ? translate("Doctor", "the desktop will ask which monitor to show")
-                : translate("Doctor", "the desktop may remember which monitor to show"));
-        if (!RestoreToken::read().isEmpty())
-            report.advice.push_back(withArguments(
-                translate("Doctor", "to choose another monitor, remove %1"), {RestoreToken::path().toStdString()}));
-        co_return report;
-    }
     if (doesNotAnswer) {
         report.used = translate("Doctor", "The desktop portal does not answer");
         report.advice.emplace_back(translate("Doctor", "systemctl --user restart xdg-desktop-portal may help"));
         co_return report;
     }
-    report.used = failure.empty()
-        ? translate("Doctor", "The desktop portal shows the screen through PipeWire, which does not run")
-        : failure;
-    if (!bus.isConnected()) {
-        report.packages.emplace_back("dbus-user-session");
-    } else {
-        if (presence == BusQueries::Presence::None)
-            report.packages.emplace_back("xdg-desktop-portal");
-        const auto backEnd = CaptureReport::portalPackage(qgetenv("XDG_CURRENT_DESKTOP").toStdString());
-        if (!failure.empty() && !backEnd.empty())
-            report.packages.push_back(backEnd);
-        if (!hasPipeWire) {
-            report.packages.emplace_back("pipewire");
-            report.packages.emplace_back("wireplumber");
-        }
+    if (!failure.empty()) {
+        const bool lacksPipeWire = session && !session->isRunning;
+        reportPortal(report, failure, presence, lacksPipeWire);
+        co_return report;
     }
-    report.advice.emplace_back(
-        translate("Doctor", "log in again when it is installed: the portal looks for its pieces only once"));
+    if (reportsPipeWire(report, session))
+        co_return report;
+    report.health = Health::Works;
+    report.used = translate("Doctor", "the desktop portal and PipeWire");
+    report.found.emplace_back(RestoreToken::read().isEmpty()
+            ? translate("Doctor", "the desktop will ask which monitor to show")
+            : translate("Doctor", "the desktop may remember which monitor to show"));
+    if (!RestoreToken::read().isEmpty())
+        report.advice.push_back(withArguments(
+            translate("Doctor", "to choose another monitor, remove %1"), {RestoreToken::path().toStdString()}));
     co_return report;
 }
 

@@ -2,9 +2,20 @@
 
 #include <QGuiApplication>
 #include <QImage>
+#include <QPointer>
 #include <QScreen>
 
 namespace quillbox {
+
+namespace {
+
+QPointer<QScreen>& noted()
+{
+    static QPointer<QScreen> screen;
+    return screen;
+}
+
+} // namespace
 
 std::vector<QScreen*> CastScreen::candidates(const SelectedCast::FirstPicture& first)
 {
@@ -29,6 +40,16 @@ std::vector<QScreen*> CastScreen::candidates(const SelectedCast::FirstPicture& f
             best.push_back(screen);
     }
     return best;
+}
+
+void CastScreen::setRecorded(QScreen* screen)
+{
+    noted() = screen;
+}
+
+QScreen* CastScreen::recorded()
+{
+    return noted();
 }
 
 QPixmap CastScreen::pixmap(const RGBAFrame& picture, const QScreen& screen)

@@ -17,6 +17,11 @@ namespace CastScreen {
 /// the picture tell; none where there is no screen at all.
 [[nodiscard]] std::vector<QScreen*> candidates(const SelectedCast::FirstPicture& first);
 
+/// Takes note of the screen that the next recording shows; null where it is not known.
+void setRecorded(QScreen* screen);
+/// The screen that was noted last; null where it is not known, or gone.
+[[nodiscard]] QScreen* recorded();
+
 /// A picture of all of `screen`, whatever its number of pixels.
 [[nodiscard]] QPixmap pixmap(const RGBAFrame& picture, const QScreen& screen);
 

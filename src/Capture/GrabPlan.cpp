@@ -39,12 +39,7 @@ std::int64_t pointsOf(std::int64_t pixels, double scale)
     return std::max<std::int64_t>(std::llround(static_cast<double>(pixels) / scale), 1);
 }
 
-struct Scales {
-    double x = 1;
-    double y = 1;
-};
-
-std::optional<GrabPlan> planned(CaptureRegion region, PixelRect display, FrameResampler::Size limit, Scales scales)
+std::optional<GrabPlan> planned(CaptureRegion region, PixelRect display, FrameResampler::Size limit, PointScale scales)
 {
     region = region.normalized();
     const Span columns = cut(region.x, region.width, limit.width);
@@ -78,6 +73,24 @@ RGBAFrame nearest(const RGBAFrame& frame, FrameResampler::Size size)
 
 } // namespace
 
+PointScale scaleOf(FrameResampler::Size pixels, FrameResampler::Size points)
+{
+    precondition(
+        points.width > 0 && points.height > 0 && pixels.width > 0 && pixels.height > 0, "a display has an extent");
+    return {static_cast<double>(pixels.width) / static_cast<double>(points.width),
+        static_cast<double>(pixels.height) / static_cast<double>(points.height)};
+}
+
+PixelRect devicePixelsOf(CaptureRegion region, PointScale scale)
+{
+    constexpr std::int64_t farthest = 1 << 30;
+    region = region.normalized();
+    const Span x = toDevice({region.x, region.width}, scale.x, farthest);
+    const Span y = toDevice({region.y, region.height}, scale.y, farthest);
+    return {static_cast<std::int32_t>(x.begin), static_cast<std::int32_t>(y.begin), static_cast<std::int32_t>(x.length),
+        static_cast<std::int32_t>(y.length)};
+}
+
 FrameResampler::Size sizeInPoints(PixelRect display, double scale)
 {
     return {pointsOf(display.width, scale), pointsOf(display.height, scale)};
@@ -91,10 +104,7 @@ std::optional<GrabPlan> planGrab(CaptureRegion region, PixelRect display, double
 
 std::optional<GrabPlan> planGrab(CaptureRegion region, PixelRect display, FrameResampler::Size points)
 {
-    precondition(points.width > 0 && points.height > 0 && !display.isEmpty(), "a display has an extent");
-    return planned(region, display, points,
-        {static_cast<double>(display.width) / static_cast<double>(points.width),
-            static_cast<double>(display.height) / static_cast<double>(points.height)});
+    return planned(region, display, points, scaleOf({display.width, display.height}, points));
 }
 
 RGBAFrame scaledTo(const RGBAFrame& frame, FrameResampler::Size size)

@@ -16,6 +16,18 @@ struct GrabPlan {
     friend bool operator==(const GrabPlan&, const GrabPlan&) = default;
 };
 
+/// Device pixels a point, along each axis.
+struct PointScale {
+    double x = 1;
+    double y = 1;
+};
+
+/// The scale of a display that has so many pixels and points. @pre Both at least 1 × 1.
+[[nodiscard]] PointScale scaleOf(FrameResampler::Size pixels, FrameResampler::Size points);
+
+/// The device pixels of `region`, edges rounded to the nearest, at least one; also of what lies beside the display.
+[[nodiscard]] PixelRect devicePixelsOf(CaptureRegion region, PointScale scale);
+
 /// The size of `display` in points, rounded, at least 1 × 1.
 /// @param scale  Device pixels a point, above 0.
 [[nodiscard]] FrameResampler::Size sizeInPoints(PixelRect display, double scale);

@@ -14,13 +14,27 @@ PipeWireStream::Source sourceOf(
     source.remote = std::move(remote);
     source.node = cast.node;
     const auto compositor = std::make_shared<std::optional<Compositor>>(); // connected by the thread that asks
-    source.connect = [compositor] {
-        compositor->emplace();
+    const auto stop = std::make_shared<StopSignal>();
+    source.stop = [stop] {
+        stop->raise();
     };
-    source.points = [compositor, points, facts = cast.facts](FrameResampler::Size picture) {
-        return points ? points : pointsOfCast(facts, picture, (*compositor)->outputs());
+    source.connect = [compositor, stop] {
+        compositor->emplace(stop);
     };
-    source.repaint = [compositor] {
+    source.points = [compositor, stop, points, facts = cast.facts](FrameResampler::Size picture) mutable {
+        auto answer = std::exchange(points, std::nullopt); // known of the first picture only
+        if (!answer) {
+            if (!*compositor)
+                compositor->emplace(stop);
+            answer = pointsOfCast(facts, picture, (*compositor)->outputs());
+        }
+        facts.size.reset();  // it was the first picture's
+        compositor->reset(); // what it tells changes with the size
+        return answer;
+    };
+    source.repaint = [compositor, stop] {
+        if (!*compositor)
+            compositor->emplace(stop);
         (*compositor)->repaint();
     };
     return source;

@@ -10,9 +10,8 @@ class PipeWireStream;
 class ScreenCastPortal;
 
 /// Captures one monitor of a Wayland desktop through the desktop portal and PipeWire: the one that the user permits,
-/// pointer included, or the one on which the region was selected. The region is in points that the monitor has when the
-/// recording begins: when its pictures get another size, the region remains the same part of them, and the frames keep
-/// their size.
+/// pointer included, or the one on which the region was selected. The frames keep their size: when the monitor gets
+/// another one, they show the same points of it, and black where it has none any more.
 class PortalStream : public CaptureStream {
 public:
     PortalStream();

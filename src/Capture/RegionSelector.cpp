@@ -56,6 +56,7 @@ void showOverlays(const SelectedCast::FirstPicture& first, const RegionSelector:
         completion(std::nullopt);
         return;
     }
+    CastScreen::setRecorded(screens.size() == 1 ? screens.front() : nullptr);
     std::vector<SelectionWindow*> windows;
     for (QScreen* const screen : screens) {
         auto cast = first.cast;

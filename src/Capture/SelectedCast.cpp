@@ -81,7 +81,8 @@ struct Snapshot {
 PipeWireStream::Source inPixels(PipeWireStream::Source source, const std::shared_ptr<Snapshot>& snapshot)
 {
     source.points = [ask = std::move(source.points), snapshot](FrameResampler::Size picture) {
-        snapshot->points = ask(picture);
+        if (!snapshot->picture)
+            snapshot->points = ask(picture);
         return std::optional<FrameResampler::Size>();
     };
     return source;

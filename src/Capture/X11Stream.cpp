@@ -1,5 +1,6 @@
 #include "Capture/X11Stream.h"
 
+#include "Capture/StopSignal.h"
 #include "Capture/X11/ScreenGrabber.h"
 #include "Capture/X11/X11Display.h"
 #include "Encoding/Precondition.h"
@@ -11,15 +12,10 @@
 #include <QPromise>
 #include <QScreen>
 
-#include <poll.h>
 #include <pthread.h>
-#include <sys/eventfd.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <atomic>
-#include <ctime>
 #include <optional>
 #include <string>
 #include <thread>
@@ -28,48 +24,6 @@
 namespace quillbox {
 
 namespace {
-
-/// A latch that poll() can wait for.
-class StopSignal {
-public:
-    StopSignal()
-        : m_file(::eventfd(0, EFD_CLOEXEC))
-    {
-        if (m_file < 0)
-            throw CaptureError(CaptureError::Reason::Unreadable,
-                translate("CaptureError", "Screen capture needs a free file descriptor"));
-    }
-    ~StopSignal() { (void)::close(m_file); } // nothing is stored there
-    StopSignal(const StopSignal&) = delete;
-    StopSignal& operator=(const StopSignal&) = delete;
-
-    void raise()
-    {
-        m_isRaised = true;
-        (void)::eventfd_write(m_file, 1); // fails only at 2^64 − 1
-    }
-    [[nodiscard]] bool isRaised() const { return m_isRaised; }
-
-    /// Sleeps until `time`. @return false if the signal was raised before.
-    [[nodiscard]] bool waitUntil(CaptureClock::time_point time) const
-    {
-        for (;;) {
-            const auto left = std::chrono::ceil<std::chrono::nanoseconds>(time - CaptureClock::now());
-            pollfd wanted{m_file, POLLIN, 0};
-            const std::int64_t nanoseconds = std::max<std::int64_t>(left.count(), 0);
-            const timespec timeout{nanoseconds / 1'000'000'000, nanoseconds % 1'000'000'000};
-            const int ready = ::ppoll(&wanted, 1, &timeout, nullptr);
-            if (m_isRaised)
-                return false;
-            if (ready == 0 && CaptureClock::now() >= time)
-                return true;
-        }
-    }
-
-private:
-    int m_file;
-    std::atomic<bool> m_isRaised = false;
-};
 
 /// The moment of a tick, counted from the first one.
 CaptureClock::time_point tickTime(CaptureClock::time_point start, std::int64_t tick)

@@ -11,6 +11,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QPointer>
+#include <QWindow>
 
 #include <memory>
 #include <utility>
@@ -82,21 +83,27 @@ private:
     SelectionOwner m_owner{"CLIPBOARD"};
 };
 
-/// The clipboard of a Wayland compositor that takes it from any program.
+/// The clipboard of a Wayland compositor that takes it from any program. A clip that the connection to it broke under
+/// is pending until there is another connection.
 class DataControlPasteboard : public Pasteboard {
 public:
     explicit DataControlPasteboard(std::unique_ptr<DataControl> control)
-        : m_control(std::move(control))
     {
-        connect(m_control.get(), &DataControl::lost, this, [this] {
-            setState(State::Empty);
-            Q_EMIT lost();
+        use(std::move(control));
+        connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](QWindow* window) {
+            if (window != nullptr)
+                retry();
         });
     }
     void setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData) override
     {
-        m_control->own(formsOf(fileURL, gifData));
-        setState(m_control->owns() ? State::Accepted : State::Empty);
+        m_forms = formsOf(fileURL, gifData);
+        offer();
+    }
+    void retry() override
+    {
+        if (state() == State::Pending)
+            offer();
     }
     void clear() override
     {
@@ -105,7 +112,25 @@ public:
     }
 
 private:
+    void use(std::unique_ptr<DataControl> control)
+    {
+        m_control = std::move(control);
+        connect(m_control.get(), &DataControl::lost, this, [this] {
+            setState(m_control->isConnected() ? State::Empty : State::Pending);
+            Q_EMIT lost();
+        });
+    }
+    void offer()
+    {
+        if (!m_control->isConnected())
+            if (auto control = DataControl::open())
+                use(std::move(control));
+        m_control->own(m_forms);
+        setState(m_control->owns() ? State::Accepted : State::Pending);
+    }
+
     std::unique_ptr<DataControl> m_control;
+    std::vector<ClipForm> m_forms; // what was set last
 };
 
 /// Where there is no clipboard.

@@ -15,8 +15,9 @@ class Pasteboard : public QObject {
 public:
     /// How what was last set stands.
     enum class State {
-        Empty,    ///< nothing was set, or it is on the clipboard no longer
-        Pending,  ///< the desktop has not accepted it; it is set again as soon as a window of ours has the focus
+        Empty,   ///< nothing was set, or it is on the clipboard no longer
+        Pending, ///< the desktop has not accepted it, or can't be reached any more; it is set again as soon as a window
+                 ///< of ours has the focus
         Accepted, ///< on the clipboard
     };
 
@@ -35,7 +36,8 @@ public:
 
 Q_SIGNALS:
     void stateChanged();
-    /// What was accepted is there no longer: another program has put something there, or the display is gone.
+    /// What was accepted is there no longer: another program has put something there, or the display is gone or can't
+    /// be reached any more.
     void lost();
 
 protected:

@@ -304,10 +304,6 @@
         <translation>um erneut gefragt zu werden, löschen Sie %1 und starten Sie Quillbox neu; oder legen Sie quillbox toggle in den Einstellungen der Arbeitsumgebung auf eine Taste</translation>
     </message>
     <message>
-        <source>the desktop portal, which proposes Super+Shift+2</source>
-        <translation>das Desktop-Portal, das Super+Umschalt+2 vorschlägt</translation>
-    </message>
-    <message>
         <source>The hotkey is switched off by QUILLBOX_HOTKEY_BACKEND</source>
         <translation>Das Tastenkürzel ist durch QUILLBOX_HOTKEY_BACKEND abgeschaltet</translation>
     </message>
@@ -474,6 +470,42 @@
     <message>
         <source>to choose another monitor, remove %1</source>
         <translation>um einen anderen Bildschirm zu wählen, %1 löschen</translation>
+    </message>
+    <message>
+        <source>the desktop portal; the desktop&apos;s settings tell the keys</source>
+        <translation>das Desktop-Portal; die Tasten stehen in den Einstellungen der Arbeitsumgebung</translation>
+    </message>
+    <message>
+        <source>the desktop portal: %1</source>
+        <translation>das Desktop-Portal: %1</translation>
+    </message>
+    <message>
+        <source>the desktop portal, once it has been asked for Super+Shift+2</source>
+        <translation>das Desktop-Portal, sobald es um Super+Umschalt+2 gebeten wurde</translation>
+    </message>
+    <message>
+        <source>start Quillbox and look again: only then the desktop tells what it has bound</source>
+        <translation>starten Sie Quillbox und sehen Sie noch einmal nach: erst dann sagt die Arbeitsumgebung, welche Tasten sie vergeben hat</translation>
+    </message>
+    <message>
+        <source>The desktop has bound no key for Quillbox</source>
+        <translation>Die Arbeitsumgebung hat Quillbox keine Taste gegeben</translation>
+    </message>
+    <message>
+        <source>PipeWire, which brings the screen&apos;s pictures, does not answer</source>
+        <translation>PipeWire, das die Bilder des Bildschirms bringt, antwortet nicht</translation>
+    </message>
+    <message>
+        <source>systemctl --user restart pipewire wireplumber may help</source>
+        <translation>systemctl --user restart pipewire wireplumber hilft vielleicht</translation>
+    </message>
+    <message>
+        <source>PipeWire has no session manager, which connects its programs</source>
+        <translation>PipeWire hat keine Sitzungsverwaltung, die seine Programme verbindet</translation>
+    </message>
+    <message>
+        <source>systemctl --user start wireplumber starts one that is installed</source>
+        <translation>systemctl --user start wireplumber startet eine, die installiert ist</translation>
     </message>
 </context>
 <context>

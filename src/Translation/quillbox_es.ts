@@ -304,10 +304,6 @@
         <translation>para que se vuelva a preguntar, borre %1 y reinicie Quillbox; o asigne quillbox toggle a una tecla en la configuración del escritorio</translation>
     </message>
     <message>
-        <source>the desktop portal, which proposes Super+Shift+2</source>
-        <translation>el portal de escritorio, que propone Super+Mayús+2</translation>
-    </message>
-    <message>
         <source>The hotkey is switched off by QUILLBOX_HOTKEY_BACKEND</source>
         <translation>El atajo está desactivado por QUILLBOX_HOTKEY_BACKEND</translation>
     </message>
@@ -474,6 +470,42 @@
     <message>
         <source>to choose another monitor, remove %1</source>
         <translation>para elegir otro monitor, elimine %1</translation>
+    </message>
+    <message>
+        <source>the desktop portal; the desktop&apos;s settings tell the keys</source>
+        <translation>el portal de escritorio; las teclas figuran en la configuración del escritorio</translation>
+    </message>
+    <message>
+        <source>the desktop portal: %1</source>
+        <translation>el portal de escritorio: %1</translation>
+    </message>
+    <message>
+        <source>the desktop portal, once it has been asked for Super+Shift+2</source>
+        <translation>el portal de escritorio, en cuanto se le haya pedido Super+Mayús+2</translation>
+    </message>
+    <message>
+        <source>start Quillbox and look again: only then the desktop tells what it has bound</source>
+        <translation>inicie Quillbox y vuelva a mirar: solo entonces el escritorio dice qué teclas ha asignado</translation>
+    </message>
+    <message>
+        <source>The desktop has bound no key for Quillbox</source>
+        <translation>El escritorio no ha asignado ninguna tecla a Quillbox</translation>
+    </message>
+    <message>
+        <source>PipeWire, which brings the screen&apos;s pictures, does not answer</source>
+        <translation>PipeWire, que trae las imágenes de la pantalla, no responde</translation>
+    </message>
+    <message>
+        <source>systemctl --user restart pipewire wireplumber may help</source>
+        <translation>quizá ayude systemctl --user restart pipewire wireplumber</translation>
+    </message>
+    <message>
+        <source>PipeWire has no session manager, which connects its programs</source>
+        <translation>PipeWire no tiene gestor de sesiones, que conecta sus programas</translation>
+    </message>
+    <message>
+        <source>systemctl --user start wireplumber starts one that is installed</source>
+        <translation>systemctl --user start wireplumber inicia el que esté instalado</translation>
     </message>
 </context>
 <context>

@@ -304,10 +304,6 @@
         <translation>pour que la question soit posée de nouveau, supprimez %1 et relancez Quillbox&#xa0;; ou associez quillbox toggle à une touche dans les paramètres du bureau</translation>
     </message>
     <message>
-        <source>the desktop portal, which proposes Super+Shift+2</source>
-        <translation>le portail de bureau, qui propose Super+Maj+2</translation>
-    </message>
-    <message>
         <source>The hotkey is switched off by QUILLBOX_HOTKEY_BACKEND</source>
         <translation>Le raccourci est désactivé par QUILLBOX_HOTKEY_BACKEND</translation>
     </message>
@@ -474,6 +470,42 @@
     <message>
         <source>to choose another monitor, remove %1</source>
         <translation>pour choisir un autre écran, supprimez %1</translation>
+    </message>
+    <message>
+        <source>the desktop portal; the desktop&apos;s settings tell the keys</source>
+        <translation>le portail de bureau&#xa0;; les touches figurent dans les paramètres du bureau</translation>
+    </message>
+    <message>
+        <source>the desktop portal: %1</source>
+        <translation>le portail de bureau&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>the desktop portal, once it has been asked for Super+Shift+2</source>
+        <translation>le portail de bureau, une fois que Super+Maj+2 lui a été demandé</translation>
+    </message>
+    <message>
+        <source>start Quillbox and look again: only then the desktop tells what it has bound</source>
+        <translation>démarrez Quillbox et regardez de nouveau&#xa0;: le bureau ne dit qu&apos;alors quelles touches il a associées</translation>
+    </message>
+    <message>
+        <source>The desktop has bound no key for Quillbox</source>
+        <translation>Le bureau n&apos;a associé aucune touche à Quillbox</translation>
+    </message>
+    <message>
+        <source>PipeWire, which brings the screen&apos;s pictures, does not answer</source>
+        <translation>PipeWire, qui apporte les images de l&apos;écran, ne répond pas</translation>
+    </message>
+    <message>
+        <source>systemctl --user restart pipewire wireplumber may help</source>
+        <translation>systemctl --user restart pipewire wireplumber aidera peut-être</translation>
+    </message>
+    <message>
+        <source>PipeWire has no session manager, which connects its programs</source>
+        <translation>PipeWire n&apos;a pas de gestionnaire de session, qui relie ses programmes</translation>
+    </message>
+    <message>
+        <source>systemctl --user start wireplumber starts one that is installed</source>
+        <translation>systemctl --user start wireplumber en lance un qui est installé</translation>
     </message>
 </context>
 <context>

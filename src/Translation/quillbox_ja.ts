@@ -304,10 +304,6 @@
         <translation>もう一度確認を受けるには %1 を削除して Quillbox を起動し直してください。またはデスクトップの設定で quillbox toggle をキーに割り当ててください</translation>
     </message>
     <message>
-        <source>the desktop portal, which proposes Super+Shift+2</source>
-        <translation>デスクトップポータル (Super+Shift+2 を提案)</translation>
-    </message>
-    <message>
         <source>The hotkey is switched off by QUILLBOX_HOTKEY_BACKEND</source>
         <translation>ホットキーは QUILLBOX_HOTKEY_BACKEND で無効にされています</translation>
     </message>
@@ -474,6 +470,42 @@
     <message>
         <source>to choose another monitor, remove %1</source>
         <translation>別の画面を選ぶには %1 を削除してください</translation>
+    </message>
+    <message>
+        <source>the desktop portal; the desktop&apos;s settings tell the keys</source>
+        <translation>デスクトップポータル(キーはデスクトップの設定で確認できます)</translation>
+    </message>
+    <message>
+        <source>the desktop portal: %1</source>
+        <translation>デスクトップポータル: %1</translation>
+    </message>
+    <message>
+        <source>the desktop portal, once it has been asked for Super+Shift+2</source>
+        <translation>デスクトップポータル(Super+Shift+2 を要求した後)</translation>
+    </message>
+    <message>
+        <source>start Quillbox and look again: only then the desktop tells what it has bound</source>
+        <translation>Quillbox を起動してからもう一度確認してください。割り当てられたキーはそのときにわかります</translation>
+    </message>
+    <message>
+        <source>The desktop has bound no key for Quillbox</source>
+        <translation>デスクトップは Quillbox にキーを割り当てていません</translation>
+    </message>
+    <message>
+        <source>PipeWire, which brings the screen&apos;s pictures, does not answer</source>
+        <translation>画面の画像を届ける PipeWire が応答しません</translation>
+    </message>
+    <message>
+        <source>systemctl --user restart pipewire wireplumber may help</source>
+        <translation>systemctl --user restart pipewire wireplumber で直ることがあります</translation>
+    </message>
+    <message>
+        <source>PipeWire has no session manager, which connects its programs</source>
+        <translation>PipeWire のプログラムをつなぐセッションマネージャーがありません</translation>
+    </message>
+    <message>
+        <source>systemctl --user start wireplumber starts one that is installed</source>
+        <translation>インストール済みなら systemctl --user start wireplumber で起動できます</translation>
     </message>
 </context>
 <context>

@@ -304,10 +304,6 @@
         <translation>如需再次询问，请删除 %1 并重新启动 Quillbox；或在桌面设置中将 quillbox toggle 绑定到按键</translation>
     </message>
     <message>
-        <source>the desktop portal, which proposes Super+Shift+2</source>
-        <translation>桌面门户（建议使用 Super+Shift+2）</translation>
-    </message>
-    <message>
         <source>The hotkey is switched off by QUILLBOX_HOTKEY_BACKEND</source>
         <translation>快捷键已被 QUILLBOX_HOTKEY_BACKEND 关闭</translation>
     </message>
@@ -474,6 +470,42 @@
     <message>
         <source>to choose another monitor, remove %1</source>
         <translation>要选择其他显示器，请删除 %1</translation>
+    </message>
+    <message>
+        <source>the desktop portal; the desktop&apos;s settings tell the keys</source>
+        <translation>桌面门户；可在桌面设置中查看按键</translation>
+    </message>
+    <message>
+        <source>the desktop portal: %1</source>
+        <translation>桌面门户：%1</translation>
+    </message>
+    <message>
+        <source>the desktop portal, once it has been asked for Super+Shift+2</source>
+        <translation>桌面门户（在向其请求 Super+Shift+2 之后）</translation>
+    </message>
+    <message>
+        <source>start Quillbox and look again: only then the desktop tells what it has bound</source>
+        <translation>请启动 Quillbox 后再次查看：那时桌面才会告知绑定了哪些按键</translation>
+    </message>
+    <message>
+        <source>The desktop has bound no key for Quillbox</source>
+        <translation>桌面没有为 Quillbox 绑定按键</translation>
+    </message>
+    <message>
+        <source>PipeWire, which brings the screen&apos;s pictures, does not answer</source>
+        <translation>传送屏幕画面的 PipeWire 没有应答</translation>
+    </message>
+    <message>
+        <source>systemctl --user restart pipewire wireplumber may help</source>
+        <translation>systemctl --user restart pipewire wireplumber 或许有用</translation>
+    </message>
+    <message>
+        <source>PipeWire has no session manager, which connects its programs</source>
+        <translation>PipeWire 没有会话管理器来连接其程序</translation>
+    </message>
+    <message>
+        <source>systemctl --user start wireplumber starts one that is installed</source>
+        <translation>如果已安装，可用 systemctl --user start wireplumber 启动</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,8 @@
 // Runs on a real Wayland desktop that the caller starts: see CMakeLists.txt beside it.
 #include "Capture/PortalStream.h"
 
+#include "Capture/PipeWire/PipeWireStream.h"
+#include "Capture/Portal/ScreenCastPortal.h"
 #include "Capture/SelectedCast.h"
 #include "Capture/StreamRecorder.h"
 #include "X11/Gallery.h"
@@ -14,7 +16,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
+#include <optional>
+#include <semaphore>
 #include <string>
+#include <utility>
 
 namespace quillbox {
 namespace {
@@ -172,6 +177,37 @@ TEST_F(PortalStreamTest, FailsWithWhatWasInTheWayOfTheSelection)
     m_stream = std::make_unique<PortalStream>();
     start(); // once
     EXPECT_EQ(m_gallery.frames().front(), background);
+}
+
+TEST_F(PortalStreamTest, AStopDoesNotWaitForWhatTheSourceWaitsFor)
+{
+    ScreenCastPortal portal;
+    const ScreenCast cast = test::await(portal.open());
+    PipeWireStream::Source source;
+    source.remote = test::await(portal.openRemote());
+    source.node = cast.node;
+    source.connect = [] {
+    };
+    source.repaint = [] { // until a picture comes
+        paint("00ff00");
+        paint("214284");
+    };
+    std::binary_semaphore asked{0};
+    std::binary_semaphore stopped{0};
+    bool isStopped = false;
+    source.points = [&](FrameResampler::Size) {
+        asked.release();
+        isStopped = stopped.try_acquire_for(test::patience);
+        return std::optional<FrameResampler::Size>();
+    };
+    source.stop = [&] {
+        stopped.release();
+    };
+    {
+        PipeWireStream stream(std::move(source), region, m_gallery.sink());
+        asked.acquire();
+    }
+    EXPECT_TRUE(isStopped);
 }
 
 TEST_F(PortalStreamTest, NothingStaysOpenAfterTwentyRecordings)

@@ -9,7 +9,7 @@ import signal
 import subprocess
 import unittest
 
-from application import program, quillbox
+from application import program, quillbox, until
 
 
 class DoctorTest(unittest.TestCase):
@@ -106,6 +106,19 @@ class WaylandTest(DoctorTest):
         screen = self.services(1)["Screen"]
         self.assertIn("which does not run", screen["used"])
         self.assertEqual(screen["packages"], ["pipewire", "wireplumber"])
+
+    def test_does_not_wait_for_a_pipewire_that_hangs(self):
+        os.kill(int(os.environ["PIPEWIRE_PID"]), signal.SIGSTOP)
+        self.addCleanup(os.kill, int(os.environ["PIPEWIRE_PID"]), signal.SIGCONT)
+        self.assertIn("does not answer", self.services(1)["Screen"]["used"])
+
+    def test_tells_that_pipewire_has_no_session_manager(self):
+        os.kill(int(os.environ["WIREPLUMBER_PID"]), signal.SIGKILL)
+        until(lambda: quillbox("doctor").returncode == 1, "PipeWire has noticed")
+        screen = self.services(1)["Screen"]
+        self.assertIn("has no session manager", screen["used"])
+        self.assertEqual((screen["found"][1:], screen["packages"]), (["PipeWire"], ["wireplumber"]))
+        self.assertIn("systemctl --user start wireplumber", screen["advice"][0])
 
 
 class WithoutPortalTest(DoctorTest):

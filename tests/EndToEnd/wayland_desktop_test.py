@@ -6,15 +6,18 @@ import io
 import json
 import os
 import pathlib
+import re
+import signal
 import subprocess
 import unittest
 
 from PIL import Image
 
-from application import run, status, until
+from application import quillbox, run, status, until
 from canvas import BLOCKS, INK, PAPER, Canvas
 from recording import ffmpeg_frames, pillow_frames
 from running import ApplicationTest, extents
+from wayland_clipboard import offered, paste
 from wayland_input import Devices
 
 AREA = (301, 257, 322, 238)
@@ -116,6 +119,12 @@ class WaylandDesktopTest(ApplicationTest):
         self.assertTrue(all(picture.tobytes() in recorded for picture in shown), "each step of the animation is in it")
         return path
 
+    def assert_is_copied(self, path):
+        """Another program gets the file, and its bytes, from the clipboard."""
+        self.assertEqual(offered(), ["text/uri-list", "image/gif"])
+        self.assertEqual(paste("text/uri-list"), (path.as_uri() + "\r\n").encode())
+        self.assertTrue(paste("image/gif") == path.read_bytes(), "the picture, byte for byte")
+
     def test_records_what_was_dragged_out_and_stops_by_the_button(self):
         self.canvas.show(0, AREA)
         desktop = self.start()
@@ -128,8 +137,50 @@ class WaylandDesktopTest(ApplicationTest):
         self.click(desktop, "Stop & Copy")
         desktop.wait_for("done")
         path = self.assert_is_the_clip(shown)
+        self.assert_is_copied(path)
         until(lambda: path.name in desktop.texts(), "the clip is in the list")
         self.keep_screenshot("panel-done")
+
+    def record_with_the_panel_on(self, number):
+        """Opens the panel twice on that output while it records. @return what was shown before, and meanwhile"""
+        self.canvas.show(0, AREA)
+        desktop = self.start()
+        desktop.begin()
+        self.drag_area()
+        desktop.wait_for("recording")
+        before = self.play(desktop, steps=1)
+        meanwhile = []
+        for step in (1, 2):
+            run("swaymsg", "focus", "output", f"HEADLESS-{number}")
+            desktop.open_panel()
+            self.assertEqual(self.output_of(places("Quillbox")[0]), f"HEADLESS-{number}")
+            meanwhile.append(self.canvas.show(step, AREA))
+            desktop.wait_for_frames(status()["frameCount"] + 40)
+            run("swaymsg", '[title="^Quillbox$"] kill')
+            until(lambda: not places("Quillbox"), "the panel has gone")
+            self.canvas.show(0, AREA)
+            desktop.wait_for_frames(status()["frameCount"] + 12)
+        self.assertEqual(quillbox("stop").returncode, 0)
+        return before, meanwhile
+
+    @staticmethod
+    def output_of(place):
+        """The output on which the top left corner of a window is."""
+        for output in json.loads(run("swaymsg", "-r", "-t", "get_outputs").stdout):
+            rect = output["rect"]
+            if 0 <= place[0] - rect["x"] < rect["width"] and 0 <= place[1] - rect["y"] < rect["height"]:
+                return output["name"]
+        return None
+
+    def test_the_clip_goes_on_while_the_panel_is_on_another_monitor(self):
+        before, meanwhile = self.record_with_the_panel_on(1)
+        self.assert_is_the_clip(before + meanwhile)
+
+    def test_the_clip_shows_what_was_there_before_while_the_panel_is_on_the_monitor(self):
+        before, meanwhile = self.record_with_the_panel_on(int(os.environ["CAST_OUTPUT"]))
+        path = self.assert_is_the_clip(before)
+        frames = [picture.tobytes() for picture, _ in pillow_frames(path)]
+        self.assertEqual([picture.tobytes() in frames for picture in meanwhile], [False, False])
 
     def test_a_key_of_the_compositors_starts_and_stops(self):
         self.canvas.show(0, AREA)
@@ -143,6 +194,15 @@ class WaylandDesktopTest(ApplicationTest):
         self.user.key("Logo+Shift+2")
         desktop.wait_for("done")
         self.assert_is_the_clip(shown)
+
+    def test_what_a_key_of_the_compositors_starts_passes_the_focus_on(self):
+        log = pathlib.Path(os.environ["HOME"], "protocol")
+        with log.open("w", encoding="utf-8") as file:
+            self.start(stderr=file, WAYLAND_DEBUG="1")
+        for command, token in (("show", "first-token"), ("toggle", "second-token")):
+            done = quillbox(command, env={**os.environ, "XDG_ACTIVATION_TOKEN": token})
+            self.assertEqual(done.returncode, 0, done.stderr)
+            until(lambda: re.search(f'xdg_activation_v1@.*activate."{token}"', log.read_text("utf-8")), "it is used")
 
     def test_escape_cancels_and_other_keys_do_not(self):
         self.canvas.show(0, AREA)
@@ -207,6 +267,22 @@ class WaylandDesktopTest(ApplicationTest):
         desktop.wait_for("idle")
         self.assertEqual(overlays(), [])
 
+    def test_says_in_the_panel_that_the_screen_went_away_while_a_region_was_selected(self):
+        self.canvas.show(0, AREA)
+        desktop = self.start()
+        desktop.begin()
+        until(overlays, "the overlay is on the screen")
+        self.assertEqual(self.casts(), 1)
+        os.kill(int(os.environ["PORTAL_BACKEND_PID"]), signal.SIGKILL)
+        until(lambda: self.casts() == 0, "the cast has ended")
+        self.drag_area()
+        desktop.wait_for("failed")
+        self.assertEqual(overlays(), [])
+        desktop.open_panel()
+        message = status()["message"]
+        self.assertEqual(message, "Couldn't start recording: The desktop no longer delivers the screen's pictures")
+        until(lambda: message in desktop.texts(), "the panel says it")
+
     def test_the_tray_icon_opens_the_panel(self):
         desktop = self.start()
         item = until(self.tray_item, "the icon is in the tray")
@@ -228,6 +304,15 @@ class WaylandDesktopTest(ApplicationTest):
         until(desktop.panel, "the panel is open")  # nobody asked for it
         self.assertEqual(len(places("Quillbox")), 1)
         self.keep_screenshot("panel-window")
+
+    def test_another_start_shows_the_panel_where_there_is_no_tray(self):
+        desktop = self.start()
+        until(desktop.panel, "the panel is open")
+        run("swaymsg", '[title="^Quillbox$"] kill')
+        until(lambda: not places("Quillbox") and not desktop.panel(), "the user has closed it")
+        self.assertEqual(quillbox().returncode, 0)
+        until(desktop.panel, "the panel is open again")
+        self.assertEqual(len(places("Quillbox")), 1)
 
 
 if __name__ == "__main__":

@@ -2,13 +2,15 @@
 """The hotkey of a Wayland desktop whose portal has global shortcuts. Run by CTest in a session without a portal, which
 this test brings: wayland_hotkey_test.py WaylandHotkeyTest.NAME"""
 
+import json
 import os
 import pathlib
 import subprocess
 import unittest
 
 import wayland_input
-from application import phase, program, quillbox, run, until
+from application import LIMIT_SECONDS, phase, program, quillbox, run, until
+from running import Running
 
 PORTAL = pathlib.Path(__file__).parents[1] / "desktop" / "shortcuts_portal.py"
 SERVICE = "org.quillbox.test.Shortcuts"
@@ -33,17 +35,49 @@ class WaylandHotkeyTest(unittest.TestCase):
     def questions(self):
         return run(*TELL, f"{SERVICE}.Questions").stdout.split()[-1]
 
+    def begins_a_flow(self):
+        """Whether a press of the keys does, yet: what was asked for may not have been answered."""
+        self.user.key("Logo+Shift+2")
+        return phase() != "idle"
+
     def test_a_press_of_the_keys_begins_a_flow(self):
         self.run_beside(program(), stderr=subprocess.DEVNULL)
         until(lambda: self.questions() == "1", "the desktop is asked")
         until(lambda: phase() == "idle", "the application waits")
 
-        def press():
-            self.user.key("Logo+Shift+2")
-            return phase() != "idle"
-
-        until(press, "a flow begins")
+        until(self.begins_a_flow, "a flow begins")
         self.assertEqual(self.questions(), "1")
+
+    def test_the_keys_that_were_bound_once_begin_a_flow_after_the_next_start(self):
+        for questions in ("1", "2"):
+            application = self.run_beside(program(), stderr=subprocess.DEVNULL)
+            until(lambda: self.questions() == questions, "the desktop is asked")
+            until(lambda: phase() == "idle", "the application waits")
+            until(self.begins_a_flow, "a flow begins")
+            self.assertEqual(quillbox("quit").returncode, 0)
+            self.assertEqual(application.wait(LIMIT_SECONDS), 0)
+
+    def test_the_settings_tell_which_keys_the_desktop_has_bound(self):
+        with Running(stderr=subprocess.DEVNULL) as application:
+            until(application.panel, "the panel, as there is no tray")
+            application.find("push button", "Settings").do_action(0)
+            for keys in ("Super+@", "Hyper+F9"):
+                run(*TELL, f"{SERVICE}.Change", f"string:Press {keys}")
+                said = f"The desktop has set the keys to: Press {keys}. Its settings can change them."
+                until(lambda: said in application.texts(), "the settings say it")
+
+    def test_the_doctor_tells_what_the_desktop_has_bound(self):
+        def hotkey():
+            services = json.loads(quillbox("doctor", "--json").stdout)["services"]
+            service = next(each for each in services if each["service"] == "Hotkey")
+            return service["health"], service["used"]
+
+        self.assertEqual(hotkey(), ("limited", "the desktop portal, once it has been asked for Super+Shift+2"))
+        run(*TELL, f"{SERVICE}.Answer", "string:nothing")
+        self.run_beside(program(), stderr=subprocess.DEVNULL)
+        until(lambda: hotkey() == ("limited", "The desktop has bound no key for Quillbox"), "it is told")
+        run(*TELL, f"{SERVICE}.Change", "string:Press F9")
+        until(lambda: hotkey() == ("works", "the desktop portal: Press F9"), "it is told")
 
     def test_the_doctor_tells_who_has_refused_and_how_to_be_asked_again(self):
         run(*TELL, f"{SERVICE}.Answer", "string:refuse")

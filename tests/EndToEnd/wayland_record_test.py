@@ -6,9 +6,13 @@ import json
 import os
 import pathlib
 import signal
+import subprocess
+import time
 import unittest
 
-from application import quillbox
+from PIL import Image
+
+from application import program, quillbox, run
 from canvas import Canvas
 from recording import ClipTest, Recording, pillow_frames
 
@@ -52,6 +56,24 @@ class WaylandRecordTest(ClipTest):
         self.assert_lasts(5, result)
         self.assert_shows(self.gif, [shown])
 
+    def test_lasts_as_long_as_the_recording_of_a_screen_that_moves_by_fits_and_starts(self):
+        canvas = self.canvas()
+        canvas.show(0, AREA)
+        record = subprocess.Popen([program(), "record", "--region", REGION, "--duration", "3", "--json", "-o", self.gif],
+                                  stdin=subprocess.DEVNULL, stdout=subprocess.PIPE)
+        self.addCleanup(record.wait)
+        self.addCleanup(record.kill)
+        self.addCleanup(record.stdout.close)
+        step = 0
+        while record.poll() is None:
+            step += 1
+            canvas.show(step, AREA)
+            if step % 4 == 0:
+                time.sleep(0.1)  # pictures come irregularly, and fewer than frames
+        self.assertEqual(record.returncode, 0)
+        self.assert_lasts(3, json.loads(record.stdout.read()))
+        self.assertGreater(len({picture.tobytes() for picture, _ in pillow_frames(self.gif)}), 5)
+
     def test_follows_a_screen_that_never_rests(self):
         canvas = self.canvas()
         shown = {canvas.show(0, AREA).tobytes(): 0}
@@ -82,6 +104,30 @@ class WaylandRecordTest(ClipTest):
         done = quillbox("record", "--region", f"{width - 170},{height - 130},400x400", "--duration", "1", "-o", self.gif)
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assert_shows(self.gif, [shown])
+
+    def test_goes_on_showing_the_same_points_when_the_output_gets_another_size(self):
+        canvas = self.canvas()
+        left, top, width, height = AREA
+        shown = []
+        with Recording("--region", REGION, "-o", self.gif) as recording:
+            for step, size in enumerate(((1280, 720), (1600, 900), (300, 250))):
+                self.resize_output(*size)
+                picture = Image.new("RGB", (width, height))  # what is no longer on the output is black
+                picture.paste(canvas.show(step, AREA).crop((0, 0, size[0] - left, size[1] - top)))
+                shown.append(picture)
+                recording.wait_for_more_frames(FRAMES_A_STEP)
+            recording.stop()
+            status, _, said = recording.result()
+        self.assertEqual(status, 0, said)
+        frames = [picture.tobytes() for picture, _ in pillow_frames(self.gif)]
+        self.assertEqual([picture.tobytes() in frames for picture in shown], [True] * len(shown))
+        places = [frames.index(picture.tobytes()) for picture in shown]
+        self.assertEqual(places, sorted(places))
+
+    @staticmethod
+    def resize_output(width, height):
+        done = run("swaymsg", "output", "HEADLESS-" + os.environ["CAST_OUTPUT"], "resolution", f"{width}x{height}")
+        assert done.returncode == 0, done.stderr
 
     def test_refuses_a_region_beside_the_output(self):
         width, height = self.canvas().size

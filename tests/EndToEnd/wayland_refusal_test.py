@@ -2,12 +2,13 @@
 """The real program on Wayland desktops that lack something. Run by CTest, one test a session:
 wayland_refusal_test.py CLASS.NAME"""
 
+import json
 import os
 import pathlib
 import subprocess
 import unittest
 
-from application import LIMIT_SECONDS, quillbox
+from application import LIMIT_SECONDS, quillbox, run, status, until
 from recording import ClipTest, Recording
 from running import Running
 
@@ -53,9 +54,26 @@ class MockPortal:
         self.process.stdout.close()
 
     def wait_for(self, word):
-        said = self.process.stdout.readline()
-        if said != word + "\n":
-            raise AssertionError(f"{said!r} instead of {word!r}")
+        while said := self.process.stdout.readline():
+            if said == word + "\n":
+                return
+        raise AssertionError(f"the portal ended before it was {word}")
+
+    @staticmethod
+    def selected():
+        """What it was asked for at each SelectSources, apart from the call's own token."""
+        answer = run("dbus-send", "--session", "--print-reply=literal", "--dest=org.freedesktop.portal.Desktop",
+                     "/org/freedesktop/portal/desktop", "org.quillbox.test.ScreenCast.Selected")
+        asked = json.loads(answer.stdout)
+        return [{name: value for name, value in options.items() if name != "handle_token"} for options in asked]
+
+
+# How a cast can end between the portal's last answer and the first picture.
+BROKEN_REMOTES = (("errs", "The desktop portal refused: this is not the day"),
+                  ("vanishes", "The desktop portal, which shows us the screen, went away"),
+                  ("breaks", "PipeWire, which carries the screen's pictures, went away"),
+                  ("hangs", "PipeWire, which carries the screen's pictures, went away"),
+                  ("closes", "The desktop has ended the recording of its screen"))
 
 
 class MockPortalTest(RefusalTest):
@@ -69,6 +87,32 @@ class MockPortalTest(RefusalTest):
                                     ("vanishes", "went away")):
                 with self.subTest(step=step, behaviour=behaviour), MockPortal(step, behaviour):
                     self.assertIn(said, self.refused())
+
+    def test_says_in_one_line_why_no_picture_comes(self):
+        for behaviour, said in BROKEN_REMOTES:
+            with self.subTest(behaviour=behaviour), MockPortal("OpenPipeWireRemote", behaviour) as portal:
+                self.assertIn(said, self.refused())
+                if behaviour not in ("vanishes", "closes"):
+                    portal.wait_for("closed")
+
+    def test_the_panel_says_why_no_picture_comes(self):
+        with Running() as application:
+            for behaviour, said in BROKEN_REMOTES:
+                with self.subTest(behaviour=behaviour), MockPortal("OpenPipeWireRemote", behaviour) as portal:
+                    application.begin()
+                    portal.wait_for("reached")
+                    application.wait_for("failed")
+                    self.assertIn(said, status()["message"])
+                    application.open_panel()
+                    until(lambda: any(said in text for text in application.texts()), "the panel says it")
+
+    def test_asks_for_a_permission_that_lasts_and_shows_the_latest_it_was_given(self):
+        lasting = {"types": 1, "multiple": 0, "cursor_mode": 2, "persist_mode": 2}
+        with MockPortal("OpenPipeWireRemote", "errs") as portal:
+            for _ in range(3):
+                self.refused()
+            self.assertEqual(portal.selected(), [lasting, {**lasting, "restore_token": "token-1"},
+                                                 {**lasting, "restore_token": "token-2"}])
 
     def test_withdraws_its_question_when_interrupted(self):
         with MockPortal("Start", "waits") as portal, Recording("--region", REGION, "-o", self.gif) as recording:

@@ -84,8 +84,9 @@ ApplicationService::Claim ApplicationService::claimName()
     if (!bus.isConnected())
         return Claim::NoBus;
     // The object first: whoever sees the name finds it.
-    bus.registerObject(
-        objectPath(), this, QDBusConnection::ExportScriptableInvokables | QDBusConnection::ExportAdaptors);
+    bus.registerObject(objectPath(), this,
+        QDBusConnection::ExportScriptableInvokables | QDBusConnection::ExportScriptableProperties
+            | QDBusConnection::ExportAdaptors);
     const auto reply = bus.interface()->registerService(busName(), QDBusConnectionInterface::DontQueueService);
     if (!reply.isValid())
         return Claim::NoBus;
@@ -108,8 +109,16 @@ void ApplicationService::quit() const
     QTimer::singleShot(0, this, m_actions.quit);
 }
 
-QVariantMap ApplicationService::Begin()
+void ApplicationService::passOnActivation(const QVariantMap& platformData)
 {
+    const auto token = platformData.value(QStringLiteral("activation-token")).toString();
+    if (!token.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8()); // where the toolkit looks for it
+}
+
+QVariantMap ApplicationService::Begin(const QVariantMap& platformData)
+{
+    passOnActivation(platformData);
     begin();
     return Status();
 }
@@ -135,8 +144,9 @@ void ApplicationService::answerWaiting()
         QDBusConnection::sessionBus().send(call.createReply(Status()));
 }
 
-void ApplicationService::Show() const
+void ApplicationService::Show(const QVariantMap& platformData) const
 {
+    passOnActivation(platformData);
     showPanel();
 }
 

@@ -21,6 +21,8 @@ class CurrentCoordinator;
 class ApplicationService : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.quillbox.quillbox")
+    /// What became of the hotkey, as HotkeyReport::told() has it.
+    Q_PROPERTY(QVariantMap Hotkey READ hotkey SCRIPTABLE true)
 
 public:
     /// What the application does for others, beside what the coordinator does.
@@ -29,6 +31,7 @@ public:
         std::function<void()> showSettings;
         std::function<void()> quit;
         std::function<std::int64_t()> frameCount; ///< of the recording that runs
+        std::function<QVariantMap()> hotkey;
     };
 
     /// Where the application is on the bus.
@@ -49,16 +52,21 @@ public:
 
     void showPanel() const { m_actions.showPanel(); }
     void showSettings() const { m_actions.showSettings(); }
+    [[nodiscard]] QVariantMap hotkey() const { return m_actions.hotkey(); }
     void begin();
     void quit() const;
+
+    /// Lets the window that comes next have the focus, as the one who clicked or pressed a key wished.
+    /// @param platformData  as org.freedesktop.Application has it
+    static void passOnActivation(const QVariantMap& platformData);
 
     // What other programs can call, by names as they are usual on the bus.
     // NOLINTBEGIN(readability-identifier-naming,modernize-use-nodiscard)
     /// Begins a flow. Answers with the phase afterwards, as Status does.
-    Q_SCRIPTABLE Q_INVOKABLE QVariantMap Begin();
+    Q_SCRIPTABLE Q_INVOKABLE QVariantMap Begin(const QVariantMap& platformData);
     /// Ends the recording; answers, as Status does, once the clip is there or has failed. An error unless recording.
     Q_SCRIPTABLE Q_INVOKABLE QVariantMap Stop();
-    Q_SCRIPTABLE Q_INVOKABLE void Show() const;
+    Q_SCRIPTABLE Q_INVOKABLE void Show(const QVariantMap& platformData) const;
     /// "phase": idle, selecting, recording, processing, done or failed; "frameCount" while it records; "path" and
     /// "byteCount" of what is done; "message" of what failed. "clipboard": empty, pending or accepted, as Pasteboard
     /// has it.

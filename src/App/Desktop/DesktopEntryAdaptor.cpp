@@ -3,17 +3,6 @@
 #include "App/Desktop/ApplicationService.h"
 
 namespace quillbox {
-namespace {
-
-/// Lets the window that comes next have the focus, as the one who clicked wished. Qt reads it from here.
-void passOnActivation(const QVariantMap& platformData)
-{
-    const auto token = platformData.value(QStringLiteral("activation-token")).toString();
-    if (!token.isEmpty())
-        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
-}
-
-} // namespace
 
 DesktopEntryAdaptor::DesktopEntryAdaptor(ApplicationService& service)
     : QDBusAbstractAdaptor(&service)
@@ -23,7 +12,7 @@ DesktopEntryAdaptor::DesktopEntryAdaptor(ApplicationService& service)
 
 void DesktopEntryAdaptor::Activate(const QVariantMap& platformData)
 {
-    passOnActivation(platformData);
+    ApplicationService::passOnActivation(platformData);
     m_service.showPanel();
 }
 
@@ -35,7 +24,7 @@ void DesktopEntryAdaptor::Open(const QStringList& /*uris*/, const QVariantMap& p
 void DesktopEntryAdaptor::ActivateAction(
     const QString& actionName, const QVariantList& /*parameter*/, const QVariantMap& platformData)
 {
-    passOnActivation(platformData);
+    ApplicationService::passOnActivation(platformData);
     if (actionName == QLatin1String("record-region"))
         m_service.begin();
     else if (actionName == QLatin1String("settings"))

@@ -1,11 +1,13 @@
 #include "App/Desktop/PanelGuard.h"
 
+#include "Capture/CastScreen.h"
 #include "Capture/StreamRecorder.h"
 
 #include <QEvent>
 #include <QGuiApplication>
 #include <QRect>
 #include <QScreen>
+#include <QWindow>
 
 #include <chrono>
 
@@ -23,6 +25,11 @@ QRect placeOf(const CaptureRegion& region)
     return QRect(static_cast<int>(region.x), static_cast<int>(region.y), static_cast<int>(region.width),
         static_cast<int>(region.height))
         .translated(origin);
+}
+
+bool isWayland()
+{
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
 } // namespace
@@ -48,6 +55,7 @@ bool PanelGuard::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Show: // comes before the window is on the screen, and perhaps before it is known where
         m_recorder.holdPicture();
         m_repainting.start();
+        followScreen();
         break;
     case QEvent::Move:
     case QEvent::Resize:
@@ -65,9 +73,27 @@ bool PanelGuard::isInTheWay() const
     const auto region = m_recorder.region();
     if (!region || !m_panel.isVisible())
         return false;
-    // A window on Wayland does not know where it is.
-    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"))
-        || placeOf(*region).intersects(m_panel.frameGeometry());
+    return isWayland() ? isOnRecordedScreen() : placeOf(*region).intersects(m_panel.frameGeometry());
+}
+
+/// Whether it is, or may be: a window on Wayland knows no more of its place than the screen.
+bool PanelGuard::isOnRecordedScreen() const
+{
+    const auto* const recorded = CastScreen::recorded();
+    const auto* const window = m_panel.windowHandle();
+    return recorded == nullptr || window == nullptr || window->screen() == recorded;
+}
+
+/// Until the compositor tells on which screen the window is, the toolkit has a guess. The one that is recorded is the
+/// guess that does no harm.
+void PanelGuard::followScreen()
+{
+    auto* const window = m_panel.windowHandle();
+    if (!isWayland() || window == nullptr)
+        return;
+    connect(window, &QWindow::screenChanged, this, &PanelGuard::check, Qt::UniqueConnection);
+    if (m_recorder.isRecording() && CastScreen::recorded() != nullptr)
+        window->setScreen(CastScreen::recorded());
 }
 
 void PanelGuard::check()

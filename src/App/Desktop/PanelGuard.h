@@ -10,7 +10,8 @@ namespace quillbox {
 class StreamRecorder;
 
 /// Keeps our own panel out of clips: while it covers a part of what is being recorded, the clip goes on showing what
-/// was there before; where windows are not told their place, as long as it is open. Thread: main.
+/// was there before; where windows are not told their place, as long as it is open on the monitor that is recorded, or
+/// that may be. Thread: main.
 class PanelGuard : public QObject {
     Q_OBJECT
 
@@ -22,6 +23,8 @@ protected:
 
 private:
     [[nodiscard]] bool isInTheWay() const;
+    [[nodiscard]] bool isOnRecordedScreen() const;
+    void followScreen();
     void check();
 
     StreamRecorder& m_recorder;

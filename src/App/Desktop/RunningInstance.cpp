@@ -43,6 +43,7 @@ QVariantMap mapOf(const QVariantList& arguments)
     return qdbus_cast<QVariantMap>(arguments.value(0));
 }
 
+/// What lets the window that comes next have the focus, where a desktop has given it to this process.
 QVariantMap platformData()
 {
     const auto token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
@@ -62,7 +63,7 @@ bool RunningInstance::exists()
 
 QVariantMap RunningInstance::begin()
 {
-    return mapOf(ask(control, QStringLiteral("Begin")));
+    return mapOf(ask(control, QStringLiteral("Begin"), {platformData()}));
 }
 
 QVariantMap RunningInstance::stop()
@@ -77,7 +78,7 @@ QVariantMap RunningInstance::status()
 
 void RunningInstance::show()
 {
-    (void)ask(control, QStringLiteral("Show")); // the answer says only that it was done
+    (void)ask(control, QStringLiteral("Show"), {platformData()}); // the answer says only that it was done
 }
 
 void RunningInstance::quit()

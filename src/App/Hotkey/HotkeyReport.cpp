@@ -1,8 +1,8 @@
 #include "App/Hotkey/HotkeyReport.h"
 
+#include "App/Desktop/ApplicationService.h"
 #include "App/Hotkey/HotkeyMath.h"
 #include "App/Hotkey/HotkeyRefusal.h"
-#include "App/Hotkey/HotkeyService.h"
 #include "App/Hotkey/ShortcutsPortal.h"
 #include "App/Hotkey/X11Hotkey.h"
 #include "Capture/AnswerWithin.h"
@@ -11,6 +11,12 @@
 #include "Translation/Translate.h"
 
 #include <QCoro/QCoroFuture>
+#include <QDBusArgument>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
 
 namespace quillbox {
 
@@ -18,6 +24,34 @@ namespace {
 
 using Health = ServiceReport::Health;
 using Lack = ShortcutsPortal::Offer::Lack;
+
+constexpr std::array statusNames{
+    std::pair{HotkeyStatus::NotRegistered, "none"},
+    std::pair{HotkeyStatus::Asking, "asking"},
+    std::pair{HotkeyStatus::Active, "active"},
+    std::pair{HotkeyStatus::Taken, "taken"},
+    std::pair{HotkeyStatus::Refused, "refused"},
+    std::pair{HotkeyStatus::Unassigned, "unassigned"},
+    std::pair{HotkeyStatus::Unavailable, "unavailable"},
+};
+
+/// What the running application tells of its hotkey; none where none runs.
+QCoro::Task<std::optional<HotkeyState>> toldState()
+{
+    auto asking = BusQueries::property(QDBusConnection::sessionBus(), ApplicationService::busName(),
+        ApplicationService::objectPath(), QStringLiteral("org.quillbox.quillbox"), QStringLiteral("Hotkey"));
+    const QVariant answer = co_await asking;
+    const auto map = qdbus_cast<QVariantMap>(answer);
+    const auto name = map.value(QStringLiteral("status")).toString().toStdString();
+    HotkeyState state;
+    const auto* const known = std::ranges::find(
+        statusNames, std::string_view(name), [](const auto& each) { return std::string_view(each.second); });
+    if (known == statusNames.end())
+        co_return std::nullopt;
+    state.status = known->first;
+    state.trigger = map.value(QStringLiteral("keys")).toString();
+    co_return state;
+}
 
 std::string bindToggle()
 {
@@ -66,6 +100,25 @@ QCoro::Task<ServiceReport> x11Report()
     co_return report;
 }
 
+/// What the portal's shortcuts come to: only who has asked for them knows.
+void reportBinding(ServiceReport& report, const std::optional<HotkeyState>& state)
+{
+    const auto status = state ? state->status : HotkeyStatus::NotRegistered;
+    if (status == HotkeyStatus::Active) {
+        report.health = Health::Works;
+        report.used = state->trigger.isEmpty()
+            ? translate("Doctor", "the desktop portal; the desktop's settings tell the keys")
+            : withArguments(translate("Doctor", "the desktop portal: %1"), {state->trigger.toStdString()});
+    } else if (status == HotkeyStatus::NotRegistered || status == HotkeyStatus::Asking) {
+        report.used = translate("Doctor", "the desktop portal, once it has been asked for Super+Shift+2");
+        report.advice.emplace_back(
+            translate("Doctor", "start Quillbox and look again: only then the desktop tells what it has bound"));
+    } else {
+        report.used = translate("Doctor", "The desktop has bound no key for Quillbox");
+        report.advice.push_back(bindToggle());
+    }
+}
+
 QCoro::Task<ServiceReport> portalReport()
 {
     ServiceReport report = begun();
@@ -101,12 +154,23 @@ QCoro::Task<ServiceReport> portalReport()
             {HotkeyRefusal::path().toStdString()}));
         co_return report;
     }
-    report.health = Health::Works;
-    report.used = translate("Doctor", "the desktop portal, which proposes Super+Shift+2");
+    auto asking = toldState();
+    const auto state = co_await asking;
+    reportBinding(report, state);
     co_return report;
 }
 
 } // namespace
+
+QVariantMap HotkeyReport::told(const HotkeyState& state)
+{
+    const auto* const known = std::ranges::find(statusNames, state.status, [](const auto& each) { return each.first; });
+    QVariantMap map;
+    map.insert(QStringLiteral("status"), QString::fromLatin1(known->second));
+    if (!state.trigger.isEmpty())
+        map.insert(QStringLiteral("keys"), state.trigger);
+    return map;
+}
 
 QCoro::Task<ServiceReport> HotkeyReport::make()
 {

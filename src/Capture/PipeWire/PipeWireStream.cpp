@@ -2,8 +2,8 @@
 
 #include "Capture/CHandle.h"
 #include "Capture/PipeWire/BufferReading.h"
+#include "Capture/PipeWire/CoreListening.h"
 #include "Capture/PipeWire/StreamOffer.h"
-#include "Capture/PipeWire/StreamPicture.h"
 #include "Translation/Translate.h"
 
 #include <QPromise>
@@ -52,11 +52,6 @@ void removeTimer(pw_thread_loop* loop, spa_source* timer)
     pw_loop_destroy_source(pw_thread_loop_get_loop(loop), timer);
 }
 
-void listenTo(pw_core* core, spa_hook& hook, const pw_core_events& events, void* data)
-{
-    pw_core_add_listener(core, &hook, &events, data);
-}
-
 #pragma GCC diagnostic pop
 
 CaptureError cannotConnect()
@@ -68,6 +63,11 @@ CaptureError cannotConnect()
 CaptureError pipeWireGone()
 {
     return {Reason::DisplayGone, translate("CaptureError", "PipeWire, which carries the screen's pictures, went away")};
+}
+
+CaptureError sourceGone()
+{
+    return {Reason::DisplayGone, translate("CaptureError", "The desktop no longer delivers the screen's pictures")};
 }
 
 } // namespace
@@ -86,11 +86,13 @@ public:
 private:
     void connect(FileDescriptor remote);
     void listen();
+    void listenForSource();
     void armTimer(std::int64_t nanoseconds);
     void reportStart(StartOutcome outcome);
     void fail(const CaptureError& reason);
     template <typename Step> void guarded(const Step& step) noexcept;
 
+    void noteDone(int asked) const;
     void noteState(pw_stream_state state, const char* error);
     void noteFormat(const spa_pod& param);
     void takeBuffers();
@@ -101,13 +103,16 @@ private:
     static Connection& self(void* data) { return *static_cast<Connection*>(data); }
 
     Source m_source; // without the remote
+    std::uint32_t m_node;
+    std::function<void()> m_stopSource;
     CaptureRegion m_region;
     FrameSink m_sink;
     std::optional<StreamPicture> m_picture; // none before the first buffer
     QPromise<StartOutcome> m_started;
     CaptureClock::time_point m_deadline = CaptureClock::now() + startPatience;
-    bool m_isStarted = false; // reported, either way
-    bool m_hasEnded = false;  // nothing is delivered any more
+    bool m_isStarted = false;     // reported, either way
+    bool m_hasEnded = false;      // nothing is delivered any more
+    bool m_awaitsPicture = false; // of another format than those before
     std::optional<StreamFormat> m_format;
     std::uint64_t m_sequence = 0; // of the latest picture
     bool m_hasNews = false;       // the picture has changed since it was delivered
@@ -120,12 +125,18 @@ private:
     pw_core* m_core = nullptr; // the context's
     spa_source* m_timer = nullptr;
     CHandle<pw_stream, pw_stream_destroy> m_stream;
+    pw_registry* m_registry = nullptr; // the core's
+    int m_listing = 0;                 // what the core says when it has told of all there is
+    bool m_hasSource = false;          // it has told of the source
     spa_hook m_coreListener{};
+    spa_hook m_registryListener{};
     spa_hook m_streamListener{};
 };
 
 PipeWireStream::Connection::Connection(Source source, CaptureRegion region, FrameSink sink)
     : m_source(std::move(source))
+    , m_node(m_source.node)
+    , m_stopSource(std::move(m_source.stop))
     , m_region(region)
     , m_sink(std::move(sink))
 {
@@ -143,6 +154,7 @@ PipeWireStream::Connection::Connection(Source source, CaptureRegion region, Fram
 
 PipeWireStream::Connection::~Connection()
 {
+    m_stopSource(); // else the lock might have to wait for the source
     if (m_stream) { // first: without the loop, PipeWire would have its data thread call us
         pw_thread_loop_lock(m_loop.get());
         m_hasEnded = true;
@@ -156,6 +168,8 @@ PipeWireStream::Connection::~Connection()
     m_stream.reset();
     if (m_timer != nullptr)
         removeTimer(m_loop.get(), m_timer);
+    if (m_registry != nullptr)
+        spa_hook_remove(&m_registryListener);
     if (m_core != nullptr) {
         spa_hook_remove(&m_coreListener);
         (void)pw_core_disconnect(m_core); // it may be broken already
@@ -186,12 +200,13 @@ void PipeWireStream::Connection::connect(FileDescriptor remote)
     if (!m_stream)
         throw cannotConnect();
     listen();
+    listenForSource();
 
     StreamOffer::Memory memory{};
     const spa_pod* parameter = StreamOffer::formats(memory);
     const auto flags = static_cast<pw_stream_flags>(
         PW_STREAM_FLAG_AUTOCONNECT | PW_STREAM_FLAG_MAP_BUFFERS | PW_STREAM_FLAG_DONT_RECONNECT);
-    if (pw_stream_connect(m_stream.get(), PW_DIRECTION_INPUT, m_source.node, flags, &parameter, 1) < 0)
+    if (pw_stream_connect(m_stream.get(), PW_DIRECTION_INPUT, m_node, flags, &parameter, 1) < 0)
         throw cannotConnect();
     m_timer = addTimer(
         m_loop.get(), [](void* data, std::uint64_t) { self(data).guarded([data] { self(data).noteTimer(); }); }, this);
@@ -207,6 +222,10 @@ void PipeWireStream::Connection::listen()
     static const pw_core_events coreEvents = [] {
         pw_core_events events{};
         events.version = PW_VERSION_CORE_EVENTS;
+        events.done = [](void* data, std::uint32_t id, int asked) {
+            if (id == PW_ID_CORE)
+                self(data).guarded([=] { self(data).noteDone(asked); });
+        };
         events.error = [](void* data, std::uint32_t id, int, int result, const char*) {
             if (id == PW_ID_CORE && result == -EPIPE)
                 self(data).guarded([data] { self(data).fail(pipeWireGone()); });
@@ -228,8 +247,30 @@ void PipeWireStream::Connection::listen()
         };
         return events;
     }();
-    listenTo(m_core, m_coreListener, coreEvents, this);
+    CoreListening::listenTo(m_core, m_coreListener, coreEvents, this);
     pw_stream_add_listener(m_stream.get(), &m_streamListener, &streamEvents, this);
+}
+
+/// PipeWire goes on waiting for a source that has gone before it was connected to the stream.
+void PipeWireStream::Connection::listenForSource()
+{
+    static const pw_registry_events events = [] {
+        pw_registry_events listeners{};
+        listeners.version = PW_VERSION_REGISTRY_EVENTS;
+        listeners.global
+            = [](void* data, std::uint32_t id, std::uint32_t, const char*, std::uint32_t, const spa_dict*) {
+                  self(data).m_hasSource = self(data).m_hasSource || id == self(data).m_node;
+              };
+        listeners.global_remove = [](void* data, std::uint32_t id) {
+            if (id == self(data).m_node)
+                self(data).guarded([data] { self(data).fail(sourceGone()); });
+        };
+        return listeners;
+    }();
+    m_registry = CoreListening::listenToRegistry(m_core, m_registryListener, events, this);
+    if (m_registry == nullptr)
+        throw cannotConnect();
+    m_listing = CoreListening::askWhenDone(m_core);
 }
 
 /// Nothing is thrown into a C function.
@@ -273,6 +314,12 @@ void PipeWireStream::Connection::end(const CaptureError& reason)
     pw_thread_loop_unlock(m_loop.get());
 }
 
+void PipeWireStream::Connection::noteDone(int asked) const
+{
+    if (asked == m_listing && !m_hasSource)
+        throw sourceGone();
+}
+
 void PipeWireStream::Connection::noteState(pw_stream_state state, const char* error)
 {
     if (state == PW_STREAM_STATE_ERROR)
@@ -280,8 +327,7 @@ void PipeWireStream::Connection::noteState(pw_stream_state state, const char* er
             withArguments(translate("CaptureError", "PipeWire does not deliver the screen's pictures: %1"),
                 {error != nullptr ? error : translate("CaptureError", "unknown error")}));
     if (state == PW_STREAM_STATE_UNCONNECTED && m_format)
-        throw CaptureError(
-            Reason::DisplayGone, translate("CaptureError", "The desktop no longer delivers the screen's pictures"));
+        throw sourceGone();
 }
 
 void PipeWireStream::Connection::noteFormat(const spa_pod& param)
@@ -300,6 +346,11 @@ void PipeWireStream::Connection::noteFormat(const spa_pod& param)
     m_sequence = 0;
     if (!m_picture)
         m_source.connect();
+    if (m_isStarted) { // nor does a still screen of a new size show itself everywhere
+        m_awaitsPicture = true;
+        m_deadline = CaptureClock::now() + startPatience;
+        armTimer(repaintNanoseconds);
+    }
     StreamOffer::Memory buffersMemory{};
     StreamOffer::Memory metadataMemory{};
     std::vector<const spa_pod*> parameters = StreamOffer::metadata(metadataMemory);
@@ -339,10 +390,9 @@ void PipeWireStream::Connection::takePicture(const spa_buffer& buffer)
     m_sequence = read->sequence;
     if (!follows)
         read->damage.reset();
-    if (!m_picture) {
-        const UprightWalk walk = walkUpright(read->picture);
-        m_picture.emplace(m_region, m_source.points({walk.width, walk.height}));
-    }
+    if (!m_picture)
+        m_picture.emplace(m_region, m_source.points);
+    m_awaitsPicture = false;
     if (m_picture->update(read->picture, read->damage))
         m_hasNews = true;
 }
@@ -367,7 +417,6 @@ void PipeWireStream::Connection::deliverInTime()
     m_sink.frame(m_picture->frame(), shownAt);
     if (!m_isStarted) {
         armTimer(0);
-        m_source = Source(); // there is nothing left to be asked
         reportStart(std::nullopt);
     }
 }
@@ -381,8 +430,12 @@ void PipeWireStream::Connection::armTimer(std::int64_t nanoseconds)
 void PipeWireStream::Connection::noteTimer()
 {
     if (m_isStarted) {
-        if (m_hasNews)
+        if (m_hasNews) {
             deliverInTime();
+        } else if (m_awaitsPicture && CaptureClock::now() < m_deadline) {
+            m_source.repaint();
+            armTimer(repaintNanoseconds);
+        }
         return;
     }
     if (CaptureClock::now() >= m_deadline)

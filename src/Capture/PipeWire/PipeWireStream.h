@@ -2,14 +2,13 @@
 
 #include "Capture/CaptureStream.h"
 #include "Capture/FileDescriptor.h"
-#include "Encoding/FrameResampler.h"
+#include "Capture/PipeWire/StreamPicture.h"
 
 #include <QFuture>
 
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <optional>
 
 namespace quillbox {
 
@@ -20,13 +19,16 @@ public:
     struct Source {
         FileDescriptor remote; ///< a connection to PipeWire, not used yet
         std::uint32_t node = 0;
-        /// Prepares for the two below. Called on the stream's thread when a format is agreed on, before any picture.
+        /// Prepares for the two below. Called on the stream's thread when the first format is agreed on.
         std::function<void()> connect;
-        /// The size in points of what it shows, given that of the first picture, upright, in pixels; none: a point is a
-        /// pixel. Asked once, on the stream's thread.
-        std::function<std::optional<FrameResampler::Size>(FrameResampler::Size picture)> points;
-        /// Has something in it change. Called on the stream's thread as long as no picture comes.
+        /// The size in points of what it shows; asked on the stream's thread, at the first picture and when the
+        /// pictures' size has changed.
+        StreamPicture::PointsOf points;
+        /// Has something in it change. Called on the stream's thread as long as no first picture comes, or none of
+        /// another format.
         std::function<void()> repaint;
+        /// Has those three wait for nothing any more. Called once at most, on the thread that destroys the stream.
+        std::function<void()> stop;
     };
     using StartOutcome = std::optional<CaptureError>; // none: it runs
 

@@ -3,14 +3,17 @@
 #include "Capture/CaptureError.h"
 #include "Translation/Translate.h"
 
+#include <algorithm>
 #include <cstring>
+#include <limits>
 #include <string>
+#include <utility>
 
 namespace quillbox {
 
-StreamPicture::StreamPicture(CaptureRegion region, std::optional<FrameResampler::Size> points)
+StreamPicture::StreamPicture(CaptureRegion region, PointsOf pointsOf)
     : m_region(region)
-    , m_points(points)
+    , m_pointsOf(std::move(pointsOf))
 {
 }
 
@@ -22,35 +25,56 @@ bool StreamPicture::update(const StreamBuffer& buffer, const std::optional<std::
     const bool isSameView = buffer.crop == m_crop && buffer.transform == m_transform;
     m_crop = buffer.crop;
     m_transform = buffer.transform;
-    if (!m_plan || whole != m_whole) {
-        plan(walk);
+    const bool isOfNewSize = whole != m_whole;
+    if (isOfNewSize) {
+        plan({walk.width, walk.height});
         m_whole = whole;
-        (void)merge(buffer, walk, m_plan->source);
+    }
+    const PixelRect visible = m_plan.source.intersected(whole);
+    if (isOfNewSize) {
+        (void)merge(buffer, walk, visible);
         return true;
     }
     if (!damage || !isSameView || buffer.transform != BufferTransform::None)
-        return merge(buffer, walk, m_plan->source);
+        return merge(buffer, walk, visible);
     bool changed = false;
     for (const PixelRect& part : *damage)
-        changed = merge(buffer, walk, part.relativeTo(buffer.crop).intersected(m_plan->source)) || changed;
+        changed = merge(buffer, walk, part.relativeTo(buffer.crop).intersected(visible)) || changed;
     return changed;
 }
 
-/// Finds out what is read of pictures of this size. The points, and with them the frames' size, are fixed by the first.
-void StreamPicture::plan(const UprightWalk& walk)
+/// Finds out what the frames show, and how large they are.
+void StreamPicture::planFirst(FrameResampler::Size picture, FrameResampler::Size points)
 {
-    if (!m_points)
-        m_points = FrameResampler::Size{walk.width, walk.height};
-    const auto planned = planGrab(m_region, {0, 0, walk.width, walk.height}, *m_points);
+    const PixelRect whole{0, 0, static_cast<std::int32_t>(picture.width), static_cast<std::int32_t>(picture.height)};
+    const auto planned = planGrab(m_region, whole, points);
     if (!planned)
         throw CaptureError(CaptureError::Reason::OutsideDisplay,
             withArguments(translate("CaptureError", "The region lies outside the display, which is %1×%2"),
-                {std::to_string(m_points->width), std::to_string(m_points->height)}));
-    m_plan = planned;
-    m_isScaled = m_plan->output != FrameResampler::Size{m_plan->source.width, m_plan->source.height};
-    m_changed.emplace(m_plan->source.height); // all of it
-    m_pixels.assign(static_cast<std::size_t>(m_plan->source.area() * RGBAFrame::bytesPerPixel), 0);
-    m_row.resize(static_cast<std::size_t>(m_plan->source.width * RGBAFrame::bytesPerPixel));
+                {std::to_string(points.width), std::to_string(points.height)}));
+    m_plan = *planned;
+    m_region = {std::max<std::int64_t>(m_region.x, 0), std::max<std::int64_t>(m_region.y, 0), m_plan.output.width,
+        m_plan.output.height};
+    m_scale = scaleOf(picture, points);
+}
+
+/// Finds out what is read of pictures of this size.
+void StreamPicture::plan(FrameResampler::Size picture)
+{
+    const auto points = m_pointsOf(picture);
+    if (!m_scale) {
+        planFirst(picture, points.value_or(picture));
+    } else {
+        if (points)
+            m_scale = scaleOf(picture, *points);
+        m_plan.source = devicePixelsOf(m_region, *m_scale);
+    }
+    m_isScaled = m_plan.output != FrameResampler::Size{m_plan.source.width, m_plan.source.height};
+    m_changed.emplace(m_plan.source.height); // all of it
+    m_pixels.assign(static_cast<std::size_t>(m_plan.source.area() * RGBAFrame::bytesPerPixel), 0);
+    for (std::size_t alpha = RGBAFrame::bytesPerPixel - 1; alpha < m_pixels.size(); alpha += RGBAFrame::bytesPerPixel)
+        m_pixels[alpha] = std::numeric_limits<std::uint8_t>::max();
+    m_row.resize(static_cast<std::size_t>(m_plan.source.width * RGBAFrame::bytesPerPixel));
 }
 
 /// Takes over the rows of `box`, in pixels of the upright picture, that differ. @return whether any did.
@@ -58,8 +82,8 @@ bool StreamPicture::merge(const StreamBuffer& buffer, const UprightWalk& walk, P
 {
     if (box.isEmpty())
         return false;
-    const PixelRect place = box.relativeTo(m_plan->source);
-    const std::int64_t ownStride = m_plan->source.width * RGBAFrame::bytesPerPixel;
+    const PixelRect place = box.relativeTo(m_plan.source);
+    const std::int64_t ownStride = m_plan.source.width * RGBAFrame::bytesPerPixel;
     const auto rowBytes = static_cast<std::size_t>(box.width * RGBAFrame::bytesPerPixel);
     bool changed = false;
     for (std::int32_t y = 0; y < box.height; ++y) {
@@ -78,14 +102,14 @@ bool StreamPicture::merge(const StreamBuffer& buffer, const UprightWalk& walk, P
 
 RGBAFrame StreamPicture::frame()
 {
-    precondition(m_plan.has_value(), "there is a picture");
-    const std::int64_t width = m_plan->source.width;
+    precondition(m_scale.has_value(), "there is a picture");
+    const std::int64_t width = m_plan.source.width;
     if (m_isScaled) {
         m_changed->clear();
-        const RGBAFrame source(width, m_plan->source.height, m_pixels);
-        return m_bands.compared(scaledTo(source, m_plan->output));
+        const RGBAFrame source(width, m_plan.source.height, m_pixels);
+        return m_bands.compared(scaledTo(source, m_plan.output));
     }
-    return m_bands.remade(m_plan->output, *m_changed, [&](std::int64_t firstRow, std::int64_t rows) {
+    return m_bands.remade(m_plan.output, *m_changed, [&](std::int64_t firstRow, std::int64_t rows) {
         const std::int64_t rowBytes = width * RGBAFrame::bytesPerPixel;
         const auto first = m_pixels.begin() + firstRow * rowBytes;
         return std::make_shared<const PixelBand>(Bytes(first, first + rows * rowBytes));

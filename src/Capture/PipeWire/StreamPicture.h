@@ -6,6 +6,7 @@
 #include "Capture/GrabPlan.h"
 #include "Capture/PipeWire/StreamBuffer.h"
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -13,13 +14,18 @@ namespace quillbox {
 
 /// Our own copy of a region of a stream, brought up to date buffer by buffer: only the region's pixels are read, and
 /// frames share with those before what has not changed. All frames have one size, one pixel a point: when the pictures
-/// change theirs, the output has still as many points, and the region is the same part of it. Not for use from two
-/// threads at once.
+/// change theirs, the region is still the same points of the output, and those that it has no longer are black. Not for
+/// use from two threads at once.
 class StreamPicture {
 public:
-    /// @param region  Points of the output that is cast.
-    /// @param points  The output's size in points; none: a point is a pixel of the first picture.
-    StreamPicture(CaptureRegion region, std::optional<FrameResampler::Size> points);
+    /// The size in points of what a picture of this size in pixels, upright, shows; none: it is not known.
+    using PointsOf = std::function<std::optional<FrameResampler::Size>(FrameResampler::Size picture)>;
+
+    /// @param region    Points of the output that is cast.
+    /// @param pointsOf  Asked by update() at the first picture and when the pictures' size has changed. Where it does
+    /// not
+    ///                  know, a point of the first picture is a pixel, and of another as many as it was before.
+    StreamPicture(CaptureRegion region, PointsOf pointsOf);
 
     /// Takes over what differs from the copy.
     /// @param damage  What alone may have changed in the memory since the buffer before, in pixels of the buffer; none:
@@ -33,12 +39,14 @@ public:
     [[nodiscard]] RGBAFrame frame();
 
 private:
-    void plan(const UprightWalk& walk);
+    void planFirst(FrameResampler::Size picture, FrameResampler::Size points);
+    void plan(FrameResampler::Size picture);
     bool merge(const StreamBuffer& buffer, const UprightWalk& walk, PixelRect box);
 
-    CaptureRegion m_region;
-    std::optional<FrameResampler::Size> m_points;        // known from the first picture on
-    std::optional<GrabPlan> m_plan;                      // none before the first picture
+    CaptureRegion m_region; // from the first picture on what of it is shown
+    PointsOf m_pointsOf;
+    std::optional<PointScale> m_scale;                   // none before the first picture
+    GrabPlan m_plan;                                     // the source may lie outside the picture
     PixelRect m_whole;                                   // of the upright picture
     PixelRect m_crop;                                    // of the latest buffer
     BufferTransform m_transform = BufferTransform::None; // likewise

@@ -10,6 +10,7 @@
 
 #include <list>
 #include <optional>
+#include <utility>
 
 namespace quillbox {
 
@@ -25,7 +26,7 @@ struct Output {
 
 class Compositor::Connection {
 public:
-    Connection();
+    explicit Connection(std::shared_ptr<const StopSignal> stop);
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
     ~Connection() = default;
@@ -46,7 +47,8 @@ private:
     std::list<Output> m_outputs; // their addresses are listeners' data
 };
 
-Compositor::Connection::Connection()
+Compositor::Connection::Connection(std::shared_ptr<const StopSignal> stop)
+    : m_display(std::move(stop))
 {
     if (!m_display.isConnected())
         return;
@@ -135,8 +137,8 @@ void Compositor::Connection::repaint(const Output& output)
     (void)m_display.roundTrip(); // it goes again in any case
 }
 
-Compositor::Compositor()
-    : m_connection(std::make_unique<Connection>())
+Compositor::Compositor(std::shared_ptr<const StopSignal> stop)
+    : m_connection(std::make_unique<Connection>(std::move(stop)))
 {
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Capture/StopSignal.h"
 #include "Capture/Wayland/CastOutput.h"
 
 #include <memory>
@@ -8,11 +9,11 @@
 namespace quillbox {
 
 /// Our own connection to the Wayland compositor, for what the portal leaves out. Used by one thread; no answer is
-/// waited for longer than two seconds.
+/// waited for longer than two seconds, or any more once the signal is raised.
 class Compositor {
 public:
     /// Connects to the compositor that WAYLAND_DISPLAY names. Where none answers, the functions know nothing.
-    Compositor();
+    explicit Compositor(std::shared_ptr<const StopSignal> stop);
     ~Compositor();
     Compositor(const Compositor&) = delete;
     Compositor& operator=(const Compositor&) = delete;

@@ -2,8 +2,10 @@
 
 #include <poll.h>
 
+#include <array>
 #include <cerrno>
 #include <chrono>
+#include <utility>
 
 namespace quillbox {
 
@@ -15,8 +17,9 @@ constexpr std::chrono::seconds answerPatience{2};
 
 } // namespace
 
-WaylandDisplay::WaylandDisplay()
-    : m_display(wl_display_connect(nullptr))
+WaylandDisplay::WaylandDisplay(std::shared_ptr<const StopSignal> stop)
+    : m_stop(std::move(stop))
+    , m_display(wl_display_connect(nullptr))
 {
     if (!m_display)
         return;
@@ -48,9 +51,7 @@ bool WaylandDisplay::dispatchUntil(const bool& isDone)
             return true;
         }
         const bool isFlushed = wl_display_flush(display) >= 0 || errno == EAGAIN;
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
-        pollfd wanted{wl_display_get_fd(display), POLLIN, 0};
-        if (!isFlushed || left <= 0 || ::poll(&wanted, 1, static_cast<int>(left)) <= 0) {
+        if (!isFlushed || !waitForEvents(deadline)) {
             wl_display_cancel_read(display);
             return false;
         }
@@ -58,6 +59,15 @@ bool WaylandDisplay::dispatchUntil(const bool& isDone)
             return false;
     }
     return true;
+}
+
+/// @return false if the time ran out, or it was stopped
+bool WaylandDisplay::waitForEvents(Clock::time_point deadline) const
+{
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
+    std::array<pollfd, 2> wanted{
+        {{wl_display_get_fd(m_display.get()), POLLIN, 0}, {m_stop ? m_stop->descriptor() : -1, POLLIN, 0}}};
+    return left > 0 && ::poll(wanted.data(), wanted.size(), static_cast<int>(left)) > 0 && wanted.back().revents == 0;
 }
 
 bool WaylandDisplay::roundTrip()

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "Capture/CHandle.h"
+#include "Capture/StopSignal.h"
 
 #include <wayland-client.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -24,7 +26,8 @@ public:
     };
 
     /// Connects to the compositor that WAYLAND_DISPLAY names.
-    WaylandDisplay();
+    /// @param stop  Once raised, no answer is waited for any more; may be null.
+    explicit WaylandDisplay(std::shared_ptr<const StopSignal> stop = nullptr);
 
     /// Whether one has answered. Where none has, nothing but this may be called.
     [[nodiscard]] bool isConnected() const { return m_isConnected; }
@@ -45,7 +48,7 @@ public:
         return global == m_globals.end() ? nullptr : bind<T>(*global, interface, newest);
     }
 
-    /// Takes events until `isDone`. @return false if the time ran out or the connection broke
+    /// Takes events until `isDone`. @return false if the time ran out, the connection broke, or it was stopped
     [[nodiscard]] bool dispatchUntil(const bool& isDone);
     /// Until the compositor has done what was asked of it and we have heard of it. @return as above
     [[nodiscard]] bool roundTrip();
@@ -55,6 +58,9 @@ private:
         void operator()(wl_registry* registry) const { wl_registry_destroy(registry); }
     };
 
+    [[nodiscard]] bool waitForEvents(std::chrono::steady_clock::time_point deadline) const;
+
+    std::shared_ptr<const StopSignal> m_stop;
     // Destroyed from the last to the first.
     CHandle<wl_display, wl_display_disconnect> m_display;
     std::unique_ptr<wl_registry, RegistryDestroyer> m_registry;
