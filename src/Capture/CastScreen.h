@@ -3,6 +3,7 @@
 #include "Capture/SelectedCast.h"
 
 #include <QPixmap>
+#include <QRect>
 
 #include <vector>
 
@@ -16,6 +17,10 @@ namespace CastScreen {
 /// The screens that may be the one that is cast: more than one where several are equal in all that the portal and
 /// the picture tell; none where there is no screen at all.
 [[nodiscard]] std::vector<QScreen*> candidates(const SelectedCast::FirstPicture& first);
+
+/// Where a window that covers all of `screen` is, points, given the size of the screen's picture, pixels: the toolkit
+/// may know the size in pixels only.
+[[nodiscard]] QRect frame(const QScreen& screen, FrameResampler::Size picture);
 
 /// A picture of all of `screen`, whatever its number of pixels.
 [[nodiscard]] QPixmap pixmap(const RGBAFrame& picture, const QScreen& screen);
