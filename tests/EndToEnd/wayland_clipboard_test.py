@@ -16,6 +16,7 @@ import wayland_input
 from application import LIMIT_SECONDS, program, quillbox, run, status, until
 from desktop import Desktop
 from running import ApplicationTest
+from wayland_application import offered, paste
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi  # noqa: E402
@@ -23,16 +24,6 @@ from gi.repository import Atspi  # noqa: E402
 CLIP_BYTES = 300_000
 LONG_CLIP_BYTES = 20_000_000  # many times what a pipe holds
 PENDING = "The clip is not on the clipboard yet."
-
-
-def paste(form):
-    return subprocess.run(["wl-paste", "--no-newline", "--type", form], stdin=subprocess.DEVNULL, capture_output=True,
-                          timeout=LIMIT_SECONDS).stdout
-
-
-def offered():
-    """The forms of what is on the clipboard, in their order."""
-    return run("wl-paste", "--list-types").stdout.splitlines()
 
 
 def state():
@@ -167,7 +158,7 @@ class FocusTest(ClipboardTest):
     def start_with_panel(self, **environment):
         desktop = self.start(**environment)
         until(desktop.panel, "the panel, as there is no tray")
-        until(lambda: has_focus(desktop), "the panel has the focus")
+        until(lambda: desktop.has_focus(), "the panel has the focus")
         return desktop
 
     def assert_click_copies(self, desktop, click):
@@ -196,7 +187,7 @@ class SwayFocusTest(FocusTest):
 
     def take_focus_away(self):
         run("swaymsg", "focus output HEADLESS-2")
-        until(lambda: not has_focus(self.desktop), "the panel has lost the focus")
+        until(lambda: not self.desktop.has_focus(), "the panel has lost the focus")
 
     def click_in_panel(self, x, y):
         place = next(node for node in windows(json.loads(run("swaymsg", "-rt", "get_tree").stdout))
@@ -256,12 +247,8 @@ class MutterFocusTest(FocusTest):
         desktop = self.start_with_panel(QT_WAYLAND_DISABLE_WINDOWDECORATION="1")
         self.user.key("Logo+Up")
         self.open_another_window()
-        until(lambda: not has_focus(desktop), "the panel has lost the focus")
+        until(lambda: not desktop.has_focus(), "the panel has lost the focus")
         self.assert_click_copies(desktop, self.user.click)
-
-
-def has_focus(desktop):
-    return any(node.get_state_set().contains(Atspi.StateType.ACTIVE) for node in desktop.widgets())
 
 
 if __name__ == "__main__":
