@@ -124,6 +124,7 @@ def applications_of(process):
     for number in range(root.get_child_count()):
         application = root.get_child_at_index(number)
         if application is not None and application.get_process_id() == process:
+            application.set_cache_mask(Atspi.Cache.NONE)  # it is kept up to date by an event loop only
             yield application
 
 
