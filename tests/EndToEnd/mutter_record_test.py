@@ -66,6 +66,12 @@ class AskedTest(WaylandRecordTest):
         self.answer(self.share)
         self.assertNotIn("11111111", self.token(), "the new one is kept")
 
+    def test_asks_again_where_what_it_remembers_is_refused(self):
+        TOKEN.parent.mkdir(parents=True)
+        TOKEN.write_text("nonsense\n")
+        self.assertEqual(self.answer(self.share)[0], 0)
+        self.assertRegex(self.token(), r"^[0-9a-f-]{36}\n$")
+
 
 class MutterRecordTest(AskedTest):
     """The desktop has been asked, and remembers the answer."""
