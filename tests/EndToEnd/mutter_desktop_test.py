@@ -11,7 +11,7 @@ from PIL import ImageChops
 
 import mutter_camera
 import mutter_input
-from application import run, status, until
+from application import quillbox, run, status, until
 from share_dialog import ShareDialog
 from wayland_application import AREA, SCALE, WaylandApplicationTest, casts, offered, paste
 
@@ -87,7 +87,7 @@ class MutterDesktopTest(WaylandApplicationTest):
         desktop.press("Record Region")  # and there is no question
         self.canvas.show(0, AREA)
         self.assert_is_the_clip(self.record_and_stop_by_the_button(desktop))
-        self.assertEqual(casts(), 0)
+        until(lambda: casts() == 0, "the last cast has ended")
 
     def assert_is_copied(self, desktop, clip):
         until(lambda: clip.name in desktop.texts(), "the clip is in the list")
@@ -139,6 +139,20 @@ class MutterDesktopTest(WaylandApplicationTest):
         self.assertIsNone(desktop.panel())
         self.assertEqual(run(os.environ["QUILLBOX_PROGRAM"]).returncode, 0)
         until(desktop.panel, "the panel is open")
+
+    def test_leaves_nothing_open_after_one_recording_and_another(self):
+        self.canvas.show(0, AREA)
+        desktop = self.begin_with_permission()
+        counts = []
+        for _ in range(5):
+            self.drag_area()
+            desktop.wait_for("recording")
+            self.assertEqual(quillbox("stop").returncode, 0)
+            desktop.wait_for("done")
+            until(lambda: casts() == 0, "the cast has ended")
+            counts.append(len(os.listdir(f"/proc/{desktop.process.pid}/fd")))
+            desktop.begin()
+        self.assertLessEqual(counts[-1], counts[1], counts)
 
 
 if __name__ == "__main__":

@@ -86,7 +86,8 @@ class WaylandApplicationTest(ApplicationTest):
 def casts():
     """How many casts of the screen PipeWire carries."""
     nodes = json.loads(run("pw-dump").stdout)
-    return sum(node.get("info", {}).get("props", {}).get("media.class") == "Video/Source" for node in nodes)
+    sources = ("Video/Source", "Stream/Output/Video")  # of xdg-desktop-portal-wlr, and mutter's
+    return sum(node.get("info", {}).get("props", {}).get("media.class") in sources for node in nodes)
 
 
 def paste(form):
