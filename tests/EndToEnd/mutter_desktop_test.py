@@ -55,12 +55,14 @@ class MutterDesktopTest(WaylandApplicationTest):
         desktop.press("Record Region")
         self.share()
         until(lambda: self.overlay_is_there(desktop), "the overlay is on the screen")
+        self.wait_for_rest()
         self.user.key("Escape")
         desktop.wait_for("idle")
         desktop.open_panel()
         self.wait_for_rest()
         desktop.press("Record Region")
         until(lambda: self.overlay_is_there(desktop), "the overlay is on the screen")
+        self.wait_for_rest()
         return desktop
 
     def wait_for_rest(self):

@@ -34,6 +34,7 @@ class WaylandApplicationTest(ApplicationTest):
         x, y = self.origin()
         self.user.move(x + AWAY[0], y + AWAY[1])  # else sway 1.7 does not paint it on a second output
         until(lambda: self.shows_dimmed(BLOCKS[4], (20, 400)), "the overlay is on the screen")
+        self.wait_for_rest()
         left, top, width, height = AREA
         self.user.move(x + left, y + top)
         self.user.press()
@@ -42,6 +43,9 @@ class WaylandApplicationTest(ApplicationTest):
         self.user.move(x + left + width, y + top + height)
         self.user.release()
         self.user.move(x + AWAY[0], y + AWAY[1])
+
+    def wait_for_rest(self):
+        """Until what is new stays where it is, for compositors that move it there."""
 
     def play(self, desktop, steps=3):
         """Shows the steps while it records. @return what the recorded area showed"""
