@@ -3,6 +3,7 @@
 #include "Capture/SelectedCast.h"
 
 #include <QPixmap>
+#include <QRect>
 
 #include <vector>
 
@@ -21,6 +22,10 @@ namespace CastScreen {
 void setRecorded(QScreen* screen);
 /// The screen that was noted last; null where it is not known, or gone.
 [[nodiscard]] QScreen* recorded();
+
+/// Where a window that covers all of `screen` is, points, given the size of the screen's picture, pixels: the toolkit
+/// may know the size in pixels only.
+[[nodiscard]] QRect frame(const QScreen& screen, FrameResampler::Size picture);
 
 /// A picture of all of `screen`, whatever its number of pixels.
 [[nodiscard]] QPixmap pixmap(const RGBAFrame& picture, const QScreen& screen);

@@ -21,10 +21,11 @@ namespace {
 /// How long the programs below get to draw what a panel of ours covered until now.
 constexpr std::chrono::milliseconds panelSettlingTime{40};
 
-SelectionWindow* showOverlay(QScreen& screen, const QPixmap& backdrop, RegionSelector::Completion completion)
+SelectionWindow* showOverlay(
+    QScreen& screen, const QRect& frame, const QPixmap& backdrop, RegionSelector::Completion completion)
 {
     auto* const window // deletes itself after its one gesture, or with the application
-        = new SelectionWindow(screen.geometry(), backdrop, std::move(completion));
+        = new SelectionWindow(frame, backdrop, std::move(completion));
     QObject::connect(qGuiApp, &QGuiApplication::aboutToQuit, window, [window] { delete window; });
     window->setScreen(&screen);
     window->makeKeyAndOrderFront();
@@ -34,7 +35,8 @@ SelectionWindow* showOverlay(QScreen& screen, const QPixmap& backdrop, RegionSel
 void presentOnX11(RegionSelector::Completion completion)
 {
     if (ScreenBackdrop::showsThrough()) {
-        showOverlay(*QGuiApplication::primaryScreen(), QPixmap(), std::move(completion));
+        auto& screen = *QGuiApplication::primaryScreen();
+        showOverlay(screen, screen.geometry(), QPixmap(), std::move(completion));
         return;
     }
     ScreenBackdrop::waitUntilApplied();
@@ -43,7 +45,7 @@ void presentOnX11(RegionSelector::Completion completion)
         if (screen == nullptr)
             completion(std::nullopt);
         else
-            showOverlay(*screen, ScreenBackdrop::picture(*screen), completion);
+            showOverlay(*screen, screen->geometry(), ScreenBackdrop::picture(*screen), completion);
     });
 }
 
@@ -59,14 +61,15 @@ void showOverlays(const SelectedCast::FirstPicture& first, const RegionSelector:
     CastScreen::setRecorded(screens.size() == 1 ? screens.front() : nullptr);
     std::vector<SelectionWindow*> windows;
     for (QScreen* const screen : screens) {
+        const QRect frame = CastScreen::frame(*screen, {first.picture.width(), first.picture.height()});
         auto cast = first.cast;
-        cast.points = FrameResampler::Size{screen->size().width(), screen->size().height()}; // what the region counts
+        cast.points = FrameResampler::Size{frame.width(), frame.height()}; // what the region counts
         const auto report = [cast = std::move(cast), completion](std::optional<CaptureRegion> region) {
             if (region)
                 SelectedCast::keep(cast);
             completion(region);
         };
-        auto* const window = showOverlay(*screen, CastScreen::pixmap(first.picture, *screen), report);
+        auto* const window = showOverlay(*screen, frame, CastScreen::pixmap(first.picture, *screen), report);
         for (SelectionWindow* const other : windows) {
             QObject::connect(window, &SelectionWindow::finished, other, &SelectionWindow::withdraw);
             QObject::connect(other, &SelectionWindow::finished, window, &SelectionWindow::withdraw);

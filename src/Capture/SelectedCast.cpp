@@ -3,11 +3,14 @@
 #include "Capture/PipeWire/PipeWireStream.h"
 #include "Capture/Portal/ScreenCastPortal.h"
 #include "Capture/PortalSource.h"
+#include "Translation/Translate.h"
 
 #include <QCoreApplication>
 #include <QCoro/QCoroFuture>
+#include <QCoro/QCoroTimer>
 #include <QPointer>
 
+#include <chrono>
 #include <utility>
 #include <variant>
 
@@ -17,6 +20,9 @@ namespace {
 
 /// More than any monitor shows; a stream cuts what it is asked for to what there is.
 constexpr CaptureRegion everything{0, 0, 1 << 20, 1 << 20};
+
+/// How long compositors fade out the windows that have just gone: our panel, and the question for the screen.
+constexpr std::chrono::milliseconds fadingTime{200};
 
 using Kept = std::variant<std::monostate, SelectedCast, CaptureError>;
 
@@ -44,8 +50,8 @@ Keeper& keeper()
     return *only;
 }
 
-/// Asks for a cast of which the keeper has the portal until it is open. If the portal goes meanwhile, the task ends
-/// with CaptureError::Stopped.
+/// Asks for a cast of which the keeper has the portal until it is open, and waits until the screen is worth a picture.
+/// If the portal goes meanwhile, the task ends with CaptureError::Stopped.
 QCoro::Task<std::pair<SelectedCast, FileDescriptor>> openPortal()
 {
     keeper().opening = std::make_shared<ScreenCastPortal>();
@@ -56,6 +62,12 @@ QCoro::Task<std::pair<SelectedCast, FileDescriptor>> openPortal()
     try {
         auto opening = portal->open();
         selected.cast = co_await opening;
+        const QPointer present(portal);
+        auto fading = QCoro::sleepFor(fadingTime);
+        co_await fading;
+        if (!present)
+            throw CaptureError(
+                CaptureError::Reason::Stopped, translate("CaptureError", "Screen capture was stopped before it began"));
         auto connecting = portal->openRemote();
         remote = co_await connecting;
     } catch (const CaptureError& error) {

@@ -22,7 +22,8 @@ struct SelectedCast {
 
     struct FirstPicture;
 
-    /// Begins a cast and waits for the first picture of it.
+    /// Begins a cast and waits for the first picture of it, which is taken when the windows that were closed for it
+    /// have faded out.
     /// @throws CaptureError  as CaptureStream::start() does.
     [[nodiscard]] static QCoro::Task<FirstPicture> open();
 
@@ -35,7 +36,7 @@ struct SelectedCast {
     [[nodiscard]] static std::optional<SelectedCast> take();
 };
 
-/// What the monitor showed when its cast began.
+/// What the monitor showed before the region is selected.
 struct SelectedCast::FirstPicture {
     SelectedCast cast;
     RGBAFrame picture; ///< all of the monitor, in its own pixels

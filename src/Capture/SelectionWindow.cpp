@@ -109,14 +109,13 @@ void SelectionWindow::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    const auto* const screen = QWidget::screen();
-    if (!m_startPoint || screen == nullptr) {
+    if (!m_startPoint || QWidget::screen() == nullptr) {
         finish(std::nullopt);
         return;
     }
-    const auto size = QSizeF(screen->size());
-    finish(
-        SelectionGeometry::selected(pointOf(*m_startPoint), pointOf(event->position()), {size.width(), size.height()}));
+    const QSizeF bounds(size());
+    finish(SelectionGeometry::selected(
+        pointOf(*m_startPoint), pointOf(event->position()), {bounds.width(), bounds.height()}));
 }
 
 void SelectionWindow::keyPressEvent(QKeyEvent* event)

@@ -15,11 +15,13 @@ namespace {
 using Size = FrameResampler::Size;
 using Corners = std::vector<QPoint>;
 
-/// Three monitors of 1920 × 1080 pixels: one as it is, one that is turned, and one with two pixels a point.
+/// Three monitors of 1920 × 1080 pixels: one as it is, one that is turned, and one with two pixels a point; and one
+/// with two pixels a point that the toolkit was told the pixels of, as by mutter.
 constexpr auto monitors = R"({ "screens": [
     { "name": "plain", "x": 0, "y": 0, "width": 1920, "height": 1080 },
     { "name": "turned", "x": 1920, "y": 0, "width": 1080, "height": 1920 },
-    { "name": "dense", "x": 3000, "y": 0, "width": 960, "height": 540, "dpr": 2 } ] })";
+    { "name": "dense", "x": 3000, "y": 0, "width": 960, "height": 540, "dpr": 2 },
+    { "name": "told in pixels", "x": 4000, "y": 0, "width": 2560, "height": 1440, "dpr": 2 } ] })";
 
 /// Where the screens are, from left to right, on which a region of such a cast is selected.
 Corners candidates(Size picture, std::optional<Size> points, std::optional<QPoint> position)
@@ -58,6 +60,23 @@ TEST(CastScreen, IsTheOneThatHasThePoints)
 TEST(CastScreen, IsTheOneAtThePositionWhereNothingElseTells)
 {
     EXPECT_EQ(candidates({1920, 1080}, std::nullopt, QPoint(3000, 0)), (Corners{{3000, 0}}));
+}
+
+/// The one whose left edge is there.
+const QScreen& screenAt(int x)
+{
+    const auto screens = QGuiApplication::screens();
+    return **std::ranges::find(screens, x, [](const QScreen* screen) { return screen->geometry().x(); });
+}
+
+TEST(CastScreen, IsCoveredInPointsWhereTheToolkitWasToldPixels)
+{
+    EXPECT_EQ(candidates({2560, 1440}, Size{1280, 720}, std::nullopt), (Corners{{4000, 0}}));
+    EXPECT_EQ(CastScreen::frame(screenAt(4000), {2560, 1440}), QRect(4000, 0, 1280, 720));
+    EXPECT_EQ(CastScreen::frame(screenAt(3000), {1920, 1080}), QRect(3000, 0, 960, 540));
+    EXPECT_EQ(CastScreen::frame(screenAt(1920), {1080, 1920}), QRect(1920, 0, 1080, 1920));
+    const RGBAFrame picture(2560, 1440, Bytes(std::size_t{2560} * 1440 * 4));
+    EXPECT_EQ(CastScreen::pixmap(picture, screenAt(4000)).devicePixelRatio(), 2);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 """Covers the cast output of a Wayland desktop with pictures that are known, for tests that run inside
-tests/desktop/wayland-session."""
+tests/desktop/wayland-session and mutter-session."""
 
 import mmap
 import os
@@ -21,7 +21,8 @@ XRGB8888 = 1
 
 
 class Canvas:
-    """A surface on the output that is cast, below windows and above the background, of the output's size."""
+    """A surface on the output that is cast, of the output's size: below all windows where the compositor has layers, else
+    a full-screen window."""
 
     def __init__(self, scale=1):
         self.scale = scale
@@ -30,16 +31,13 @@ class Canvas:
         surfaces = compositor.bind("wl_compositor", 4)
         self.shm = compositor.bind("wl_shm")
         output = compositor.bind("wl_output", which=int(os.environ["CAST_OUTPUT"]) - 1)
-        shell = compositor.bind("zwlr_layer_shell_v1")
         self.surface = compositor.new()
         compositor.send(surfaces, 0, self.surface)  # create_surface
-        self.layer = compositor.new(self.note_size)
-        compositor.send(shell, 0, self.layer, self.surface, output, BOTTOM_LAYER, "canvas")  # get_layer_surface
-        compositor.send(self.layer, 1, ALL_EDGES)  # set_anchor
-        compositor.send(self.layer, 2, -1)  # set_exclusive_zone
         compositor.send(self.surface, 8, scale)  # set_buffer_scale
-        compositor.send(self.surface, 6)  # commit
-        compositor.wait_for(self.layer)
+        if compositor.globals("zwlr_layer_shell_v1"):
+            self.become_layer(output)
+        else:
+            self.become_window(output)
 
     def __enter__(self):
         return self
@@ -47,11 +45,43 @@ class Canvas:
     def __exit__(self, *_):
         self.compositor.close()
 
-    def note_size(self, event, body):
-        if self.size is None and event == 0:
-            serial, width, height = struct.unpack("=III", body)
-            self.compositor.send(self.layer, 6, serial)  # ack_configure
-            self.size = (width, height)
+    def become_layer(self, output):
+        compositor, shell = self.compositor, self.compositor.bind("zwlr_layer_shell_v1")
+
+        def note(event, body):
+            if event == 0:
+                serial, *size = struct.unpack("=III", body)
+                compositor.send(layer, 6, serial)  # ack_configure
+                self.size = self.size or tuple(size)
+
+        layer = compositor.new(note)
+        compositor.send(shell, 0, layer, self.surface, output, BOTTOM_LAYER, "canvas")  # get_layer_surface
+        compositor.send(layer, 1, ALL_EDGES)  # set_anchor
+        compositor.send(layer, 2, -1)  # set_exclusive_zone
+        compositor.send(self.surface, 6)  # commit
+        compositor.wait_for(layer)
+
+    def become_window(self, output):
+        compositor, shell = self.compositor, self.compositor.bind("xdg_wm_base", note=self.note_ping)
+
+        def note(event, body):
+            if event == 0:
+                compositor.send(role, 4, *struct.unpack("=I", body))  # ack_configure
+
+        def note_window(event, body):
+            if event == 0 and self.size is None:
+                self.size = struct.unpack_from("=ii", body)
+
+        self.shell, role, window = shell, compositor.new(note), compositor.new(note_window)
+        compositor.send(shell, 2, role, self.surface)  # get_xdg_surface
+        compositor.send(role, 1, window)  # get_toplevel
+        compositor.send(window, 11, output)  # set_fullscreen
+        compositor.send(self.surface, 6)  # commit
+        compositor.wait_for(role)
+
+    def note_ping(self, event, body):
+        if event == 0:
+            self.compositor.send(self.shell, 3, *struct.unpack("=I", body))  # pong
 
     def show_picture(self, picture):
         """Shows a picture of the output's size in device pixels, as a whole. Returns when it is on the screen."""

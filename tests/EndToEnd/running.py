@@ -61,16 +61,22 @@ class Running:
                 return node
         return None
 
+    def press(self, name):
+        """Presses a button the way a screen reader does."""
+        until(lambda: self.find("push button", name), f"{name} is there")
+        press(self.find("push button", name))
+
+    def has_focus(self):
+        """Whether the keyboard is that of one of its windows."""
+        return any(node.get_state_set().contains(Atspi.StateType.ACTIVE) for node in self.widgets())
+
     def texts(self):
         return [node.get_name() for node in self.widgets()]
 
     def widgets(self):
         """Everything of ours that is on the screen, as a screen reader sees it."""
-        root = Atspi.get_desktop(0)
-        for number in range(root.get_child_count()):
-            application = root.get_child_at_index(number)
-            if application is not None and application.get_process_id() == self.process.pid:
-                yield from showing(application)
+        for application in applications_of(self.process.pid):
+            yield from showing(application)
 
 
 class ApplicationTest(unittest.TestCase):
@@ -88,8 +94,12 @@ class ApplicationTest(unittest.TestCase):
         folder = os.environ.get("QUILLBOX_SCREENSHOTS")
         if folder:
             pathlib.Path(folder).mkdir(parents=True, exist_ok=True)
-            camera = ["grim"] if "WAYLAND_DISPLAY" in os.environ else ["import", "-window", "root"]
-            subprocess.run([*camera, f"{folder}/{name}.png"], timeout=60, check=True)
+            self.photograph(f"{folder}/{name}.png")
+
+    def photograph(self, path):
+        """Saves what is on the screen."""
+        camera = ["grim"] if "WAYLAND_DISPLAY" in os.environ else ["import", "-window", "root"]
+        subprocess.run([*camera, path], timeout=60, check=True)
 
     def make_clip(self, length):
         """A file of that many bytes and a bit more, which is nearly a GIF: what copies it does not look inside."""
@@ -104,15 +114,30 @@ def extents(node):
     return place.x, place.y, place.width, place.height
 
 
-def showing(node):
+def press(button):
+    assert button.get_action_iface().do_action(0)
+
+
+def applications_of(process):
+    """What a screen reader knows of a process."""
+    root = Atspi.get_desktop(0)
+    for number in range(root.get_child_count()):
+        application = root.get_child_at_index(number)
+        if application is not None and application.get_process_id() == process:
+            application.set_cache_mask(Atspi.Cache.NONE)  # it is kept up to date by an event loop only
+            yield application
+
+
+def showing(node, state=Atspi.StateType.SHOWING):
+    """A widget and all below it, as far as they have this state."""
     try:
         if node.get_role_name() != "application":
-            if not node.get_state_set().contains(Atspi.StateType.SHOWING):
+            if not node.get_state_set().contains(state):
                 return
             yield node
         for number in range(node.get_child_count()):
             child = node.get_child_at_index(number)
             if child is not None:
-                yield from showing(child)
+                yield from showing(child, state)
     except gi.repository.GLib.GError:  # it went while we looked
         return

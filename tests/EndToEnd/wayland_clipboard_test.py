@@ -158,7 +158,7 @@ class FocusTest(ClipboardTest):
     def start_with_panel(self, **environment):
         desktop = self.start(**environment)
         until(desktop.panel, "the panel, as there is no tray")
-        until(lambda: has_focus(desktop), "the panel has the focus")
+        until(lambda: desktop.has_focus(), "the panel has the focus")
         return desktop
 
     def assert_click_copies(self, desktop, click):
@@ -187,7 +187,7 @@ class SwayFocusTest(FocusTest):
 
     def take_focus_away(self):
         run("swaymsg", "focus output HEADLESS-2")
-        until(lambda: not has_focus(self.desktop), "the panel has lost the focus")
+        until(lambda: not self.desktop.has_focus(), "the panel has lost the focus")
 
     def click_in_panel(self, x, y):
         place = next(node for node in windows(json.loads(run("swaymsg", "-rt", "get_tree").stdout))
@@ -247,12 +247,8 @@ class MutterFocusTest(FocusTest):
         desktop = self.start_with_panel(QT_WAYLAND_DISABLE_WINDOWDECORATION="1")
         self.user.key("Logo+Up")
         self.open_another_window()
-        until(lambda: not has_focus(desktop), "the panel has lost the focus")
+        until(lambda: not desktop.has_focus(), "the panel has lost the focus")
         self.assert_click_copies(desktop, self.user.click)
-
-
-def has_focus(desktop):
-    return any(node.get_state_set().contains(Atspi.StateType.ACTIVE) for node in desktop.widgets())
 
 
 if __name__ == "__main__":

@@ -1,6 +1,5 @@
 #!/usr/bin/python3
-"""The desktop application on a real Wayland desktop, used as a person uses it. Run by CTest, one test a session;
-CANVAS_SCALE is the scale of the session's outputs."""
+"""The desktop application on sway, used as a person uses it. Run by CTest, one test a session."""
 
 import io
 import json
@@ -14,16 +13,10 @@ import unittest
 from PIL import Image
 
 from application import quillbox, run, status, until
-from canvas import BLOCKS, INK, PAPER, Canvas
-from recording import ffmpeg_frames, pillow_frames
-from running import ApplicationTest, extents
-from wayland_clipboard import offered, paste
+from recording import pillow_frames
+from running import extents
+from wayland_application import AREA, SCALE, WaylandApplicationTest, casts
 from wayland_input import Devices
-
-AREA = (301, 257, 322, 238)
-AWAY = (5, 700)  # where the pointer is in no picture
-COLORS = {PAPER, INK, *BLOCKS}
-CLIPS = pathlib.Path(os.environ["HOME"], "Videos/Quillbox")
 
 
 def windows():
@@ -50,13 +43,9 @@ def overlays():
     return places("Select a region — Quillbox")
 
 
-class WaylandDesktopTest(ApplicationTest):
-    def setUp(self):
-        self.user = Devices()
-        self.addCleanup(self.user.close)
-        self.user.move(*AWAY)
-        self.canvas = Canvas(int(os.environ.get("CANVAS_SCALE", "1")))
-        self.addCleanup(self.canvas.__exit__)
+class WaylandDesktopTest(WaylandApplicationTest):
+    def devices(self):
+        return Devices()
 
     def origin(self):
         """Of the cast output."""
@@ -64,66 +53,12 @@ class WaylandDesktopTest(ApplicationTest):
         place = next(o for o in outputs if o["name"] == "HEADLESS-" + os.environ["CAST_OUTPUT"])["rect"]
         return place["x"], place["y"]
 
-    def drag_area(self, halfway=lambda: None):
-        """Drags AREA out on the overlay, and moves the pointer out of the way."""
-        x, y = self.origin()
-        self.user.move(x + AWAY[0], y + AWAY[1])  # else sway 1.7 does not paint it on a second output
-        until(lambda: self.shows_dimmed(BLOCKS[4], (20, 400)), "the overlay is on the screen")
-        left, top, width, height = AREA
-        self.user.move(x + left, y + top)
-        self.user.press()
-        self.user.move(x + left + width // 2, y + top + height // 2)
-        halfway()
-        self.user.move(x + left + width, y + top + height)
-        self.user.release()
-        self.user.move(x + AWAY[0], y + AWAY[1])
-
-    def play(self, desktop, steps=3):
-        """Shows the steps while it records. @return what the recorded area showed"""
-        shown = []
-        for step in range(steps):
-            shown.append(self.canvas.show(step, AREA))
-            desktop.wait_for_frames(status()["frameCount"] + 12)
-        return shown
-
-    def click(self, desktop, name):
+    def press(self, desktop, name):
         """Clicks in the middle of a button of the panel, with the pointer."""
         until(lambda: desktop.find("push button", name), f"{name} is there")
         (window,) = until(lambda: places("Quillbox"), "the panel is a window")
         x, y, width, height = extents(desktop.find("push button", name))
         self.user.click(window[0] + x + width // 2, window[1] + y + height // 2)
-
-    def record_and_stop_by_the_button(self, desktop):
-        """@return what was shown"""
-        self.drag_area()
-        desktop.wait_for("recording")
-        shown = self.play(desktop)
-        desktop.open_panel()
-        self.click(desktop, "Stop & Copy")
-        desktop.wait_for("done")
-        return shown
-
-    def assert_is_the_clip(self, shown):
-        """The finished clip shows each of the pictures, and nothing of ours."""
-        now = status()
-        self.assertEqual(now["phase"], "done", now)
-        path = pathlib.Path(now["path"])
-        self.assertEqual(path.parent, CLIPS)
-        frames = [picture for picture, _ in pillow_frames(path)]
-        self.assertEqual({frame.size for frame in frames}, {AREA[2:]})
-        others = ffmpeg_frames(path, frames[0].size)
-        self.assertTrue([f.tobytes() for f in frames] == [f.tobytes() for f in others], "two decoders agree")
-        for frame in frames:
-            self.assertLessEqual({color for _, color in frame.getcolors(maxcolors=1 << 20)}, COLORS)
-        recorded = {frame.tobytes() for frame in frames}
-        self.assertTrue(all(picture.tobytes() in recorded for picture in shown), "each step of the animation is in it")
-        return path
-
-    def assert_is_copied(self, path):
-        """Another program gets the file, and its bytes, from the clipboard."""
-        self.assertEqual(offered(), ["text/uri-list", "image/gif"])
-        self.assertEqual(paste("text/uri-list"), (path.as_uri() + "\r\n").encode())
-        self.assertTrue(paste("image/gif") == path.read_bytes(), "the picture, byte for byte")
 
     def test_records_what_was_dragged_out_and_stops_by_the_button(self):
         self.canvas.show(0, AREA)
@@ -134,7 +69,7 @@ class WaylandDesktopTest(ApplicationTest):
         shown = self.play(desktop)
         desktop.open_panel()
         self.keep_screenshot("panel-recording")
-        self.click(desktop, "Stop & Copy")
+        self.press(desktop, "Stop & Copy")
         desktop.wait_for("done")
         path = self.assert_is_the_clip(shown)
         self.assert_is_copied(path)
@@ -223,15 +158,10 @@ class WaylandDesktopTest(ApplicationTest):
         desktop.begin()
         until(overlays, "the overlay is on the screen")
         for x, y in ((600, 300), (20, 400), AREA[:2]):
-            color = picture.getpixel((x * self.canvas.scale, y * self.canvas.scale))
+            color = picture.getpixel((x * SCALE, y * SCALE))
             until(lambda: self.shows_dimmed(color, (x, y)), "the pixel is three quarters as bright")
         self.user.key("Escape")
         desktop.wait_for("idle")
-
-    def shows_dimmed(self, color, at):
-        """Whether a point of the cast output, whose colour on the canvas is known, is under the overlay."""
-        seen = self.seen().getpixel((at[0] * self.canvas.scale, at[1] * self.canvas.scale))
-        return all(abs(level - usual * 0.75) <= 2 for level, usual in zip(seen, color))
 
     def seen(self):
         """A picture of the cast output, in its own pixels."""
@@ -246,13 +176,7 @@ class WaylandDesktopTest(ApplicationTest):
             desktop.begin()
             shown = self.record_and_stop_by_the_button(desktop)
             self.assert_is_the_clip(shown)
-            self.assertEqual(self.casts(), 0)
-
-    @staticmethod
-    def casts():
-        """How many casts of the screen PipeWire carries."""
-        nodes = json.loads(run("pw-dump").stdout)
-        return sum(node.get("info", {}).get("props", {}).get("media.class") == "Video/Source" for node in nodes)
+            self.assertEqual(casts(), 0)
 
     def test_says_in_the_panel_why_nothing_can_be_recorded(self):
         desktop = self.start(QUILLBOX_CAPTURE_BACKEND="none")
@@ -272,9 +196,9 @@ class WaylandDesktopTest(ApplicationTest):
         desktop = self.start()
         desktop.begin()
         until(overlays, "the overlay is on the screen")
-        self.assertEqual(self.casts(), 1)
+        self.assertEqual(casts(), 1)
         os.kill(int(os.environ["PORTAL_BACKEND_PID"]), signal.SIGKILL)
-        until(lambda: self.casts() == 0, "the cast has ended")
+        until(lambda: casts() == 0, "the cast has ended")
         self.drag_area()
         desktop.wait_for("failed")
         self.assertEqual(overlays(), [])

@@ -6,14 +6,17 @@ from input_devices import InputDevices
 from wayland_input import Keymap
 
 SERVICE = "org.gnome.Mutter.RemoteDesktop"
-FAR = 100_000.0  # points; the pointer stays at the edge
+FAR = 100_000  # points; the pointer stays at the edge of the monitor that it is on
 
 
 class Devices(InputDevices):
+    """Only these move the pointer, which is on the leftmost monitor at first."""
+
     def __init__(self):
         self._bus = Gio.bus_get_sync(Gio.BusType.SESSION)
         (self._session,) = self._call("/org/gnome/Mutter/RemoteDesktop", SERVICE, "CreateSession").unpack()
         self._notify("Start")
+        self._place = None  # of the pointer
         self._keymap = Keymap()
         self.key("Shift")  # the seat gets its devices with the first event
 
@@ -21,8 +24,14 @@ class Devices(InputDevices):
         self._notify("Stop")
 
     def move(self, x, y):
-        self._notify("NotifyPointerMotionRelative", "(dd)", -FAR, -FAR)
-        self._notify("NotifyPointerMotionRelative", "(dd)", float(x), float(y))
+        if self._place is None:
+            self._move_by(-FAR, -FAR)
+            self._place = (0, 0)
+        self._move_by(x - self._place[0], y - self._place[1])
+        self._place = (x, y)
+
+    def _move_by(self, right, down):
+        self._notify("NotifyPointerMotionRelative", "(dd)", float(right), float(down))
 
     def button(self, button, is_down):
         self._notify("NotifyPointerButton", "(ib)", button, is_down)

@@ -101,6 +101,48 @@ start_accessibility() {
     ready "the accessibility bus" a11y_is_up
 }
 
+pipewire_is_up() { [ -S "$XDG_RUNTIME_DIR/pipewire-0" ]; }
+wireplumber_is_up() { pw-cli ls Client | grep -q WirePlumber; }
+
+# start_pipewire: with what connects its streams; PIPEWIRE_PID and WIREPLUMBER_PID are their processes.
+start_pipewire() {
+    pipewire >"$session/pipewire.log" 2>&1 &
+    PIPEWIRE_PID=$!
+    export PIPEWIRE_PID
+    pids="$PIPEWIRE_PID $pids"
+    ready "PipeWire" pipewire_is_up
+    wireplumber >"$session/wireplumber.log" 2>&1 &
+    WIREPLUMBER_PID=$!
+    export WIREPLUMBER_PID
+    pids="$WIREPLUMBER_PID $pids"
+    ready "WirePlumber" wireplumber_is_up
+}
+
+# start_portal BACKEND [COMMAND]...: with that back end alone, run by the command; PORTAL_PID and PORTAL_BACKEND_PID are
+# their processes. Without PipeWire the back end need not come up.
+start_portal() {
+    backend=$1
+    shift
+    /usr/libexec/xdg-permission-store >"$session/permissions.log" 2>&1 &
+    pids="$! $pids"
+    ready "the permission store" owns_name org.freedesktop.impl.portal.PermissionStore
+    "$@" "/usr/libexec/xdg-desktop-portal-$backend" >"$session/portal-backend.log" 2>&1 &
+    PORTAL_BACKEND_PID=$!
+    export PORTAL_BACKEND_PID
+    pids="$PORTAL_BACKEND_PID $pids"
+    if pipewire_is_up; then
+        ready "the portal's back end" owns_name "org.freedesktop.impl.portal.desktop.$backend"
+    fi
+    # Only this back end: the portal falls back on any other that is installed.
+    mkdir "$session/portals" && cp "/usr/share/xdg-desktop-portal/portals/$backend.portal" "$session/portals/" \
+        || failed "$backend.portal is missing"
+    XDG_DESKTOP_PORTAL_DIR="$session/portals" /usr/libexec/xdg-desktop-portal >"$session/portal.log" 2>&1 &
+    PORTAL_PID=$!
+    export PORTAL_PID
+    pids="$PORTAL_PID $pids"
+    ready "the portal" owns_name org.freedesktop.portal.Desktop
+}
+
 # run_command COMMAND...: runs it on the desktop that is up; gives its status.
 run_command() {
     exec 3<&0 # a command in the background would read nothing

@@ -35,12 +35,12 @@ class Connection:
         """How many of these the compositor has, outputs for instance."""
         return len(self._globals.get(interface, []))
 
-    def bind(self, interface, version=1, which=0):
-        """@return a global as an object. @throws RuntimeError  there is none"""
+    def bind(self, interface, version=1, which=0, note=None):
+        """@param note  as new() has it. @return a global as an object. @throws RuntimeError  there is none"""
         numbers = self._globals.get(interface, [])
         if which >= len(numbers):
             raise RuntimeError(f"the compositor has no {interface}")
-        bound = self.new()
+        bound = self.new(note)
         self.send(self._registry, 0, numbers[which], interface, version, bound)
         return bound
 

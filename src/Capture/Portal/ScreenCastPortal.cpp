@@ -186,7 +186,18 @@ QCoro::Task<ScreenCast> ScreenCastPortal::open()
     QVariantList arguments;
     arguments << handle;
     auto selecting = ask(QStringLiteral("SelectSources"), arguments, options);
-    co_await selecting;
+    std::optional<CaptureError> refusal;
+    try {
+        co_await selecting;
+    } catch (const CaptureError& error) {
+        refusal = error;
+    }
+    if (refusal) { // maybe of the token only, which is then not asked with again
+        if (refusal->reason() != Reason::Unreadable || options.remove(QStringLiteral("restore_token")) == 0)
+            throw CaptureError(*refusal);
+        auto again = ask(QStringLiteral("SelectSources"), arguments, options);
+        co_await again;
+    }
 
     arguments << QString(); // no window that a question could belong to
     auto starting = ask(QStringLiteral("Start"), arguments, QVariantMap());

@@ -39,6 +39,13 @@ bool isOfOneShape(FrameResampler::Size points, FrameResampler::Size picture)
     return std::abs(across - along) < picture.width + picture.height;
 }
 
+FrameResampler::Size pointsOfOutput(FrameResampler::Size said, FrameResampler::Size pixels, std::int64_t scale)
+{
+    precondition(scale >= 1, "a point has a pixel");
+    const bool isInPixels = said == pixels || said == turned(pixels);
+    return isInPixels ? FrameResampler::Size{said.width / scale, said.height / scale} : said;
+}
+
 std::optional<FrameResampler::Size> pointsOfCast(
     const CastFacts& cast, FrameResampler::Size picture, std::span<const OutputFacts> outputs)
 {

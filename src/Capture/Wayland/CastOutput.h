@@ -4,6 +4,7 @@
 
 #include <QPoint>
 
+#include <cstdint>
 #include <optional>
 #include <span>
 
@@ -25,6 +26,13 @@ struct CastFacts {
 /// Whether `points` may be the size in points of what `picture` shows: they have one shape, as far as sizes in whole
 /// points can tell.
 [[nodiscard]] bool isOfOneShape(FrameResampler::Size points, FrameResampler::Size picture);
+
+/// The size in points of an output whose size is `said` to be that. Mutter says the pixels where it arranges outputs by
+/// those, as GNOME does unless fractional scales are switched on; windows nevertheless have points.
+/// @param pixels  Of the output, before or after it is turned.
+/// @param scale   Pixels a point that the compositor asks windows for, at least 1.
+[[nodiscard]] FrameResampler::Size pointsOfOutput(
+    FrameResampler::Size said, FrameResampler::Size pixels, std::int64_t scale);
 
 /// The size in points of the output that is cast, as far as that can be known: where several outputs fit alike that
 /// differ in it, it is not.

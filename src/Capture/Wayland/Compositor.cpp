@@ -8,6 +8,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <list>
 #include <optional>
 #include <utility>
@@ -20,6 +21,7 @@ struct Output {
     CHandle<wl_output, wl_output_destroy> output;
     CHandle<wl_proxy, WaylandProtocols::destroyDetails> details;
     OutputFacts facts;
+    std::int32_t scale = 1; // pixels a point that windows are asked for
 };
 
 } // namespace
@@ -78,12 +80,13 @@ void Compositor::Connection::addOutput(const WaylandDisplay::Global& global)
                     static_cast<Output*>(data)->facts.mode = FrameResampler::Size{width, height};
             },
         .done = [](void*, wl_output*) {},
-        .scale = [](void*, wl_output*, std::int32_t) {},
+        .scale
+        = [](void* data, wl_output*, std::int32_t scale) { static_cast<Output*>(data)->scale = std::max(scale, 1); },
         .name = [](void*, wl_output*, const char*) {},
         .description = [](void*, wl_output*, const char*) {},
     };
     Output& output = m_outputs.emplace_back();
-    output.output.reset(m_display.bind<wl_output>(global, wl_output_interface, 1));
+    output.output.reset(m_display.bind<wl_output>(global, wl_output_interface, WL_OUTPUT_SCALE_SINCE_VERSION));
     (void)wl_output_add_listener(output.output.get(), &listener, &output);
 }
 
@@ -147,8 +150,11 @@ Compositor::~Compositor() = default;
 std::vector<OutputFacts> Compositor::outputs() const
 {
     std::vector<OutputFacts> result;
-    for (const Output& output : m_connection->outputs())
-        result.push_back(output.facts);
+    for (const Output& output : m_connection->outputs()) {
+        OutputFacts& facts = result.emplace_back(output.facts);
+        if (facts.points)
+            facts.points = pointsOfOutput(*facts.points, facts.mode, output.scale);
+    }
     return result;
 }
 

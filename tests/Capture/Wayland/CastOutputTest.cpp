@@ -15,6 +15,15 @@ OutputFacts output(QPoint position, Size points, Size mode)
     return {position, points, mode};
 }
 
+TEST(CastOutput, HasFewerPointsThanAreSaidWhereThoseArePixels)
+{
+    EXPECT_EQ(pointsOfOutput({2560, 1440}, {2560, 1440}, 2), (Size{1280, 720}));
+    EXPECT_EQ(pointsOfOutput({1440, 2560}, {2560, 1440}, 2), (Size{720, 1280})) << "turned";
+    EXPECT_EQ(pointsOfOutput({1280, 720}, {2560, 1440}, 2), (Size{1280, 720}));
+    EXPECT_EQ(pointsOfOutput({1707, 960}, {2560, 1440}, 2), (Size{1707, 960})) << "three pixels for two points";
+    EXPECT_EQ(pointsOfOutput({2560, 1440}, {2560, 1440}, 1), (Size{2560, 1440}));
+}
+
 TEST(CastOutput, IsTheOneThatIsWhereThePortalSays)
 {
     const Outputs outputs{output({0, 0}, {960, 540}, {1920, 1080}), output({960, 0}, {1280, 720}, {1280, 720})};

@@ -1,0 +1,159 @@
+#!/usr/bin/python3
+"""The desktop application on GNOME's compositor and portal, used as a person uses it. Run by CTest inside
+tests/desktop/mutter-session, one test a session."""
+
+import json
+import os
+import pathlib
+import unittest
+
+from PIL import ImageChops
+
+import mutter_camera
+import mutter_input
+from application import quillbox, run, status, until
+from share_dialog import ShareDialog
+from wayland_application import AREA, SCALE, WaylandApplicationTest, casts
+
+HISTORY = pathlib.Path(os.environ["XDG_DATA_HOME"], "Quillbox/history.json")
+OVERLAY = "Select a region"
+MONITOR = int(os.environ["CAST_OUTPUT"])
+
+
+class MutterDesktopTest(WaylandApplicationTest):
+    def devices(self):
+        return mutter_input.Devices()
+
+    def origin(self):
+        return (MONITOR - 1) * self.canvas.size[0], 0
+
+    def seen(self, cursor_mode=mutter_camera.WITHOUT_POINTER):
+        """A picture of the cast monitor, in its own pixels."""
+        width, height = self.canvas.size
+        return mutter_camera.picture(f"Meta-{MONITOR - 1}", (width * SCALE, height * SCALE), cursor_mode)
+
+    def photograph(self, path):
+        self.seen(mutter_camera.WITH_POINTER).save(path)
+
+    def press(self, desktop, name):
+        desktop.press(name)
+
+    def start_with_panel(self):
+        desktop = self.start()
+        until(desktop.panel, "the panel is open, as there is no tray")
+        return desktop
+
+    def share(self):
+        ShareDialog(self.user).share(MONITOR)
+
+    def overlay_is_there(self, desktop):
+        return OVERLAY in desktop.texts() and desktop.has_focus()
+
+    def begin_with_permission(self):
+        """From the panel, when the desktop has been asked once already. @return the application"""
+        desktop = self.start_with_panel()
+        desktop.press("Record Region")
+        self.share()
+        until(lambda: self.overlay_is_there(desktop), "the overlay is on the screen")
+        self.wait_for_rest()
+        self.user.key("Escape")
+        desktop.wait_for("idle")
+        desktop.open_panel()
+        self.wait_for_rest()
+        desktop.press("Record Region")
+        until(lambda: self.overlay_is_there(desktop), "the overlay is on the screen")
+        self.wait_for_rest()
+        return desktop
+
+    def wait_for_rest(self):
+        until(lambda: self.seen().tobytes() == self.seen().tobytes(), "the compositor has faded in what is new")
+
+    def test_asks_for_the_screen_once_and_records_what_was_dragged_out(self):
+        self.canvas.show(0, AREA)
+        desktop = self.start_with_panel()
+        self.keep_screenshot("panel-window")
+        desktop.press("Record Region")
+        dialog = ShareDialog(self.user)
+        self.keep_screenshot("question")
+        dialog.share(MONITOR)
+        self.drag_area(halfway=lambda: self.keep_screenshot("overlay"))
+        desktop.wait_for("recording")
+        shown = self.play(desktop)
+        desktop.open_panel()
+        self.keep_screenshot("panel-recording")
+        desktop.press("Stop & Copy")
+        desktop.wait_for("done")
+        self.assert_is_in_the_list_and_copied(desktop, self.assert_is_the_clip(shown))
+        self.keep_screenshot("panel-done")
+
+        desktop.press("Record Region")  # and there is no question
+        self.canvas.show(0, AREA)
+        self.assert_is_the_clip(self.record_and_stop_by_the_button(desktop))
+        until(lambda: casts() == 0, "the last cast has ended")
+
+    def assert_is_in_the_list_and_copied(self, desktop, clip):
+        until(lambda: clip.name in desktop.texts(), "the clip is in the list")
+        self.assertEqual([entry["outputPath"] for entry in json.loads(HISTORY.read_text())], [str(clip)])
+        until(lambda: status()["clipboard"] == "accepted", "the panel has the focus")
+        self.assert_is_copied(clip)
+
+    def test_the_overlay_shows_the_desktop_dimmed_and_nothing_of_the_panel(self):
+        picture = self.canvas.step(0, AREA)
+        self.canvas.show_picture(picture)
+        self.user.move(*(side - 1 for side in self.canvas.size))  # a corner: the backdrop shows the pointer
+        desktop = self.begin_with_permission()
+        until(lambda: self.shows_dimmed(picture.getpixel((600, 300)), (600, 300)), "the overlay has come up")
+        self.wait_for_rest()
+        width, height = picture.size
+        without_pointer = (0, 0, width - 8, height - 8)
+        differences = ImageChops.difference(self.seen(), picture.point(lambda level: round(level * 0.75)))
+        self.assertLessEqual(max(high for _, high in differences.crop(without_pointer).getextrema()), 2)
+        self.user.key("Escape")
+        desktop.wait_for("idle")
+
+    def test_escape_cancels_and_other_keys_do_not(self):
+        self.canvas.show(0, AREA)
+        desktop = self.begin_with_permission()
+        self.user.key("a")
+        self.user.key("Return")
+        self.assertEqual(status()["phase"], "selecting")
+        self.user.key("Escape")
+        desktop.wait_for("idle")
+        until(lambda: not self.overlay_is_there(desktop), "the overlay has gone")
+
+    def test_a_refusal_ends_the_flow_without_a_word(self):
+        desktop = self.start_with_panel()
+        for refuse in (ShareDialog.cancel, ShareDialog.close):
+            desktop.open_panel()
+            before = desktop.texts()
+            desktop.press("Record Region")
+            refuse(ShareDialog(self.user))
+            desktop.wait_for("idle")
+            desktop.open_panel()
+            self.assertEqual(desktop.texts(), before)
+
+    def test_a_second_start_shows_the_panel(self):
+        desktop = self.start_with_panel()
+        desktop.press("Record Region")
+        ShareDialog(self.user).cancel()
+        self.assertIsNone(desktop.panel())
+        self.assertEqual(run(os.environ["QUILLBOX_PROGRAM"]).returncode, 0)
+        until(desktop.panel, "the panel is open")
+
+    def test_leaves_nothing_open_after_one_recording_and_another(self):
+        self.canvas.show(0, AREA)
+        desktop = self.begin_with_permission()
+        counts = []
+        for _ in range(5):
+            self.drag_area()
+            desktop.wait_for("recording")
+            self.assertEqual(quillbox("stop").returncode, 0)
+            desktop.wait_for("done")
+            until(lambda: casts() == 0, "the cast has ended")
+            counts.append(len(os.listdir(f"/proc/{desktop.process.pid}/fd")))
+            desktop.begin()
+        self.assertLessEqual(counts[-1], counts[1], counts)
+
+
+if __name__ == "__main__":
+    unittest.main()

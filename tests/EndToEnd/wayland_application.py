@@ -1,0 +1,100 @@
+"""The desktop application on a Wayland desktop, used as a person uses it: what sway and mutter have in common. CANVAS_SCALE
+is the scale of the session's outputs."""
+
+import json
+import os
+import pathlib
+
+from application import run, status, until
+from canvas import BLOCKS, INK, PAPER, Canvas
+from recording import ffmpeg_frames, pillow_frames
+from running import ApplicationTest
+from wayland_clipboard import offered, paste
+
+AREA = (301, 257, 322, 238)
+AWAY = (5, 520)  # where the pointer is in no picture
+COLORS = {PAPER, INK, *BLOCKS}
+CLIPS = pathlib.Path(os.environ["HOME"], "Videos/Quillbox")
+SCALE = int(os.environ.get("CANVAS_SCALE", "1"))
+
+
+class WaylandApplicationTest(ApplicationTest):
+    """Has a person with a pointer and a keyboard, and a canvas to record. What a compositor alone knows, and how a button
+    is pressed there, the test of that desktop adds: devices(), origin(), seen() and press()."""
+
+    def setUp(self):
+        self.user = self.devices()
+        self.addCleanup(self.user.close)
+        self.user.move(*AWAY)
+        self.canvas = Canvas(SCALE)
+        self.addCleanup(self.canvas.__exit__)
+
+    def drag_area(self, halfway=lambda: None):
+        """Drags AREA out on the overlay, and moves the pointer out of the way."""
+        x, y = self.origin()
+        self.user.move(x + AWAY[0], y + AWAY[1])  # else sway 1.7 does not paint it on a second output
+        until(lambda: self.shows_dimmed(BLOCKS[4], (20, 400)), "the overlay is on the screen")
+        self.wait_for_rest()
+        left, top, width, height = AREA
+        self.user.move(x + left, y + top)
+        self.user.press()
+        self.user.move(x + left + width // 2, y + top + height // 2)
+        halfway()
+        self.user.move(x + left + width, y + top + height)
+        self.user.release()
+        self.user.move(x + AWAY[0], y + AWAY[1])
+
+    def wait_for_rest(self):
+        """Until what is new stays where it is, for compositors that move it there."""
+
+    def play(self, desktop, steps=3):
+        """Shows the steps while it records. @return what the recorded area showed"""
+        shown = []
+        for step in range(steps):
+            shown.append(self.canvas.show(step, AREA))
+            desktop.wait_for_frames(status()["frameCount"] + 12)
+        return shown
+
+    def record_and_stop_by_the_button(self, desktop):
+        """@return what was shown"""
+        self.drag_area()
+        desktop.wait_for("recording")
+        shown = self.play(desktop)
+        desktop.open_panel()
+        self.press(desktop, "Stop & Copy")
+        desktop.wait_for("done")
+        return shown
+
+    def assert_is_the_clip(self, shown):
+        """The finished clip shows each of the pictures, and nothing of ours."""
+        now = status()
+        self.assertEqual(now["phase"], "done", now)
+        path = pathlib.Path(now["path"])
+        self.assertEqual(path.parent, CLIPS)
+        frames = [picture for picture, _ in pillow_frames(path)]
+        self.assertEqual({frame.size for frame in frames}, {AREA[2:]})
+        others = ffmpeg_frames(path, frames[0].size)
+        self.assertTrue([f.tobytes() for f in frames] == [f.tobytes() for f in others], "two decoders agree")
+        for frame in frames:
+            self.assertLessEqual({color for _, color in frame.getcolors(maxcolors=1 << 20)}, COLORS)
+        recorded = {frame.tobytes() for frame in frames}
+        self.assertTrue(all(picture.tobytes() in recorded for picture in shown), "each step of the animation is in it")
+        return path
+
+    def assert_is_copied(self, path):
+        """Another program gets the file, and its bytes, from the clipboard."""
+        self.assertEqual(sorted(offered()), ["image/gif", "text/uri-list"])
+        self.assertEqual(paste("text/uri-list"), (path.as_uri() + "\r\n").encode())
+        self.assertTrue(paste("image/gif") == path.read_bytes(), "the picture, byte for byte")
+
+    def shows_dimmed(self, color, at):
+        """Whether a point of the cast output, whose colour on the canvas is known, is under the overlay."""
+        seen = self.seen().getpixel((at[0] * SCALE, at[1] * SCALE))
+        return all(abs(level - usual * 0.75) <= 2 for level, usual in zip(seen, color))
+
+
+def casts():
+    """How many casts of the screen PipeWire carries."""
+    nodes = json.loads(run("pw-dump").stdout)
+    sources = ("Video/Source", "Stream/Output/Video")  # of xdg-desktop-portal-wlr, and mutter's
+    return sum(node.get("info", {}).get("props", {}).get("media.class") in sources for node in nodes)
