@@ -22,9 +22,8 @@ public:
     using PointsOf = std::function<std::optional<FrameResampler::Size>(FrameResampler::Size picture)>;
 
     /// @param region    Points of the output that is cast.
-    /// @param pointsOf  Asked by update() at the first picture and when the pictures' size has changed. Where it does
-    /// not
-    ///                  know, a point of the first picture is a pixel, and of another as many as it was before.
+    /// @param pointsOf  Asked by update() at the first picture and when the pictures' size has changed. Where it knows
+    ///                  nothing, a point of the first picture is a pixel, and of another as many as it was before.
     StreamPicture(CaptureRegion region, PointsOf pointsOf);
 
     /// Takes over what differs from the copy.
