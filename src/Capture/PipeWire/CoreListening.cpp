@@ -21,6 +21,12 @@ pw_registry* listenToRegistry(pw_core* core, spa_hook& hook, const pw_registry_e
     return registry;
 }
 
+void leaveRegistry(pw_registry* registry, spa_hook& hook)
+{
+    spa_hook_remove(&hook);
+    pw_proxy_destroy(reinterpret_cast<pw_proxy*>(registry)); // every interface that is not the core's own is a proxy
+}
+
 int askWhenDone(pw_core* core)
 {
     return pw_core_sync(core, PW_ID_CORE, 0);

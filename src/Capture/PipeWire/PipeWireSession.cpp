@@ -27,7 +27,7 @@ public:
         listen();
         pw_main_loop_run(m_loop.get());
         if (m_registry != nullptr)
-            spa_hook_remove(&m_registryListener);
+            CoreListening::leaveRegistry(m_registry, m_registryListener);
         spa_hook_remove(&m_coreListener);
         return m_result;
     }

@@ -169,7 +169,7 @@ PipeWireStream::Connection::~Connection()
     if (m_timer != nullptr)
         removeTimer(m_loop.get(), m_timer);
     if (m_registry != nullptr)
-        spa_hook_remove(&m_registryListener);
+        CoreListening::leaveRegistry(m_registry, m_registryListener);
     if (m_core != nullptr) {
         spa_hook_remove(&m_coreListener);
         (void)pw_core_disconnect(m_core); // it may be broken already
