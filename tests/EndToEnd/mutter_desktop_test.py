@@ -136,6 +136,7 @@ class MutterDesktopTest(WaylandApplicationTest):
         desktop = self.start_with_panel()
         desktop.press("Record Region")
         ShareDialog(self.user).cancel()
+        desktop.wait_for("idle")
         self.assertIsNone(desktop.panel())
         self.assertEqual(run(os.environ["QUILLBOX_PROGRAM"]).returncode, 0)
         until(desktop.panel, "the panel is open")

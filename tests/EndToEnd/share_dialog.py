@@ -25,7 +25,8 @@ def until(condition, what):
 
 
 class ShareDialog:
-    """The dialog that is on the screen, or comes there.
+    """The dialog that is on the screen, or comes there. Once it is answered nothing may look at it, or the portal may end:
+    GTK 4.8 does not survive a question for a widget that is going.
 
     @param user  whose keyboard answers it
     """
@@ -41,15 +42,12 @@ class ShareDialog:
         self.user.key("Return")
         until(lambda: is_in_state(button("Share"), Atspi.StateType.SENSITIVE), "a monitor is chosen")
         press(button("Share"))
-        until(lambda: not is_open(), "the question has gone")
 
     def cancel(self):
         press(button("Cancel"))
-        until(lambda: not is_open(), "the question has gone")
 
     def close(self):
         self.user.key("Escape")
-        until(lambda: not is_open(), "the question has gone")
 
     def go(self, key, has_arrived):
         """Presses the key until the focus is there."""
@@ -62,10 +60,6 @@ class ShareDialog:
 def widgets():
     for known in applications_of(int(os.environ["PORTAL_BACKEND_PID"])):
         yield from showing(known, Atspi.StateType.VISIBLE)  # all that GTK 4 says of them
-
-
-def is_open():
-    return any(node.get_role_name() == "frame" for node in widgets())
 
 
 def has_focus():
