@@ -89,10 +89,11 @@ void FrameIntake::append(const RGBAFrame& frame)
     }
     if (!m_cap)
         m_cap.emplace(frame, m_maxWidth);
+    const bool keepsAsItIs = m_cap->isNone() && !m_keeper;
     m_comparisons.turnTo(frame);
     m_activity.append(frame, m_comparisons);
     for (Candidate& candidate : m_candidates) {
-        if (candidate.resampler.keepsNext() && candidate.deduplicator.append(frame, m_comparisons))
+        if (candidate.resampler.keepsNext() && candidate.deduplicator.append(frame, m_comparisons) && !keepsAsItIs)
             candidate.deduplicator.replaceLast(substituteFor(frame));
     }
 }

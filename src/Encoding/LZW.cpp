@@ -217,10 +217,11 @@ public:
         , m_indices(indices)
         , m_clearCode(static_cast<Code>(1U << static_cast<unsigned>(minCodeSize)))
         , m_firstCodeSize(minCodeSize + 1)
+        , m_codeSize(m_firstCodeSize)
         , m_writer(output)
     {
         m_dictionary.begin(minCodeSize);
-        m_writer.write(m_clearCode, m_codeSize = m_firstCodeSize);
+        m_writer.write(m_clearCode, m_codeSize);
     }
 
     [[nodiscard]] bool isDone() const { return m_position == m_indices.size(); }

@@ -155,7 +155,7 @@ TEST(FrameIntake, KeepsWhatTheKeeperGivesForEachPictureOnce)
     intake.append(support::solid(1920, 4, gray(0))); // the first of every rate
     intake.append(support::solid(1920, 4, gray(0)));
     intake.append(support::solid(1920, 4, gray(100))); // of 12 a second
-    EXPECT_EQ(asked, (std::vector{support::solid(960, 2, gray(0)), support::solid(960, 2, gray(100))}));
+    ASSERT_EQ(asked, (std::vector{support::solid(960, 2, gray(0)), support::solid(960, 2, gray(100))}));
     const auto frames = intake.selection(ExportPreset::slack).frames;
     ASSERT_EQ(frames.size(), 2U);
     EXPECT_EQ(frames[1].frame, asked[1]);

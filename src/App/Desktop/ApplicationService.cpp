@@ -9,6 +9,7 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QFile>
+#include <QMetaClassInfo>
 #include <QTimer>
 #include <QUrl>
 
@@ -57,6 +58,12 @@ QString clipboardState()
 }
 
 } // namespace
+
+QString ApplicationService::interfaceName()
+{
+    const int index = staticMetaObject.indexOfClassInfo("D-Bus Interface");
+    return QString::fromLatin1(staticMetaObject.classInfo(index).value());
+}
 
 QString ApplicationService::busName()
 {

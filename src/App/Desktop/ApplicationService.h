@@ -37,6 +37,8 @@ public:
     /// Where the application is on the bus.
     static QString busName();
     static QString objectPath();
+    /// The name of the interface that this object has itself, as the class information above gives it.
+    static QString interfaceName();
 
     ApplicationService(CurrentCoordinator& coordinator, Actions actions, QObject* parent = nullptr);
 

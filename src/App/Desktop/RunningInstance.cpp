@@ -15,7 +15,6 @@ namespace {
 constexpr int defaultPatience = -1;                      // of the bus: 25 s
 constexpr int noLimit = std::numeric_limits<int>::max(); // milliseconds; a long clip takes its time
 
-const auto control = QStringLiteral("org.quillbox.quillbox");
 const auto desktopEntry = QStringLiteral("org.freedesktop.Application");
 
 /// A connection apart from the toolkit's own one, which delivers nothing before an event loop has run.
@@ -63,32 +62,33 @@ bool RunningInstance::exists()
 
 QVariantMap RunningInstance::begin()
 {
-    return mapOf(ask(control, QStringLiteral("Begin"), {platformData()}));
+    return mapOf(ask(ApplicationService::interfaceName(), QStringLiteral("Begin"), {platformData()}));
 }
 
 QVariantMap RunningInstance::stop()
 {
-    return mapOf(ask(control, QStringLiteral("Stop"), {}, noLimit));
+    return mapOf(ask(ApplicationService::interfaceName(), QStringLiteral("Stop"), {}, noLimit));
 }
 
 QVariantMap RunningInstance::status()
 {
-    return mapOf(ask(control, QStringLiteral("Status")));
+    return mapOf(ask(ApplicationService::interfaceName(), QStringLiteral("Status")));
 }
 
 void RunningInstance::show()
 {
-    (void)ask(control, QStringLiteral("Show"), {platformData()}); // the answer says only that it was done
+    (void)ask(ApplicationService::interfaceName(), QStringLiteral("Show"),
+        {platformData()}); // the answer says only that it was done
 }
 
 void RunningInstance::quit()
 {
-    (void)ask(control, QStringLiteral("Quit"));
+    (void)ask(ApplicationService::interfaceName(), QStringLiteral("Quit"));
 }
 
 bool RunningInstance::copy(const QString& absolutePath)
 {
-    return ask(control, QStringLiteral("Copy"), {absolutePath}).value(0).toBool();
+    return ask(ApplicationService::interfaceName(), QStringLiteral("Copy"), {absolutePath}).value(0).toBool();
 }
 
 void RunningInstance::activate()

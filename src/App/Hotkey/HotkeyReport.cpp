@@ -39,7 +39,7 @@ constexpr std::array statusNames{
 QCoro::Task<std::optional<HotkeyState>> toldState()
 {
     auto asking = BusQueries::property(QDBusConnection::sessionBus(), ApplicationService::busName(),
-        ApplicationService::objectPath(), QStringLiteral("org.quillbox.quillbox"), QStringLiteral("Hotkey"));
+        ApplicationService::objectPath(), ApplicationService::interfaceName(), QStringLiteral("Hotkey"));
     const QVariant answer = co_await asking;
     const auto map = qdbus_cast<QVariantMap>(answer);
     const auto name = map.value(QStringLiteral("status")).toString().toStdString();
