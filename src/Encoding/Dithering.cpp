@@ -21,15 +21,18 @@
 // Range: the shares of one pixel add up to at most its error, so a row's largest value V(y) obeys
 // V(y) ≤ 255 + 7/16 V(y) + 9/16 V(y−1), hence V(y) ≤ V(y−1) + 454. Within `largestHeight` rows seven times that fits
 // 32 bits. It is only that large when the palette lies far from the picture; as a rule an error stays within a few
-// hundred, so a band is first tried with 16-bit lanes, which refuse errors above `largestNarrowError`.
+// hundred, so a band is first tried with 16-bit lanes, which refuse errors above `largestNarrowError`. The first error
+// above it is noticed: it comes from incoming errors within the limit and so exceeds it by less than half. What follows
+// may wrap around (this file is compiled for that) and is thrown away.
 
 namespace quillbox {
 namespace {
 
 constexpr std::int64_t largestHeight = 500'000;
 static_assert((largestHeight * 454 + 255) * 8 < std::int64_t{1} << 31U, "eight times the largest error fits 32 bits");
-constexpr std::int16_t largestNarrowError = 4000;
+constexpr std::int16_t largestNarrowError = 4095;
 static_assert(largestNarrowError * 8 < 1 << 15, "eight times the largest error fits 16 bits");
+static_assert(std::has_single_bit(largestNarrowError + 1U), "the bits of all errors together tell if one was larger");
 
 constexpr int vectorBytes = 32;
 constexpr int vectorsAtOnce = 2; // two independent chains hide each other's latency
@@ -76,8 +79,10 @@ template <typename Lane> [[gnu::always_inline]] inline Lanes<Lane> splat(Lane va
 
 template <typename Lane> [[gnu::always_inline]] inline Lanes<Lane> clamped(Lanes<Lane> value, Lane lowest, Lane highest)
 {
-    value = value > lowest ? value : splat<Lane>(lowest);
-    return value < highest ? value : splat<Lane>(highest);
+    const Lanes<Lane> low = splat<Lane>(lowest);
+    const Lanes<Lane> high = splat<Lane>(highest);
+    value = value < low ? low : value;
+    return value > high ? high : value;
 }
 
 /// Moves each lane's value to the lane below it; the first lane gets `incoming`.
@@ -94,21 +99,21 @@ template <typename Lane> [[gnu::always_inline]] inline Lanes<Lane> clamped(Lanes
         __builtin_shufflevector(band[0], band[1], 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30)};
 }
 
+/// Packed colours: red in the low byte, then green and blue.
+using Colors __attribute__((vector_size(vectorBytes))) = std::uint32_t;
+using ColorsAnywhere __attribute__((vector_size(vectorBytes), aligned(1), may_alias)) = std::uint32_t;
+constexpr int colorsAtOnce = vectorBytes / 4;
+
 /// Red, green and blue of one packed colour a lane.
-[[gnu::always_inline]] inline std::array<Lanes<std::int32_t>, 3> unpacked(
-    const std::uint32_t* colors, std::int32_t /*lane*/)
+[[gnu::always_inline]] inline std::array<Lanes<std::int32_t>, 3> unpacked(const Colors* colors, std::int32_t /*lane*/)
 {
-    Lanes<std::int32_t> color;
-    std::memcpy(&color, colors, sizeof color);
+    const auto color = std::bit_cast<Lanes<std::int32_t>>(colors[0]);
     return {color & 255, (color >> 8) & 255, (color >> 16) & 255};
 }
-[[gnu::always_inline]] inline std::array<Lanes<std::int16_t>, 3> unpacked(
-    const std::uint32_t* colors, std::int16_t /*lane*/)
+[[gnu::always_inline]] inline std::array<Lanes<std::int16_t>, 3> unpacked(const Colors* colors, std::int16_t /*lane*/)
 {
-    Lanes<std::int16_t> first;
-    Lanes<std::int16_t> second;
-    std::memcpy(&first, colors, sizeof first);
-    std::memcpy(&second, colors + 8, sizeof second);
+    const auto first = std::bit_cast<Lanes<std::int16_t>>(colors[0]);
+    const auto second = std::bit_cast<Lanes<std::int16_t>>(colors[1]);
     const auto redGreen
         = __builtin_shufflevector(first, second, 0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
     const auto blue = __builtin_shufflevector(first, second, 1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21, 23, 25, 27, 29, 31);
@@ -116,25 +121,29 @@ template <typename Lane> [[gnu::always_inline]] inline Lanes<Lane> clamped(Lanes
 }
 
 /// Splits the errors of the pixels at hand among their neighbours, each share truncated toward zero.
+/// @param sign  Of each error: 0, or −1 for a negative one.
 template <typename Lane>
-[[gnu::always_inline]] inline void spread(ChannelState<Lane>& state, std::size_t vector, Lanes<Lane> error)
+[[gnu::always_inline]] inline void spread(
+    ChannelState<Lane>& state, std::size_t vector, Lanes<Lane> error, Lanes<Lane> sign)
 {
     const Lanes<Lane> doubled = error + error;
     const Lanes<Lane> quadrupled = doubled + doubled;
     // (x + 15) >> 4 for a negative x, x >> 4 otherwise: all shares have the error's sign
-    const Lanes<Lane> rounded = error + ((error >> (8 * sizeof(Lane) - 1)) & 15);
+    const Lanes<Lane> rounded = error + (sign & 15);
     state.right[vector] = (quadrupled + doubled + rounded) >> 4;
     state.complete[vector] = state.below[vector] + ((doubled + rounded) >> 4);
     state.below[vector] = state.belowRight[vector] + ((quadrupled + rounded) >> 4);
     state.belowRight[vector] = rounded >> 4;
 }
 
-/// For each of `stepsAtOnce` steps one packed colour a row.
-template <typename Lane>
-using ColorBlock = std::array<std::array<std::uint32_t, std::size_t{rowsAtOnce<Lane>}>, stepsAtOnce>;
+/// One packed colour a row. Made of whole vectors: an array of numbers would be copied in smaller pieces (g++ 12),
+/// which are slow to load again as a vector.
+template <typename Lane> using ColorColumn = std::array<Colors, std::size_t{rowsAtOnce<Lane>} / colorsAtOnce>;
 
-using Colors = std::uint32_t __attribute__((vector_size(vectorBytes)));
-static_assert(sizeof(Colors) == stepsAtOnce * sizeof(std::uint32_t), "a vector holds one row's block of colours");
+/// A column for each of `stepsAtOnce` steps.
+template <typename Lane> using ColorBlock = std::array<ColorColumn<Lane>, stepsAtOnce>;
+
+static_assert(stepsAtOnce == colorsAtOnce, "a vector also holds one row's colours of a block");
 
 /// Swaps the rows and columns of an 8 × 8 square.
 [[gnu::always_inline]] inline void transpose(std::array<Colors, 8>& square)
@@ -164,94 +173,128 @@ template <typename Lane> [[gnu::always_inline]] inline bool allInside(const Rows
         && firstStep + stepsAtOnce <= task.width;
 }
 
+/// The steps of a block, counted from 0, at which a row is at pixels of its own; none if `end` is not above `begin`.
+struct StepSpan {
+    std::int64_t begin;
+    std::int64_t end;
+};
+
+StepSpan stepsInside(const RowsTask& task, std::int64_t row, std::int64_t firstStep)
+{
+    const std::int64_t x = firstStep - lag * row;
+    if (row >= task.rows)
+        return {0, 0};
+    return {std::max<std::int64_t>(-x, 0), std::min<std::int64_t>(task.width - x, stepsAtOnce)};
+}
+
+/// The pixels that a row visits in a block; zero outside the row.
+std::array<std::uint32_t, stepsAtOnce> pixelsAtEdge(const RowsTask& task, std::int64_t row, std::int64_t firstStep)
+{
+    std::array<std::uint32_t, stepsAtOnce> pixels{};
+    const auto [begin, end] = stepsInside(task, row, firstStep);
+    if (begin < end)
+        std::memcpy(&pixels[static_cast<std::size_t>(begin)],
+            task.pixels + 4 * (row * (task.width - lag) + firstStep + begin),
+            static_cast<std::size_t>(4 * (end - begin)));
+    return pixels;
+}
+
+/// Writes a row's indices of a block, as far as they are inside the row.
+void storeAtEdge(const RowsTask& task, std::int64_t row, std::int64_t firstStep,
+    const std::array<std::uint8_t, stepsAtOnce>& indices)
+{
+    const auto [begin, end] = stepsInside(task, row, firstStep);
+    if (begin < end)
+        std::memcpy(task.indices + row * (task.width - lag) + firstStep + begin,
+            &indices[static_cast<std::size_t>(begin)], static_cast<std::size_t>(end - begin));
+}
+
 /// Gathers the pixels that the rows visit from `firstStep` on; zero outside the rows.
+/// @param isInside  Whether no row is outside.
 template <typename Lane>
-[[gnu::always_inline]] inline void loadPixels(const RowsTask& task, std::int64_t firstStep, ColorBlock<Lane>& pixels)
+[[gnu::always_inline]] inline void loadPixels(
+    const RowsTask& task, std::int64_t firstStep, bool isInside, ColorBlock<Lane>& pixels)
 {
-    const std::int64_t rowBytes = 4 * task.width;
-    if (allInside<Lane>(task, firstStep)) {
-        const std::uint8_t* source = task.pixels + 4 * firstStep;
-        for (std::size_t row = 0; row < rowsAtOnce<Lane>; row += 8) {
-            std::array<Colors, 8> square;
+    const std::uint8_t* source = task.pixels + 4 * firstStep;
+    const std::int64_t rowAndLag = 4 * (task.width - lag);
+    for (std::size_t group = 0; group < pixels[0].size(); ++group) {
+        std::array<Colors, colorsAtOnce> square;
+        if (isInside) {
             for (Colors& colors : square) {
-                std::memcpy(&colors, source, sizeof colors);
+                colors = *reinterpret_cast<const ColorsAnywhere*>(source);
                 __builtin_prefetch(source + prefetchBytes); // a hint, harmless behind the last row as well
-                source += rowBytes - 4 * lag;
+                source += rowAndLag;
             }
-            transpose(square);
-            for (std::size_t step = 0; step < stepsAtOnce; ++step)
-                std::memcpy(&pixels[step][row], &square[step], sizeof square[step]);
+        } else {
+            for (std::size_t i = 0; i < square.size(); ++i)
+                square[i] = std::bit_cast<Colors>(
+                    pixelsAtEdge(task, static_cast<std::int64_t>(colorsAtOnce * group + i), firstStep));
         }
-        return;
-    }
-    for (std::size_t row = 0; row < rowsAtOnce<Lane>; ++row) {
-        for (std::size_t step = 0; step < stepsAtOnce; ++step) {
-            const std::int64_t x = firstStep + static_cast<std::int64_t>(step) - lag * static_cast<std::int64_t>(row);
-            pixels[step][row] = 0;
-            if (std::cmp_less(row, task.rows) && x >= 0 && x < task.width)
-                std::memcpy(&pixels[step][row], task.pixels + static_cast<std::int64_t>(row) * rowBytes + 4 * x, 4);
-        }
+        transpose(square);
+        for (std::size_t step = 0; step < stepsAtOnce; ++step)
+            pixels[step][group] = square[step];
     }
 }
 
-/// `storeIndices` for a block inside a full band of 32 rows: bytes are regrouped in registers, eight steps of a row
-/// become one store.
-[[gnu::always_inline]] inline void storeWholeBlock(
-    const RowsTask& task, std::int64_t firstStep, const ColorBlock<std::int16_t>& chosen)
-{
-    // One byte a row: row r in the low byte of lane r, then rows r + 8, r + 16, r + 24.
-    std::array<Colors, 8> square;
-    for (std::size_t step = 0; step < stepsAtOnce; ++step) {
-        std::array<Colors, 4> group;
-        std::memcpy(&group, &chosen[step], sizeof group);
-        square[step] = group[0] >> 24U | (group[1] >> 24U) << 8U | (group[2] >> 24U) << 16U | group[3] >> 24U << 24U;
-    }
-    transpose(square); // now a vector holds eight steps of four rows
-    for (std::size_t row = 0; row < 8; ++row) {
-        using Indices = std::uint8_t __attribute__((vector_size(vectorBytes)));
-        const auto bytes = std::bit_cast<Indices>(square[row]);
-        const auto fours = std::bit_cast<Colors>(__builtin_shufflevector(bytes, bytes, 0, 4, 8, 12, 1, 5, 9, 13, 2, 6,
-            10, 14, 3, 7, 11, 15, 16, 20, 24, 28, 17, 21, 25, 29, 18, 22, 26, 30, 19, 23, 27, 31));
-        const auto eights = std::bit_cast<std::array<std::uint64_t, 4>>(
-            __builtin_shufflevector(fours, fours, 0, 4, 1, 5, 2, 6, 3, 7));
-        for (std::size_t group = 0; group < 4; ++group) {
-            const auto y = static_cast<std::int64_t>(row + 8 * group);
-            std::memcpy(task.indices + y * task.width + firstStep - lag * y, &eights[group], stepsAtOnce);
-        }
-    }
-}
-
-/// Writes the indices of the colours that were chosen for the pixels of `loadPixels`.
+/// Writes the indices of the colours that were chosen for the pixels of `loadPixels`: bytes are regrouped in registers,
+/// a row's steps become one store.
 template <typename Lane>
 [[gnu::always_inline]] inline void storeIndices(
-    const RowsTask& task, std::int64_t firstStep, const ColorBlock<Lane>& chosen)
+    const RowsTask& task, std::int64_t firstStep, bool isInside, const ColorBlock<Lane>& chosen)
 {
-    if constexpr (rowsAtOnce<Lane> == 32) {
-        if (allInside<Lane>(task, firstStep))
-            return storeWholeBlock(task, firstStep, chosen);
+    constexpr std::size_t groups = std::tuple_size_v<ColorColumn<Lane>>;
+    // One byte a row: row r in the low byte of lane r, then row r + 8 and so on.
+    std::array<Colors, colorsAtOnce> square{};
+    for (std::size_t step = 0; step < stepsAtOnce; ++step) {
+        for (std::size_t group = 0; group < groups; ++group)
+            square[step] |= chosen[step][group] >> 24U << 8 * group;
     }
-    for (int row = 0; row < task.rows; ++row) {
-        for (std::size_t step = 0; step < stepsAtOnce; ++step) {
-            const std::int64_t x = firstStep + static_cast<std::int64_t>(step) - lag * row;
-            if (x >= 0 && x < task.width)
-                task.indices[row * task.width + x]
-                    = static_cast<std::uint8_t>(chosen[step][static_cast<std::size_t>(row)] >> 24U);
+    transpose(square); // now a vector holds all steps of the rows r, r + 8 and so on
+    for (std::size_t i = 0; i < square.size(); ++i) {
+        using Indices = std::uint8_t __attribute__((vector_size(vectorBytes)));
+        const auto bytes = std::bit_cast<Indices>(square[i]);
+        const auto fours = std::bit_cast<Colors>(__builtin_shufflevector(bytes, bytes, 0, 4, 8, 12, 1, 5, 9, 13, 2, 6,
+            10, 14, 3, 7, 11, 15, 16, 20, 24, 28, 17, 21, 25, 29, 18, 22, 26, 30, 19, 23, 27, 31));
+        const auto eights = std::bit_cast<std::array<std::array<std::uint8_t, stepsAtOnce>, 4>>(
+            __builtin_shufflevector(fours, fours, 0, 4, 1, 5, 2, 6, 3, 7));
+        for (std::size_t group = 0; group < groups; ++group) {
+            const auto row = static_cast<std::int64_t>(colorsAtOnce * group + i);
+            if (isInside)
+                std::memcpy(task.indices + row * (task.width - lag) + firstStep, &eights[group], stepsAtOnce);
+            else
+                storeAtEdge(task, row, firstStep, eights[group]);
         }
     }
 }
 
-/// All ones in the lanes whose row is at one of its pixels at step `t`.
-template <typename Lane>
-[[gnu::always_inline]] inline Lanes<Lane> insideMask(const RowsTask& task, std::int64_t t, std::size_t vector)
+/// The rows that are at pixels of theirs at one step: none if `last` is before `first`.
+struct RowSpan {
+    int first;
+    int last;
+};
+
+[[gnu::always_inline]] inline RowSpan rowsInside(const RowsTask& task, std::int64_t t)
 {
-    Lanes<Lane> mask{};
+    const std::int64_t first = t < task.width ? 0 : (t - task.width) / lag + 1;
+    const std::int64_t last = t / lag;
+    return {.first = static_cast<int>(std::min<std::int64_t>(first, task.rows)),
+        .last = static_cast<int>(std::min<std::int64_t>(last, task.rows - 1))};
+}
+
+/// The number of each lane's row within a vector.
+template <typename Lane, int... lane>
+[[gnu::always_inline]] inline Lanes<Lane> countedLanes(std::integer_sequence<int, lane...> /*lanes*/)
+{
+    return Lanes<Lane>{lane...};
+}
+
+/// All ones in the lanes whose row is one of `rows`.
+template <typename Lane> [[gnu::always_inline]] inline Lanes<Lane> maskOf(RowSpan rows, std::size_t vector)
+{
     constexpr int lanes = rowsAtOnce<Lane> / vectorsAtOnce;
-    for (int lane = 0; lane < lanes; ++lane) {
-        const int row = static_cast<int>(vector) * lanes + lane;
-        const std::int64_t x = t - lag * row;
-        mask[lane] = row < task.rows && x >= 0 && x < task.width ? -1 : 0;
-    }
-    return mask;
+    const Lanes<Lane> row = countedLanes<Lane>(std::make_integer_sequence<int, lanes>{})
+        + static_cast<Lane>(static_cast<int>(vector) * lanes);
+    return (row >= static_cast<Lane>(rows.first)) & (row <= static_cast<Lane>(rows.last));
 }
 
 /// @return whether all errors stayed in the range of `Lane`; if not, the output is worthless.
@@ -269,8 +312,8 @@ template <typename Lane> [[gnu::always_inline]] inline bool ditherRows(const Row
     for (std::int64_t firstStep = 0; firstStep < steps; firstStep += stepsAtOnce) {
         alignas(64) ColorBlock<Lane> pixels;
         alignas(64) ColorBlock<Lane> chosen;
-        loadPixels<Lane>(task, firstStep, pixels);
         const bool isInside = allInside<Lane>(task, firstStep);
+        loadPixels<Lane>(task, firstStep, isInside, pixels);
 
         for (std::size_t step = 0; step < stepsAtOnce; ++step) {
             const std::int64_t t = firstStep + static_cast<std::int64_t>(step);
@@ -280,27 +323,31 @@ template <typename Lane> [[gnu::always_inline]] inline bool ditherRows(const Row
 
             alignas(vectorBytes) std::array<std::make_unsigned_t<Lane>, std::size_t{rows}> keys;
             for (std::size_t v = 0; v < vectorsAtOnce; ++v) {
-                const auto pixel = unpacked(&pixels[step][v * lanes], Lane{});
+                const auto pixel = unpacked(&pixels[step][v * lanes / colorsAtOnce], Lane{});
                 for (std::size_t channel = 0; channel < 3; ++channel)
                     value[channel][v] += state[channel].right[v] + pixel[channel];
                 const Lanes<Lane> key = (clamped<Lane>(value[0][v], 0, 255) & 0xF8) << 7
                     | (clamped<Lane>(value[1][v], 0, 255) & 0xF8) << 2 | clamped<Lane>(value[2][v], 0, 255) >> 3;
                 std::memcpy(&keys[v * lanes], &key, sizeof key);
             }
-            for (std::size_t row = 0; row < rows; ++row)
-                chosen[step][row] = task.nearest[keys[row]];
+            for (std::size_t group = 0; group < chosen[step].size(); ++group) {
+                const auto nearestOf = [&](std::size_t i) {
+                    return task.nearest[keys[colorsAtOnce * group + i]];
+                };
+                chosen[step][group] = Colors{nearestOf(0), nearestOf(1), nearestOf(2), nearestOf(3), nearestOf(4),
+                    nearestOf(5), nearestOf(6), nearestOf(7)};
+            }
+            const RowSpan inside = rowsInside(task, t);
             for (std::size_t v = 0; v < vectorsAtOnce; ++v) {
-                const auto color = unpacked(&chosen[step][v * lanes], Lane{});
+                const auto color = unpacked(&chosen[step][v * lanes / colorsAtOnce], Lane{});
                 for (std::size_t channel = 0; channel < 3; ++channel) {
                     Lanes<Lane> error = value[channel][v] - color[channel];
                     if (!isInside) // a row spreads nothing while it is outside the picture
-                        error &= insideMask<Lane>(task, t, v);
-                    if constexpr (isNarrow) {
-                        const auto bounded = clamped<Lane>(error, -largestNarrowError, largestNarrowError);
-                        outOfRange |= bounded ^ error;
-                        error = bounded;
-                    }
-                    spread(state[channel], v, error);
+                        error &= maskOf<Lane>(inside, v);
+                    const Lanes<Lane> sign = error >> (8 * sizeof(Lane) - 1);
+                    if constexpr (isNarrow)
+                        outOfRange |= error ^ sign;
+                    spread(state[channel], v, error, sign);
                 }
             }
             // The last row trails the first, so the incoming value was read long before it is overwritten.
@@ -310,11 +357,11 @@ template <typename Lane> [[gnu::always_inline]] inline bool ditherRows(const Row
                     task.errors[channel][finished] = state[channel].complete[vectorsAtOnce - 1][lanes - 1];
             }
         }
-        storeIndices<Lane>(task, firstStep, chosen);
+        storeIndices<Lane>(task, firstStep, isInside, chosen);
     }
     bool inRange = true;
     for (std::size_t lane = 0; lane < lanes; ++lane)
-        inRange = inRange && outOfRange[lane] == 0;
+        inRange = inRange && outOfRange[lane] <= largestNarrowError; // wide ones stay 0
     return inRange;
 }
 

@@ -138,12 +138,10 @@ public:
     }
 
     /// Maps and compresses what is still to be done, until all is or the file exceeds `byteLimit` or `stop` asks for
-    /// the end. Runs of consecutive frames stay on one thread, where a frame can reuse the dithering of the one before.
+    /// the end.
     void advance(Attempt& attempt, std::int64_t byteLimit, const std::stop_token& stop)
     {
-        constexpr std::int64_t largestRun = 16;
-        const std::int64_t count = m_material.frames.count();
-        const std::int64_t run = std::clamp<std::int64_t>(count / (4 * std::ssize(m_workers)), 1, largestRun);
+        const std::vector<Run> runs = runsToDo(attempt);
         for (Worker& worker : m_workers) {
             worker.indexed.palette = attempt.lut.palette();
             worker.ditherer.use(attempt.lut);
@@ -151,9 +149,9 @@ public:
         tell(attempt);
         std::mutex mutex; // guards what the attempt counts
         std::atomic<bool> isOver = attempt.byteCount > byteLimit;
-        parallelFor(m_execution.parallelism, (count + run - 1) / run, [&](std::int64_t item, int worker) {
-            const std::int64_t end = std::min(count, (item + 1) * run);
-            for (std::int64_t i = item * run; i < end && !isOver && !stop.stop_requested(); ++i) {
+        parallelFor(m_execution.parallelism, std::ssize(runs), [&](std::int64_t item, int worker) {
+            const auto [begin, end] = runs[static_cast<std::size_t>(item)];
+            for (std::int64_t i = begin; i < end && !isOver && !stop.stop_requested(); ++i) {
                 Bytes& part = attempt.frameParts[static_cast<std::size_t>(i)];
                 if (!part.empty())
                     continue;
@@ -168,6 +166,35 @@ public:
     }
 
 private:
+    /// Consecutive frames, not all of which need be still to be done.
+    struct Run {
+        std::int64_t begin;
+        std::int64_t end;
+    };
+
+    /// What is still to be done, in pieces for a thread each: a frame can reuse the dithering of the one before. They
+    /// become shorter and shorter, so that all threads end at about the same time.
+    [[nodiscard]] std::vector<Run> runsToDo(const Attempt& attempt) const
+    {
+        constexpr std::int64_t largestRun = 16;
+        const std::int64_t share = 2 * std::ssize(m_workers);
+        std::vector<Run> runs;
+        std::int64_t left = std::ssize(attempt.frameParts) - attempt.framesDone;
+        std::int64_t room = 0; // in the last run
+        for (std::int64_t i = 0; i < std::ssize(attempt.frameParts); ++i) {
+            if (!attempt.frameParts[static_cast<std::size_t>(i)].empty())
+                continue;
+            if (room == 0) {
+                room = std::clamp<std::int64_t>(left / share, 1, largestRun);
+                runs.push_back({i, i});
+            }
+            runs.back().end = i + 1;
+            --room;
+            --left;
+        }
+        return runs;
+    }
+
     [[nodiscard]] Bytes encodedFrame(const Attempt& attempt, Worker& worker, std::int64_t index) const
     {
         auto& [ditherer, compressor, indexed] = worker;

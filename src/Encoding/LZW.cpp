@@ -7,6 +7,7 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <random>
 #include <vector>
 
 namespace quillbox::LZW {
@@ -100,6 +101,11 @@ public:
     }
 
     [[nodiscard]] std::size_t longestRun(std::uint8_t index) const { return m_longestRun[index]; }
+    /// Whether `code` stands for a run of `index` that is `length` long.
+    [[nodiscard]] bool isRun(Code code, std::uint8_t index, std::size_t length) const
+    {
+        return length <= m_longestRun[index] && runCode(index, length) == code;
+    }
     [[nodiscard]] Code runCode(std::uint8_t index, std::size_t length) const
     {
         return m_runCodes[(std::size_t{index} << maxCodeBits) + length];
@@ -118,63 +124,95 @@ private:
     unsigned m_indexBits = 8;
 };
 
+constexpr std::size_t leapLength = 4;
+
 /// Four indices as one number, the same for the same four.
 std::uint32_t fourAt(const std::uint8_t* indices)
 {
+    static_assert(leapLength == sizeof(std::uint32_t));
     std::uint32_t four = 0;
     std::memcpy(&four, indices, sizeof four);
     return four;
 }
 
-/// Where four indices at once lead in the tree, from each sequence whose length is a multiple of four. A walk along a
-/// long known sequence thus takes a quarter of the steps, each of which has to wait for the one before.
+constexpr std::uint32_t fourOf(std::uint8_t index)
+{
+    return 0x01010101U * index;
+}
+
+/// Where four indices at once lead in the tree, from each sequence whose length is a multiple of four.
+///
+/// A step down the tree has to wait for the one before, which tells where to look. Leaps need not: an entry's place is
+/// a hash of the indices alone, all of them from the sequence's start, so the processor fetches several entries ahead,
+/// and checks afterwards that each begins where the one before led to.
 ///
 /// A hash table with linear probing, a quarter full at most.
 class Leaps {
 public:
+    /// A sequence of which leaps can start: 4 × `fours` indices.
+    struct Base {
+        Code code; ///< the clear code: nothing yet
+        std::size_t fours = 0;
+        std::uint64_t hash = 0; ///< of the indices: the sum of four times factor for each four
+    };
+
     Leaps()
         : m_entries(std::size_t{1} << entryBits)
     {
+        std::mt19937_64 random; // gives the same numbers everywhere, not that it matters
+        for (std::size_t i = 0; i < mostFours; ++i) {
+            m_factors[i] = random() | 1U;
+            m_factorSums[i + 1] = m_factorSums[i] + m_factors[i];
+        }
     }
 
     void reset() { std::ranges::fill(m_entries, 0); }
 
-    /// @return the code of `base` followed by `four`, 0 if there is none or it was not added.
-    [[nodiscard]] Code find(Code base, std::uint32_t four) const
+    /// The base that is a run of `index`.
+    [[nodiscard]] Base ofRun(Code code, std::uint8_t index, std::size_t fours) const
     {
-        const std::uint64_t key = keyOf(base, four);
-        for (std::size_t place = placeOf(key); m_entries[place] != 0; place = nextPlace(place)) {
-            if (m_entries[place] >> maxCodeBits == key)
-                return static_cast<Code>(m_entries[place] & (maxCodes - 1));
-        }
-        return 0;
+        return {.code = code, .fours = fours, .hash = fourOf(index) * m_factorSums[fours]};
     }
 
-    void add(Code base, std::uint32_t four, Code code)
+    /// @return where `four` leads from `base`; code 0 if nowhere.
+    [[nodiscard]] Base find(const Base& base, std::uint32_t four) const
     {
-        const std::uint64_t key = keyOf(base, four);
-        std::size_t place = placeOf(key);
+        const std::uint64_t key = keyOf(base.code, four);
+        Base longer{.code = 0, .fours = base.fours + 1, .hash = base.hash + four * m_factors[base.fours]};
+        for (std::size_t place = placeOf(longer.hash); m_entries[place] != 0; place = nextPlace(place)) {
+            if (m_entries[place] >> maxCodeBits == key) {
+                longer.code = static_cast<Code>(m_entries[place] & (maxCodes - 1));
+                break;
+            }
+        }
+        return longer;
+    }
+
+    /// From now on `four` leads from `base` to `code`.
+    void add(const Base& base, std::uint32_t four, Code code)
+    {
+        std::size_t place = placeOf(base.hash + four * m_factors[base.fours]);
         while (m_entries[place] != 0)
             place = nextPlace(place);
-        m_entries[place] = key << maxCodeBits | code;
+        m_entries[place] = keyOf(base.code, four) << maxCodeBits | code;
     }
 
 private:
     static constexpr unsigned entryBits = 12;
+    /// In a sequence, which is shorter than there are codes: each of its beginnings has one.
+    static constexpr std::size_t mostFours = maxCodes / leapLength;
 
     /// Never zero.
     static std::uint64_t keyOf(Code base, std::uint32_t four)
     {
         return std::uint64_t{1} << 44U | std::uint64_t{base} << 32U | four;
     }
-    static std::size_t placeOf(std::uint64_t key)
-    {
-        constexpr std::uint64_t goldenRatio = 0x9E3779B97F4A7C15U; // Fibonacci hashing
-        return key * goldenRatio >> (64 - entryBits);
-    }
+    static std::size_t placeOf(std::uint64_t hash) { return hash >> (64 - entryBits); }
     static std::size_t nextPlace(std::size_t place) { return (place + 1) % (std::size_t{1} << entryBits); }
 
-    std::vector<std::uint64_t> m_entries; ///< key, then code; zero where free
+    std::vector<std::uint64_t> m_entries;                    ///< key, then code; zero where free
+    std::array<std::uint64_t, mostFours> m_factors{};        ///< random, odd; one for each place in a sequence
+    std::array<std::uint64_t, mostFours + 1> m_factorSums{}; ///< of so many of the first
 };
 
 /// Where the run that begins at `start` ends.
@@ -204,7 +242,7 @@ struct Filling {
     std::size_t steps = 0; ///< down the tree, each index counted
 
     /// Whether a table like this is filled faster by leaps.
-    [[nodiscard]] bool isWorthLeaping() const { return steps > 5 * codes; }
+    [[nodiscard]] bool isWorthLeaping(bool byLeaps) const { return steps > (byLeaps ? 3 : 5) * codes; }
 };
 
 /// The road of one picture from indices to codes.
@@ -236,26 +274,35 @@ public:
         auto nextCode = static_cast<Code>(m_clearCode + 2);
         while (!isDone()) {
             const std::size_t start = m_position;
-            Sequence sequence = knownRun();
+            Code code = 0;
+            Leaps::Base base{.code = m_clearCode}; // the longest beginning that can be one
+            if (byLeaps && !fourAreEqual(start)) { // leaps find a shorter run as well
+                code = m_indices[m_position++];
+            } else {
+                code = takeKnownRun();
+                if constexpr (byLeaps)
+                    base = baseOfRun(start);
+            }
             const std::size_t afterRun = m_position;
             if constexpr (byLeaps)
-                followByLeaps(sequence, start);
-            else
-                followBySteps(sequence);
-            const bool isRun = m_position == afterRun; // all known runs were taken, so any step leaves the run
+                leap(code, base, start);
+            while (!isDone() && step(code)) { }
+            // Without leaps all known runs were taken, so that any step has left the run.
+            const bool isRun
+                = byLeaps ? m_dictionary.isRun(code, m_indices[start], m_position - start) : m_position == afterRun;
             ++filling.codes;
             filling.steps += m_position - afterRun;
-            m_writer.write(sequence.code, m_codeSize);
+            m_writer.write(code, m_codeSize);
             if (isDone())
                 break; // the last data code assigns nothing and changes no width
 
             const std::uint8_t index = m_indices[m_position];
-            m_dictionary.assign(m_dictionary.slot(sequence.code, index), nextCode);
+            m_dictionary.assign(m_dictionary.slot(code, index), nextCode);
             if (isRun && index == m_indices[start])
                 m_dictionary.lengthenRun(index, nextCode);
             if constexpr (byLeaps) {
                 if ((m_position + 1 - start) % leapLength == 0)
-                    m_leaps.add(sequence.leapBase, fourAt(&m_indices[m_position + 1 - leapLength]), nextCode);
+                    m_leaps.add(base, fourAt(&m_indices[m_position + 1 - leapLength]), nextCode);
             }
             ++nextCode;
             if (nextCode > 1 << m_codeSize && m_codeSize < maxCodeBits)
@@ -278,68 +325,58 @@ public:
     }
 
 private:
-    static constexpr std::size_t leapLength = 4;
-
-    struct Sequence {
-        Code code;
-        Code leapBase; ///< its longest beginning whose length is a multiple of `leapLength`; clear code: of none
-    };
+    [[nodiscard]] bool fourAreEqual(std::size_t at) const
+    {
+        return at + leapLength <= m_indices.size() && fourAt(&m_indices[at]) == fourOf(m_indices[at]);
+    }
 
     /// Takes the longest known run that begins at `m_position`, at once.
-    Sequence knownRun()
+    Code takeKnownRun()
     {
         const std::uint8_t index = m_indices[m_position++];
         if (isDone() || m_indices[m_position] != index)
-            return {.code = index, .leapBase = m_clearCode};
+            return index;
         if (m_runEnd < m_position)
             m_runEnd = endOfRun(m_indices, m_position);
         const std::size_t length = std::min(m_runEnd - m_position + 1, m_dictionary.longestRun(index));
         m_position += length - 1;
-        const std::size_t leapt = length / leapLength * leapLength;
-        return {.code = m_dictionary.runCode(index, length),
-            .leapBase = leapt > 0 ? m_dictionary.runCode(index, leapt) : m_clearCode};
+        return m_dictionary.runCode(index, length);
     }
 
-    /// Extends the sequence as far as the dictionary knows it.
-    void followBySteps(Sequence& sequence)
+    /// For the run from `start` to `m_position`.
+    [[nodiscard]] Leaps::Base baseOfRun(std::size_t start) const
     {
-        while (!isDone() && step(sequence)) { }
+        const std::size_t fours = (m_position - start) / leapLength;
+        if (fours == 0)
+            return {.code = m_clearCode};
+        const std::uint8_t index = m_indices[start];
+        return m_leaps.ofRun(m_dictionary.runCode(index, fours * leapLength), index, fours);
     }
 
-    /// The same. @param start where the sequence begins.
-    void followByLeaps(Sequence& sequence, std::size_t start)
+    /// Extends the sequence that begins at `start` by leaps, as far as it is known where to.
+    void leap(Code& code, Leaps::Base& base, std::size_t start)
     {
-        if (m_position == start + 1 && leap(sequence, start))
-            m_position = start + leapLength;
-        do {
-            if ((m_position - start) % leapLength == 0) {
-                sequence.leapBase = sequence.code;
-                while (leap(sequence, m_position))
-                    m_position += leapLength;
-            }
-        } while (!isDone() && step(sequence));
+        const std::size_t foursBefore = base.fours;
+        for (std::size_t end = start + (base.fours + 1) * leapLength; end <= m_indices.size(); end += leapLength) {
+            const Leaps::Base longer = m_leaps.find(base, fourAt(&m_indices[end - leapLength]));
+            if (longer.code == 0)
+                break;
+            base = longer;
+        }
+        if (base.fours > foursBefore) {
+            code = base.code;
+            m_position = start + base.fours * leapLength;
+        }
     }
 
     /// @return whether the dictionary knows the sequence longer by one.
-    bool step(Sequence& sequence)
+    bool step(Code& code)
     {
-        const Code longer = m_dictionary.child(m_dictionary.slot(sequence.code, m_indices[m_position]));
+        const Code longer = m_dictionary.child(m_dictionary.slot(code, m_indices[m_position]));
         if (longer == 0)
             return false;
-        sequence.code = longer;
+        code = longer;
         ++m_position;
-        return true;
-    }
-
-    /// From its base the sequence leaps over the indices at `from`, if it is known where to.
-    bool leap(Sequence& sequence, std::size_t from)
-    {
-        if (from + leapLength > m_indices.size())
-            return false;
-        const Code longer = m_leaps.find(sequence.leapBase, fourAt(&m_indices[from]));
-        if (longer == 0)
-            return false;
-        sequence = {.code = longer, .leapBase = longer};
         return true;
     }
 
@@ -390,7 +427,7 @@ std::span<const std::uint8_t> Encoder::encode(std::span<const std::uint8_t> indi
     Compression compression(m_tables->dictionary, m_tables->leaps, indices, minCodeSize, m_output.data());
     while (!compression.isDone()) {
         const Filling filling = m_tables->byLeaps ? compression.fillTable<true>() : compression.fillTable<false>();
-        m_tables->byLeaps = filling.isWorthLeaping();
+        m_tables->byLeaps = filling.isWorthLeaping(m_tables->byLeaps);
     }
     return {m_output.data(), compression.finish()};
 }
