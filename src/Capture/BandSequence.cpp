@@ -22,6 +22,10 @@ RGBAFrame BandSequence::compared(const RGBAFrame& frame)
     m_bands.resize(static_cast<std::size_t>(frame.bandCount()));
     for (std::int64_t index = 0; index < frame.bandCount(); ++index) {
         RGBAFrame::Band& band = m_bands[static_cast<std::size_t>(index)];
+        if (RGBAFrame::Band own = frame.ownBand(index)) {
+            band = std::move(own);
+            continue;
+        }
         const PixelView pixels = frame.band(index);
         if (!band || !(band->pixels() == pixels))
             band = std::make_shared<const PixelBand>(Bytes(pixels));

@@ -20,7 +20,7 @@ public:
     /// @param size  Pixels; positive.
     [[nodiscard]] RGBAFrame remade(FrameResampler::Size size, ChangedBands& changed, const MakeBand& makeBand);
 
-    /// `frame`, compared with the one before. @pre it has pixels.
+    /// `frame`, compared with the one before unless it is made of bands already. @pre it has pixels.
     [[nodiscard]] RGBAFrame compared(const RGBAFrame& frame);
 
 private:

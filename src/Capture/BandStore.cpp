@@ -46,16 +46,16 @@ std::optional<std::int64_t> wantedMemory()
     return std::min(megabytes, BandStore::largestMemory / megabyte) * megabyte;
 }
 
-Bytes decompressed(std::span<const std::uint8_t> bytes, std::size_t byteCount)
+std::shared_ptr<const Bytes> decompressed(std::span<const std::uint8_t> bytes, std::size_t byteCount)
 {
     if (bytes.size() == byteCount)
-        return {bytes.begin(), bytes.end()}; // it was not worth it
+        return std::make_shared<const Bytes>(bytes.begin(), bytes.end()); // it was not worth it
     Bytes pixels(byteCount);
     const int got = LZ4_decompress_safe(reinterpret_cast<const char*>(bytes.data()),
         reinterpret_cast<char*>(pixels.data()), static_cast<int>(bytes.size()), static_cast<int>(byteCount));
     if (!std::cmp_equal(got, byteCount))
         throw SpillError(translate("CaptureError", "Pixels of the clip can't be read back: they are damaged"));
-    return pixels;
+    return std::make_shared<const Bytes>(std::move(pixels));
 }
 
 /// Compressed pixels in memory.
@@ -66,7 +66,7 @@ public:
         , m_byteCount(byteCount)
     {
     }
-    [[nodiscard]] Bytes bytes() const override { return decompressed(m_bytes, m_byteCount); }
+    [[nodiscard]] std::shared_ptr<const Bytes> pixels() const override { return decompressed(m_bytes, m_byteCount); }
 
 private:
     Bytes m_bytes;
@@ -83,11 +83,12 @@ public:
         , m_byteCount(byteCount)
     {
     }
-    [[nodiscard]] Bytes bytes() const override
+    [[nodiscard]] std::shared_ptr<const Bytes> pixels() const override
     {
         Bytes bytes(m_size);
         m_file->read(m_offset, bytes);
-        return m_size == m_byteCount ? std::move(bytes) : decompressed(bytes, m_byteCount);
+        return m_size == m_byteCount ? std::make_shared<const Bytes>(std::move(bytes))
+                                     : decompressed(bytes, m_byteCount);
     }
 
 private:

@@ -63,7 +63,7 @@ private:
     {
         return count * sizeof(T) >= hugePageBytes ? hugePageBytes : pageBytes;
     }
-    static constexpr std::size_t smallestAlignedBytes = 64 * pageBytes; // so that what alignment wastes is little
+    static constexpr std::size_t smallestAlignedBytes = 16 * pageBytes; // so that what alignment wastes is little
 };
 
 /// A growable byte array. `Bytes(n)` and `resize(n)` leave new bytes undefined; `Bytes(n, 0)` gives zeros.

@@ -66,13 +66,12 @@ FrameIntake FrameIntake::forAnyPreset(std::int64_t sourceFPS)
     return FrameIntake(sourceFPS, all);
 }
 
-FrameIntake FrameIntake::shrinking(std::int64_t sourceFPS, ExportPreset preset, Keeper keeper)
+FrameIntake FrameIntake::sparing(std::int64_t sourceFPS, ExportPreset preset, Keeper keeper)
 {
     FrameIntake intake(sourceFPS, std::span(&preset, 1));
     intake.m_keeper = std::move(keeper);
+    intake.m_isSparing = true;
     intake.m_maxWidth = preset.maxWidth();
-    if (SideThread::isWorthIt())
-        intake.m_side = std::make_unique<SideThread>();
     return intake;
 }
 
@@ -89,20 +88,28 @@ void FrameIntake::append(const RGBAFrame& frame)
     }
     if (!m_cap)
         m_cap.emplace(frame, m_maxWidth);
-    const bool keepsAsItIs = m_cap->isNone() && !m_keeper;
     m_comparisons.turnTo(frame);
     m_activity.append(frame, m_comparisons);
     for (Candidate& candidate : m_candidates) {
-        if (candidate.resampler.keepsNext() && candidate.deduplicator.append(frame, m_comparisons) && !keepsAsItIs)
+        if (candidate.resampler.keepsNext() && candidate.deduplicator.append(frame, m_comparisons) && m_isSparing)
             candidate.deduplicator.replaceLast(substituteFor(frame));
     }
+}
+
+RGBAFrame FrameIntake::shrunk(const RGBAFrame& frame)
+{
+    if (!m_side && !m_cap->isNone() && SideThread::isWorthIt())
+        m_side = std::make_unique<SideThread>();
+    return m_cap->applied(frame, m_side.get());
 }
 
 const RGBAFrame& FrameIntake::substituteFor(const RGBAFrame& frame)
 {
     if (!m_lastKept || !m_lastKept->original.sharesPixels(frame)) {
-        const RGBAFrame shrunk = m_cap->applied(frame, m_side.get());
-        m_lastKept = {frame, m_keeper ? m_keeper(shrunk) : shrunk};
+        if (const auto elsewhere = frame.elsewhere())
+            m_lastKept = {frame, *elsewhere};
+        else
+            m_lastKept = {frame, m_keeper ? m_keeper(shrunk(frame)) : shrunk(frame)};
     }
     return m_lastKept->substitute;
 }

@@ -32,13 +32,13 @@ public:
     /// An intake for any preset, to be chosen in the end.
     [[nodiscard]] static FrameIntake forAnyPreset(std::int64_t sourceFPS);
 
-    /// Called once with each picture that is to be kept; gives the one, equal to it, that is kept instead.
+    /// Called once with each picture that is to be kept here; gives the one, equal to it, that is kept instead.
     using Keeper = std::function<RGBAFrame(const RGBAFrame&)>;
 
-    /// An intake for one preset that shrinks frames to its width as soon as they are to be kept. Worth it where the
-    /// frames would otherwise take up memory of their own.
+    /// An intake for one preset whose frames take up as little memory as may be: one that is elsewhere too is kept
+    /// there, any other is shrunk to the preset's width as soon as it is to be kept.
     /// @param keeper  May be empty. What it throws comes out of append().
-    [[nodiscard]] static FrameIntake shrinking(std::int64_t sourceFPS, ExportPreset preset, Keeper keeper = nullptr);
+    [[nodiscard]] static FrameIntake sparing(std::int64_t sourceFPS, ExportPreset preset, Keeper keeper = nullptr);
 
     /// Takes the next frame. Its pixels are shared, not copied.
     void append(const RGBAFrame& frame);
@@ -71,15 +71,18 @@ private:
         RGBAFrame substitute;
     };
 
+    [[nodiscard]] RGBAFrame shrunk(const RGBAFrame& frame);
+    /// What is kept instead of a frame; perhaps itself.
     [[nodiscard]] const RGBAFrame& substituteFor(const RGBAFrame& frame);
 
     std::int64_t m_sourceFPS;
     std::int64_t m_frameCount = 0;
+    bool m_isSparing = false;
     std::optional<std::int64_t> m_maxWidth;        ///< what to shrink to at once, pixels
     std::optional<FrameResampler::WidthCap> m_cap; ///< the same for the size of the first frame
     Keeper m_keeper;                               ///< may be empty
     std::optional<Kept> m_lastKept;                ///< several rates may keep one frame
-    std::unique_ptr<SideThread> m_side;            ///< shrinks the upper halves, if there is one
+    std::unique_ptr<SideThread> m_side;            ///< shrinks the upper halves, once there was something to shrink
     std::vector<Candidate> m_candidates;
     FPSAdaptive::ActivityMeter m_activity;
     FrameComparisons m_comparisons;

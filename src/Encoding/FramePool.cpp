@@ -16,21 +16,25 @@ public:
             return {};
         Bytes buffer = std::move(m_buffers.back()); // the one most likely to be in the cache still
         m_buffers.pop_back();
+        m_byteCount -= buffer.capacity();
         return buffer;
     }
 
     void put(Bytes buffer)
     {
         const std::scoped_lock lock(m_mutex);
-        if (m_buffers.size() < largestCount)
-            m_buffers.push_back(std::move(buffer));
+        if (m_byteCount + buffer.capacity() > mostBytes)
+            return;
+        m_byteCount += buffer.capacity();
+        m_buffers.push_back(std::move(buffer));
     }
 
 private:
-    static constexpr std::size_t largestCount = 8; // more than a reader and its consumer have under way
+    static constexpr std::size_t mostBytes = 100'000'000; // a few pictures, as a reader and its consumer have under way
 
     std::mutex m_mutex;
     std::vector<Bytes> m_buffers;
+    std::size_t m_byteCount = 0; ///< of all
 };
 
 FramePool::FramePool()
@@ -38,7 +42,7 @@ FramePool::FramePool()
 {
 }
 
-Bytes FramePool::take(std::int64_t byteCount)
+Bytes FramePool::take(std::int64_t byteCount) const
 {
     Bytes buffer = m_spares->take();
     buffer.resize(static_cast<std::size_t>(byteCount));
@@ -47,13 +51,17 @@ Bytes FramePool::take(std::int64_t byteCount)
 
 RGBAFrame FramePool::frame(std::int64_t width, std::int64_t height, Bytes pixels)
 {
+    return RGBAFrame::sharing(width, height, shared(std::move(pixels)));
+}
+
+std::shared_ptr<const Bytes> FramePool::shared(Bytes pixels) const
+{
     auto giveBack = [spares = std::weak_ptr(m_spares)](Bytes* buffer) {
         const std::unique_ptr<Bytes> owned(buffer);
         if (const auto pool = spares.lock())
             pool->put(std::move(*owned));
     };
-    return RGBAFrame::sharing(
-        width, height, std::shared_ptr<const Bytes>(new Bytes(std::move(pixels)), std::move(giveBack)));
+    return {new Bytes(std::move(pixels)), std::move(giveBack)};
 }
 
 void FramePool::giveBack(Bytes pixels)

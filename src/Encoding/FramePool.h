@@ -15,10 +15,13 @@ public:
     FramePool();
 
     /// A buffer of `byteCount` bytes with undefined contents.
-    [[nodiscard]] Bytes take(std::int64_t byteCount);
+    [[nodiscard]] Bytes take(std::int64_t byteCount) const;
 
     /// A frame whose buffer comes back here in the end. @pre as for RGBAFrame's constructor.
     [[nodiscard]] RGBAFrame frame(std::int64_t width, std::int64_t height, Bytes pixels);
+
+    /// A buffer to be shared, which comes back here likewise.
+    [[nodiscard]] std::shared_ptr<const Bytes> shared(Bytes pixels) const;
 
     /// Gives back a buffer that became no frame.
     void giveBack(Bytes pixels);

@@ -60,26 +60,26 @@ struct LargeDivider {
 
 /// One output row's work.
 struct RowTask {
-    const std::uint8_t* source;    ///< first source row
-    std::size_t rowBytes;          ///< of a source row
-    std::int64_t rows;             ///< source rows to average
-    std::span<const Span> columns; ///< one an output pixel
-    std::int64_t shortestColumn;   ///< every column is this long or one longer
-    std::uint32_t* sums;           ///< scratch, one a source byte of a row
+    std::span<const std::uint8_t* const> rows; ///< source rows to average
+    std::size_t rowBytes;                      ///< of a source row
+    std::span<const Span> columns;             ///< one an output pixel
+    std::int64_t shortestColumn;               ///< every column is this long or one longer
+    std::uint32_t* sums;                       ///< scratch, one a source byte of a row
     std::uint8_t* output;
 };
 
 template <typename Divider> [[gnu::always_inline]] inline void filterRow(const RowTask& task)
 {
+    const std::uint8_t* first = task.rows.front();
     for (std::size_t i = 0; i < task.rowBytes; ++i)
-        task.sums[i] = task.source[i];
-    for (std::int64_t row = 1; row < task.rows; ++row) {
-        const std::uint8_t* source = task.source + static_cast<std::size_t>(row) * task.rowBytes;
+        task.sums[i] = first[i];
+    for (const std::uint8_t* source : task.rows.subspan(1)) {
         for (std::size_t i = 0; i < task.rowBytes; ++i)
             task.sums[i] += source[i];
     }
 
-    const std::array dividers{Divider(task.shortestColumn * task.rows), Divider((task.shortestColumn + 1) * task.rows)};
+    const std::int64_t rows = std::ssize(task.rows);
+    const std::array dividers{Divider(task.shortestColumn * rows), Divider((task.shortestColumn + 1) * rows)};
     std::uint8_t* output = task.output;
     for (const Span column : task.columns) {
         ChannelSums total{};
@@ -104,20 +104,45 @@ void filterRowOfLargeBlocks(const RowTask& task)
     filterRow<LargeDivider>(task);
 }
 
+/// Where a picture's rows are, which its bands keep.
+class Rows {
+public:
+    explicit Rows(const RGBAFrame& frame)
+    {
+        const std::int64_t rowBytes = frame.width() * RGBAFrame::bytesPerPixel;
+        m_places.reserve(static_cast<std::size_t>(frame.height()));
+        m_bands.reserve(static_cast<std::size_t>(frame.bandCount()));
+        for (std::int64_t index = 0; index < frame.bandCount(); ++index) {
+            const PixelView& band = m_bands.emplace_back(frame.band(index));
+            for (std::int64_t row = 0; row < frame.rowsOfBand(index); ++row)
+                m_places.push_back(band.data() + row * rowBytes);
+        }
+    }
+
+    [[nodiscard]] std::span<const std::uint8_t* const> operator[](Span rows) const
+    {
+        return std::span(m_places).subspan(
+            static_cast<std::size_t>(rows.begin), static_cast<std::size_t>(rows.length()));
+    }
+
+private:
+    std::vector<PixelView> m_bands;
+    std::vector<const std::uint8_t*> m_places;
+};
+
 /// A picture on its way to another size.
 struct Shrinking {
-    PixelView source; ///< all rows
+    Rows source;
     Size from;
     Size to;
     std::uint8_t* output; ///< all rows
 };
 
-/// Calls `visit(first source row, source rows, output row)` for each output row of `rows`.
+/// Calls `visit(source rows, output row)` for each output row of `rows`.
 template <typename Visitor> void forEachOutputRow(const Shrinking& task, Span rows, Visitor&& visit)
 {
     for (std::int64_t y = rows.begin; y < rows.end; ++y) {
-        const Span source = sourceSpan(y, task.from.height, task.to.height);
-        visit(task.source.data() + source.begin * task.from.width * RGBAFrame::bytesPerPixel, source.length(),
+        visit(task.source[sourceSpan(y, task.from.height, task.to.height)],
             task.output + y * task.to.width * RGBAFrame::bytesPerPixel);
     }
 }
@@ -125,8 +150,8 @@ template <typename Visitor> void forEachOutputRow(const Shrinking& task, Span ro
 void filterSmallBlocks(const Shrinking& task, Span rows)
 {
     SmallBlockFilter filter(task.from.width, task.to.width);
-    forEachOutputRow(task, rows, [&filter](const std::uint8_t* source, std::int64_t sourceRows, std::uint8_t* output) {
-        filter.filterRow(source, sourceRows, output);
+    forEachOutputRow(task, rows, [&filter](std::span<const std::uint8_t* const> source, std::uint8_t* output) {
+        filter.filterRow(source, output);
     });
 }
 
@@ -140,10 +165,9 @@ void filterBlocks(const Shrinking& task, std::int64_t blockBound, Span rows)
     std::vector<std::uint32_t> sums(static_cast<std::size_t>(task.from.width * RGBAFrame::bytesPerPixel));
 
     // NOLINTNEXTLINE(readability-non-const-parameter): written through the row's task
-    forEachOutputRow(task, rows, [&](const std::uint8_t* source, std::int64_t sourceRows, std::uint8_t* output) {
-        const RowTask row{.source = source,
+    forEachOutputRow(task, rows, [&](std::span<const std::uint8_t* const> source, std::uint8_t* output) {
+        const RowTask row{.rows = source,
             .rowBytes = sums.size(),
-            .rows = sourceRows,
             .columns = columns,
             .shortestColumn = task.from.width / task.to.width,
             .sums = sums.data(),
@@ -181,7 +205,7 @@ RGBAFrame boxFiltered(const RGBAFrame& frame, Size size, SideThread* side)
 
     Bytes output(static_cast<std::size_t>(checkedMul(checkedMul(size.width, size.height), RGBAFrame::bytesPerPixel)));
     const Shrinking task{
-        .source = frame.pixels(), .from = {sourceWidth, sourceHeight}, .to = size, .output = output.data()};
+        .source = Rows(frame), .from = {sourceWidth, sourceHeight}, .to = size, .output = output.data()};
     const auto filter = [&](Span rows) {
         if (blockBound <= SmallBlockFilter::largestCount)
             filterSmallBlocks(task, rows);

@@ -7,9 +7,23 @@
 namespace quillbox {
 
 PixelBand::PixelBand(Bytes pixels)
-    : m_byteCount(pixels.size())
-    , m_resident(std::make_shared<const Bytes>(std::move(pixels)))
+    : PixelBand(std::make_shared<const Bytes>(std::move(pixels)))
 {
+}
+
+PixelBand::PixelBand(std::shared_ptr<const Bytes> pixels, std::shared_ptr<const PixelBand> elsewhere)
+    : m_byteCount(pixels->size())
+    , m_elsewhere(std::move(elsewhere))
+    , m_resident(std::move(pixels))
+{
+    precondition(!m_elsewhere || m_elsewhere->byteCount() == m_byteCount, "a band elsewhere has the same pixels");
+}
+
+PixelBand::PixelBand(std::size_t byteCount, std::unique_ptr<const Source> source)
+    : m_byteCount(byteCount)
+    , m_source(std::move(source))
+{
+    precondition(m_source != nullptr, "parked pixels are somewhere");
 }
 
 PixelView PixelBand::pixels() const
@@ -24,7 +38,7 @@ PixelView PixelBand::pixels() const
         source = m_source;
     }
     // Not under the lock: several threads may bring several bands back at once, and one twice at the worst.
-    auto pixels = std::make_shared<const Bytes>(source->bytes());
+    auto pixels = source->pixels();
     precondition(pixels->size() == m_byteCount, "parked pixels come back whole");
     const std::scoped_lock lock(m_mutex);
     m_broughtBack = pixels;

@@ -21,19 +21,27 @@ public:
         Source& operator=(const Source&) = delete;
         virtual ~Source() = default;
 
-        /// The bytes that were parked. Thread: any, several at once.
-        /// @throws std::runtime_error  they can't be read any more.
-        [[nodiscard]] virtual Bytes bytes() const = 0;
+        /// The pixels, not null. Thread: any, several at once. What it throws if they can't be read any more comes out
+        /// of PixelBand::pixels().
+        [[nodiscard]] virtual std::shared_ptr<const Bytes> pixels() const = 0;
     };
 
     explicit PixelBand(Bytes pixels);
+    /// @param pixels     Not null.
+    /// @param elsewhere  The same pixels, parked; perhaps none.
+    explicit PixelBand(std::shared_ptr<const Bytes> pixels, std::shared_ptr<const PixelBand> elsewhere = nullptr);
+    /// Parked from the start. @pre `source` gives `byteCount` bytes, always the same.
+    PixelBand(std::size_t byteCount, std::unique_ptr<const Source> source);
     PixelBand(const PixelBand&) = delete;
     PixelBand& operator=(const PixelBand&) = delete;
 
     [[nodiscard]] std::size_t byteCount() const { return m_byteCount; }
 
-    /// The pixels, for as long as the result is held.
-    /// @throws std::runtime_error  they were parked and can't be read any more.
+    /// A band of the same pixels that takes up no memory for them, if there is one.
+    [[nodiscard]] const std::shared_ptr<const PixelBand>& elsewhere() const { return m_elsewhere; }
+
+    /// The pixels, for as long as the result is held. Throws what the source throws if they were parked and can't be
+    /// read any more.
     [[nodiscard]] PixelView pixels() const;
 
     /// Lets go of the pixels, which `source` gives back from now on. @pre it gives `byteCount()` bytes, the same.
@@ -41,6 +49,7 @@ public:
 
 private:
     std::size_t m_byteCount;
+    std::shared_ptr<const PixelBand> m_elsewhere;
     mutable std::mutex m_mutex;
     mutable std::shared_ptr<const Bytes> m_resident;  ///< null while parked
     mutable std::shared_ptr<const Source> m_source;   ///< null unless parked

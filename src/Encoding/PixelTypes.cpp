@@ -1,5 +1,6 @@
 #include "Encoding/PixelTypes.h"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -66,6 +67,18 @@ PixelView RGBAFrame::band(std::int64_t index) const
 RGBAFrame::Band RGBAFrame::ownBand(std::int64_t index) const
 {
     return m_storage->whole ? nullptr : m_storage->bands[static_cast<std::size_t>(index)];
+}
+
+std::optional<RGBAFrame> RGBAFrame::elsewhere() const
+{
+    const std::vector<Band>& here = m_storage->bands;
+    if (here.empty() || !std::ranges::all_of(here, [](const Band& band) { return band->elsewhere() != nullptr; }))
+        return std::nullopt;
+    std::vector<Band> there;
+    there.reserve(here.size());
+    for (const Band& band : here)
+        there.push_back(band->elsewhere());
+    return ofBands(m_width, m_height, std::move(there));
 }
 
 const void* RGBAFrame::bandIdentity(std::int64_t index) const

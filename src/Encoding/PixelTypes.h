@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -74,10 +75,13 @@ public:
         return std::min(rowsPerBand, m_height - index * rowsPerBand);
     }
     /// The rows from `index * rowsPerBand` on. @pre index is in 0…bandCount() − 1.
-    /// @throws std::runtime_error  they were parked and can't be read any more.
+    /// Throws as PixelBand::pixels().
     [[nodiscard]] PixelView band(std::int64_t index) const;
     /// The band itself; none if the frame is in one piece.
     [[nodiscard]] Band ownBand(std::int64_t index) const;
+    /// The same picture without memory for its pixels, if all its bands are elsewhere too: they come back when they are
+    /// looked at.
+    [[nodiscard]] std::optional<RGBAFrame> elsewhere() const;
     /// What tells a band from all others of its size that exist at the same time.
     [[nodiscard]] const void* bandIdentity(std::int64_t index) const;
     /// Whether that band of both frames is the same storage. @pre both have the same size.

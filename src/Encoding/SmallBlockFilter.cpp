@@ -23,7 +23,7 @@ static_assert(255 * SmallBlockFilter::largestCount * SmallBlockFilter::largestCo
 
 /// Adds up rows byte by byte. @param sums  One of 16 bits a byte of a row.
 QUILLBOX_MULTIVERSION void sumRows(
-    const std::uint8_t* source, std::size_t rowBytes, std::int64_t rows, std::uint64_t* sums)
+    const std::uint8_t* const* rows, std::size_t rowCount, std::size_t rowBytes, std::uint64_t* sums)
 {
     const auto store = [sums](std::size_t i, std::uint16_t sum) {
         std::memcpy(reinterpret_cast<char*>(sums) + 2 * i, &sum, sizeof sum);
@@ -33,10 +33,11 @@ QUILLBOX_MULTIVERSION void sumRows(
         std::memcpy(&sum, reinterpret_cast<const char*>(sums) + 2 * i, sizeof sum);
         return sum;
     };
+    const std::uint8_t* first = rows[0];
     for (std::size_t i = 0; i < rowBytes; ++i)
-        store(i, source[i]);
-    for (std::int64_t row = 1; row < rows; ++row) {
-        source += rowBytes;
+        store(i, first[i]);
+    for (std::size_t row = 1; row < rowCount; ++row) {
+        const std::uint8_t* source = rows[row];
         for (std::size_t i = 0; i < rowBytes; ++i)
             store(i, static_cast<std::uint16_t>(load(i) + source[i]));
     }
@@ -104,12 +105,13 @@ SmallBlockFilter::SmallBlockFilter(std::int64_t sourceWidth, std::int64_t output
     }
 }
 
-void SmallBlockFilter::filterRow(const std::uint8_t* source, std::int64_t rows, std::uint8_t* output)
+void SmallBlockFilter::filterRow(std::span<const std::uint8_t* const> rows, std::uint8_t* output)
 {
-    sumRows(source, 4 * (m_rowSums.size() - 1), rows, m_rowSums.data());
+    const std::int64_t rowCount = std::ssize(rows);
+    sumRows(rows.data(), rows.size(), 4 * (m_rowSums.size() - 1), m_rowSums.data());
     columnAdder(m_shortestColumn)(m_rowSums.data(), m_begins, m_longerMasks, m_blockSums.data());
-    writeMeans(m_blockSums.data(), m_longerMasks.data(), m_blockSums.size(), multiplierFor(m_shortestColumn * rows),
-        multiplierFor((m_shortestColumn + 1) * rows), output);
+    writeMeans(m_blockSums.data(), m_longerMasks.data(), m_blockSums.size(), multiplierFor(m_shortestColumn * rowCount),
+        multiplierFor((m_shortestColumn + 1) * rowCount), output);
 }
 
 } // namespace quillbox

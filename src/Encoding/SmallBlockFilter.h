@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace quillbox {
@@ -16,8 +17,8 @@ public:
     /// Widths in pixels. @pre 0 < outputWidth ≤ sourceWidth
     SmallBlockFilter(std::int64_t sourceWidth, std::int64_t outputWidth);
 
-    /// Writes the output row that `rows` consecutive source rows make. @pre no block exceeds `largestCount`.
-    void filterRow(const std::uint8_t* source, std::int64_t rows, std::uint8_t* output);
+    /// Writes the output row that some source rows make, at least one. @pre no block exceeds `largestCount`.
+    void filterRow(std::span<const std::uint8_t* const> rows, std::uint8_t* output);
 
 private:
     /// A pixel's four channels, each a 16-bit sum; pixels add up in one step.

@@ -632,6 +632,10 @@
         <source>write the stream again</source>
         <translation>schreiben Sie den Datenstrom neu</translation>
     </message>
+    <message>
+        <source>became shorter while it was being read; run the command again</source>
+        <translation>ist beim Lesen kürzer geworden; führen Sie den Befehl erneut aus</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>

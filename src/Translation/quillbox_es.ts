@@ -632,6 +632,10 @@
         <source>write the stream again</source>
         <translation>vuelva a escribir el flujo</translation>
     </message>
+    <message>
+        <source>became shorter while it was being read; run the command again</source>
+        <translation>se acortó mientras se leía; ejecute la orden de nuevo</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>

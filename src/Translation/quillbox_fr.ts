@@ -632,6 +632,10 @@
         <source>write the stream again</source>
         <translation>écrivez à nouveau le flux</translation>
     </message>
+    <message>
+        <source>became shorter while it was being read; run the command again</source>
+        <translation>a raccourci pendant sa lecture&#xa0;; relancez la commande</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>

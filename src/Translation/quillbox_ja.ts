@@ -632,6 +632,10 @@
         <source>write the stream again</source>
         <translation>ストリームを書き直してください</translation>
     </message>
+    <message>
+        <source>became shorter while it was being read; run the command again</source>
+        <translation>読み込み中に短くなりました。コマンドをもう一度実行してください</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>

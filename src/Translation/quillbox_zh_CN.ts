@@ -632,6 +632,10 @@
         <source>write the stream again</source>
         <translation>请重新写出数据流</translation>
     </message>
+    <message>
+        <source>became shorter while it was being read; run the command again</source>
+        <translation>在读取过程中变短了；请重新运行该命令</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>

@@ -34,10 +34,10 @@ public:
         : m_release(std::move(release))
     {
     }
-    [[nodiscard]] Bytes bytes() const override
+    [[nodiscard]] std::shared_ptr<const Bytes> pixels() const override
     {
         m_release.wait();
-        return Bytes{1, 1, 1, 255};
+        return std::make_shared<const Bytes>(Bytes{1, 1, 1, 255});
     }
 
 private:

@@ -8,7 +8,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <memory>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 namespace quillbox {
@@ -131,9 +134,9 @@ TEST(FrameIntake, OneIntakeForAllPresetsGivesTheFilesOfTheReference)
     }
 }
 
-TEST(FrameIntake, KeepsFramesSmallWhenItIsToldToShrinkThem)
+TEST(FrameIntake, KeepsFramesSmallWhenItIsToldToSpareMemory)
 {
-    FrameIntake intake = FrameIntake::shrinking(30, ExportPreset::slack);
+    FrameIntake intake = FrameIntake::sparing(30, ExportPreset::slack);
     intake.append(support::solid(1920, 4, gray(0)));
     const RGBAFrame narrow = support::solid(960, 2, gray(100));
     for (int i = 0; i < 5; ++i)
@@ -151,7 +154,7 @@ TEST(FrameIntake, KeepsWhatTheKeeperGivesForEachPictureOnce)
         asked.push_back(picture);
         return support::inBands({picture}).front();
     };
-    FrameIntake intake = FrameIntake::shrinking(30, ExportPreset::slack, keeper);
+    FrameIntake intake = FrameIntake::sparing(30, ExportPreset::slack, keeper);
     intake.append(support::solid(1920, 4, gray(0))); // the first of every rate
     intake.append(support::solid(1920, 4, gray(0)));
     intake.append(support::solid(1920, 4, gray(100))); // of 12 a second
@@ -162,9 +165,61 @@ TEST(FrameIntake, KeepsWhatTheKeeperGivesForEachPictureOnce)
     EXPECT_NE(frames[1].frame.ownBand(0), nullptr);
 }
 
+/// Pixels that lie elsewhere. Counts how often they are fetched.
+class Elsewhere final : public PixelBand::Source {
+public:
+    Elsewhere(Bytes bytes, std::atomic<int>& visits)
+        : m_bytes(std::move(bytes))
+        , m_visits(visits)
+    {
+    }
+    [[nodiscard]] std::shared_ptr<const Bytes> pixels() const override
+    {
+        ++m_visits;
+        return std::make_shared<const Bytes>(m_bytes);
+    }
+
+private:
+    Bytes m_bytes;
+    std::atomic<int>& m_visits;
+};
+
+RGBAFrame alsoElsewhere(const RGBAFrame& frame, std::atomic<int>& visits)
+{
+    std::vector<RGBAFrame::Band> bands;
+    for (std::int64_t index = 0; index < frame.bandCount(); ++index) {
+        const Bytes pixels(frame.band(index));
+        bands.push_back(std::make_shared<const PixelBand>(std::make_shared<const Bytes>(pixels),
+            std::make_shared<const PixelBand>(pixels.size(), std::make_unique<Elsewhere>(pixels, visits))));
+    }
+    return RGBAFrame::ofBands(frame.width(), frame.height(), std::move(bands));
+}
+
+TEST(FrameIntake, KeepsPicturesElsewhereThatAreThereAnyway)
+{
+    std::atomic<int> visits = 0;
+    int asked = 0;
+    const std::vector<RGBAFrame> frames{support::solid(1920, 40, gray(0)), support::solid(1920, 40, gray(0)),
+        support::solid(1920, 40, gray(100)), support::solid(1920, 40, gray(100))};
+    FrameIntake intake = FrameIntake::sparing(30, ExportPreset::slack, [&asked](const RGBAFrame& picture) {
+        ++asked;
+        return picture;
+    });
+    for (const RGBAFrame& frame : frames)
+        intake.append(alsoElsewhere(frame, visits));
+    EXPECT_EQ(visits, 0) << "what is at hand is not fetched to be compared";
+    EXPECT_EQ(asked, 0);
+    const auto kept = intake.selection(ExportPreset::slack).frames;
+    ASSERT_EQ(kept.size(), 2U);
+    EXPECT_EQ(kept[1].frame, frames[2]);
+    EXPECT_GT(visits, 0);
+    const GIFOptimizer::Config config{.preset = ExportPreset::slack, .sourceFPS = 30};
+    EXPECT_EQ(GIFOptimizer::optimize(intake, config), reference::optimize(frames, config).result);
+}
+
 TEST(FrameIntake, PassesOnWhyAPictureCannotBeKept)
 {
-    FrameIntake intake = FrameIntake::shrinking(
+    FrameIntake intake = FrameIntake::sparing(
         30, ExportPreset::slack, [](const RGBAFrame&) -> RGBAFrame { throw std::runtime_error("no room"); });
     EXPECT_THROW(intake.append(support::solid(2, 2, gray(0))), std::runtime_error);
 }
@@ -177,7 +232,7 @@ TEST(FrameIntake, ShrinkingAtOnceGivesTheFilesOfTheReference)
         for (std::int64_t count = random.below(12); count > 0; --count)
             frames.push_back(support::randomSuccessor(frames.back(), random));
         for (const ExportPreset preset : allPresets) {
-            FrameIntake intake = FrameIntake::shrinking(30, preset);
+            FrameIntake intake = FrameIntake::sparing(30, preset);
             for (const RGBAFrame& frame : frames)
                 intake.append(frame);
             const GIFOptimizer::Config config{.preset = preset, .sourceFPS = 30};

@@ -23,11 +23,11 @@ public:
         , m_visits(visits)
     {
     }
-    [[nodiscard]] Bytes bytes() const override
+    [[nodiscard]] std::shared_ptr<const Bytes> pixels() const override
     {
         if (m_visits != nullptr)
             ++*m_visits;
-        return m_bytes;
+        return std::make_shared<const Bytes>(m_bytes);
     }
 
 private:
@@ -36,7 +36,7 @@ private:
 };
 
 class BrokenShelf : public PixelBand::Source {
-    [[nodiscard]] Bytes bytes() const override { throw std::runtime_error("gone"); }
+    [[nodiscard]] std::shared_ptr<const Bytes> pixels() const override { throw std::runtime_error("gone"); }
 };
 
 TEST(PixelBand, GivesItsPixels)
@@ -65,6 +65,24 @@ TEST(PixelBand, PixelsThatSomebodyHoldsAreNotReadAgain)
     EXPECT_EQ(band.pixels().size(), held.size());
     EXPECT_EQ(held, (Bytes{1, 2, 3, 4}));
     EXPECT_EQ(visits, 0);
+}
+
+TEST(PixelBand, MayBeParkedFromTheStart)
+{
+    std::atomic<int> visits = 0;
+    const PixelBand band(4, std::make_unique<Shelf>(Bytes{1, 2, 3, 4}, &visits));
+    EXPECT_EQ(band.byteCount(), 4U);
+    EXPECT_EQ(visits, 0);
+    EXPECT_EQ(band.pixels(), (Bytes{1, 2, 3, 4}));
+}
+
+TEST(PixelBand, KnowsItsPixelsElsewhere)
+{
+    const auto parked = std::make_shared<const PixelBand>(4, std::make_unique<BrokenShelf>());
+    const PixelBand band(std::make_shared<const Bytes>(Bytes{1, 2, 3, 4}), parked);
+    EXPECT_EQ(band.elsewhere(), parked);
+    EXPECT_EQ(band.pixels(), (Bytes{1, 2, 3, 4})) << "which are at hand nevertheless";
+    EXPECT_EQ(PixelBand(Bytes{1, 2, 3, 4}).elsewhere(), nullptr);
 }
 
 TEST(PixelBand, SaysWhenParkedPixelsAreGone)
@@ -120,6 +138,20 @@ TEST(FrameOfBands, SharesWhatHasNotChanged)
     EXPECT_FALSE(frames[0].sharesBand(frames[1], 1));
     EXPECT_TRUE(frames[0].sharesBand(frames[1], 2));
     EXPECT_NE(frames[0], frames[1]);
+}
+
+TEST(FrameOfBands, IsElsewhereIfAllItsBandsAre)
+{
+    const auto band = [](bool isElsewhere) {
+        auto there
+            = isElsewhere ? std::make_shared<const PixelBand>(4, std::make_unique<Shelf>(Bytes{1, 2, 3, 4})) : nullptr;
+        return std::make_shared<const PixelBand>(std::make_shared<const Bytes>(Bytes(4, 9)), std::move(there));
+    };
+    const auto elsewhere = RGBAFrame::ofBands(1, 1, {band(true)}).elsewhere();
+    ASSERT_TRUE(elsewhere);
+    EXPECT_EQ(elsewhere->pixels(), (Bytes{1, 2, 3, 4}));
+    EXPECT_FALSE(RGBAFrame::ofBands(1, 1, {band(false)}).elsewhere());
+    EXPECT_FALSE(RGBAFrame(1, 1, Bytes(4)).elsewhere()) << "a frame in one piece is where it is";
 }
 
 TEST(FrameOfBandsDeathTest, NeedsAllItsRows)

@@ -29,7 +29,7 @@ void BackgroundIntake::setRate(std::int64_t framesPerSecond)
 void BackgroundIntake::take(const RGBAFrame& frame)
 {
     if (!m_thread)
-        m_thread.emplace(FrameIntake::shrinking(m_sourceFPS.value_or(defaultFPS), m_preset, m_keeper), largestQueue);
+        m_thread.emplace(FrameIntake::sparing(m_sourceFPS.value_or(defaultFPS), m_preset, m_keeper), largestQueue);
     m_thread->take(frame);
 }
 

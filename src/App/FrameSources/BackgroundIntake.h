@@ -14,7 +14,7 @@ namespace quillbox {
 class BackgroundIntake final : public FrameReceiver {
 public:
     /// @param sourceFPS  Rate of the frames, whatever the input says; none: the input's own, or else `defaultFPS`.
-    /// @param keeper     As `FrameIntake::shrinking`; called on the thread.
+    /// @param keeper     As `FrameIntake::sparing`; called on the thread.
     BackgroundIntake(ExportPreset preset, std::optional<std::int64_t> sourceFPS, FrameIntake::Keeper keeper = nullptr);
 
     void setRate(std::int64_t framesPerSecond) override;

@@ -28,6 +28,30 @@ template <typename Call> std::size_t bytesRead(const std::string& name, Call cal
 
 } // namespace
 
+FileExtract::FileExtract(std::string name, int descriptor, std::int64_t begin)
+    : m_name(std::move(name))
+    , m_descriptor(descriptor)
+    , m_begin(begin)
+{
+}
+
+FileExtract::~FileExtract()
+{
+    ::close(m_descriptor);
+}
+
+void FileExtract::read(std::int64_t offset, std::span<std::uint8_t> into) const
+{
+    while (!into.empty()) {
+        const auto got
+            = bytesRead(m_name, [&] { return ::pread(m_descriptor, into.data(), into.size(), m_begin + offset); });
+        if (got == 0)
+            throw FrameReadError(m_name, FrameReadError::BecameShorter{});
+        offset += static_cast<std::int64_t>(got);
+        into = into.subspan(got);
+    }
+}
+
 ByteSource::ByteSource(std::string name)
     : m_name(std::move(name))
 {
@@ -85,7 +109,7 @@ std::size_t ByteSource::readAhead(std::int64_t distance, std::span<std::uint8_t>
 
 void ByteSource::skip(std::int64_t count)
 {
-    const auto held = std::min(static_cast<std::int64_t>(m_lookahead.size() - m_lookaheadBegin), count);
+    const auto held = std::min(lookaheadCount(), count);
     m_lookaheadBegin += static_cast<std::size_t>(held);
     skipBelow(count - held);
 }
@@ -120,7 +144,7 @@ std::optional<std::int64_t> ByteSource::remaining() const
 {
     auto below = remainingBelow();
     if (below)
-        *below += static_cast<std::int64_t>(m_lookahead.size() - m_lookaheadBegin);
+        *below += lookaheadCount();
     return below;
 }
 
@@ -219,6 +243,16 @@ std::size_t FileByteSource::readSomeAhead(std::int64_t distance, std::span<std::
     return bytesRead(name(), [&] { return ::pread(m_descriptor, into.data(), into.size(), begin); });
 }
 
+std::shared_ptr<const FileExtract> FileByteSource::extract() const
+{
+    if (!hasContents())
+        return nullptr;
+    const int descriptor = ::fcntl(m_descriptor, F_DUPFD_CLOEXEC, 0);
+    if (descriptor < 0)
+        return nullptr; // it is no use that could not be done without
+    return std::make_shared<const FileExtract>(name(), descriptor, position() - lookaheadCount());
+}
+
 void FileByteSource::skipBelow(std::int64_t count)
 {
     if (::lseek(m_descriptor, count, SEEK_CUR) < 0)
@@ -227,7 +261,7 @@ void FileByteSource::skipBelow(std::int64_t count)
 
 std::optional<std::int64_t> FileByteSource::remainingBelow() const
 {
-    if (!m_isRegularFile || m_size == 0) // files made by the kernel as they are read have no size
+    if (!hasContents())
         return std::nullopt;
     const auto position = ::lseek(m_descriptor, 0, SEEK_CUR);
     if (position < 0)

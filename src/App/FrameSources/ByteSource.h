@@ -4,11 +4,33 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
 
 namespace quillbox {
+
+/// Reads again from a file what a source gave, also when the source is gone. Thread: any, several at once.
+class FileExtract {
+public:
+    /// @param name        The file as the user knows it, for messages.
+    /// @param descriptor  Becomes this object's own.
+    /// @param begin       Where the extract begins in the file.
+    FileExtract(std::string name, int descriptor, std::int64_t begin);
+    FileExtract(const FileExtract&) = delete;
+    FileExtract& operator=(const FileExtract&) = delete;
+    ~FileExtract();
+
+    /// Fills `into` from `offset` bytes behind the extract's beginning on.
+    /// @throws FrameReadError  also where the file has become shorter.
+    void read(std::int64_t offset, std::span<std::uint8_t> into) const;
+
+private:
+    std::string m_name;
+    int m_descriptor;
+    std::int64_t m_begin;
+};
 
 /// A stream of bytes that is read once, from front to back. Large reads go straight to where they are wanted.
 /// One thread at a time.
@@ -40,6 +62,9 @@ public:
     /// @return bytes read. @pre `canReadAhead()`. @throws FrameReadError
     [[nodiscard]] std::size_t readAhead(std::int64_t distance, std::span<std::uint8_t> into) const;
 
+    /// All that is still to be read, to be read again later; none for what is no file on a disk.
+    [[nodiscard]] virtual std::shared_ptr<const FileExtract> extract() const { return nullptr; }
+
     /// Passes over `count` bytes. @pre `canReadAhead()`, and so many bytes are there. @throws FrameReadError
     void skip(std::int64_t count);
 
@@ -62,6 +87,11 @@ protected:
     [[nodiscard]] virtual std::size_t readSomeAhead(std::int64_t distance, std::span<std::uint8_t> into) const;
     /// Passes over bytes that `readSome` would give. Only for sources that `canReadAhead()`. @throws FrameReadError
     virtual void skipBelow(std::int64_t count);
+    /// Bytes that were read from below and are still to be handed out.
+    [[nodiscard]] std::int64_t lookaheadCount() const
+    {
+        return static_cast<std::int64_t>(m_lookahead.size() - m_lookaheadBegin);
+    }
     /// Bytes that `readSome` is still going to give, if known.
     [[nodiscard]] virtual std::optional<std::int64_t> remainingBelow() const = 0;
 
@@ -100,9 +130,12 @@ public:
     /// Whether this is a file whose bytes can be read in any order, rather than a pipe or a device.
     [[nodiscard]] bool isRegularFile() const { return m_isRegularFile; }
     [[nodiscard]] bool canReadAhead() const override { return m_isRegularFile; }
+    [[nodiscard]] std::shared_ptr<const FileExtract> extract() const override;
 
 private:
     void examine();
+    /// Not so for files that the kernel makes as they are read: they have no size.
+    [[nodiscard]] bool hasContents() const { return m_isRegularFile && m_size > 0; }
     [[nodiscard]] std::int64_t position() const;
     std::size_t readSome(std::span<std::uint8_t> into) override;
     [[nodiscard]] std::size_t readSomeAhead(std::int64_t distance, std::span<std::uint8_t> into) const override;

@@ -6,7 +6,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <span>
 
 namespace quillbox {
 
@@ -19,13 +18,6 @@ public:
 
     /// @pre `pixels` holds four bytes for each pixel of `size`.
     [[nodiscard]] RGBAFrame frame(FrameSize size, Bytes pixels);
-
-    /// The pixels that a next frame of `size` may repeat: those of the newest frame, or none if it has another size.
-    [[nodiscard]] std::span<const std::uint8_t> previousPixels(FrameSize size) const;
-    /// `frame` for a picture that is known to repeat the newest one. @pre `previousPixels` gave the same bytes.
-    [[nodiscard]] RGBAFrame repeatedFrame(Bytes pixels);
-    /// `frame` for a picture that is known to differ from the newest one. @pre as for `frame`.
-    [[nodiscard]] RGBAFrame changedFrame(FrameSize size, Bytes pixels);
 
 private:
     FramePool m_pool;

@@ -36,6 +36,10 @@ struct Sentence {
             {std::to_string(reason.frame), std::to_string(reason.byteCount), std::to_string(reason.expectedByteCount),
                 reason.advice});
     }
+    std::string operator()(const Error::BecameShorter&) const
+    {
+        return translate("FrameReadError", "became shorter while it was being read; run the command again");
+    }
     std::string operator()(const Error::SideOutOfRange& reason) const
     {
         return withArguments(translate("FrameReadError", "frame %1 is %2; each side must be 1 to 65535 pixels"),

@@ -28,6 +28,8 @@ public:
         std::int64_t expectedByteCount = 0; ///< bytes that a frame has
         std::string advice;                 ///< what to check or do
     };
+    /// A file that was read once has become shorter since.
+    struct BecameShorter { };
     /// A side is 0 or above 65535.
     struct SideOutOfRange {
         std::int64_t frame = 1;
@@ -59,8 +61,8 @@ public:
         std::int64_t maximumMilliseconds = 0;
     };
 
-    using Reason = std::variant<CannotOpen, CannotRead, NoFrames, Truncated, SideOutOfRange, TooLargeForMemory,
-        InvalidHeader, NotAnImage, CannotDecode, TooLong>;
+    using Reason = std::variant<CannotOpen, CannotRead, NoFrames, Truncated, BecameShorter, SideOutOfRange,
+        TooLargeForMemory, InvalidHeader, NotAnImage, CannotDecode, TooLong>;
 
     /// @param input  The input as the user knows it: a path, or "standard input".
     FrameReadError(std::string input, Reason reason);

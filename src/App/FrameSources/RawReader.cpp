@@ -1,8 +1,7 @@
 #include "App/FrameSources/RawReader.h"
 
-#include "App/FrameSources/FrameMaker.h"
+#include "App/FrameSources/BandReader.h"
 #include "App/FrameSources/FrameReadError.h"
-#include "App/FrameSources/RepeatReader.h"
 #include "Translation/Translate.h"
 
 #include <string>
@@ -24,14 +23,14 @@ void RawReader::read(ByteSource& source, FrameSize size, FrameReceiver& receiver
 
     if (source.peek(1).empty())
         throw FrameReadError(source.name(), FrameReadError::NoFrames{});
-    FrameMaker maker;
-    RepeatReader reader(source);
-    for (std::int64_t frame = 1; !source.peek(1).empty(); ++frame) {
-        Bytes pixels = maker.takeBuffer(frameBytes);
-        const auto [got, isRepeat] = reader.read(pixels, maker.previousPixels(size));
-        if (got < pixels.size())
-            throw endsInside(frame, static_cast<std::int64_t>(got));
-        receiver.take(isRepeat ? maker.repeatedFrame(std::move(pixels)) : maker.changedFrame(size, std::move(pixels)));
+    BandReader reader(source, size);
+    for (std::int64_t number = 1;; ++number) {
+        const auto [frame, byteCount] = reader.read();
+        if (!frame && byteCount == 0)
+            return;
+        if (!frame)
+            throw endsInside(number, byteCount);
+        receiver.take(*frame);
     }
 }
 

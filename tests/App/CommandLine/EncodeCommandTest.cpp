@@ -52,11 +52,14 @@ TEST_F(EncodeCommand, MakesOfRawFramesTheVeryFileThatTheOptimizerMakes)
 
 TEST_F(EncodeCommand, MakesTheSameFileOfFramesThatExceedTheMemory)
 {
-    const auto result = shell("head -c 60000000 /dev/urandom > noise.rgba; export XDG_CACHE_HOME=$PWD/cache;"
-                              " for memory in 2000 0; do QUILLBOX_RECORDING_MEMORY=$memory quillbox encode"
-                              " --raw 1000x500 --source-fps 24 --preset docs -o $memory.gif noise.rgba || exit; done");
+    const auto result
+        = shell("head -c 60000000 /dev/urandom > noise.rgba; export XDG_CACHE_HOME=$PWD/cache;"
+                " for memory in 2000 0; do cat noise.rgba | QUILLBOX_RECORDING_MEMORY=$memory quillbox encode"
+                " --raw 1000x500 --source-fps 24 --preset docs -o $memory.gif - || exit; done;"
+                " quillbox encode --raw 1000x500 --source-fps 24 --preset docs -o file.gif noise.rgba");
     EXPECT_EQ(result.exitStatus, 0) << result.errors;
     EXPECT_TRUE(bytesOf("0.gif") == bytesOf("2000.gif"));
+    EXPECT_TRUE(bytesOf("0.gif") == bytesOf("file.gif")) << "which is read again instead of kept";
     EXPECT_TRUE(fileNames().contains("cache")) << "where the pixels went";
 }
 

@@ -192,7 +192,7 @@ TEST_F(EncodeErrors, ExplainALackOfMemory)
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
     GTEST_SKIP() << "a sanitizer needs more address space than the limit leaves";
 #endif
-    expectError(1, "ulimit -v 400000; cat two.rgba | quillbox encode --raw 20000x20000 -o x.gif -",
+    expectError(1, "ulimit -v 400000; head -c 1600000000 /dev/zero | quillbox encode --raw 20000x20000 -o x.gif -",
         "there is not enough memory for these frames; use fewer or smaller ones");
 }
 

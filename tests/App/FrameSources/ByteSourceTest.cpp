@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <memory>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -154,6 +156,41 @@ TEST(FileByteSource, ReadsAPipeToItsEndInWhateverPiecesItComes)
     close(ends[1]);
     EXPECT_EQ(readText(source, 100), "abcdef");
     close(ends[0]);
+}
+
+TEST(FileByteSource, GivesWhatIsStillToBeReadAgainLater)
+{
+    const support::TemporaryFolder folder;
+    const auto path = folder.path() / "letters";
+    support::writeFile(path, bytesOf("abcdefgh"));
+    std::shared_ptr<const FileExtract> extract;
+    {
+        FileByteSource source(path.string());
+        EXPECT_EQ(readText(source, 2), "ab");
+        EXPECT_EQ(textOf(source.peek(1)), "c") << "looking ahead does no harm";
+        extract = source.extract();
+        EXPECT_EQ(readText(source, 100), "cdefgh");
+    }
+    std::filesystem::rename(path, folder.path() / "moved");
+    std::vector<std::uint8_t> bytes(3);
+    extract->read(0, bytes);
+    EXPECT_EQ(textOf(bytes), "cde");
+    extract->read(3, bytes);
+    EXPECT_EQ(textOf(bytes), "fgh");
+    try {
+        extract->read(4, bytes);
+        FAIL() << "read more than there is";
+    } catch (const FrameReadError& error) {
+        EXPECT_EQ(error.what(), path.string() + ": became shorter while it was being read; run the command again");
+        EXPECT_TRUE(std::holds_alternative<FrameReadError::BecameShorter>(error.reason()));
+    }
+}
+
+TEST(ByteSource, GivesAgainOnlyWhatAFileOnADiskHolds)
+{
+    EXPECT_EQ(MemoryByteSource("memory", {}).extract(), nullptr);
+    EXPECT_EQ(FileByteSource("/dev/zero").extract(), nullptr);
+    EXPECT_EQ(FileByteSource("/proc/self/status").extract(), nullptr);
 }
 
 TEST(FileByteSource, NamesAFileThatIsNotThere)

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "App/FrameSources/ByteSource.h"
+#include "App/FrameSources/FrameSize.h"
+#include "Encoding/FramePool.h"
+#include "Encoding/PixelTypes.h"
+#include "Encoding/SideThread.h"
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace quillbox {
+
+/// Reads raw RGBA pictures of one size, one after another. A picture shares with the one before it the bands in which
+/// nothing changed, or all of its storage where it is the same: each band is compared while it is still in the
+/// processor's cache, and takes up memory only if it differs. Pictures of a file are elsewhere, too: in the file. Large
+/// ones are read by two threads where the source can be read anywhere. Used by one thread at a time.
+class BandReader {
+public:
+    /// @param source  Outlives the reader, which may read ahead; used by nobody else in the meantime.
+    /// @param size    Pixels; both sides are positive, and four bytes for each fit 64 bits.
+    BandReader(ByteSource& source, FrameSize size);
+
+    struct Outcome {
+        std::optional<RGBAFrame> frame; ///< none where the input ends before its last byte
+        std::int64_t byteCount = 0;     ///< of the picture, read
+    };
+
+    /// The next picture. @throws FrameReadError  as `ByteSource::read`.
+    [[nodiscard]] Outcome read();
+
+private:
+    /// The bands of one picture; none where it is cut off.
+    using Bands = std::vector<RGBAFrame::Band>;
+
+    /// The bands from `first` to before `last` of some pictures.
+    struct Part {
+        std::int64_t first;
+        std::int64_t last;
+        std::int64_t byteCount = 0; ///< read, of all pictures together
+    };
+
+    /// Reads a part. @param readBytes  (distance from the first picture's beginning, buffer) → bytes read.
+    template <typename ReadBytes> void readPart(std::vector<Bands>& pictures, Part& part, ReadBytes readBytes);
+    [[nodiscard]] RGBAFrame::Band made(std::int64_t offset, Bytes pixels) const;
+    [[nodiscard]] std::int64_t picturesAtOnce() const;
+    void readPictures();
+
+    ByteSource& m_source;
+    FrameSize m_size;
+    std::int64_t m_pictureBytes;
+    std::int64_t m_bandCount;
+    std::int64_t m_bandBytes; ///< of each but perhaps the last
+    FramePool m_pool;
+    std::shared_ptr<const FileExtract> m_again; ///< all pictures, to be read again, if they can be
+    std::int64_t m_offset = 0;                  ///< of the next picture to be read among all of them, bytes
+    std::optional<RGBAFrame> m_previous;        ///< the latest that was read
+    std::deque<Outcome> m_waiting;              ///< read and not yet handed out
+    std::unique_ptr<SideThread> m_side;         ///< none if two threads can't read the source, or it is not worth it
+};
+
+} // namespace quillbox
