@@ -3,11 +3,12 @@
 //
 //     stop-to-gif [--all-at-once] slack|github|docs FRAMES.rgba WIDTHxHEIGHT
 //
-// With --all-at-once nothing is known of the frames at the stop. Frames equal to the one before share its storage, as a
-// recorder's do. Prints one JSON object: times in milliseconds, "attemptCount" the number of palette sizes tried;
+// With --all-at-once nothing is known of the frames at the stop. Frames share with the one before what has not changed,
+// as a recorder's do. Prints one JSON object: times in milliseconds, "attemptCount" the number of palette sizes tried;
 // "intakeMean" and "intakeLongest", of one frame, only where frames are taken one by one.
 
 #include "App/HugePages.h"
+#include "Capture/BandSequence.h"
 #include "Clip.h"
 #include "Encoding/FrameIntake.h"
 #include "Encoding/GIFOptimizer.h"
@@ -32,9 +33,10 @@ constexpr std::int64_t recordedFPS = 30;
 
 std::vector<RGBAFrame> recorded(std::vector<RGBAFrame> frames)
 {
-    for (std::size_t i = 1; i < frames.size(); ++i) {
-        if (frames[i] == frames[i - 1])
-            frames[i] = frames[i - 1];
+    BandSequence bands;
+    for (std::size_t i = 0; i < frames.size(); ++i) {
+        const RGBAFrame banded = bands.compared(frames[i]);
+        frames[i] = i > 0 && banded == frames[i - 1] ? frames[i - 1] : banded;
     }
     return frames;
 }

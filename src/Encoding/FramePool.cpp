@@ -49,7 +49,7 @@ Bytes FramePool::take(std::int64_t byteCount) const
     return buffer;
 }
 
-RGBAFrame FramePool::frame(std::int64_t width, std::int64_t height, Bytes pixels)
+RGBAFrame FramePool::frame(std::int64_t width, std::int64_t height, Bytes pixels) const
 {
     return RGBAFrame::sharing(width, height, shared(std::move(pixels)));
 }

@@ -18,7 +18,7 @@ public:
     [[nodiscard]] Bytes take(std::int64_t byteCount) const;
 
     /// A frame whose buffer comes back here in the end. @pre as for RGBAFrame's constructor.
-    [[nodiscard]] RGBAFrame frame(std::int64_t width, std::int64_t height, Bytes pixels);
+    [[nodiscard]] RGBAFrame frame(std::int64_t width, std::int64_t height, Bytes pixels) const;
 
     /// A buffer to be shared, which comes back here likewise.
     [[nodiscard]] std::shared_ptr<const Bytes> shared(Bytes pixels) const;

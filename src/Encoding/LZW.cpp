@@ -64,16 +64,18 @@ private:
 /// longer runs: a run's longest prefix is found in one step instead of one step a pixel.
 class Dictionary {
 public:
-    Dictionary()
-        : m_children(static_cast<std::size_t>(maxCodes) << 8U, 0)
-        , m_runCodes(static_cast<std::size_t>(maxCodes) << 8U)
-    {
-        m_assigned.reserve(maxCodes);
-    }
+    Dictionary() { m_assigned.reserve(maxCodes); }
 
     void begin(int indexBits)
     {
         m_indexBits = static_cast<unsigned>(indexBits);
+        const std::size_t slots = std::size_t{maxCodes} << m_indexBits;
+        if (m_children.size() < slots) {
+            const std::size_t before = m_children.size();
+            m_children.resize(slots);
+            std::fill(m_children.begin() + static_cast<std::ptrdiff_t>(before), m_children.end(), Code{0});
+            m_runCodes.resize(slots);
+        }
         reset();
     }
 
@@ -117,8 +119,10 @@ public:
     }
 
 private:
-    std::vector<Code> m_children; ///< by prefix code, then index
-    std::vector<Code> m_runCodes; ///< by index, then length; valid up to `m_longestRun`
+    using Codes = std::vector<Code, UninitializedAllocator<Code>>; // memory that is never needed is never touched
+
+    Codes m_children; ///< by prefix code, then index; as large as the most bits of an index so far
+    Codes m_runCodes; ///< by index, then length; valid up to `m_longestRun`
     std::array<std::uint16_t, 256> m_longestRun{};
     std::vector<std::uint32_t> m_assigned; ///< slots of `m_children` that are set
     unsigned m_indexBits = 8;
@@ -159,7 +163,7 @@ public:
     Leaps()
         : m_entries(std::size_t{1} << entryBits)
     {
-        std::mt19937_64 random; // gives the same numbers everywhere, not that it matters
+        std::mt19937_64 random; // NOLINT(cert-msc51-cpp): the same numbers every time are as good as any
         for (std::size_t i = 0; i < mostFours; ++i) {
             m_factors[i] = random() | 1U;
             m_factorSums[i + 1] = m_factorSums[i] + m_factors[i];
