@@ -399,6 +399,7 @@ void RecordingCoordinatorTest::mayBeDestroyedWhileTheClipIsMade()
     studio.coordinator.reset();
     work.release(workers->maxThreadCount());
     test::await(std::move(exporting));
+    workers->waitForDone(); // one of them may not have seen the semaphore yet
     QVERIFY(studio.history->entries().empty());
     QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("what was there"));
 }
