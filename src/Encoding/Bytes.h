@@ -55,6 +55,9 @@ template <typename T> struct UninitializedAllocator : std::allocator<T> {
         std::construct_at(place, std::forward<Arguments>(arguments)...);
     }
 
+    /// Elements from which on an allocation begins at a page.
+    static constexpr std::size_t smallestAlignedCount() { return smallestAlignedBytes / sizeof(T); }
+
 private:
     static constexpr std::size_t pageBytes = 4096;
     static constexpr std::size_t hugePageBytes = 512 * pageBytes;
@@ -63,7 +66,7 @@ private:
     {
         return count * sizeof(T) >= hugePageBytes ? hugePageBytes : pageBytes;
     }
-    static constexpr std::size_t smallestAlignedBytes = 16 * pageBytes; // so that what alignment wastes is little
+    static constexpr std::size_t smallestAlignedBytes = 64 * pageBytes; // so that what alignment wastes is little
 };
 
 /// A growable byte array. `Bytes(n)` and `resize(n)` leave new bytes undefined; `Bytes(n, 0)` gives zeros.

@@ -44,7 +44,10 @@ FramePool::FramePool()
 
 Bytes FramePool::take(std::int64_t byteCount) const
 {
+    constexpr std::int64_t worthAPage = 1 << 16;
     Bytes buffer = m_spares->take();
+    if (byteCount >= worthAPage) // to where a page begins files are read faster; what is not needed stays untouched
+        buffer.reserve(Bytes::allocator_type::smallestAlignedCount());
     buffer.resize(static_cast<std::size_t>(byteCount));
     return buffer;
 }
