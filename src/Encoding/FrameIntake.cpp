@@ -106,10 +106,12 @@ RGBAFrame FrameIntake::shrunk(const RGBAFrame& frame)
 const RGBAFrame& FrameIntake::substituteFor(const RGBAFrame& frame)
 {
     if (!m_lastKept || !m_lastKept->original.sharesPixels(frame)) {
-        if (const auto elsewhere = frame.elsewhere())
-            m_lastKept = {frame, *elsewhere};
-        else
-            m_lastKept = {frame, m_keeper ? m_keeper(shrunk(frame)) : shrunk(frame)};
+        std::optional<RGBAFrame> substitute = frame.elsewhere();
+        if (!substitute) {
+            const RGBAFrame small = shrunk(frame);
+            substitute = m_keeper ? m_keeper(small) : small;
+        }
+        m_lastKept = {frame, *substitute};
     }
     return m_lastKept->substitute;
 }

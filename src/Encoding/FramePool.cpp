@@ -67,7 +67,7 @@ std::shared_ptr<const Bytes> FramePool::shared(Bytes pixels) const
     return {new Bytes(std::move(pixels)), std::move(giveBack)};
 }
 
-void FramePool::giveBack(Bytes pixels)
+void FramePool::giveBack(Bytes pixels) const
 {
     m_spares->put(std::move(pixels));
 }

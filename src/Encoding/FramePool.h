@@ -14,7 +14,7 @@ class FramePool {
 public:
     FramePool();
 
-    /// A buffer of `byteCount` bytes with undefined contents.
+    /// A buffer of `byteCount` bytes with undefined contents. A large one begins at a page, as files like it.
     [[nodiscard]] Bytes take(std::int64_t byteCount) const;
 
     /// A frame whose buffer comes back here in the end. @pre as for RGBAFrame's constructor.
@@ -24,7 +24,7 @@ public:
     [[nodiscard]] std::shared_ptr<const Bytes> shared(Bytes pixels) const;
 
     /// Gives back a buffer that became no frame.
-    void giveBack(Bytes pixels);
+    void giveBack(Bytes pixels) const;
 
 private:
     class Spares;

@@ -245,7 +245,8 @@ struct Filling {
     std::size_t codes = 0;
     std::size_t steps = 0; ///< down the tree, each index counted
 
-    /// Whether a table like this is filled faster by leaps.
+    /// Whether a table like this is filled faster by leaps. Measured: from three steps a code on; a picture's flat and
+    /// its detailed parts take turns, so it takes more to begin with them than to go on.
     [[nodiscard]] bool isWorthLeaping(bool byLeaps) const { return steps > (byLeaps ? 3 : 5) * codes; }
 };
 

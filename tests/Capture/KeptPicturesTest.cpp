@@ -55,6 +55,16 @@ TEST(KeptPictures, GoToAFileBeyondItAndComeBack)
     EXPECT_EQ(kept, pictures);
 }
 
+TEST(KeptPictures, TakeOverTheBandsThatAPictureIsMadeOf)
+{
+    const support::TemporaryFolder folder;
+    const RGBAFrame banded = support::inBands(noisyPictures(1)).front();
+    KeptPictures store(0, folder.path());
+    const RGBAFrame kept = store.keep(banded);
+    for (std::int64_t band = 0; band < banded.bandCount(); ++band)
+        EXPECT_TRUE(kept.sharesBand(banded, band)) << band;
+}
+
 TEST(KeptPictures, StayBeyondItOnceOneWasTooMuch)
 {
     const support::TemporaryFolder folder;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <optional>
 #include <utility>
 
@@ -17,6 +18,24 @@ TEST(FramePool, GivesTheMemoryOfAForgottenFrameToTheNext)
     frame.reset();
     EXPECT_NE(pool.take(8).data(), storage) << "a copy still holds it";
     copy.reset();
+    EXPECT_EQ(pool.take(8).data(), storage);
+}
+
+TEST(FramePool, LargeBuffersBeginAtAPage)
+{
+    const FramePool pool;
+    const Bytes buffer = pool.take(70'000);
+    EXPECT_EQ(buffer.size(), 70'000U);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(buffer.data()) % 4096, 0U);
+}
+
+TEST(FramePool, SharedBuffersComeBackToo)
+{
+    const FramePool pool;
+    auto shared = pool.shared(pool.take(8));
+    const auto* const storage = shared->data();
+    EXPECT_NE(pool.take(8).data(), storage);
+    shared.reset();
     EXPECT_EQ(pool.take(8).data(), storage);
 }
 

@@ -29,11 +29,11 @@ public:
         std::int64_t byteCount = 0;     ///< of the picture, read
     };
 
-    /// The next picture. @throws FrameReadError  as `ByteSource::read`.
+    /// The next picture; at the end of the input none, of 0 bytes. @throws FrameReadError  as `ByteSource::read`.
     [[nodiscard]] Outcome read();
 
 private:
-    /// The bands of one picture; none where it is cut off.
+    /// The bands of one picture; null from where it is cut off.
     using Bands = std::vector<RGBAFrame::Band>;
 
     /// The bands from `first` to before `last` of some pictures.

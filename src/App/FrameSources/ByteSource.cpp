@@ -28,23 +28,18 @@ template <typename Call> std::size_t bytesRead(const std::string& name, Call cal
 
 } // namespace
 
-FileExtract::FileExtract(std::string name, int descriptor, std::int64_t begin)
+FileExtract::FileExtract(std::string name, FileDescriptor file, std::int64_t begin)
     : m_name(std::move(name))
-    , m_descriptor(descriptor)
+    , m_file(std::move(file))
     , m_begin(begin)
 {
-}
-
-FileExtract::~FileExtract()
-{
-    ::close(m_descriptor);
 }
 
 void FileExtract::read(std::int64_t offset, std::span<std::uint8_t> into) const
 {
     while (!into.empty()) {
         const auto got
-            = bytesRead(m_name, [&] { return ::pread(m_descriptor, into.data(), into.size(), m_begin + offset); });
+            = bytesRead(m_name, [&] { return ::pread(m_file.number(), into.data(), into.size(), m_begin + offset); });
         if (got == 0)
             throw FrameReadError(m_name, FrameReadError::BecameShorter{});
         offset += static_cast<std::int64_t>(got);
@@ -247,10 +242,10 @@ std::shared_ptr<const FileExtract> FileByteSource::extract() const
 {
     if (!hasContents())
         return nullptr;
-    const int descriptor = ::fcntl(m_descriptor, F_DUPFD_CLOEXEC, 0);
-    if (descriptor < 0)
-        return nullptr; // it is no use that could not be done without
-    return std::make_shared<const FileExtract>(name(), descriptor, position() - lookaheadCount());
+    FileDescriptor again(::fcntl(m_descriptor, F_DUPFD_CLOEXEC, 0));
+    if (again.number() < 0)
+        return nullptr; // nothing that could not be done without
+    return std::make_shared<const FileExtract>(name(), std::move(again), position() - lookaheadCount());
 }
 
 void FileByteSource::skipBelow(std::int64_t count)

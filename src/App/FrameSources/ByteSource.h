@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Capture/FileDescriptor.h"
 #include "Encoding/Bytes.h"
 
 #include <cstddef>
@@ -14,21 +15,17 @@ namespace quillbox {
 /// Reads again from a file what a source gave, also when the source is gone. Thread: any, several at once.
 class FileExtract {
 public:
-    /// @param name        The file as the user knows it, for messages.
-    /// @param descriptor  Becomes this object's own.
-    /// @param begin       Where the extract begins in the file.
-    FileExtract(std::string name, int descriptor, std::int64_t begin);
-    FileExtract(const FileExtract&) = delete;
-    FileExtract& operator=(const FileExtract&) = delete;
-    ~FileExtract();
+    /// @param name   The file as the user knows it, for messages.
+    /// @param begin  Where the extract begins in the file, bytes.
+    FileExtract(std::string name, FileDescriptor file, std::int64_t begin);
 
     /// Fills `into` from `offset` bytes behind the extract's beginning on.
-    /// @throws FrameReadError  also where the file has become shorter.
+    /// @throws FrameReadError  `CannotRead`, or `BecameShorter` where the file ends before.
     void read(std::int64_t offset, std::span<std::uint8_t> into) const;
 
 private:
     std::string m_name;
-    int m_descriptor;
+    FileDescriptor m_file;
     std::int64_t m_begin;
 };
 
