@@ -59,11 +59,12 @@ bool isOfTheStandardLibrary(const std::string& target)
             [](char letter) { return (letter >= 'a' && letter <= 'z') || letter == '_'; });
 }
 
-/// "Encoding/Name.h", in no other folder.
+/// "Encoding/Name.h" or "Encoding/Precise/Name.h", in no other folder.
 bool isOfEncoding(const std::string& target)
 {
-    return target.starts_with("\"Encoding/") && target.ends_with(".h\"")
-        && target.find_first_of("/.", std::string_view("\"Encoding/").size()) == target.size() - 3;
+    const std::string_view folder = target.starts_with("\"Encoding/Precise/") ? "\"Encoding/Precise/" : "\"Encoding/";
+    return target.starts_with(folder) && target.ends_with(".h\"")
+        && target.find_first_of("/.", folder.size()) == target.size() - 3;
 }
 
 TEST(Layering, EncodingIncludesTheStandardLibraryAndItselfOnly)
@@ -84,7 +85,9 @@ TEST(Layering, ForeignIncludesWouldBeSeen)
     for (const char* const target : {"<QImage>", "<gif_lib.h>", "<stdint.h>", "<sys/mman.h>", "<xcb/xcb.h>", "<>"})
         EXPECT_FALSE(isOfTheStandardLibrary(target)) << target;
     EXPECT_TRUE(isOfEncoding("\"Encoding/PixelTypes.h\""));
-    for (const char* const target : {"\"Capture/CaptureRegion.h\"", "\"Encoding/../App/Main.h\"", "\"LZW.h\""})
+    EXPECT_TRUE(isOfEncoding("\"Encoding/Precise/ColorCounts.h\""));
+    for (const char* const target : {"\"Capture/CaptureRegion.h\"", "\"Encoding/../App/Main.h\"",
+             "\"Encoding/Precise/../../App/Main.h\"", "\"LZW.h\""})
         EXPECT_FALSE(isOfEncoding(target)) << target;
 }
 
