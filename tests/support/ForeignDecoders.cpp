@@ -1,5 +1,7 @@
 #include "support/ForeignDecoders.h"
 
+#include "Encoding/Precondition.h"
+#include "support/GifDecoding.h"
 #include "support/Subprocess.h"
 #include "support/TemporaryFolder.h"
 
@@ -75,10 +77,12 @@ ShownGif decodeWithFFmpeg(std::span<const std::uint8_t> file, std::int64_t width
 {
     const FileOnDisk clip(file);
     ShownGif shown;
-    // Without -min_delay FFmpeg turns delays of 1 into 10, as browsers do.
-    shown.pictures = picturesFrom(outputOf({"ffmpeg", "-v", "error", "-min_delay", "0", "-i", clip.path(), "-fps_mode",
-                                      "passthrough", "-f", "rawvideo", "-pix_fmt", "rgb24", "-"}),
-        width, height);
+    // Without -min_delay FFmpeg turns delays of 1 into 10, as browsers do; without -enc_time_base it rounds the times
+    // of pictures by a frame rate that it guesses.
+    shown.pictures
+        = picturesFrom(outputOf({"ffmpeg", "-v", "error", "-min_delay", "0", "-i", clip.path(), "-fps_mode",
+                           "passthrough", "-enc_time_base", "-1", "-f", "rawvideo", "-pix_fmt", "rgb24", "-"}),
+            width, height);
     shown.delaysCentiseconds = numbersFrom(outputOf({"ffprobe", "-v", "error", "-min_delay", "0", "-show_entries",
         "packet=duration", "-of", "csv=print_section=0", clip.path()}));
     return shown;
@@ -105,6 +109,28 @@ ShownGif decodeWithImageMagick(std::span<const std::uint8_t> file, std::int64_t 
     shown.pictures
         = picturesFrom(outputOf({"convert", clip.path(), "-coalesce", "-depth", "8", "rgb:-"}), width, height);
     shown.delaysCentiseconds = numbersFrom(outputOf({"identify", "-format", "%T\n", clip.path()}));
+    return shown;
+}
+
+ShownGif composedByGiflib(std::span<const std::uint8_t> file)
+{
+    const DecodedGif decoded = decodeWithGiflib(file);
+    ShownGif shown;
+    shown.loopCount = decoded.loopCount;
+    std::vector<RGBColor> screen(static_cast<std::size_t>(decoded.width * decoded.height));
+    for (const DecodedFrame& frame : decoded.frames) {
+        constexpr int leaveInPlace = 1;
+        precondition(frame.disposalMethod == leaveInPlace && !frame.interlaced, "pictures stay, rows in order");
+        const auto& colors = frame.localColorTable.empty() ? decoded.globalColorTable : frame.localColorTable;
+        for (std::int64_t i = 0; i < frame.width * frame.height; ++i) {
+            const std::uint8_t index = frame.indices.at(static_cast<std::size_t>(i));
+            const std::int64_t place = (frame.top + i / frame.width) * decoded.width + frame.left + i % frame.width;
+            if (frame.transparentIndex != index)
+                screen.at(static_cast<std::size_t>(place)) = colors.at(index);
+        }
+        shown.pictures.push_back(screen);
+        shown.delaysCentiseconds.push_back(frame.delayCentiseconds);
+    }
     return shown;
 }
 

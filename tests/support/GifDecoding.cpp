@@ -64,7 +64,8 @@ DecodedFrame frameOf(GifFileType* file, int index)
     if (DGifSavedExtensionToGCB(file, index, &control) == GIF_OK) {
         frame.delayCentiseconds = control.DelayTime;
         frame.disposalMethod = control.DisposalMode;
-        frame.hasTransparency = control.TransparentColor != NO_TRANSPARENT_COLOR;
+        if (control.TransparentColor != NO_TRANSPARENT_COLOR)
+            frame.transparentIndex = static_cast<std::uint8_t>(control.TransparentColor);
     }
     return frame;
 }
@@ -98,7 +99,7 @@ std::string differenceInFrame(const DecodedFrame& seen, const IndexedFrame& mean
         return "its delay";
     if (seen.disposalMethod != DISPOSE_DO_NOT)
         return "its disposal method";
-    if (seen.interlaced || seen.hasTransparency)
+    if (seen.interlaced || seen.transparentIndex)
         return "interlacing or transparency";
     return {};
 }
@@ -120,7 +121,7 @@ DecodedGif decodeWithGiflib(std::span<const std::uint8_t> file)
     DecodedGif decoded;
     decoded.width = gif->SWidth;
     decoded.height = gif->SHeight;
-    decoded.hasGlobalColorTable = gif->SColorMap != nullptr;
+    decoded.globalColorTable = tableOf(gif->SColorMap);
     for (int i = 0; i < gif->ImageCount; ++i)
         decoded.frames.push_back(frameOf(gif.get(), i));
     if (gif->ImageCount > 0) {
@@ -169,7 +170,7 @@ std::string differenceSeenByGiflib(
     }
     if (decoded.width != frames[0].width || decoded.height != frames[0].height)
         return "the screen has another size than the first frame";
-    if (decoded.hasGlobalColorTable)
+    if (!decoded.globalColorTable.empty())
         return "there is a global colour table";
     if (decoded.loopCount != loopCount)
         return "another loop count, or none";

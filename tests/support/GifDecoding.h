@@ -22,14 +22,14 @@ struct DecodedFrame {
     std::int64_t delayCentiseconds = 0;
     int disposalMethod = 0;
     bool interlaced = false;
-    bool hasTransparency = false;
+    std::optional<std::uint8_t> transparentIndex;
 };
 
 struct DecodedGif {
     std::int64_t width = 0;
     std::int64_t height = 0;
-    bool hasGlobalColorTable = false;
-    std::optional<std::int64_t> loopCount; ///< of the NETSCAPE2.0 extension
+    std::vector<RGBColor> globalColorTable; ///< empty if there is none
+    std::optional<std::int64_t> loopCount;  ///< of the NETSCAPE2.0 extension
     std::vector<DecodedFrame> frames;
 };
 

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Encoding/Bytes.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+
+/// The smallest lossless GIF code stream that a bounded search finds for one picture.
+///
+/// Where the screen shows a pixel's colour already, the pixel may be written in its colour or as transparent: the
+/// search makes use of that choice, and of where it places clear codes.
+/// @see GIF89a, appendix F; T. Welch, "A Technique for High-Performance Data Compression" (1984).
+namespace quillbox::LZWSearch {
+
+/// The part of the screen that a picture overwrites.
+struct Picture {
+    std::int64_t width = 0;                       ///< pixels a row, positive
+    std::span<const std::uint8_t> indices = {};   ///< one colour table index a pixel, rows top-down; whole rows
+    std::span<const std::uint8_t> unchanged = {}; ///< one byte a pixel: 1 where the screen shows that colour already,
+                                                  ///< else 0. Empty means that every pixel has to be written.
+};
+
+/// How the stream came about.
+enum class Candidate : std::uint8_t {
+    opaque,      ///< every pixel in its colour
+    transparent, ///< every unchanged pixel transparent
+};
+
+/// What an image of the file holds behind its descriptor and colour table, and what its control extension must say.
+struct Codes {
+    Bytes data = {};     ///< codes packed lowest bit first; without the sub-block framing
+    int minCodeSize = 2; ///< bits of a literal, 2…8: may be less than the colour table's
+    std::optional<std::uint8_t> transparentIndex = {}; ///< where some pixel may be transparent; below 2^minCodeSize
+    Candidate winner = Candidate::opaque;
+};
+
+/// The most that a search may do, so that equal pictures give equal bytes on every machine.
+struct Effort {
+    std::int64_t passes = 8; ///< over the picture's pixels, at the price of a plain greedy parse; at least 1
+};
+
+/// Searches one picture after another; keeps its tables (some megabytes) in between. One thread at a time.
+class Search {
+public:
+    Search();
+    Search(Search&&) noexcept;
+    Search& operator=(Search&&) noexcept;
+    ~Search();
+
+    /// @return the smallest stream found. Depends on nothing but the arguments. The transparent index is one that no
+    ///         changed pixel has, so that a colour table may hold 256 colours and a picture be transparent still.
+    /// @pre    `indices` holds at least one pixel and whole rows; `unchanged` is empty or as long.
+    [[nodiscard]] Codes best(const Picture& picture, Effort effort = {});
+
+private:
+    struct Tables;
+    std::unique_ptr<Tables> m_tables;
+};
+
+} // namespace quillbox::LZWSearch
