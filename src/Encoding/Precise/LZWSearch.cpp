@@ -16,15 +16,15 @@ int minCodeSizeFor(std::uint8_t largestIndex)
     return std::max(static_cast<int>(std::bit_width(unsigned{largestIndex})), 2);
 }
 
-/// The smallest index that no changed pixel has.
+/// The smallest index that no changed pixel has, if a pixel may be transparent.
 std::optional<std::uint8_t> freeIndex(const Picture& picture)
 {
-    if (picture.unchanged.empty())
+    if (picture.freedoms.empty())
         return std::nullopt;
     std::array<bool, 256> isTaken{};
     bool hasChoice = false;
     for (std::size_t i = 0; i < picture.indices.size(); ++i) {
-        if (picture.unchanged[i] == 0)
+        if (picture.freedoms[i] == changed)
             isTaken[picture.indices[i]] = true;
         else
             hasChoice = true;
@@ -54,24 +54,30 @@ Codes Search::best(const Picture& picture, Effort effort)
 {
     precondition(picture.width > 0 && !picture.indices.empty() && std::ssize(picture.indices) % picture.width == 0,
         "a picture has whole rows");
-    precondition(picture.unchanged.empty() || picture.unchanged.size() == picture.indices.size(),
+    precondition(picture.freedoms.empty() || picture.freedoms.size() == picture.indices.size(),
         "every pixel is known to be changed or not");
     precondition(effort.passes >= 1, "there is at least one pass");
 
-    Codes best{.minCodeSize = minCodeSizeFor(std::ranges::max(picture.indices))};
-    const auto opaque = m_tables->encoder.encode(picture.indices, best.minCodeSize);
-    best.data.assign(opaque.begin(), opaque.end());
+    const bool hasKept = std::ranges::find(picture.freedoms, kept) != picture.freedoms.end();
+    const auto transparentIndex = freeIndex(picture);
+    precondition(!hasKept || transparentIndex, "pixels that are kept can be written as transparent");
 
-    if (const auto transparentIndex = freeIndex(picture)) {
+    Codes best;
+    if (!hasKept) {
+        best.minCodeSize = minCodeSizeFor(std::ranges::max(picture.indices));
+        const auto opaque = m_tables->encoder.encode(picture.indices, best.minCodeSize);
+        best.data.assign(opaque.begin(), opaque.end());
+    }
+    if (transparentIndex) {
         Bytes& indices = m_tables->indices;
         indices.assign(picture.indices.begin(), picture.indices.end());
         for (std::size_t i = 0; i < indices.size(); ++i) {
-            if (picture.unchanged[i] != 0)
+            if (picture.freedoms[i] != changed)
                 indices[i] = *transparentIndex;
         }
         const int minCodeSize = minCodeSizeFor(std::ranges::max(indices));
         const auto transparent = m_tables->encoder.encode(indices, minCodeSize);
-        if (transparent.size() < best.data.size()) {
+        if (hasKept || transparent.size() < best.data.size()) {
             best = {.data = Bytes(transparent.begin(), transparent.end()),
                 .minCodeSize = minCodeSize,
                 .transparentIndex = transparentIndex,

@@ -14,18 +14,24 @@
 /// @see GIF89a, appendix F; T. Welch, "A Technique for High-Performance Data Compression" (1984).
 namespace quillbox::LZWSearch {
 
+/// How a pixel may be written.
+enum Freedom : std::uint8_t {
+    changed,   ///< in its colour
+    unchanged, ///< in its colour or as transparent: the screen shows that colour already
+    kept,      ///< as transparent: what the screen shows is right, but no colour of the table; the index means nothing
+};
+
 /// The part of the screen that a picture overwrites.
 struct Picture {
-    std::int64_t width = 0;                       ///< pixels a row, positive
-    std::span<const std::uint8_t> indices = {};   ///< one colour table index a pixel, rows top-down; whole rows
-    std::span<const std::uint8_t> unchanged = {}; ///< one byte a pixel: 1 where the screen shows that colour already,
-                                                  ///< else 0. Empty means that every pixel has to be written.
+    std::int64_t width = 0;                      ///< pixels a row, positive
+    std::span<const std::uint8_t> indices = {};  ///< one colour table index a pixel, rows top-down; whole rows
+    std::span<const std::uint8_t> freedoms = {}; ///< one `Freedom` a pixel. Empty means that every pixel is changed.
 };
 
 /// How the stream came about.
 enum class Candidate : std::uint8_t {
     opaque,      ///< every pixel in its colour
-    transparent, ///< every unchanged pixel transparent
+    transparent, ///< every pixel transparent that may be
 };
 
 /// What an image of the file holds behind its descriptor and colour table, and what its control extension must say.
@@ -51,7 +57,9 @@ public:
 
     /// @return the smallest stream found. Depends on nothing but the arguments. The transparent index is one that no
     ///         changed pixel has, so that a colour table may hold 256 colours and a picture be transparent still.
-    /// @pre    `indices` holds at least one pixel and whole rows; `unchanged` is empty or as long.
+    /// @pre    `indices` holds at least one pixel and whole rows; `freedoms` is empty or as long. Where a pixel is
+    /// kept,
+    ///         there is an index that no changed pixel has.
     [[nodiscard]] Codes best(const Picture& picture, Effort effort = {});
 
 private:

@@ -46,17 +46,17 @@ public:
         const std::vector<RGBColor>& localColorTable = {})
     {
         const std::vector<RGBColor>& colors = localColorTable.empty() ? m_screen.colorTable : localColorTable;
-        Bytes unchanged(m_parts.empty() ? 0 : indices.size());
+        Bytes freedoms(m_parts.empty() ? 0 : indices.size());
         for (std::int64_t i = 0; i < std::ssize(indices); ++i) {
             const auto at = static_cast<std::size_t>(i);
             RGBColor& pixel = m_canvas.at(static_cast<std::size_t>(
                 (place.top + i / place.width) * m_screen.width + place.left + i % place.width));
             const RGBColor color = colors.at(indices[at]);
-            if (!unchanged.empty())
-                unchanged[at] = pixel == color ? 1 : 0;
+            if (!freedoms.empty())
+                freedoms[at] = pixel == color ? LZWSearch::unchanged : LZWSearch::changed;
             pixel = color;
         }
-        const LZWSearch::Picture picture{.width = place.width, .indices = indices, .unchanged = unchanged};
+        const LZWSearch::Picture picture{.width = place.width, .indices = indices, .freedoms = freedoms};
         const DeltaGIF::Picture part{.left = place.left,
             .top = place.top,
             .width = place.width,
