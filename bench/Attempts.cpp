@@ -8,7 +8,7 @@
 #include "App/FrameSources/BackgroundIntake.h"
 #include "App/FrameSources/ByteSource.h"
 #include "App/FrameSources/RawReader.h"
-#include "App/HugePages.h"
+#include "Platform/HugePages.h"
 #include "Clip.h"
 #include "Encoding/GIFOptimizer.h"
 

@@ -5,7 +5,7 @@
 //     long-recording work|motion|noise SECONDS [slack|github|docs [WIDTH HEIGHT]]
 #include "Painters.h"
 
-#include "App/HugePages.h"
+#include "Platform/HugePages.h"
 #include "Capture/LiveIntake.h"
 #include "Capture/StreamRecorder.h"
 #include "Encoding/GIFOptimizer.h"

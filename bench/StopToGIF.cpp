@@ -7,7 +7,7 @@
 // as a recorder's do. Prints one JSON object: times in milliseconds, "attemptCount" the number of palette sizes tried;
 // "intakeMean" and "intakeLongest", of one frame, only where frames are taken one by one.
 
-#include "App/HugePages.h"
+#include "Platform/HugePages.h"
 #include "Capture/BandSequence.h"
 #include "Clip.h"
 #include "Encoding/FrameIntake.h"

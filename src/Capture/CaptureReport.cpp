@@ -1,14 +1,14 @@
 #include "Capture/CaptureReport.h"
 
-#include "Capture/AnswerWithin.h"
-#include "Capture/BusQueries.h"
-#include "Capture/CaptureError.h"
+#include "Platform/AnswerWithin.h"
+#include "Platform/DBus/BusQueries.h"
+#include "Platform/CaptureError.h"
 #include "Capture/CaptureStream.h"
 #include "Capture/PipeWire/PipeWireSession.h"
-#include "Capture/Portal/DesktopPortal.h"
+#include "Platform/Portal/DesktopPortal.h"
 #include "Capture/Portal/RestoreToken.h"
 #include "Capture/Portal/ScreenCastPortal.h"
-#include "Capture/X11/X11Display.h"
+#include "Platform/X11/X11Display.h"
 #include "Translation/Translate.h"
 
 #include <QCoro/QCoroFuture>

@@ -1,9 +1,9 @@
 #include "Capture/CaptureStream.h"
 
-#include "Capture/PortalStream.h"
+#include "Capture/Portal/PortalStream.h"
 #include "Capture/UnavailableStream.h"
-#include "Capture/WindowSystem.h"
-#include "Capture/X11Stream.h"
+#include "Platform/WindowSystem.h"
+#include "Capture/X11/X11Stream.h"
 #include "Translation/Translate.h"
 
 #include <QByteArray>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Capture/CaptureError.h"
+#include "Platform/CaptureError.h"
 #include "Capture/CaptureRegion.h"
 #include "Encoding/PixelTypes.h"
 

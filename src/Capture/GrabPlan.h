@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Capture/CaptureRegion.h"
-#include "Capture/PixelRect.h"
+#include "Platform/PixelRect.h"
 #include "Encoding/FrameResampler.h"
 
 #include <optional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Capture/BandStore.h"
+#include "Capture/Spill/BandStore.h"
 #include "Encoding/IntakeThread.h"
 #include "Encoding/PixelTypes.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Capture/BandStore.h"
+#include "Capture/Spill/BandStore.h"
 #include "Capture/CaptureStream.h"
 #include "Capture/FrameTimeline.h"
 #include "Capture/RecorderControlling.h"

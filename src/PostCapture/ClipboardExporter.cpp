@@ -1,6 +1,6 @@
 #include "PostCapture/ClipboardExporter.h"
 
-#include "PostCapture/Pasteboard.h"
+#include "PostCapture/Clipboard/Pasteboard.h"
 
 #include <QDir>
 #include <QLocale>

@@ -1,6 +1,6 @@
 #include "PostCapture/FileRevealReport.h"
 
-#include "Capture/BusQueries.h"
+#include "Platform/DBus/BusQueries.h"
 #include "PostCapture/FileReveal.h"
 #include "Translation/Translate.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "App/CurrentCoordinator.h"
-#include "App/UpdaterController.h"
+#include "App/Workflow/CurrentCoordinator.h"
+#include "App/Updates/UpdaterController.h"
 
 #include <QWidget>
 

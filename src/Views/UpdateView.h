@@ -1,6 +1,6 @@
 #pragma once
 
-#include "App/UpdaterController.h"
+#include "App/Updates/UpdaterController.h"
 
 #include <QWidget>
 

@@ -1,9 +1,9 @@
 #include "Capture/CaptureStream.h"
 
-#include "Capture/PortalStream.h"
-#include "Capture/X11Stream.h"
+#include "Capture/Portal/PortalStream.h"
+#include "Capture/X11/X11Stream.h"
 
-#include "Await.h"
+#include "support/Await.h"
 
 #include <QTest>
 

@@ -2,7 +2,7 @@
 
 #include "Capture/StreamRecorder.h"
 
-#include "Await.h"
+#include "support/Await.h"
 #include "ScriptedStream.h"
 
 #include <chrono>

@@ -2,11 +2,11 @@
 
 #include "ScriptedUpdates.h"
 
-#include "App/CurrentCoordinator.h"
-#include "App/UpdaterController.h"
-#include "Capture/CaptureError.h"
+#include "App/Workflow/CurrentCoordinator.h"
+#include "App/Updates/UpdaterController.h"
+#include "Platform/CaptureError.h"
 #include "Capture/RecorderControlling.h"
-#include "Capture/RegionSelector.h"
+#include "Capture/Region/RegionSelector.h"
 #include "PostCapture/FileReveal.h"
 #include "PostCapture/HistoryStore.h"
 

@@ -5,7 +5,7 @@
 #include "ViewTests.h"
 
 #include "App/Desktop/TrayIcon.h"
-#include "Capture/SelectionWindow.h"
+#include "Capture/Region/SelectionWindow.h"
 #include "Translation/Catalogues.h"
 #include "Views/Panel.h"
 #include "Views/ProgressBar.h"

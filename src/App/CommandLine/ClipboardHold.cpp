@@ -1,7 +1,7 @@
 #include "App/CommandLine/ClipboardHold.h"
 
 #include "PostCapture/ClipboardExporter.h"
-#include "PostCapture/Pasteboard.h"
+#include "PostCapture/Clipboard/Pasteboard.h"
 
 namespace quillbox {
 

@@ -1,13 +1,13 @@
 #include "App/CommandLine/CommandLine.h"
 
-#include "App/CommandLine/ControlCommand.h"
-#include "App/CommandLine/DesktopCommand.h"
-#include "App/CommandLine/DoctorCommand.h"
-#include "App/CommandLine/EncodeCommand.h"
+#include "App/CommandLine/Commands/ControlCommand.h"
+#include "App/CommandLine/Commands/DesktopCommand.h"
+#include "App/CommandLine/Commands/DoctorCommand.h"
+#include "App/CommandLine/Commands/EncodeCommand.h"
 #include "App/CommandLine/ErrorReport.h"
-#include "App/CommandLine/HistoryCommand.h"
-#include "App/CommandLine/RecordCommand.h"
-#include "App/HugePages.h"
+#include "App/CommandLine/Commands/HistoryCommand.h"
+#include "App/CommandLine/Commands/RecordCommand.h"
+#include "Platform/HugePages.h"
 #include "Translation/Catalogues.h"
 
 #include <exception>

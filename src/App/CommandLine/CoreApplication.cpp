@@ -1,6 +1,6 @@
 #include "App/CommandLine/CoreApplication.h"
 
-#include "App/BareArguments.h"
+#include "Platform/BareArguments.h"
 #include "Translation/Catalogues.h"
 
 #include <QtGlobal>

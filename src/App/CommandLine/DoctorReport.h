@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Capture/ServiceReport.h"
+#include "Platform/ServiceReport.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "App/CommandLine/ScreenSelection.h"
 
 #include "App/CommandLine/StopRequest.h"
-#include "Capture/RegionSelector.h"
+#include "Capture/Region/RegionSelector.h"
 
 #include <QPromise>
 

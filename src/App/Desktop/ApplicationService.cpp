@@ -1,10 +1,10 @@
 #include "App/Desktop/ApplicationService.h"
 
-#include "App/CurrentCoordinator.h"
+#include "App/Workflow/CurrentCoordinator.h"
 #include "App/Desktop/DesktopEntryAdaptor.h"
 #include "Capture/RecorderControlling.h"
 #include "PostCapture/ClipboardExporter.h"
-#include "PostCapture/Pasteboard.h"
+#include "PostCapture/Clipboard/Pasteboard.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>

@@ -1,7 +1,7 @@
 #include "App/Desktop/ClipboardHandOver.h"
 
-#include "Capture/SelectionConversion.h"
-#include "PostCapture/Pasteboard.h"
+#include "Platform/X11/SelectionConversion.h"
+#include "PostCapture/Clipboard/Pasteboard.h"
 
 #include <chrono>
 

@@ -1,8 +1,8 @@
 #include "App/Desktop/DesktopApplication.h"
 
-#include "App/BareArguments.h"
-#include "Capture/CaptureError.h"
-#include "Capture/X11Queries.h"
+#include "Platform/BareArguments.h"
+#include "Platform/CaptureError.h"
+#include "Platform/X11/X11Queries.h"
 #include "Translation/Catalogues.h"
 #include "Translation/Translate.h"
 

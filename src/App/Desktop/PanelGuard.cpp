@@ -1,6 +1,6 @@
 #include "App/Desktop/PanelGuard.h"
 
-#include "Capture/CastScreen.h"
+#include "Capture/Region/CastScreen.h"
 #include "Capture/StreamRecorder.h"
 
 #include <QEvent>

@@ -1,6 +1,6 @@
 #include "App/Desktop/TrayHost.h"
 
-#include "Capture/X11Queries.h"
+#include "Platform/X11/X11Queries.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

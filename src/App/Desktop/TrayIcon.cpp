@@ -1,6 +1,6 @@
 #include "App/Desktop/TrayIcon.h"
 
-#include "App/CurrentCoordinator.h"
+#include "App/Workflow/CurrentCoordinator.h"
 #include "Views/Icons.h"
 
 #include <QCursor>

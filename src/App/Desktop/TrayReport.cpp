@@ -1,11 +1,11 @@
 #include "App/Desktop/TrayReport.h"
 
 #include "App/Desktop/TrayHost.h"
-#include "Capture/AnswerWithin.h"
-#include "Capture/BusQueries.h"
-#include "Capture/CaptureError.h"
-#include "Capture/WindowSystem.h"
-#include "Capture/X11Queries.h"
+#include "Platform/AnswerWithin.h"
+#include "Platform/DBus/BusQueries.h"
+#include "Platform/CaptureError.h"
+#include "Platform/WindowSystem.h"
+#include "Platform/X11/X11Queries.h"
 #include "Translation/Translate.h"
 
 #include <QCoro/QCoroFuture>

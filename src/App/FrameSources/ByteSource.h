@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Capture/FileDescriptor.h"
+#include "Platform/FileDescriptor.h"
 #include "Encoding/Bytes.h"
 
 #include <cstddef>

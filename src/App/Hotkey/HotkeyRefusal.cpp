@@ -1,6 +1,6 @@
 #include "App/Hotkey/HotkeyRefusal.h"
 
-#include "Capture/StateFile.h"
+#include "Platform/StateFile.h"
 
 namespace quillbox::HotkeyRefusal {
 

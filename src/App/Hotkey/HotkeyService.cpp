@@ -2,7 +2,7 @@
 
 #include "App/Hotkey/PortalHotkey.h"
 #include "App/Hotkey/X11Hotkey.h"
-#include "Capture/WindowSystem.h"
+#include "Platform/WindowSystem.h"
 #include "Translation/Translate.h"
 
 #include <QByteArray>

@@ -1,6 +1,6 @@
 #include "App/Hotkey/KeyboardMap.h"
 
-#include "Capture/X11/X11Display.h"
+#include "Platform/X11/X11Display.h"
 
 #include <algorithm>
 #include <array>

@@ -2,8 +2,8 @@
 
 #include "App/Hotkey/HotkeyRefusal.h"
 #include "App/Hotkey/ShortcutsPortal.h"
-#include "App/TaskSink.h"
-#include "Capture/Portal/DesktopPortal.h"
+#include "Platform/TaskSink.h"
+#include "Platform/Portal/DesktopPortal.h"
 
 #include <QCoro/QCoroDBus>
 #include <QCoro/QCoroFuture>

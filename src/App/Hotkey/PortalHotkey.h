@@ -1,7 +1,7 @@
 #pragma once
 
 #include "App/Hotkey/HotkeyService.h"
-#include "Capture/Portal/PortalRequest.h"
+#include "Platform/Portal/PortalRequest.h"
 
 #include <QCoro/QCoroTask>
 #include <QDBusConnection>

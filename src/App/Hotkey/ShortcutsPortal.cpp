@@ -2,7 +2,7 @@
 
 #include "App/Hotkey/HotkeyMath.h"
 #include "App/Hotkey/KeyboardMap.h"
-#include "Capture/Portal/DesktopPortal.h"
+#include "Platform/Portal/DesktopPortal.h"
 
 #include <QCoro/QCoroDBus>
 #include <QDBusMessage>

@@ -2,8 +2,8 @@
 
 #include "App/Hotkey/HotkeyMath.h"
 #include "App/Hotkey/KeyboardMap.h"
-#include "Capture/CaptureError.h"
-#include "Capture/X11/X11Display.h"
+#include "Platform/CaptureError.h"
+#include "Platform/X11/X11Display.h"
 
 #include <QSocketNotifier>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "App/UpdateService.h"
+#include "App/Updates/UpdateService.h"
 
 namespace quillbox {
 

@@ -1,6 +1,6 @@
 #include "App/Updates/PackageKitService.h"
 
-#include "App/TaskSink.h"
+#include "Platform/TaskSink.h"
 #include "Encoding/Precondition.h"
 
 #include <QCoro/QCoroFuture>

@@ -2,7 +2,7 @@
 
 #include "App/Updates/PackageKitTransaction.h"
 #include "App/Updates/Restart.h"
-#include "App/UpdateService.h"
+#include "App/Updates/UpdateService.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

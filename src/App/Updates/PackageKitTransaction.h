@@ -1,6 +1,6 @@
 #pragma once
 
-#include "App/UpdateError.h"
+#include "App/Updates/UpdateError.h"
 #include "App/Updates/PackageKit.h"
 
 #include <QDBusConnection>

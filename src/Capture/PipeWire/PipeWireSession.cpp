@@ -1,6 +1,6 @@
 #include "Capture/PipeWire/PipeWireSession.h"
 
-#include "Capture/CHandle.h"
+#include "Platform/CHandle.h"
 #include "Capture/PipeWire/CoreListening.h"
 
 #include <QtGlobal>

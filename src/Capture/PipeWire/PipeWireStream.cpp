@@ -1,6 +1,6 @@
 #include "Capture/PipeWire/PipeWireStream.h"
 
-#include "Capture/CHandle.h"
+#include "Platform/CHandle.h"
 #include "Capture/PipeWire/BufferReading.h"
 #include "Capture/PipeWire/CoreListening.h"
 #include "Capture/PipeWire/StreamOffer.h"

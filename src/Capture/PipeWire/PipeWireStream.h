@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Capture/CaptureStream.h"
-#include "Capture/FileDescriptor.h"
+#include "Platform/FileDescriptor.h"
 #include "Capture/PipeWire/StreamPicture.h"
 
 #include <QFuture>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Capture/PipeWire/PixelOrder.h"
-#include "Capture/PixelRect.h"
+#include "Platform/PixelRect.h"
 
 #include <cstddef>
 #include <cstdint>

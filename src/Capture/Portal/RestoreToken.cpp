@@ -1,6 +1,6 @@
 #include "Capture/Portal/RestoreToken.h"
 
-#include "Capture/StateFile.h"
+#include "Platform/StateFile.h"
 
 namespace quillbox::RestoreToken {
 

@@ -1,7 +1,7 @@
 #include "Capture/Portal/ScreenCastPortal.h"
 
-#include "Capture/Portal/DesktopPortal.h"
-#include "Capture/Portal/PortalRequest.h"
+#include "Platform/Portal/DesktopPortal.h"
+#include "Platform/Portal/PortalRequest.h"
 #include "Capture/Portal/RestoreToken.h"
 #include "Translation/Translate.h"
 

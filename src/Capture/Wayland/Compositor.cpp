@@ -1,9 +1,9 @@
 #include "Capture/Wayland/Compositor.h"
 
-#include "Capture/CHandle.h"
-#include "Capture/FileDescriptor.h"
+#include "Platform/CHandle.h"
+#include "Platform/FileDescriptor.h"
 #include "Capture/Wayland/Protocols.h"
-#include "Capture/Wayland/WaylandDisplay.h"
+#include "Platform/Wayland/WaylandDisplay.h"
 
 #include <sys/mman.h>
 #include <unistd.h>

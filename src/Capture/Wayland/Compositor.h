@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Capture/StopSignal.h"
+#include "Platform/StopSignal.h"
 #include "Capture/Wayland/CastOutput.h"
 
 #include <memory>

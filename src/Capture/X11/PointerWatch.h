@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Capture/X11/PointerImage.h"
-#include "Capture/X11/X11Display.h"
+#include "Platform/X11/X11Display.h"
 
 #include <xcb/xfixes.h>
 

@@ -2,9 +2,9 @@
 
 #include "Capture/ChangedBands.h"
 #include "Capture/PixelBufferAdapter.h"
-#include "Capture/X11/PixelLayout.h"
+#include "Platform/X11/PixelLayout.h"
 #include "Capture/X11/SharedSegment.h"
-#include "Capture/X11/X11Display.h"
+#include "Platform/X11/X11Display.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "Capture/X11/SharedSegment.h"
 
-#include "Capture/FileDescriptor.h"
+#include "Platform/FileDescriptor.h"
 
 #include <fcntl.h>
 #include <sys/mman.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Capture/X11/X11Display.h"
+#include "Platform/X11/X11Display.h"
 
 #include <xcb/shm.h>
 

@@ -3,7 +3,7 @@
 
 #include "App/Hotkey/HotkeyMath.h"
 #include "App/Hotkey/HotkeyRefusal.h"
-#include "Await.h"
+#include "support/Await.h"
 
 #include <gtest/gtest.h>
 

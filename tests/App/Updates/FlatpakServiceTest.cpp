@@ -1,7 +1,7 @@
 // Against a portal that the test plays itself, on a session bus of its own.
 #include "App/Updates/FlatpakService.h"
 
-#include "Await.h"
+#include "support/Await.h"
 
 #include <QDBusContext>
 #include <QDBusObjectPath>

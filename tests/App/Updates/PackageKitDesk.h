@@ -2,11 +2,11 @@
 
 #include "App/Updates/PackageKitService.h"
 
-#include "Await.h"
+#include "support/Await.h"
 #include "Desk.h"
 #include "Find.h"
 
-#include "App/UpdateMessages.h"
+#include "App/Updates/UpdateMessages.h"
 #include "Views/RecorderHUD.h"
 
 #include <QSignalSpy>

@@ -1,6 +1,6 @@
 #include "Capture/PipeWire/StreamPicture.h"
 
-#include "Capture/CaptureError.h"
+#include "Platform/CaptureError.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "Capture/X11Stream.h"
+#include "Capture/X11/X11Stream.h"
 
-#include "Await.h"
-#include "X11/Gallery.h"
-#include "X11/TestScreen.h"
+#include "support/Await.h"
+#include "Gallery.h"
+#include "TestScreen.h"
 
 #include <gtest/gtest.h>
 

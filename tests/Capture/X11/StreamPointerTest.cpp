@@ -1,7 +1,7 @@
 // Runs on a real X server that the caller starts: see CMakeLists.txt in the folder above.
-#include "Capture/X11Stream.h"
+#include "Capture/X11/X11Stream.h"
 
-#include "X11/StreamFixture.h"
+#include "StreamFixture.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Capture/PixelRect.h"
+#include "Platform/PixelRect.h"
 #include "Encoding/PixelTypes.h"
 
 #include <xcb/xcb.h>

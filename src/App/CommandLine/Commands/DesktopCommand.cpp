@@ -1,0 +1,40 @@
+#include "App/CommandLine/Commands/DesktopCommand.h"
+
+#include "App/CommandLine/CoreApplication.h"
+#include "App/CommandLine/StopRequest.h"
+#include "App/Desktop/DesktopApplication.h"
+#include "App/Desktop/RunningInstance.h"
+#include "App/QuillboxApp.h"
+
+namespace quillbox {
+namespace {
+
+/// Without windows: a second start is to be quick.
+bool activateRunning()
+{
+    const CoreApplication application;
+    if (!RunningInstance::exists())
+        return false;
+    RunningInstance::activate();
+    return true;
+}
+
+} // namespace
+
+int DesktopCommand::run()
+{
+    if (activateRunning())
+        return 0;
+    const DesktopApplication application;
+    QuillboxApp app;
+    if (!app.claimName()) { // somebody was faster
+        RunningInstance::activate();
+        return 0;
+    }
+    StopRequest stopRequest;
+    QObject::connect(&stopRequest, &StopRequest::received, &stopRequest, [&app] { app.quit(); });
+    app.start();
+    return DesktopApplication::run();
+}
+
+} // namespace quillbox

@@ -1,0 +1,82 @@
+#include "App/CommandLine/Commands/EncodeCommand.h"
+
+#include "App/CommandLine/ClipOutput.h"
+#include "App/CommandLine/InputReader.h"
+#include "App/CommandLine/OptimizerProgress.h"
+#include "App/CommandLine/ProgressLine.h"
+#include "App/CommandLine/ResultReport.h"
+#include "App/FrameSources/BackgroundIntake.h"
+#include "App/FrameSources/FrameReadError.h"
+#include "Capture/Spill/KeptPictures.h"
+#include "Encoding/GIFOptimizer.h"
+#include "PostCapture/OutputFile.h"
+#include "Translation/Translate.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <string>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <vector>
+
+namespace quillbox {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string outputName(const EncodeOptions& options)
+{
+    if (options.out.output)
+        return *options.out.output;
+    const auto& input = options.inputs.front();
+    std::error_code error; // a file that can't be looked at is reported when it is opened
+    if (input == standardStreamName || fs::is_other(input, error)) // a pipe or device has no folder to put a GIF in
+        throw UsageError(translate("Usage", "this INPUT gives the GIF no name; add one, like -o clip.gif"));
+    return fs::path(input).replace_extension("gif").string();
+}
+
+/// @throws FrameReadError   an input isn't there.
+/// @throws OutputFileError  the output is one of the inputs, under whatever name.
+void examineFiles(const std::vector<std::string>& inputs, const ClipOutput& output)
+{
+    struct stat out { };
+    const bool replacesFile
+        = !output.isStandardOutput() && ::stat(output.name().c_str(), &out) == 0 && S_ISREG(out.st_mode);
+    for (const std::string& input : inputs) {
+        struct stat in { };
+        if ((input == standardStreamName ? ::fstat(STDIN_FILENO, &in) : ::stat(input.c_str(), &in)) != 0)
+            throw FrameReadError(input, FrameReadError::CannotOpen{errno});
+        if (replacesFile && in.st_dev == out.st_dev && in.st_ino == out.st_ino)
+            throw OutputFileError(output.name(), OutputFileError::Reason::IsInput);
+    }
+}
+
+} // namespace
+
+int EncodeCommand::run(const EncodeOptions& options)
+{
+    const ClipOutput output(outputName(options), options.out.force);
+    examineFiles(options.inputs, output);
+    output.check();
+
+    ProgressLine line;
+    line.show(translate("ProgressLine", "reading"));
+    KeptPictures pictures;
+    BackgroundIntake intake(options.out.preset, options.sourceFPS,
+        [&pictures](const RGBAFrame& picture) { return pictures.keep(picture); });
+    InputReader::read(options, intake);
+    const FrameIntake& frames = intake.finished();
+    const GIFOptimizer::Config config{
+        .preset = options.out.preset, .sourceFPS = frames.sourceFPS(), .ditheringOverride = options.dithering};
+    const auto result = GIFOptimizer::optimize(frames, config, {.progress = progressOn(line)});
+    line.show(translate("ProgressLine", "saving"));
+    output.save(result.data);
+    line.clear();
+
+    const ResultReport::Clip saved{result, options.out.preset, output.name()};
+    output.report(options.out.json ? ResultReport::jsonLine(saved) : ResultReport::humanLine(saved));
+    return ExitCode::success;
+}
+
+} // namespace quillbox

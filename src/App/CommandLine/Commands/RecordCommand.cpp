@@ -1,0 +1,226 @@
+#include "App/CommandLine/Commands/RecordCommand.h"
+
+#include "App/Workflow/ClipExport.h"
+#include "App/CommandLine/ClipboardHold.h"
+#include "App/CommandLine/ClipOutput.h"
+#include "App/CommandLine/CoreApplication.h"
+#include "App/CommandLine/ErrorReport.h"
+#include "App/CommandLine/OptimizerProgress.h"
+#include "App/CommandLine/ProgressLine.h"
+#include "App/CommandLine/RecordingEnd.h"
+#include "App/CommandLine/ResultReport.h"
+#include "App/CommandLine/ScreenSelection.h"
+#include "App/CommandLine/StopRequest.h"
+#include "App/Desktop/DesktopApplication.h"
+#include "App/Desktop/RunningInstance.h"
+#include "App/Workflow/FlowMessages.h"
+#include "Capture/StreamRecorder.h"
+#include "Encoding/GIFOptimizer.h"
+#include "PostCapture/Clipboard/PasteboardChoice.h"
+#include "Translation/Translate.h"
+
+#include <QCoro/QCoroFuture>
+#include <QCoro/QCoroTask>
+#include <QFile>
+#include <QFileInfo>
+#include <QtConcurrent/QtConcurrentRun>
+
+#include <cmath>
+#include <exception>
+#include <optional>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace quillbox {
+namespace {
+
+using Recording = ClipExport::Recording;
+
+std::string startMessage(const std::exception& error)
+{
+    const auto* const recorderError = dynamic_cast<const StreamRecorder::RecorderError*>(&error);
+    const std::string reason = recorderError != nullptr
+        ? translate("RecordCommand", "There is no display to record. Set DISPLAY to an X11 display, such as :0")
+        : std::string(error.what());
+    return withArguments(translate("RecordCommand", "Couldn't start recording: %1."), {reason});
+}
+
+std::string earlyEnd(const std::string& reason)
+{
+    return withArguments(
+        translate("RecordCommand", "The recording ended early: %1. What was recorded is kept."), {reason});
+}
+
+/// Records into `recorder` until `end`, and says on `line` how long it has been.
+/// @return the reason, where the screen could not be captured to the end.
+QCoro::Task<QString> record(StreamRecorder& recorder, RecordingEnd& end, CaptureRegion region, ProgressLine& line)
+{
+    co_await recorder.start(region);
+    end.startClock();
+    QTimer display;
+    const auto show = [&recorder, &line] {
+        const auto frames = recorder.frameCount();
+        const auto count = static_cast<int>(frames); // a day has fewer than three million
+        const auto text = translate("ProgressLine", "recording %1 s, %n frame(s); Ctrl-C stops", nullptr, count);
+        line.show(withArguments(text, {std::to_string(frames / FrameTimeline::framesPerSecond)}));
+    };
+    if (line.isVisible()) {
+        QObject::connect(&display, &QTimer::timeout, &display, show);
+        display.start(std::chrono::milliseconds(200));
+        show();
+    }
+    const auto ended = end.future();
+    co_return co_await ended;
+}
+
+/// What was recorded, no frame if nothing could be; errors have been reported then.
+QCoro::Task<Recording> recordFrames(RecordOptions options, ProgressLine& line)
+{
+    StreamRecorder recorder;
+    RecordingEnd end(recorder, options.durationSeconds);
+    QString interruption;
+    std::string failure;
+    try {
+        interruption = co_await record(recorder, end, *options.region, line);
+    } catch (const std::exception& error) {
+        failure = startMessage(error);
+    }
+    std::vector<RGBAFrame> frames = co_await recorder.stop();
+    line.clear();
+    if (!failure.empty()) {
+        ErrorReport::print(failure);
+        co_return Recording();
+    }
+    if (options.durationSeconds) { // a timer may be late, the clip need not show it
+        const auto wanted = std::max(1LL, std::llround(*options.durationSeconds * FrameTimeline::framesPerSecond));
+        frames.erase(frames.begin() + std::min<std::ptrdiff_t>(wanted, std::ssize(frames)), frames.end());
+    }
+    if (frames.empty()) {
+        const auto reason = interruption.isEmpty() ? QString() : QLatin1Char(' ') + interruption + QLatin1Char('.');
+        ErrorReport::print((FlowMessages::noFrames() + reason).toStdString());
+    } else if (!interruption.isEmpty()) {
+        ErrorReport::print(earlyEnd(interruption.toStdString()));
+    }
+    Recording recording{.frames = std::move(frames), .intake = recorder.intake()};
+    co_return recording;
+}
+
+GIFOptimizer::Result encode(
+    const Recording& recording, ExportPreset preset, const std::function<void(const GIFOptimizer::Progress&)>& progress)
+{
+    leaveEndingSignalsToMainThread();
+    return ClipExport::encode(recording, preset, {.progress = progress});
+}
+
+/// @return where it was saved
+std::string save(const GIFOptimizer::Result& result, const OutputOptions& options, ProgressLine& line)
+{
+    const ClipOutput output(options.output ? *options.output : QFile::encodeName(ClipExport::newPath()).toStdString(),
+        options.force); // which makes a folder
+    line.show(translate("ProgressLine", "saving"));
+    output.save(result.data);
+    line.clear();
+    const ResultReport::Clip saved{result, options.preset, output.name()};
+    output.report(options.json ? ResultReport::jsonLine(saved) : ResultReport::humanLine(saved));
+    return output.name();
+}
+
+/// Why no clip can be copied on this desktop, as sentences for the user; empty where one can.
+std::string obstacleToCopying()
+{
+    if (RunningInstance::exists()) // which has windows
+        return {};
+    const auto choice = choosePasteboard();
+    if (choice.needsFocus)
+        return withArguments(
+            translate("RecordCommand", "%1. The desktop application does it: start quillbox first."), {choice.reason});
+    return choice.backEnd == PasteboardChoice::BackEnd::None
+        ? withArguments(translate("RecordCommand", "%1."), {choice.reason})
+        : std::string();
+}
+
+/// Has the running application copy the clip. @return false where that can't be
+bool copyByRunningInstance(const QString& path)
+{
+    if (!RunningInstance::exists() || !RunningInstance::copy(path))
+        return false;
+    if (RunningInstance::status().value(QStringLiteral("clipboard")) == QLatin1String("pending"))
+        ErrorReport::print(
+            translate("RecordCommand", "the clip gets onto the clipboard when the panel is opened: quillbox show"));
+    return true;
+}
+
+/// Puts the clip on the clipboard: of the running application, which stays, else of this process, which then stays
+/// until another program copies something. @return false where that can't be; the error has been reported then
+QCoro::Task<bool> copy(std::string output, QByteArray gif)
+{
+    const auto path = QFileInfo(QFile::decodeName(QByteArray::fromStdString(output))).absoluteFilePath();
+    if (copyByRunningInstance(path))
+        co_return true;
+    const ClipboardHold hold(path, gif);
+    if (!hold.isHeld()) {
+        ErrorReport::print(translate("RecordCommand", "the clip is saved, but it couldn't be put on the clipboard"));
+        co_return false;
+    }
+    ErrorReport::print(translate(
+        "RecordCommand", "the clip stays on the clipboard until something else is copied; Ctrl-C ends this program"));
+    const auto ended = hold.ended();
+    co_await ended;
+    co_return true;
+}
+
+QCoro::Task<int> recordAndSave(RecordOptions options)
+{
+    if (const auto obstacle = options.copy ? obstacleToCopying() : std::string(); !obstacle.empty()) {
+        ErrorReport::print(withArguments(
+            translate("RecordCommand", "the clip could not be copied, so nothing was recorded. %1"), {obstacle}));
+        co_return ExitCode::failure;
+    }
+    if (!options.region) {
+        const StopRequest stop;
+        const auto selection = ScreenSelection::askForRegion(stop);
+        options.region = co_await selection;
+    }
+    if (!options.region) {
+        ErrorReport::print(translate("RecordCommand", "nothing was selected, so nothing was recorded"));
+        co_return ExitCode::failure;
+    }
+    ProgressLine line;
+    Recording recording = co_await recordFrames(options, line);
+    if (recording.frames.empty())
+        co_return ExitCode::failure;
+    std::string failure;
+    try {
+        auto job = QtConcurrent::run(&encode, std::move(recording), options.out.preset, progressOn(line));
+        const auto result = co_await job;
+        const auto output = save(result, options.out, line);
+        if (options.copy) {
+            auto copying = copy(output, ClipExport::bytes(result));
+            if (!co_await copying)
+                co_return ExitCode::failure;
+        }
+        co_return ExitCode::success;
+    } catch (const std::exception& error) {
+        failure = FlowMessages::couldNotSave(error).toStdString();
+    }
+    line.clear();
+    ErrorReport::print(failure);
+    co_return ExitCode::failure;
+}
+
+} // namespace
+
+int RecordCommand::run(const RecordOptions& options)
+{
+    if (options.out.output)
+        ClipOutput(*options.out.output, options.out.force).check();
+    std::variant<std::monostate, CoreApplication, DesktopApplication> application;
+    if (!options.region || options.copy)
+        application.emplace<DesktopApplication>();
+    else
+        application.emplace<CoreApplication>();
+    return QCoro::waitFor(recordAndSave(options));
+}
+
+} // namespace quillbox

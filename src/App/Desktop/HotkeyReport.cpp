@@ -1,0 +1,187 @@
+#include "App/Desktop/HotkeyReport.h"
+
+#include "App/Desktop/ApplicationService.h"
+#include "App/Hotkey/HotkeyMath.h"
+#include "App/Hotkey/HotkeyRefusal.h"
+#include "App/Hotkey/ShortcutsPortal.h"
+#include "App/Hotkey/X11Hotkey.h"
+#include "Platform/AnswerWithin.h"
+#include "Platform/DBus/BusQueries.h"
+#include "Platform/CaptureError.h"
+#include "Translation/Translate.h"
+
+#include <QCoro/QCoroFuture>
+#include <QDBusArgument>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+namespace quillbox {
+
+namespace {
+
+using Health = ServiceReport::Health;
+using Lack = ShortcutsPortal::Offer::Lack;
+
+constexpr std::array statusNames{
+    std::pair{HotkeyStatus::NotRegistered, "none"},
+    std::pair{HotkeyStatus::Asking, "asking"},
+    std::pair{HotkeyStatus::Active, "active"},
+    std::pair{HotkeyStatus::Taken, "taken"},
+    std::pair{HotkeyStatus::Refused, "refused"},
+    std::pair{HotkeyStatus::Unassigned, "unassigned"},
+    std::pair{HotkeyStatus::Unavailable, "unavailable"},
+};
+
+/// What the running application tells of its hotkey; none where none runs.
+QCoro::Task<std::optional<HotkeyState>> toldState()
+{
+    auto asking = BusQueries::property(QDBusConnection::sessionBus(), ApplicationService::busName(),
+        ApplicationService::objectPath(), ApplicationService::interfaceName(), QStringLiteral("Hotkey"));
+    const QVariant answer = co_await asking;
+    const auto map = qdbus_cast<QVariantMap>(answer);
+    const auto name = map.value(QStringLiteral("status")).toString().toStdString();
+    HotkeyState state;
+    const auto* const known = std::ranges::find(
+        statusNames, std::string_view(name), [](const auto& each) { return std::string_view(each.second); });
+    if (known == statusNames.end())
+        co_return std::nullopt;
+    state.status = known->first;
+    state.trigger = map.value(QStringLiteral("keys")).toString();
+    co_return state;
+}
+
+std::string bindToggle()
+{
+    return translate("Doctor", "bind quillbox toggle to a key in the desktop's settings");
+}
+
+ServiceReport begun()
+{
+    ServiceReport report;
+    report.service = QT_TRANSLATE_NOOP("Doctor", "Hotkey");
+    report.health = Health::Limited; // there is always quillbox toggle
+    return report;
+}
+
+/// On the thread that may wait for the server.
+HotkeyStatus tryOutDefault()
+{
+    try {
+        return X11Hotkey::tryOut(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
+    } catch (const CaptureError&) {
+        return HotkeyStatus::Unavailable; // the report on the screen says more
+    }
+}
+
+QCoro::Task<ServiceReport> x11Report()
+{
+    ServiceReport report = begun();
+    auto looking = BusQueries::presence(QDBusConnection::sessionBus(), QStringLiteral(QUILLBOX_APP_ID));
+    const auto presence = co_await looking;
+    const auto answer = answerWithin<HotkeyStatus>(reportPatience, &tryOutDefault);
+    const std::optional<HotkeyStatus> status = co_await answer;
+    if (status == HotkeyStatus::Active) {
+        report.health = Health::Works;
+        report.used = translate("Doctor", "Super+Shift+2 of the X server");
+        report.found.emplace_back(translate("Doctor", "no other program holds it"));
+    } else if (status == HotkeyStatus::Taken && presence == BusQueries::Presence::Running) {
+        report.health = Health::Works;
+        report.used = translate("Doctor", "Super+Shift+2 of the X server");
+        report.found.emplace_back(translate("Doctor", "it is held, as Quillbox runs"));
+    } else if (status == HotkeyStatus::Taken) {
+        report.used = translate("Doctor", "Another program holds Super+Shift+2");
+        report.advice.push_back(bindToggle());
+    } else {
+        report.used = translate("Doctor", "There is no X server that has the keys");
+    }
+    co_return report;
+}
+
+/// What the portal's shortcuts come to: only who has asked for them knows.
+void reportBinding(ServiceReport& report, const std::optional<HotkeyState>& state)
+{
+    const auto status = state ? state->status : HotkeyStatus::NotRegistered;
+    if (status == HotkeyStatus::Active) {
+        report.health = Health::Works;
+        report.used = state->trigger.isEmpty()
+            ? translate("Doctor", "the desktop portal; the desktop's settings tell the keys")
+            : withArguments(translate("Doctor", "the desktop portal: %1"), {state->trigger.toStdString()});
+    } else if (status == HotkeyStatus::NotRegistered || status == HotkeyStatus::Asking) {
+        report.used = translate("Doctor", "the desktop portal, once it has been asked for Super+Shift+2");
+        report.advice.emplace_back(
+            translate("Doctor", "start Quillbox and look again: only then the desktop tells what it has bound"));
+    } else {
+        report.used = translate("Doctor", "The desktop has bound no key for Quillbox");
+        report.advice.push_back(bindToggle());
+    }
+}
+
+QCoro::Task<ServiceReport> portalReport()
+{
+    ServiceReport report = begun();
+    auto looking = ShortcutsPortal::look(QDBusConnection::sessionBus(), static_cast<int>(reportPatience.count()));
+    const auto offer = co_await looking;
+    switch (offer.lack) {
+    case Lack::None:
+        report.found.push_back(withArguments(
+            translate("Doctor", "the portal's GlobalShortcuts, version %1"), {std::to_string(offer.version)}));
+        break;
+    case Lack::NoBus:
+        report.used = translate("Doctor", "There is no session bus");
+        break;
+    case Lack::NoPortal:
+        report.used = translate("Doctor", "There is no desktop portal");
+        break;
+    case Lack::NoInterface:
+        report.used = translate("Doctor", "The portal has no global shortcuts on this desktop");
+        break;
+    case Lack::NoAnswer:
+        report.used = translate("Doctor", "The desktop portal does not answer");
+        break;
+    }
+    if (offer.lack != Lack::None) {
+        report.advice.push_back(bindToggle());
+        co_return report;
+    }
+    if (HotkeyRefusal::isRemembered()) {
+        report.used = translate("Doctor", "You refused it when the desktop asked");
+        report.advice.push_back(withArguments(translate("Doctor",
+                                                  "to be asked again, remove %1 and start Quillbox anew; or bind "
+                                                  "quillbox toggle to a key in the desktop's settings"),
+            {HotkeyRefusal::path().toStdString()}));
+        co_return report;
+    }
+    auto asking = toldState();
+    const auto state = co_await asking;
+    reportBinding(report, state);
+    co_return report;
+}
+
+} // namespace
+
+QVariantMap HotkeyReport::told(const HotkeyState& state)
+{
+    const auto* const known = std::ranges::find(statusNames, state.status, [](const auto& each) { return each.first; });
+    QVariantMap map;
+    map.insert(QStringLiteral("status"), QString::fromLatin1(known->second));
+    if (!state.trigger.isEmpty())
+        map.insert(QStringLiteral("keys"), state.trigger);
+    return map;
+}
+
+QCoro::Task<ServiceReport> HotkeyReport::make()
+{
+    const HotkeyChoice choice = chooseHotkey();
+    if (choice.backend == HotkeyChoice::Backend::None) {
+        ServiceReport report = begun();
+        report.used = choice.reason;
+        co_return report;
+    }
+    auto asking = choice.backend == HotkeyChoice::Backend::Portal ? portalReport() : x11Report();
+    co_return co_await asking;
+}
+
+} // namespace quillbox

@@ -1,0 +1,48 @@
+#include "App/Workflow/ClipExport.h"
+
+#include "Capture/FrameTimeline.h"
+#include "Capture/LiveIntake.h"
+#include "PostCapture/ClipboardExporter.h"
+#include "PostCapture/OutputFile.h"
+
+#include <QCalendar>
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+
+#include <filesystem>
+#include <optional>
+
+namespace quillbox {
+
+GIFOptimizer::Result ClipExport::encode(
+    const Recording& recording, ExportPreset preset, const GIFOptimizer::Execution& execution)
+{
+    const GIFOptimizer::Config config{
+        .preset = preset, .sourceFPS = FrameTimeline::framesPerSecond, .ditheringOverride = std::nullopt};
+    const FrameIntake* const known = recording.intake ? recording.intake->of(recording.frames) : nullptr;
+    return known != nullptr ? GIFOptimizer::optimize(*known, config, execution)
+                            : GIFOptimizer::optimize(recording.frames, config, execution);
+}
+
+QString ClipExport::newPath()
+{
+    const auto name = ClipboardExporter::fileName(QDateTime::currentDateTime(), QStringLiteral("gif"), QCalendar());
+    return ClipboardExporter::clipsDirectory() + QLatin1Char('/') + name;
+}
+
+ClipExport::Saved ClipExport::run(
+    const Recording& recording, ExportPreset preset, const GIFOptimizer::Execution& execution)
+{
+    Saved saved{.result = encode(recording, preset, execution), .path = newPath()};
+    std::filesystem::create_directories(QFile::encodeName(QFileInfo(saved.path).path()).toStdString());
+    OutputFile::save(QFile::encodeName(saved.path).toStdString(), saved.result.data, OutputFile::IfExists::Replace);
+    return saved;
+}
+
+QByteArray ClipExport::bytes(const GIFOptimizer::Result& result)
+{
+    return {reinterpret_cast<const char*>(result.data.data()), std::ssize(result.data)};
+}
+
+} // namespace quillbox

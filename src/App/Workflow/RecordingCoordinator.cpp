@@ -1,0 +1,154 @@
+#include "App/Workflow/RecordingCoordinator.h"
+
+#include "App/Workflow/ClipExport.h"
+#include "App/Workflow/ExportJob.h"
+#include "App/Workflow/FlowMessages.h"
+#include "Platform/TaskSink.h"
+#include "Capture/Region/RegionSelector.h"
+#include "Capture/StreamRecorder.h"
+#include "Encoding/Precondition.h"
+#include "PostCapture/ClipboardExporter.h"
+#include "PostCapture/HistoryStore.h"
+
+#include <QCoro/QCoroFuture>
+#include <QPointer>
+
+#include <exception>
+#include <optional>
+#include <utility>
+
+namespace quillbox {
+namespace {
+
+ClipEntry entryFor(const ClipExport::Saved& saved, ExportPreset preset, std::int64_t width, std::int64_t height)
+{
+    const auto title = preset.title();
+    return {
+        .date = QDateTime::currentDateTimeUtc(),
+        .format = QStringLiteral("GIF"),
+        .preset = QString::fromUtf8(title.data(), std::ssize(title)),
+        .outputPath = saved.path,
+        .byteCount = saved.result.byteCount,
+        .durationSeconds = saved.result.durationSeconds,
+        .width = width,
+        .height = height,
+    };
+}
+
+} // namespace
+
+RecordingCoordinator::RecordingCoordinator(std::shared_ptr<RecorderControlling> recorder,
+    std::shared_ptr<RegionSelector> selector, std::shared_ptr<HistoryStore> history)
+    : m_recorder(recorder ? std::move(recorder) : std::make_shared<StreamRecorder>())
+    , m_selector(selector ? std::move(selector) : std::make_shared<RegionSelector>())
+    , m_history(std::move(history))
+{
+    precondition(m_history != nullptr, "a coordinator is given a history");
+}
+
+RecordingCoordinator::~RecordingCoordinator() = default;
+
+void RecordingCoordinator::setPreset(ExportPreset preset)
+{
+    Q_EMIT presetAboutToChange(preset);
+    m_preset = preset;
+    Q_EMIT presetChanged();
+}
+
+void RecordingCoordinator::setPhase(Phase next)
+{
+    Q_EMIT phaseAboutToChange(next);
+    m_phase = std::move(next);
+    if (!isIn<Processing>())
+        m_job.reset();
+    Q_EMIT phaseChanged();
+}
+
+std::optional<ExportProgress> RecordingCoordinator::progress() const
+{
+    return m_job ? m_job->progress() : std::nullopt;
+}
+
+void RecordingCoordinator::finishNow()
+{
+    if (isIn<Processing>())
+        m_job->finishNow();
+}
+
+bool RecordingCoordinator::isFinishing() const
+{
+    return m_job && m_job->isFinishing();
+}
+
+void RecordingCoordinator::beginFlow()
+{
+    if (!isIn<Idle>())
+        return; // a second press of the hotkey, or a flow that has ended
+    setPhase(SelectingRegion{});
+    m_selector->present([self = QPointer(this)](std::optional<CaptureRegion> region) {
+        if (!self)
+            return;
+        if (region)
+            TaskSink::keep(self->record(*region));
+        else
+            self->setPhase(Idle{});
+    });
+}
+
+QCoro::Task<> RecordingCoordinator::record(CaptureRegion region)
+{
+    const QPointer self(this);
+    const auto recorder = m_recorder; // it outlives a coordinator that ends meanwhile
+    std::optional<QString> failure;
+    try {
+        co_await recorder->start(region);
+    } catch (const std::exception& error) {
+        failure = FlowMessages::couldNotStart(error);
+    }
+    if (!self)
+        co_return;
+    if (failure)
+        setPhase(Failed{*failure});
+    else
+        setPhase(Recording{});
+}
+
+QCoro::Task<> RecordingCoordinator::stopAndExport()
+{
+    if (!isIn<Recording>())
+        co_return; // a second click
+    const QPointer self(this);
+    m_job = std::make_unique<ExportJob>();
+    connect(m_job.get(), &ExportJob::progressChanged, this, &RecordingCoordinator::progressChanged);
+    setPhase(Processing{});
+    if (!self)
+        co_return;
+    const auto recorder = m_recorder;
+    auto frames = co_await recorder->stop();
+    if (!self)
+        co_return;
+    if (frames.empty()) {
+        setPhase(Failed{FlowMessages::noFrames()});
+        co_return;
+    }
+    const auto width = frames.front().width();
+    const auto height = frames.front().height();
+    ClipExport::Recording recording{.frames = std::move(frames), .intake = recorder->intake()};
+    const auto preset = m_preset; // read once: a later change belongs to the next clip
+    std::optional<QString> failure;
+    try {
+        auto job = m_job->start(std::move(recording), preset);
+        const auto saved = co_await job;
+        if (!self)
+            co_return;
+        ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(saved.path), ClipExport::bytes(saved.result));
+        m_history->record(entryFor(saved, preset, width, height));
+        setPhase(Done{saved.path, saved.result.byteCount});
+    } catch (const std::exception& error) {
+        failure = FlowMessages::couldNotSave(error);
+    }
+    if (failure && self)
+        setPhase(Failed{*failure});
+}
+
+} // namespace quillbox

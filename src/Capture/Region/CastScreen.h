@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Capture/Portal/SelectedCast.h"
+
+#include <QPixmap>
+#include <QRect>
+
+#include <vector>
+
+class QScreen;
+
+namespace quillbox {
+
+/// What the toolkit has to do with a cast. Thread: main, of a program with a display.
+namespace CastScreen {
+
+/// The screens that may be the one that is cast: more than one where several are equal in all that the portal and
+/// the picture tell; none where there is no screen at all.
+[[nodiscard]] std::vector<QScreen*> candidates(const SelectedCast::FirstPicture& first);
+
+/// Takes note of the screen that the next recording shows; null where it is not known.
+void setRecorded(QScreen* screen);
+/// The screen that was noted last; null where it is not known, or gone.
+[[nodiscard]] QScreen* recorded();
+
+/// Where a window that covers all of `screen` is, points, given the size of the screen's picture, pixels: the toolkit
+/// may know the size in pixels only.
+[[nodiscard]] QRect frame(const QScreen& screen, FrameResampler::Size picture);
+
+/// A picture of all of `screen`, whatever its number of pixels.
+[[nodiscard]] QPixmap pixmap(const RGBAFrame& picture, const QScreen& screen);
+
+} // namespace CastScreen
+} // namespace quillbox

@@ -1,0 +1,227 @@
+#include "Capture/Region/SelectionWindow.h"
+
+#include "Capture/Region/ScreenBackdrop.h"
+#include "Capture/Region/SelectionGeometry.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLocale>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QTimer>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+namespace quillbox {
+namespace {
+
+constexpr float dimming = 0.25F;
+constexpr float fillOpacity = 0.15F;
+constexpr double lineWidth = 1.5; // points
+constexpr double tagPadding = 6;  // points
+constexpr double tagDistance = 8; // points, from the selection
+
+/// How long a compositor and the programs below get to draw what the overlay covered: three pictures of a 60 Hz screen.
+constexpr std::chrono::milliseconds overlaySettlingTime{50};
+/// The same where compositors animate the end of every window.
+constexpr std::chrono::milliseconds animationTime{250};
+
+/// Whether windows may go past the window manager: it would animate the overlay, or keep it below panels.
+bool managesItself()
+{
+    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
+Qt::WindowFlags windowKind()
+{
+    const Qt::WindowFlags kind = Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+    return managesItself() ? kind | Qt::BypassWindowManagerHint : kind;
+}
+
+RegionMath::Point pointOf(QPointF position)
+{
+    return {position.x(), position.y()};
+}
+
+} // namespace
+
+SelectionWindow::SelectionWindow(const QRect& screenFrame, QPixmap backdrop, ResultCallback onResult)
+    : QWidget(nullptr, windowKind())
+    , m_onResult(std::move(onResult))
+    , m_backdrop(std::move(backdrop))
+{
+    setObjectName(QStringLiteral("SelectionWindow"));
+    setWindowTitle(tr("Select a region"));
+    setAccessibleName(windowTitle());
+    setAttribute(m_backdrop.isNull() ? Qt::WA_TranslucentBackground : Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::CrossCursor);
+    setGeometry(screenFrame);
+    if (!managesItself())
+        setFixedSize(screenFrame.size()); // tiling compositors make no room for such a window among the others
+}
+
+SelectionWindow::~SelectionWindow() = default;
+
+void SelectionWindow::makeKeyAndOrderFront()
+{
+    if (!managesItself()) {
+        showFullScreen();
+        activateWindow(); // where the compositor wants to be asked for the keyboard
+        return;
+    }
+    show();
+    raise();
+    activateWindow();
+    grabKeyboard(); // the focus alone could be taken away
+}
+
+void SelectionWindow::withdraw()
+{
+    if (std::exchange(m_isFinished, true))
+        return;
+    m_onResult = {};
+    hide();
+    deleteLater();
+}
+
+void SelectionWindow::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && !m_startPoint)
+        m_startPoint = event->position();
+}
+
+void SelectionWindow::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!m_startPoint || m_isFinished)
+        return;
+    const QRect before = drawnArea();
+    m_selection = QRectF(*m_startPoint, event->position()).normalized();
+    update(drawnArea().united(before));
+}
+
+void SelectionWindow::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (!m_startPoint || QWidget::screen() == nullptr) {
+        finish(std::nullopt);
+        return;
+    }
+    const QSizeF bounds(size());
+    finish(SelectionGeometry::selected(
+        pointOf(*m_startPoint), pointOf(event->position()), {bounds.width(), bounds.height()}));
+}
+
+void SelectionWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        finish(std::nullopt);
+    event->accept(); // no key goes anywhere else
+}
+
+void SelectionWindow::closeEvent(QCloseEvent* event)
+{
+    finish(std::nullopt); // somebody else wants the window gone: that is a cancel
+    event->accept();      // a window that refuses would keep the application from quitting
+}
+
+void SelectionWindow::finish(std::optional<CaptureRegion> region)
+{
+    if (std::exchange(m_isFinished, true))
+        return;
+    if (managesItself())
+        releaseKeyboard();
+    repaint(); // empty: a compositor that fades windows out has nothing to fade
+    hide();
+    Q_EMIT finished();
+    ScreenBackdrop::waitUntilApplied();
+    if (region)
+        QTimer::singleShot(
+            managesItself() ? overlaySettlingTime : animationTime, this, [this, region] { report(region); });
+    else
+        report(region);
+}
+
+void SelectionWindow::report(std::optional<CaptureRegion> region)
+{
+    deleteLater();
+    if (const auto onResult = std::exchange(m_onResult, {}))
+        onResult(region);
+}
+
+void SelectionWindow::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    if (m_isFinished && m_backdrop.isNull()) {
+        painter.fillRect(rect(), Qt::transparent);
+        return;
+    }
+    if (m_backdrop.isNull())
+        painter.fillRect(rect(), QColor::fromRgbF(0, 0, 0, dimming));
+    else
+        painter.drawPixmap(rect(), m_backdrop);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    if (m_isFinished)
+        return;
+    if (!m_backdrop.isNull())
+        painter.fillRect(rect(), QColor::fromRgbF(0, 0, 0, dimming));
+    if (!m_selection.isNull())
+        drawSelection(painter);
+}
+
+void SelectionWindow::drawSelection(QPainter& painter) const
+{
+    const auto accent = palette().color(QPalette::Highlight);
+    auto fill = accent;
+    fill.setAlphaF(fillOpacity);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(accent, lineWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.setBrush(fill);
+    painter.drawRect(m_selection);
+
+    const auto tag = sizeTag();
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(24, 24, 27, 220));
+    painter.drawRoundedRect(tag, tagPadding, tagPadding);
+    painter.setPen(Qt::white);
+    painter.drawText(tag, Qt::AlignCenter, sizeText());
+}
+
+QString SelectionWindow::sizeText() const
+{
+    const auto region = RegionMath::rect(pointOf(m_selection.topLeft()), pointOf(m_selection.bottomRight()),
+        {QSizeF(size()).width(), QSizeF(size()).height()});
+    return QStringLiteral("%1 × %2").arg(region.width).arg(region.height);
+}
+
+/// Below the selection's right end, or inside it where there is no room below.
+QRectF SelectionWindow::sizeTag() const
+{
+    const QFontMetricsF metrics(font());
+    const QSizeF extent(metrics.horizontalAdvance(sizeText()) + 2 * tagPadding, metrics.height() + tagPadding);
+    const QRectF whole(rect());
+    const auto visible = m_selection.intersected(whole);
+    QPointF corner(visible.right() - extent.width(), visible.bottom() + tagDistance);
+    if (corner.y() + extent.height() > whole.bottom())
+        corner.ry() = visible.bottom() - tagDistance - extent.height();
+    corner.rx() = std::clamp(corner.x(), 0.0, std::max(0.0, whole.width() - extent.width()));
+    corner.ry() = std::max(0.0, corner.y());
+    return {corner, extent};
+}
+
+QRect SelectionWindow::drawnArea() const
+{
+    if (m_selection.isNull())
+        return {};
+    const double margin = lineWidth + 1;
+    return m_selection.adjusted(-margin, -margin, margin, margin).united(sizeTag()).toAlignedRect();
+}
+
+} // namespace quillbox

@@ -1,0 +1,87 @@
+#include "Platform/Portal/PortalRequest.h"
+
+#include "Platform/Portal/DesktopPortal.h"
+
+#include <QDBusMessage>
+#include <QUuid>
+
+#include <utility>
+
+namespace quillbox {
+
+namespace {
+
+const auto requestInterface = QStringLiteral("org.freedesktop.portal.Request");
+
+/// The object on which the answer will come, as the portal's documentation derives it.
+QString handleFor(const QDBusConnection& bus, const QString& token)
+{
+    QString sender = bus.baseService().mid(1);
+    sender.replace(QLatin1Char('.'), QLatin1Char('_'));
+    return QLatin1String(DesktopPortal::path) + QLatin1String("/request/") + sender + QLatin1Char('/') + token;
+}
+
+} // namespace
+
+PortalRequest::PortalRequest(const QDBusConnection& bus)
+    : m_bus(bus)
+    , m_token(QStringLiteral("quillbox_") + QUuid::createUuid().toString(QUuid::Id128))
+    , m_handle(handleFor(bus, m_token))
+    , m_watcher(QLatin1String(DesktopPortal::service), bus, QDBusServiceWatcher::WatchForUnregistration)
+{
+    m_promise.start();
+    m_bus.connect(
+        QString(), m_handle, requestInterface, QStringLiteral("Response"), this, SLOT(finish(uint, QVariantMap)));
+    connect(&m_watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { settle(std::nullopt); });
+}
+
+PortalRequest::~PortalRequest()
+{
+    if (m_promise.future().isFinished())
+        return;
+    const auto close = QDBusMessage::createMethodCall(
+        QLatin1String(DesktopPortal::service), m_handle, requestInterface, QStringLiteral("Close"));
+    (void)m_bus.send(close); // whether a dialog goes away with us is up to the portal
+    settle(std::nullopt);
+}
+
+void PortalRequest::finish(uint code, const QVariantMap& results)
+{
+    settle(Answer{code, results});
+}
+
+void PortalRequest::settle(Outcome outcome)
+{
+    if (m_promise.future().isFinished())
+        return; // answered already
+    m_promise.addResult(std::move(outcome));
+    m_promise.finish();
+    if (m_closesWhatComes)
+        closeWhatCame();
+}
+
+void PortalRequest::closeWhatComes()
+{
+    setParent(nullptr);
+    m_closesWhatComes = true;
+    if (m_promise.future().isFinished())
+        closeWhatCame();
+}
+
+void PortalRequest::closeWhatCame()
+{
+    if (const Outcome outcome = m_promise.future().result())
+        closeSession(m_bus, outcome->results.value(QStringLiteral("session_handle")).toString());
+    deleteLater();
+}
+
+void PortalRequest::closeSession(const QDBusConnection& bus, const QString& handle)
+{
+    if (handle.isEmpty())
+        return;
+    const auto close = QDBusMessage::createMethodCall(QLatin1String(DesktopPortal::service), handle,
+        QStringLiteral("org.freedesktop.portal.Session"), QStringLiteral("Close"));
+    (void)bus.send(close); // a portal that is gone has closed it
+}
+
+} // namespace quillbox

@@ -1,0 +1,53 @@
+#include "Platform/StateFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+
+namespace quillbox::StateFile {
+
+namespace {
+
+QString folder()
+{
+    const QString named = qEnvironmentVariable("XDG_STATE_HOME");
+    const QString state
+        = QDir::isAbsolutePath(named) ? named : QDir::homePath() + QStringLiteral("/.local/state"); // as XDG wants it
+    return state + QStringLiteral("/quillbox");
+}
+
+} // namespace
+
+QString path(const QString& name)
+{
+    return folder() + QLatin1Char('/') + name;
+}
+
+QString read(const QString& name)
+{
+    QFile file(path(name));
+    constexpr qint64 longest = 4096; // far more than what is kept here
+    if (!file.open(QIODevice::ReadOnly) || file.size() > longest)
+        return {};
+    return QString::fromUtf8(file.readAll()).trimmed();
+}
+
+void replace(const QString& name, const QString& text)
+{
+    if (text.isEmpty()) {
+        (void)QFile::remove(path(name)); // most often there is none
+        return;
+    }
+    (void)QDir().mkpath(folder()); // a folder that cannot be made is noticed by open()
+    QSaveFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly))
+        return;
+    const QByteArray line = text.toUtf8() + '\n';
+    const bool isWritten = file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner)
+        && file.write(line) == line.size() && file.flush();
+    if (!isWritten)
+        file.cancelWriting();
+    (void)file.commit(); // what was there before is no loss
+}
+
+} // namespace quillbox::StateFile

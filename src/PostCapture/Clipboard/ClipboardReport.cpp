@@ -1,0 +1,74 @@
+#include "PostCapture/Clipboard/ClipboardReport.h"
+
+#include "Platform/AnswerWithin.h"
+#include "Platform/CaptureError.h"
+#include "Platform/X11/X11Queries.h"
+#include "PostCapture/Clipboard/PasteboardChoice.h"
+#include "Translation/Translate.h"
+
+#include <QCoro/QCoroFuture>
+
+#include <optional>
+
+namespace quillbox {
+
+namespace {
+
+using Health = ServiceReport::Health;
+
+// The two functions run on a thread that may wait.
+
+ServiceReport x11Report()
+{
+    ServiceReport report;
+    try {
+        const bool hasManager = X11Queries::isSelectionOwnedOnDisplay("CLIPBOARD_MANAGER");
+        report.found.emplace_back(hasManager
+                ? translate("Doctor", "a clipboard manager, which keeps clips when Quillbox ends")
+                : translate("Doctor", "no clipboard manager: a clip stays while Quillbox runs"));
+        report.used = translate("Doctor", "the X server's selection");
+        report.health = Health::Works;
+    } catch (const CaptureError&) {
+        report.used = translate("Doctor", "There is no display"); // the report on the screen says more
+    }
+    return report;
+}
+
+ServiceReport reportOfChoice()
+{
+    const PasteboardChoice choice = choosePasteboard();
+    ServiceReport report;
+    switch (choice.backEnd) {
+    case PasteboardChoice::BackEnd::X11:
+        return x11Report();
+    case PasteboardChoice::BackEnd::DataControl:
+        report.health = Health::Works;
+        report.used = translate("Doctor", "the compositor's data control");
+        report.found.push_back(choice.reason);
+        break;
+    case PasteboardChoice::BackEnd::Toolkit:
+        report.health = choice.needsFocus ? Health::Limited : Health::Works;
+        report.used = translate("Doctor", "the toolkit");
+        report.found.push_back(choice.reason);
+        break;
+    case PasteboardChoice::BackEnd::None:
+        report.used = choice.reason;
+        break;
+    }
+    return report;
+}
+
+} // namespace
+
+QCoro::Task<ServiceReport> ClipboardReport::make()
+{
+    const auto answer = answerWithin<ServiceReport>(reportPatience, &reportOfChoice);
+    const std::optional<ServiceReport> answered = co_await answer;
+    ServiceReport report = answered.value_or(ServiceReport());
+    report.service = QT_TRANSLATE_NOOP("Doctor", "Clipboard");
+    if (!answered)
+        report.used = translate("Doctor", "The display does not answer");
+    co_return report;
+}
+
+} // namespace quillbox
