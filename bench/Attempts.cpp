@@ -5,12 +5,12 @@
 // With --first-only the process ends after one complete attempt, so that its time is that of reading the frames,
 // preparing them and making that attempt. Prints {"attempts": N}.
 
-#include "App/FrameSources/BackgroundIntake.h"
+#include "App/FrameSources/BackgroundReducer.h"
 #include "App/FrameSources/ByteSource.h"
 #include "App/FrameSources/RawReader.h"
-#include "Platform/HugePages.h"
 #include "Clip.h"
 #include "Encoding/GIFOptimizer.h"
+#include "Platform/HugePages.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -32,8 +32,8 @@ void countAttempts(std::span<char*> arguments, bool firstOnly)
     const auto [width, height] = bench::pictureSize(arguments[2]);
     FileByteSource source(arguments[1]);
     const std::int64_t sourceFPS = std::strtol(arguments[3], nullptr, 10);
-    BackgroundIntake intake(*preset, sourceFPS);
-    RawReader::read(source, {.width = width, .height = height}, intake);
+    BackgroundReducer reducer(*preset, sourceFPS);
+    RawReader::read(source, {.width = width, .height = height}, reducer);
 
     std::set<std::int64_t> colors;
     std::stop_source finishNow;
@@ -42,7 +42,7 @@ void countAttempts(std::span<char*> arguments, bool firstOnly)
     const auto progress = [&colors](const GIFOptimizer::Progress& now) {
         colors.insert(now.colors);
     };
-    (void)GIFOptimizer::optimize(intake.finished(), {.preset = *preset, .sourceFPS = sourceFPS},
+    (void)GIFOptimizer::optimize(reducer.finished(), {.preset = *preset, .sourceFPS = sourceFPS},
         {.parallelism = {}, .progress = progress, .finishNow = finishNow.get_token()});
     std::printf("{\"attempts\": %zu}\n", colors.size());
     (void)std::fflush(stdout); // a reader that went away gets no answer

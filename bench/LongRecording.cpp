@@ -5,10 +5,10 @@
 //     long-recording work|motion|noise SECONDS [slack|github|docs [WIDTH HEIGHT]]
 #include "Painters.h"
 
-#include "Platform/HugePages.h"
-#include "Capture/LiveIntake.h"
+#include "Capture/RecordingReducer.h"
 #include "Capture/StreamRecorder.h"
 #include "Encoding/GIFOptimizer.h"
+#include "Platform/HugePages.h"
 
 #include <QCoreApplication>
 #include <QCoro/QCoroTask>
@@ -64,19 +64,19 @@ QCoro::Task<> measure(Order order, int& status)
         co_await QCoro::sleepFor(order.duration);
         const auto stopped = Clock::now();
         const auto frames = co_await recorder.stop();
-        const FrameIntake* const intake = recorder.intake()->of(frames);
+        const FrameReducer* const reducer = recorder.reducer()->of(frames);
         const auto known = Clock::now();
         const double recordingPeak = statusMegabytes("VmHWM");
         GIFOptimizer::Config config;
         config.preset = order.preset;
         config.sourceFPS = 30;
-        const auto result = GIFOptimizer::optimize(*intake, config, {});
+        const auto result = GIFOptimizer::optimize(*reducer, config, {});
         const auto done = Clock::now();
         std::printf(
             "{\"frames\": %zu, \"recordingPeak\": %.1f, \"wholePeak\": %.1f, \"settle\": %.2f, \"optimize\": %.1f, "
             "\"fileBytes\": %lld, \"bytes\": %lld, \"gifFrames\": %lld, \"interruption\": \"%s\"}\n",
             frames.size(), recordingPeak, statusMegabytes("VmHWM"), seconds(known - stopped), seconds(done - known),
-            static_cast<long long>(recorder.intake()->fileBytes()), static_cast<long long>(result.byteCount),
+            static_cast<long long>(recorder.reducer()->fileBytes()), static_cast<long long>(result.byteCount),
             static_cast<long long>(result.frameCount), interruption.toUtf8().constData());
     } catch (const std::exception& error) {
         (void)std::fprintf(stderr, "long-recording: %s\n", error.what()); // nothing is left to do if that fails

@@ -5,13 +5,13 @@
 //
 // With --all-at-once nothing is known of the frames at the stop. Frames share with the one before what has not changed,
 // as a recorder's do. Prints one JSON object: times in milliseconds, "attemptCount" the number of palette sizes tried;
-// "intakeMean" and "intakeLongest", of one frame, only where frames are taken one by one.
+// "reducerMean" and "reducerLongest", of one frame, only where frames are taken one by one.
 
-#include "Platform/HugePages.h"
-#include "Capture/BandSequence.h"
+#include "Capture/IncrementalFrameBuilder.h"
 #include "Clip.h"
-#include "Encoding/FrameIntake.h"
+#include "Encoding/FrameReducer.h"
 #include "Encoding/GIFOptimizer.h"
+#include "Platform/HugePages.h"
 
 #include <algorithm>
 #include <chrono>
@@ -33,7 +33,7 @@ constexpr std::int64_t recordedFPS = 30;
 
 std::vector<RGBAFrame> recorded(std::vector<RGBAFrame> frames)
 {
-    BandSequence bands;
+    IncrementalFrameBuilder bands;
     for (std::size_t i = 0; i < frames.size(); ++i) {
         const RGBAFrame banded = bands.compared(frames[i]);
         frames[i] = i > 0 && banded == frames[i - 1] ? frames[i - 1] : banded;
@@ -47,18 +47,18 @@ double milliseconds(Clock::duration time)
 }
 
 /// What taking the frames in has cost, before the stop.
-struct IntakeCost {
+struct ReducerCost {
     double mean = 0; ///< milliseconds a frame
     double longest = 0;
 };
 
-IntakeCost takeIn(FrameIntake& intake, const std::vector<RGBAFrame>& frames)
+ReducerCost takeIn(FrameReducer& reducer, const std::vector<RGBAFrame>& frames)
 {
     Clock::duration longest{};
     Clock::duration total{};
     for (const RGBAFrame& frame : frames) {
         const auto before = Clock::now();
-        intake.append(frame);
+        reducer.append(frame);
         const auto taken = Clock::now() - before;
         longest = std::max(longest, taken);
         total += taken;
@@ -68,8 +68,8 @@ IntakeCost takeIn(FrameIntake& intake, const std::vector<RGBAFrame>& frames)
 
 void measure(ExportPreset preset, const std::vector<RGBAFrame>& frames, bool allAtOnce)
 {
-    FrameIntake intake = FrameIntake::forAnyPreset(recordedFPS);
-    const auto cost = allAtOnce ? std::nullopt : std::optional(takeIn(intake, frames));
+    FrameReducer reducer = FrameReducer::forAnyPreset(recordedFPS);
+    const auto cost = allAtOnce ? std::nullopt : std::optional(takeIn(reducer, frames));
     const GIFOptimizer::Config config{.preset = preset, .sourceFPS = recordedFPS, .ditheringOverride = std::nullopt};
     const auto stopped = Clock::now();
     std::optional<Clock::time_point> prepared;
@@ -81,12 +81,12 @@ void measure(ExportPreset preset, const std::vector<RGBAFrame>& frames, bool all
     };
     const GIFOptimizer::Execution execution{.parallelism = {}, .progress = note, .finishNow = {}};
     const GIFOptimizer::Result result = allAtOnce ? GIFOptimizer::optimize(frames, config, execution)
-                                                  : GIFOptimizer::optimize(intake, config, execution);
+                                                  : GIFOptimizer::optimize(reducer, config, execution);
     const auto done = Clock::now();
     std::printf("{\"prepare\": %.1f, \"attempts\": %.1f, \"attemptCount\": %zu, ", milliseconds(*prepared - stopped),
         milliseconds(done - *prepared), colors.size());
     if (cost)
-        std::printf("\"intakeMean\": %.2f, \"intakeLongest\": %.2f, ", cost->mean, cost->longest);
+        std::printf("\"reducerMean\": %.2f, \"reducerLongest\": %.2f, ", cost->mean, cost->longest);
     std::printf("\"frames\": %lld, \"bytes\": %lld}\n", static_cast<long long>(result.frameCount),
         static_cast<long long>(result.byteCount));
 }

@@ -100,11 +100,11 @@ public:
         return {previous.width(), previous.height(), std::move(pixels)};
     }
 
-    /// A recording of up to `largestCount` frames, as long as there are bytes for them.
-    std::vector<RGBAFrame> recording(std::int64_t largestCount, std::int64_t largestSide)
+    /// A recording of up to `maxCount` frames, as long as there are bytes for them.
+    std::vector<RGBAFrame> recording(std::int64_t maxCount, std::int64_t largestSide)
     {
         std::vector<RGBAFrame> frames{picture(largestSide)};
-        while (!isEmpty() && std::ssize(frames) < largestCount)
+        while (!isEmpty() && std::ssize(frames) < maxCount)
             frames.push_back(successor(frames.back(), largestSide));
         return frames;
     }

@@ -8,14 +8,14 @@ using namespace quillbox;
 
 namespace {
 
-constexpr std::size_t largestCount = 12'000;
+constexpr std::size_t maxCount = 12'000;
 
 /// Indices below 2^minCodeSize: the bytes themselves, or runs given by pairs of an index and a length.
 Bytes indicesFrom(fuzz::Input& input, int minCodeSize, bool asRuns)
 {
     const unsigned mask = (1U << static_cast<unsigned>(minCodeSize)) - 1;
     Bytes indices;
-    while (!input.isEmpty() && indices.size() < largestCount) {
+    while (!input.isEmpty() && indices.size() < maxCount) {
         const auto index = static_cast<std::uint8_t>(input.byte() & mask);
         indices.insert(indices.end(), asRuns ? std::size_t{1} + input.byte() : 1, index);
     }

@@ -1,25 +1,25 @@
 #include "App/QuillboxApp.h"
 
-#include "App/Workflow/CurrentCoordinator.h"
 #include "App/Desktop/ApplicationService.h"
 #include "App/Desktop/ClipboardHandOver.h"
-#include "App/Desktop/DesktopNotice.h"
+#include "App/Desktop/DesktopNotification.h"
 #include "App/Desktop/FirstUse.h"
+#include "App/Desktop/HotkeyReport.h"
 #include "App/Desktop/PanelGuard.h"
 #include "App/Desktop/SoftwareCenter.h"
 #include "App/Desktop/TrayIcon.h"
 #include "App/Hotkey/GlobalHotkey.h"
 #include "App/Hotkey/HotkeyMath.h"
 #include "App/Hotkey/HotkeyNotice.h"
-#include "App/Desktop/HotkeyReport.h"
 #include "App/Updates/UpdaterController.h"
+#include "App/Workflow/CurrentCoordinator.h"
 #include "Capture/Region/ScreenBackdrop.h"
 #include "Capture/StreamRecorder.h"
 #include "Encoding/Precondition.h"
+#include "PostCapture/Clipboard/Clipboard.h"
 #include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/FileReveal.h"
 #include "PostCapture/HistoryStore.h"
-#include "PostCapture/Clipboard/Pasteboard.h"
 #include "Views/Panel.h"
 #include "Views/SettingsView.h"
 #include "Views/UpdateView.h"
@@ -109,7 +109,7 @@ QuillboxApp::QuillboxApp()
         &recorder(), &StreamRecorder::interrupted, m_coordinator.get(),
         [coordinator = m_coordinator.get()](const QString& reason) {
             coordinator->stop();
-            DesktopNotice::show(
+            DesktopNotification::show(
                 Text::tr("The recording ended early"), Text::tr("%1. What was recorded is kept.").arg(reason));
         },
         Qt::QueuedConnection);
@@ -143,8 +143,8 @@ Panel& QuillboxApp::panel()
     m_panel = std::make_unique<Panel>(*m_coordinator, updater(), *m_history, *m_fileReveal);
     QObject::connect(m_panel.get(), &Panel::settingsRequested, m_panel.get(), [this] { showSettings(); });
     QObject::connect(m_panel.get(), &Panel::quitRequested, m_panel.get(), [this] { quit(); });
-    QObject::connect(m_panel.get(), &Panel::copyRequested, &Pasteboard::general(), &Pasteboard::retry);
-    QObject::connect(&Pasteboard::general(), &Pasteboard::stateChanged, m_panel.get(), [this] { showClipboard(); });
+    QObject::connect(m_panel.get(), &Panel::copyRequested, &Clipboard::general(), &Clipboard::retry);
+    QObject::connect(&Clipboard::general(), &Clipboard::stateChanged, m_panel.get(), [this] { showClipboard(); });
     QObject::connect(m_panel.get(), &Panel::introductionUnderstood, m_firstUse.get(), [this] { m_firstUse->end(); });
     new PanelGuard(recorder(), *m_panel); // the panel owns it
     showClipboard();
@@ -159,8 +159,8 @@ UpdaterController& QuillboxApp::updater()
     m_updater = std::make_unique<UpdaterController>();
     QObject::connect(m_updater.get(), &UpdaterController::phaseChanged, m_updater.get(), [this] { showUpdate(); });
     QObject::connect(m_updater.get(), &UpdaterController::updateSeen, m_updater.get(), [](const Update& update) {
-        DesktopNotice::show(update.version.isEmpty() ? Text::tr("A new version of Quillbox is available")
-                                                     : Text::tr("Quillbox %1 is available").arg(update.version),
+        DesktopNotification::show(update.version.isEmpty() ? Text::tr("A new version of Quillbox is available")
+                                                           : Text::tr("Quillbox %1 is available").arg(update.version),
             Text::tr("“Check for Updates…” in the panel installs it."));
     });
     return *m_updater;
@@ -284,7 +284,7 @@ void QuillboxApp::quit()
 
 void QuillboxApp::showClipboard()
 {
-    m_panel->setClipPending(Pasteboard::general().state() == Pasteboard::State::Pending);
+    m_panel->setClipPending(Clipboard::general().state() == Clipboard::State::Pending);
 }
 
 /// Tells what is not as usual, and newcomers everything.

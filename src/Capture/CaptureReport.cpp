@@ -1,13 +1,13 @@
 #include "Capture/CaptureReport.h"
 
-#include "Platform/AnswerWithin.h"
-#include "Platform/DBus/BusQueries.h"
-#include "Platform/CaptureError.h"
 #include "Capture/CaptureStream.h"
 #include "Capture/PipeWire/PipeWireSession.h"
-#include "Platform/Portal/DesktopPortal.h"
 #include "Capture/Portal/RestoreToken.h"
 #include "Capture/Portal/ScreenCastPortal.h"
+#include "Platform/CaptureError.h"
+#include "Platform/DBus/BusQueries.h"
+#include "Platform/Portal/DesktopPortal.h"
+#include "Platform/RunWithTimeout.h"
 #include "Platform/X11/X11Display.h"
 #include "Translation/Translate.h"
 
@@ -90,7 +90,7 @@ QCoro::Task<std::optional<PipeWireSession>> pipeWireSession()
     whole.hasManager = true;
     if (QFile::exists(QStringLiteral("/.flatpak-info"))) // the portal reaches it from a sandbox
         co_return whole;
-    const auto answer = answerWithin<PipeWireSession>(reportPatience, &PipeWireSession::look);
+    const auto answer = runWithTimeout<PipeWireSession>(reportPatience, &PipeWireSession::look);
     co_return co_await answer;
 }
 
@@ -218,7 +218,7 @@ QCoro::Task<ServiceReport> CaptureReport::make()
             {qgetenv("QUILLBOX_CAPTURE_BACKEND").toStdString()});
         co_return report;
     }
-    const auto answer = answerWithin<ServiceReport>(reportPatience, &x11Report);
+    const auto answer = runWithTimeout<ServiceReport>(reportPatience, &x11Report);
     const std::optional<ServiceReport> answered = co_await answer;
     if (answered)
         co_return *answered;

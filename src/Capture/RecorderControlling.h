@@ -10,7 +10,7 @@
 
 namespace quillbox {
 
-class LiveIntake;
+class RecordingReducer;
 
 /// What the recording workflow asks of a recorder. Used by reference only. Thread: main.
 class RecorderControlling {
@@ -37,7 +37,7 @@ public:
     /// What was learnt of the frames that stop() has returned while they were recorded; null where that is nothing.
     /// To be asked for between the end of stop() and the next start(). The recorder has finished with it by then: the
     /// caller may hand it to another thread, and it outlives the recorder.
-    [[nodiscard]] virtual std::shared_ptr<LiveIntake> intake() const { return nullptr; }
+    [[nodiscard]] virtual std::shared_ptr<RecordingReducer> reducer() const { return nullptr; }
 };
 
 } // namespace quillbox

@@ -1,6 +1,6 @@
 #include "Capture/StreamRecorder.h"
 
-#include "Capture/LiveIntake.h"
+#include "Capture/RecordingReducer.h"
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -67,7 +67,7 @@ private:
 };
 
 StreamRecorder::StreamRecorder(
-    StreamFactory makeStream, Now now, std::optional<BandStore::Limits> limits, QObject* parent)
+    StreamFactory makeStream, Now now, std::optional<FrameSpill::Limits> limits, QObject* parent)
     : QObject(parent)
     , m_makeStream(std::move(makeStream))
     , m_now(std::move(now))
@@ -92,7 +92,7 @@ QCoro::Task<> StreamRecorder::start(CaptureRegion region)
     const QPointer self(this);
     auto session = std::make_shared<Session>();
     session->region = region.normalized();
-    session->intake = makeIntake();
+    session->reducer = makeReducer();
     m_starting.push_back(m_makeStream());
     CaptureStream* const stream = m_starting.back().get();
     try {
@@ -151,9 +151,9 @@ QCoro::Task<std::vector<RGBAFrame>> StreamRecorder::stop()
     co_return session->timeline.frames();
 }
 
-std::shared_ptr<LiveIntake> StreamRecorder::intake() const
+std::shared_ptr<RecordingReducer> StreamRecorder::reducer() const
 {
-    return m_session->intake;
+    return m_session->reducer;
 }
 
 std::int64_t StreamRecorder::frameCount() const
@@ -191,10 +191,10 @@ std::unique_ptr<CaptureStream> StreamRecorder::takeStarting(const CaptureStream*
     return taken;
 }
 
-std::shared_ptr<LiveIntake> StreamRecorder::makeIntake() const
+std::shared_ptr<RecordingReducer> StreamRecorder::makeReducer() const
 {
-    BandStore store(m_limits.value_or(BandStore::usualLimits()), BandStore::usualFolder());
-    return std::make_shared<LiveIntake>(std::move(store), [inbox = std::weak_ptr(m_inbox)] { // it may outlive us
+    FrameSpill store(m_limits.value_or(FrameSpill::usualLimits()), FrameSpill::usualFolder());
+    return std::make_shared<RecordingReducer>(std::move(store), [inbox = std::weak_ptr(m_inbox)] { // it may outlive us
         if (const auto recorders = inbox.lock())
             recorders->wake();
     });
@@ -229,7 +229,7 @@ void StreamRecorder::takeDeliveries()
         else
             end(delivery.session, delivery.time, std::get<CaptureError>(delivery.content));
     }
-    const auto reason = m_isRecording ? m_session->intake->fullReason() : std::string();
+    const auto reason = m_isRecording ? m_session->reducer->fullReason() : std::string();
     if (!reason.empty() && !m_session->timeline.isFinished())
         end(m_session, m_now(), CaptureError(CaptureError::Reason::NoRoom, reason));
 }
@@ -238,14 +238,14 @@ void StreamRecorder::deliver(Session& session, RGBAFrame frame, CaptureClock::ti
 {
     if (!session.interruption.isEmpty())
         return; // the recording is over, if the stream is not
-    if (!session.timeline.isFinished() && session.intake->isBehind(session.timeline.frames())) {
+    if (!session.timeline.isFinished() && session.reducer->isBehind(session.timeline.frames())) {
         session.late.emplace(std::move(frame), time); // the picture before is shown until one can be taken
         return;
     }
     takeLate(session);
     session.timeline.deliver(std::move(frame), time);
     if (!session.timeline.isFinished()) // a picture that comes later is in no clip
-        session.intake->follow(session.timeline.frames());
+        session.reducer->follow(session.timeline.frames());
 }
 
 /// The latest picture of those that could not be taken is in the clip, for as long as it was on the screen.

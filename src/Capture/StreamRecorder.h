@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Capture/Spill/BandStore.h"
 #include "Capture/CaptureStream.h"
 #include "Capture/FrameTimeline.h"
 #include "Capture/RecorderControlling.h"
+#include "Capture/Spill/FrameSpill.h"
 
 #include <QEvent>
 #include <QObject>
@@ -52,13 +52,13 @@ public:
     /// @param now         The clock that ends a recording; called from any thread.
     /// @param limits      What a recording may take up; then it is interrupted.
     explicit StreamRecorder(StreamFactory makeStream = &makeCaptureStream, Now now = &CaptureClock::now,
-        std::optional<BandStore::Limits> limits = std::nullopt, QObject* parent = nullptr);
+        std::optional<FrameSpill::Limits> limits = std::nullopt, QObject* parent = nullptr);
     ~StreamRecorder() override;
 
     [[nodiscard]] bool isRecording() const override { return m_isRecording; }
     QCoro::Task<> start(CaptureRegion region) override;
     QCoro::Task<std::vector<RGBAFrame>> stop() override;
-    [[nodiscard]] std::shared_ptr<LiveIntake> intake() const override;
+    [[nodiscard]] std::shared_ptr<RecordingReducer> reducer() const override;
 
     /// Ends a start() that is under way, as when the user goes away from the question whether the screen may be
     /// recorded: it fails with CaptureError::Stopped, unless it has just succeeded. Ignored otherwise.
@@ -94,14 +94,14 @@ private:
     struct Session {
         CaptureRegion region;
         FrameTimeline timeline;
-        std::shared_ptr<LiveIntake> intake;                                 // follows the timeline until its end
+        std::shared_ptr<RecordingReducer> reducer;                          // follows the timeline until its end
         QString interruption;                                               // empty unless it ended by itself
         std::optional<std::pair<RGBAFrame, CaptureClock::time_point>> late; // not taken: too many were waiting
     };
     class Inbox;
 
     std::unique_ptr<CaptureStream> takeStarting(const CaptureStream* stream);
-    [[nodiscard]] std::shared_ptr<LiveIntake> makeIntake() const;
+    [[nodiscard]] std::shared_ptr<RecordingReducer> makeReducer() const;
     FrameSink sinkFor(const std::shared_ptr<Session>& session);
     void takeDeliveries();
     static void takeLate(Session& session);
@@ -117,7 +117,7 @@ private:
 
     StreamFactory m_makeStream;
     Now m_now;
-    std::optional<BandStore::Limits> m_limits; // none: the usual ones
+    std::optional<FrameSpill::Limits> m_limits; // none: the usual ones
     bool m_isRecording = false;
     std::optional<Hold> m_hold; // only while recording
     std::shared_ptr<Inbox> m_inbox;

@@ -19,20 +19,20 @@
 // last lane writes a row of errors, for the first lane of the next band.
 //
 // Range: the shares of one pixel add up to at most its error, so a row's largest value V(y) obeys
-// V(y) ≤ 255 + 7/16 V(y) + 9/16 V(y−1), hence V(y) ≤ V(y−1) + 454. Within `largestHeight` rows seven times that fits
+// V(y) ≤ 255 + 7/16 V(y) + 9/16 V(y−1), hence V(y) ≤ V(y−1) + 454. Within `maxHeight` rows seven times that fits
 // 32 bits. It is only that large when the palette lies far from the picture; as a rule an error stays within a few
-// hundred, so a band is first tried with 16-bit lanes, which refuse errors above `largestNarrowError`. The first error
+// hundred, so a band is first tried with 16-bit lanes, which refuse errors above `maxNarrowError`. The first error
 // above it is noticed: it comes from incoming errors within the limit and so exceeds it by less than half. What follows
 // may wrap around (this file is compiled for that) and is thrown away.
 
 namespace quillbox {
 namespace {
 
-constexpr std::int64_t largestHeight = 500'000;
-static_assert((largestHeight * 454 + 255) * 8 < std::int64_t{1} << 31U, "eight times the largest error fits 32 bits");
-constexpr std::int16_t largestNarrowError = 4095;
-static_assert(largestNarrowError * 8 < 1 << 15, "eight times the largest error fits 16 bits");
-static_assert(std::has_single_bit(largestNarrowError + 1U), "the bits of all errors together tell if one was larger");
+constexpr std::int64_t maxHeight = 500'000;
+static_assert((maxHeight * 454 + 255) * 8 < std::int64_t{1} << 31U, "eight times the largest error fits 32 bits");
+constexpr std::int16_t maxNarrowError = 4095;
+static_assert(maxNarrowError * 8 < 1 << 15, "eight times the largest error fits 16 bits");
+static_assert(std::has_single_bit(maxNarrowError + 1U), "the bits of all errors together tell if one was larger");
 
 constexpr int vectorBytes = 32;
 constexpr int vectorsAtOnce = 2; // two independent chains hide each other's latency
@@ -361,7 +361,7 @@ template <typename Lane> [[gnu::always_inline]] inline bool ditherRows(const Row
     }
     bool inRange = true;
     for (std::size_t lane = 0; lane < lanes; ++lane)
-        inRange = inRange && outOfRange[lane] <= largestNarrowError; // wide ones stay 0
+        inRange = inRange && outOfRange[lane] <= maxNarrowError; // wide ones stay 0
     return inRange;
 }
 
@@ -386,7 +386,7 @@ bool fitsNarrow(const std::array<std::vector<std::int32_t>, 3>& errors)
         for (const std::int32_t error : channel)
             largest = std::max(largest, error < 0 ? -error : error);
     }
-    return largest <= largestNarrowError;
+    return largest <= maxNarrowError;
 }
 
 } // namespace
@@ -411,7 +411,7 @@ void Ditherer::dither(const RGBAFrame& frame, Bytes& indices)
     if (indices.empty())
         return;
     precondition(m_hasColors, "a picture is dithered with at least one colour");
-    precondition(frame.height() <= largestHeight, "dithering errors fit 32 bits");
+    precondition(frame.height() <= maxHeight, "dithering errors fit 32 bits");
 
     if (m_previous && (m_previous->width() != frame.width() || m_previous->height() != frame.height()))
         m_previous.reset();

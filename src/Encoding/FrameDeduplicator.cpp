@@ -12,7 +12,7 @@
 namespace quillbox::FrameDeduplicator {
 namespace {
 
-constexpr std::int64_t largestDelay = 65535; // what a GIF frame can carry
+constexpr std::int64_t maxDelay = 65535; // what a GIF frame can carry
 
 /// Changed pixels among `count` (at most 2^31 − 1).
 QUILLBOX_MULTIVERSION std::int64_t changedAmong(
@@ -45,8 +45,8 @@ constexpr auto all = std::numeric_limits<std::int64_t>::max();
 std::int64_t changedIn(
     const std::uint8_t* a, const std::uint8_t* b, std::int64_t count, std::int64_t tolerance, std::int64_t enough)
 {
-    constexpr std::int64_t largestDistance = 3 * 255 * 255;
-    const auto limit = static_cast<std::int32_t>(std::min(tolerance, largestDistance));
+    constexpr std::int64_t maxDistance = 3 * 255 * 255;
+    const auto limit = static_cast<std::int32_t>(std::min(tolerance, maxDistance));
     std::int64_t changed = 0;
     for (std::int64_t done = 0; done < count && changed < enough; done += blockPixels) {
         const std::int64_t block = std::min(blockPixels, count - done);
@@ -122,8 +122,8 @@ bool Deduplicator::append(const RGBAFrame& frame, FrameComparisons& comparisons)
     }
     std::int64_t& delay = m_kept.back().delayCentiseconds;
     if (__builtin_add_overflow(delay, m_delayCentiseconds, &delay))
-        delay = largestDelay;
-    delay = std::min(delay, largestDelay);
+        delay = maxDelay;
+    delay = std::min(delay, maxDelay);
     return false;
 }
 

@@ -23,14 +23,14 @@ public:
     void put(Bytes buffer)
     {
         const std::scoped_lock lock(m_mutex);
-        if (m_byteCount + buffer.capacity() > mostBytes)
+        if (m_byteCount + buffer.capacity() > maxBytes)
             return;
         m_byteCount += buffer.capacity();
         m_buffers.push_back(std::move(buffer));
     }
 
 private:
-    static constexpr std::size_t mostBytes = 100'000'000; // a few pictures, as a reader and its consumer have under way
+    static constexpr std::size_t maxBytes = 100'000'000; // a few pictures, as a reader and its consumer have under way
 
     std::mutex m_mutex;
     std::vector<Bytes> m_buffers;

@@ -35,8 +35,8 @@ using ChannelBytes = std::uint8_t __attribute__((vector_size(4)));
 /// With M = ⌈2^23 ÷ count⌉ the quotient sum · M ÷ 2^23 is too large by less than sum · count ÷ 2^23 ÷ count, which
 /// stays below 1 ÷ count, and so rounds down rightly, while 255 · count² < 2^23. The product fits 32 bits.
 struct MediumDivider {
-    static constexpr std::int64_t largestCount = 181;
-    static_assert(255 * largestCount * largestCount < 1 << 23U);
+    static constexpr std::int64_t maxCount = 181;
+    static_assert(255 * maxCount * maxCount < 1 << 23U);
 
     std::uint32_t multiplier = 0;
 
@@ -172,14 +172,14 @@ void filterBlocks(const Shrinking& task, std::int64_t blockBound, Span rows)
             .shortestColumn = task.from.width / task.to.width,
             .sums = sums.data(),
             .output = output};
-        if (blockBound <= MediumDivider::largestCount)
+        if (blockBound <= MediumDivider::maxCount)
             filterRowOfMediumBlocks(row);
         else
             filterRowOfLargeBlocks(row);
     });
 }
 
-constexpr std::int64_t largestBlock = 0xFFFF'FFFF / 255; ///< pixels whose channels a 32-bit sum can hold
+constexpr std::int64_t maxBlock = 0xFFFF'FFFF / 255; ///< pixels whose channels a 32-bit sum can hold
 
 } // namespace
 
@@ -191,7 +191,7 @@ Size fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth)
     return {maxWidth, std::max<std::int64_t>(std::llround(scaled), 1)};
 }
 
-RGBAFrame boxFiltered(const RGBAFrame& frame, Size size, SideThread* side)
+RGBAFrame boxFiltered(const RGBAFrame& frame, Size size, ForkJoinThread* side)
 {
     const std::int64_t sourceWidth = frame.width();
     const std::int64_t sourceHeight = frame.height();
@@ -201,13 +201,13 @@ RGBAFrame boxFiltered(const RGBAFrame& frame, Size size, SideThread* side)
         return {size.width, size.height, {}};
     const std::int64_t shortestColumn = sourceWidth / size.width;
     const std::int64_t blockBound = checkedMul(shortestColumn + 1, sourceHeight / size.height + 1);
-    precondition(blockBound <= largestBlock, "the sum of a block fits 32 bits");
+    precondition(blockBound <= maxBlock, "the sum of a block fits 32 bits");
 
     Bytes output(static_cast<std::size_t>(checkedMul(checkedMul(size.width, size.height), RGBAFrame::bytesPerPixel)));
     const Shrinking task{
         .source = Rows(frame), .from = {sourceWidth, sourceHeight}, .to = size, .output = output.data()};
     const auto filter = [&](Span rows) {
-        if (blockBound <= SmallBlockFilter::largestCount)
+        if (blockBound <= SmallBlockFilter::maxCount)
             filterSmallBlocks(task, rows);
         else
             filterBlocks(task, blockBound, rows);
@@ -229,7 +229,7 @@ WidthCap::WidthCap(const RGBAFrame& first, std::optional<std::int64_t> maxWidth)
         m_target = target;
 }
 
-RGBAFrame WidthCap::applied(const RGBAFrame& frame, SideThread* side) const
+RGBAFrame WidthCap::applied(const RGBAFrame& frame, ForkJoinThread* side) const
 {
     if (!m_target || (frame.width() <= m_target->width && frame.height() <= m_target->height))
         return frame;

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Encoding/ForkJoinThread.h"
 #include "Encoding/Parallel.h"
 #include "Encoding/PixelTypes.h"
-#include "Encoding/SideThread.h"
 
 #include <cstdint>
 #include <optional>
@@ -35,7 +35,7 @@ public:
 
     /// `frame` no larger than fitted; one that is not is passed on with its pixels shared.
     /// @param side  Does half of the work, if there is one.
-    [[nodiscard]] RGBAFrame applied(const RGBAFrame& frame, SideThread* side = nullptr) const;
+    [[nodiscard]] RGBAFrame applied(const RGBAFrame& frame, ForkJoinThread* side = nullptr) const;
 
 private:
     std::optional<Size> m_target;
@@ -48,7 +48,7 @@ private:
 /// Every pixel is the mean of its block of source pixels, truncated, alpha included.
 /// @param side  Does half of the work, if there is one.
 /// @pre 0 ≤ size.width ≤ frame.width(), 0 ≤ size.height ≤ frame.height().
-[[nodiscard]] RGBAFrame boxFiltered(const RGBAFrame& frame, Size size, SideThread* side = nullptr);
+[[nodiscard]] RGBAFrame boxFiltered(const RGBAFrame& frame, Size size, ForkJoinThread* side = nullptr);
 
 } // namespace FrameResampler
 } // namespace quillbox

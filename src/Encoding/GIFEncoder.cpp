@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::uint8_t extensionIntroducer = 0x21;
 constexpr std::uint8_t blockTerminator = 0x00;
-constexpr std::int64_t largestSubBlock = 255;
+constexpr std::int64_t maxSubBlock = 255;
 
 constexpr std::int64_t headerAndScreenSize = 13; // bytes
 constexpr std::int64_t loopingSize = 19;
@@ -117,10 +117,10 @@ void appendUInt16LE(Bytes& output, std::uint16_t value)
 
 void appendAsSubBlocks(Bytes& output, std::span<const std::uint8_t> data)
 {
-    const std::size_t blocks = (data.size() + largestSubBlock - 1) / largestSubBlock;
+    const std::size_t blocks = (data.size() + maxSubBlock - 1) / maxSubBlock;
     output.reserve(output.size() + data.size() + blocks + 1);
     while (!data.empty()) {
-        const auto block = data.first(std::min<std::size_t>(data.size(), largestSubBlock));
+        const auto block = data.first(std::min<std::size_t>(data.size(), maxSubBlock));
         output.push_back(static_cast<std::uint8_t>(block.size()));
         output.insert(output.end(), block.begin(), block.end());
         data = data.subspan(block.size());

@@ -2,7 +2,7 @@
 
 #include "Encoding/Dithering.h"
 #include "Encoding/FrameDeduplicator.h"
-#include "Encoding/FrameIntake.h"
+#include "Encoding/FrameReducer.h"
 #include "Encoding/FrameResampler.h"
 #include "Encoding/GIFEncoder.h"
 #include "Encoding/PaletteMapper.h"
@@ -54,14 +54,14 @@ public:
         parallelFor(parallelism, count(), [&](std::int64_t index, int worker) {
             RGBAFrame shrunk = m_cap.applied(at(index).frame);
             counter.add(shrunk, worker);
-            if (shrunk.pixelCount() <= mostShrunkPixels / count())
+            if (shrunk.pixelCount() <= maxShrunkPixels / count())
                 m_shrunk[static_cast<std::size_t>(index)] = std::move(shrunk);
         });
         return counter.total();
     }
 
 private:
-    static constexpr std::int64_t mostShrunkPixels = 128'000'000; // half a gigabyte
+    static constexpr std::int64_t maxShrunkPixels = 128'000'000; // half a gigabyte
 
     [[nodiscard]] const Timed& at(std::int64_t index) const { return m_frames[static_cast<std::size_t>(index)]; }
 
@@ -79,9 +79,9 @@ struct Material {
     double durationSeconds = 0;
 };
 
-Material prepare(const FrameIntake& intake, ExportPreset preset, Parallelism parallelism)
+Material prepare(const FrameReducer& reducer, ExportPreset preset, Parallelism parallelism)
 {
-    FrameIntake::Selection selection = intake.selection(preset);
+    FrameReducer::Selection selection = reducer.selection(preset);
     std::int64_t centiseconds = 0;
     for (const Timed& timed : selection.frames)
         centiseconds = checkedAdd(centiseconds, timed.delayCentiseconds);
@@ -89,7 +89,7 @@ Material prepare(const FrameIntake& intake, ExportPreset preset, Parallelism par
     ColorHistogram histogram = frames.histogram(parallelism);
     return {.frames = std::move(frames),
         .histogram = std::move(histogram),
-        .sourceFrameCount = intake.frameCount(),
+        .sourceFrameCount = reducer.frameCount(),
         .fps = selection.fps,
         .durationSeconds = static_cast<double>(centiseconds) / 100.0};
 }
@@ -176,7 +176,7 @@ private:
     /// become shorter and shorter, so that all threads end at about the same time.
     [[nodiscard]] std::vector<Run> runsToDo(const Attempt& attempt) const
     {
-        constexpr std::int64_t largestRun = 16;
+        constexpr std::int64_t maxRun = 16;
         const std::int64_t share = 2 * std::ssize(m_workers);
         std::vector<Run> runs;
         std::int64_t left = std::ssize(attempt.frameParts) - attempt.framesDone;
@@ -185,7 +185,7 @@ private:
             if (!attempt.frameParts[static_cast<std::size_t>(i)].empty())
                 continue;
             if (room == 0) {
-                room = std::clamp<std::int64_t>(left / share, 1, largestRun);
+                room = std::clamp<std::int64_t>(left / share, 1, maxRun);
                 runs.push_back({i, i});
             }
             runs.back().end = i + 1;
@@ -274,16 +274,16 @@ Result resultOf(const Attempt& attempt, const Material& material)
 
 Result optimize(std::span<const RGBAFrame> frames, const Config& config, const Execution& execution)
 {
-    FrameIntake intake(config.sourceFPS, std::span(&config.preset, 1));
+    FrameReducer reducer(config.sourceFPS, std::span(&config.preset, 1));
     for (const RGBAFrame& frame : frames)
-        intake.append(frame);
-    return optimize(intake, config, execution);
+        reducer.append(frame);
+    return optimize(reducer, config, execution);
 }
 
-Result optimize(const FrameIntake& intake, const Config& config, const Execution& execution)
+Result optimize(const FrameReducer& reducer, const Config& config, const Execution& execution)
 {
-    precondition(intake.sourceFPS() == config.sourceFPS, "the frames were taken at the source's rate");
-    const Material material = prepare(intake, config.preset, execution.parallelism);
+    precondition(reducer.sourceFPS() == config.sourceFPS, "the frames were taken at the source's rate");
+    const Material material = prepare(reducer, config.preset, execution.parallelism);
     Attempts attempts(material, config, execution);
     return resultOf(bestAttempt(attempts, config, execution.finishNow), material);
 }

@@ -12,7 +12,7 @@
 
 namespace quillbox {
 
-class FrameIntake;
+class FrameReducer;
 
 /// Turns the frames of a recording into a GIF that fits a preset's byte budget: frame rate from the activity, runs of
 /// equal frames merged, width capped, one global palette, and smaller palettes until a file fits.
@@ -56,11 +56,11 @@ struct Execution {
     std::stop_token finishNow{};
 };
 
-/// @param intake  The frames, taken at `config.sourceFPS` for `config.preset` (and perhaps others).
+/// @param reducer  The frames, taken at `config.sourceFPS` for `config.preset` (and perhaps others).
 /// @pre at least one frame was taken; a violation ends the process.
 /// @return The first attempt within the budget, or the smallest one (of equal ones the first) when none is.
 /// @throws GIFEncodingError  a side of a frame exceeds 65535 pixels; found before any other work.
-[[nodiscard]] Result optimize(const FrameIntake& intake, const Config& config, const Execution& execution = {});
+[[nodiscard]] Result optimize(const FrameReducer& reducer, const Config& config, const Execution& execution = {});
 
 /// The same for frames that are all at hand.
 /// @param frames  Oldest first. @pre not empty.

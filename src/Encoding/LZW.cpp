@@ -164,7 +164,7 @@ public:
         : m_entries(std::size_t{1} << entryBits)
     {
         std::mt19937_64 random; // NOLINT(cert-msc51-cpp): the same numbers every time are as good as any
-        for (std::size_t i = 0; i < mostFours; ++i) {
+        for (std::size_t i = 0; i < maxFours; ++i) {
             m_factors[i] = random() | 1U;
             m_factorSums[i + 1] = m_factorSums[i] + m_factors[i];
         }
@@ -204,7 +204,7 @@ public:
 private:
     static constexpr unsigned entryBits = 12;
     /// In a sequence, which is shorter than there are codes: each of its beginnings has one.
-    static constexpr std::size_t mostFours = maxCodes / leapLength;
+    static constexpr std::size_t maxFours = maxCodes / leapLength;
 
     /// Never zero.
     static std::uint64_t keyOf(Code base, std::uint32_t four)
@@ -214,9 +214,9 @@ private:
     static std::size_t placeOf(std::uint64_t hash) { return hash >> (64 - entryBits); }
     static std::size_t nextPlace(std::size_t place) { return (place + 1) % (std::size_t{1} << entryBits); }
 
-    std::vector<std::uint64_t> m_entries;                    ///< key, then code; zero where free
-    std::array<std::uint64_t, mostFours> m_factors{};        ///< random, odd; one for each place in a sequence
-    std::array<std::uint64_t, mostFours + 1> m_factorSums{}; ///< of so many of the first
+    std::vector<std::uint64_t> m_entries;                   ///< key, then code; zero where free
+    std::array<std::uint64_t, maxFours> m_factors{};        ///< random, odd; one for each place in a sequence
+    std::array<std::uint64_t, maxFours + 1> m_factorSums{}; ///< of so many of the first
 };
 
 /// Where the run that begins at `start` ends.

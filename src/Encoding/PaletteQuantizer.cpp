@@ -76,8 +76,8 @@ public:
         m_counted = 0;
     }
 
-    [[nodiscard]] bool hasRoomFor(std::int64_t pixels) const { return m_counted + pixels <= mostPixels; }
-    static constexpr std::int64_t mostPixels = 0xFFFF'FFFF;
+    [[nodiscard]] bool hasRoomFor(std::int64_t pixels) const { return m_counted + pixels <= maxPixels; }
+    static constexpr std::int64_t maxPixels = 0xFFFF'FFFF;
 
 private:
     void addKeys(std::span<const std::uint16_t> keys, std::uint32_t times)
@@ -262,7 +262,7 @@ void Counter::add(const RGBAFrame& frame, std::int64_t index, std::int64_t times
     const std::int64_t pixels = frame.width() * frame.rowsOfBand(index);
     const PixelView band = frame.band(index);
     while (times > 0) {
-        const std::int64_t atOnce = std::min(times, PartialCounts::mostPixels / pixels);
+        const std::int64_t atOnce = std::min(times, PartialCounts::maxPixels / pixels);
         if (!counts.hasRoomFor(atOnce * pixels)) {
             const std::scoped_lock lock(m_mutex);
             counts.flushInto(m_total);

@@ -19,7 +19,7 @@ std::uint16_t multiplierFor(std::int64_t count)
 {
     return static_cast<std::uint16_t>(((1 << 15U) + count - 1) / count);
 }
-static_assert(255 * SmallBlockFilter::largestCount * SmallBlockFilter::largestCount < 1 << 15U);
+static_assert(255 * SmallBlockFilter::maxCount * SmallBlockFilter::maxCount < 1 << 15U);
 
 /// Adds up rows byte by byte. @param sums  One of 16 bits a byte of a row.
 QUILLBOX_MULTIVERSION void sumRows(
@@ -60,7 +60,7 @@ void sumColumns(const std::uint64_t* rowSums, const std::vector<std::uint32_t>& 
 /// The version of `sumColumns` whose shortest column is that long.
 auto columnAdder(std::int64_t shortestColumn)
 {
-    static_assert((5 + 1) * (1 + 1) > SmallBlockFilter::largestCount, "longer columns belong to larger blocks");
+    static_assert((5 + 1) * (1 + 1) > SmallBlockFilter::maxCount, "longer columns belong to larger blocks");
     switch (shortestColumn) {
     case 1:
         return sumColumns<1>;

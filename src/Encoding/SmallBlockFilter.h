@@ -12,12 +12,12 @@ namespace quillbox {
 class SmallBlockFilter {
 public:
     /// The most source pixels that a block may have.
-    static constexpr std::int64_t largestCount = 11;
+    static constexpr std::int64_t maxCount = 11;
 
     /// Widths in pixels. @pre 0 < outputWidth ≤ sourceWidth
     SmallBlockFilter(std::int64_t sourceWidth, std::int64_t outputWidth);
 
-    /// Writes the output row that some source rows make, at least one. @pre no block exceeds `largestCount`.
+    /// Writes the output row that some source rows make, at least one. @pre no block exceeds `maxCount`.
     void filterRow(std::span<const std::uint8_t* const> rows, std::uint8_t* output);
 
 private:

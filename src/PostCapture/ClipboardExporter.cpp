@@ -1,6 +1,6 @@
 #include "PostCapture/ClipboardExporter.h"
 
-#include "PostCapture/Clipboard/Pasteboard.h"
+#include "PostCapture/Clipboard/Clipboard.h"
 
 #include <QDir>
 #include <QLocale>
@@ -27,7 +27,7 @@ QString ClipboardExporter::fileName(const QDateTime& date, const QString& ext, Q
 
 void ClipboardExporter::copyToPasteboard(const QUrl& fileURL, const std::optional<QByteArray>& gifData)
 {
-    Pasteboard::general().setClip(fileURL, gifData);
+    Clipboard::general().setClip(fileURL, gifData);
 }
 
 } // namespace quillbox

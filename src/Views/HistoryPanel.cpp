@@ -17,7 +17,7 @@ namespace quillbox {
 namespace {
 
 constexpr double fewestRows = 3; // an empty list is as high as this many
-constexpr double mostRows = 4.5; // half a row shows that there is more
+constexpr double maxRows = 4.5;  // half a row shows that there is more
 constexpr int emptySymbolSize = 36;
 
 } // namespace
@@ -157,7 +157,7 @@ QSize HistoryPanel::sizeHint() const
     const QFontMetrics title(Theme::font(TextStyle::Body));
     const QFontMetrics details(Theme::font(TextStyle::Callout));
     const int rowHeight = m_rows.empty() ? title.height() + details.height() + 13 : m_rows.front()->sizeHint().height();
-    const double rows = std::clamp(static_cast<double>(m_rows.size()), fewestRows, mostRows);
+    const double rows = std::clamp(static_cast<double>(m_rows.size()), fewestRows, maxRows);
     const int contents = std::max(static_cast<int>(rows * rowHeight), m_emptyState->sizeHint().height());
     return QSize(layout()->sizeHint().width(),
         m_clear->sizeHint().height() + contents + layout()->spacing() + 3 * Theme::tightSpacing);

@@ -2,8 +2,8 @@
 
 #include "Capture/StreamRecorder.h"
 
-#include "support/Await.h"
 #include "ScriptedStream.h"
+#include "support/Await.h"
 
 #include <chrono>
 #include <cstdint>
@@ -38,7 +38,7 @@ struct RecorderStudio {
     std::shared_ptr<CaptureClock::time_point> now = std::make_shared<CaptureClock::time_point>();
     std::unique_ptr<StreamRecorder> recorder;
 
-    explicit RecorderStudio(std::optional<BandStore::Limits> limits = std::nullopt)
+    explicit RecorderStudio(std::optional<FrameSpill::Limits> limits = std::nullopt)
         : recorder(std::make_unique<StreamRecorder>(
             [this] {
                 ++streams;

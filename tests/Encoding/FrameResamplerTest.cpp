@@ -156,7 +156,7 @@ TEST(BoxFilter, EqualsTheReferenceForEverySizeUpToTwelve)
 TEST(BoxFilter, EqualsTheReferenceForRandomSizes)
 {
     Random random(75);
-    SideThread side;
+    ForkJoinThread side;
     for (std::int64_t i = support::iterations(1500); i > 0; --i) {
         const std::int64_t width = random.between(1, 150);
         const std::int64_t height = random.between(1, 80);

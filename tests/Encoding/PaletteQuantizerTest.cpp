@@ -327,12 +327,12 @@ TEST(Quantizer, EqualsTheReferenceForRandomCountsFullOfTies)
     for (std::int64_t i = support::iterations(3000); i > 0; --i) {
         ColorHistogram histogram;
         const std::int64_t levels = random.between(1, 6);
-        const std::int64_t largestCount = random.pick<std::int64_t>({1, 2, 5, 1'000'000'000'000});
+        const std::int64_t maxCount = random.pick<std::int64_t>({1, 2, 5, 1'000'000'000'000});
         for (std::int64_t colors = random.below(90); colors > 0; --colors) {
             const auto level = [&] {
                 return static_cast<std::uint8_t>(random.below(levels) * (255 / levels));
             };
-            histogram.add(Color15::key(level(), level(), level()), random.between(1, largestCount));
+            histogram.add(Color15::key(level(), level(), level()), random.between(1, maxCount));
         }
         const std::int64_t limit = random.between(1, 60);
         ASSERT_EQ(quantize(histogram, limit), reference::quantize(asReference(histogram), limit));

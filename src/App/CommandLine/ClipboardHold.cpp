@@ -1,7 +1,7 @@
 #include "App/CommandLine/ClipboardHold.h"
 
+#include "PostCapture/Clipboard/Clipboard.h"
 #include "PostCapture/ClipboardExporter.h"
-#include "PostCapture/Clipboard/Pasteboard.h"
 
 namespace quillbox {
 
@@ -9,10 +9,10 @@ ClipboardHold::ClipboardHold(const QString& path, const QByteArray& gif)
 {
     m_promise.start();
     ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(path), gif);
-    connect(&m_stopRequest, &StopRequest::received, &m_handOver, &ClipboardHandOver::begin);
+    connect(&m_stopRequest, &TerminationSignals::received, &m_handOver, &ClipboardHandOver::begin);
     connect(&m_handOver, &ClipboardHandOver::ended, this, &ClipboardHold::end);
-    connect(&Pasteboard::general(), &Pasteboard::lost, this, &ClipboardHold::end);
-    if (Pasteboard::general().state() != Pasteboard::State::Accepted)
+    connect(&Clipboard::general(), &Clipboard::lost, this, &ClipboardHold::end);
+    if (Clipboard::general().state() != Clipboard::State::Accepted)
         end();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "App/CommandLine/StopRequest.h"
+#include "App/CommandLine/TerminationSignals.h"
 #include "App/Desktop/ClipboardHandOver.h"
 
 #include <QFuture>
@@ -27,7 +27,7 @@ public:
 private:
     void end();
 
-    StopRequest m_stopRequest;
+    TerminationSignals m_stopRequest;
     ClipboardHandOver m_handOver;
     QPromise<void> m_promise;
 };

@@ -1,6 +1,6 @@
 #include "App/CommandLine/CoreApplication.h"
 
-#include "Platform/BareArguments.h"
+#include "Platform/QtArguments.h"
 #include "Translation/Catalogues.h"
 
 #include <QtGlobal>
@@ -19,7 +19,7 @@ int& silenced(int& count)
 
 CoreApplication::CoreApplication()
     : m_application(
-        silenced(BareArguments::count), BareArguments::values) // already its constructor may remark on the locale
+        silenced(QtArguments::count), QtArguments::values) // already its constructor may remark on the locale
 {
     Catalogues::install();
 }

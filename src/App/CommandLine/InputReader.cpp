@@ -24,7 +24,7 @@ std::unique_ptr<FileByteSource> open(const std::string& input)
     return std::make_unique<FileByteSource>(input);
 }
 
-void readAnimation(FileByteSource& source, bool hasRate, FrameReceiver& receiver)
+void readAnimation(FileByteSource& source, bool hasRate, FrameConsumer& receiver)
 {
     const auto timed = ImageReader::readAll(source);
     if (hasRate || timed.size() == 1) { // a single picture has no rate of its own
@@ -40,7 +40,7 @@ void readAnimation(FileByteSource& source, bool hasRate, FrameReceiver& receiver
     AnimationTimeline::steady(timed, receiver);
 }
 
-void readImages(const std::vector<std::string>& inputs, FrameReceiver& receiver)
+void readImages(const std::vector<std::string>& inputs, FrameConsumer& receiver)
 {
     std::int64_t frame = 1;
     for (const std::string& input : inputs) {
@@ -53,7 +53,7 @@ void readImages(const std::vector<std::string>& inputs, FrameReceiver& receiver)
 
 } // namespace
 
-void InputReader::read(const EncodeOptions& options, FrameReceiver& receiver)
+void InputReader::read(const EncodeOptions& options, FrameConsumer& receiver)
 {
     if (options.inputs.size() > 1) {
         if (options.raw)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "App/CommandLine/Options.h"
-#include "App/FrameSources/FrameReceiver.h"
+#include "App/FrameSources/FrameConsumer.h"
 
 namespace quillbox {
 
@@ -10,7 +10,7 @@ namespace InputReader {
 
 /// Hands over at least one frame.
 /// @throws UsageError  the inputs don't go together.  @throws FrameReadError
-void read(const EncodeOptions& options, FrameReceiver& receiver);
+void read(const EncodeOptions& options, FrameConsumer& receiver);
 
 } // namespace InputReader
 } // namespace quillbox

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "App/CommandLine/StopRequest.h"
+#include "App/CommandLine/TerminationSignals.h"
 
 #include <QCoro/QCoroTask>
 #include <QFuture>
@@ -31,7 +31,7 @@ public:
 private:
     void end(const QString& interruption);
 
-    StopRequest m_stopRequest;
+    TerminationSignals m_stopRequest;
     QTimer m_timer;
     QPromise<QString> m_promise;
 };

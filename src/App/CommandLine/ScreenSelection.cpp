@@ -1,6 +1,6 @@
 #include "App/CommandLine/ScreenSelection.h"
 
-#include "App/CommandLine/StopRequest.h"
+#include "App/CommandLine/TerminationSignals.h"
 #include "Capture/Region/RegionSelector.h"
 
 #include <QPromise>
@@ -9,7 +9,7 @@
 
 namespace quillbox {
 
-QFuture<std::optional<CaptureRegion>> ScreenSelection::askForRegion(const StopRequest& stop)
+QFuture<std::optional<CaptureRegion>> ScreenSelection::askForRegion(const TerminationSignals& stop)
 {
     const auto promise = std::make_shared<QPromise<std::optional<CaptureRegion>>>();
     promise->start();
@@ -19,7 +19,7 @@ QFuture<std::optional<CaptureRegion>> ScreenSelection::askForRegion(const StopRe
         promise->addResult(region);
         promise->finish();
     };
-    QObject::connect(&stop, &StopRequest::received, &stop, [answer] { answer(std::nullopt); });
+    QObject::connect(&stop, &TerminationSignals::received, &stop, [answer] { answer(std::nullopt); });
     RegionSelector().present(answer);
     return promise->future();
 }

@@ -1,10 +1,10 @@
 #include "App/Desktop/ApplicationService.h"
 
-#include "App/Workflow/CurrentCoordinator.h"
 #include "App/Desktop/DesktopEntryAdaptor.h"
+#include "App/Workflow/CurrentCoordinator.h"
 #include "Capture/RecorderControlling.h"
+#include "PostCapture/Clipboard/Clipboard.h"
 #include "PostCapture/ClipboardExporter.h"
-#include "PostCapture/Clipboard/Pasteboard.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -46,12 +46,12 @@ private:
 
 QString clipboardState()
 {
-    switch (Pasteboard::general().state()) {
-    case Pasteboard::State::Pending:
+    switch (Clipboard::general().state()) {
+    case Clipboard::State::Pending:
         return QStringLiteral("pending");
-    case Pasteboard::State::Accepted:
+    case Clipboard::State::Accepted:
         return QStringLiteral("accepted");
-    case Pasteboard::State::Empty:
+    case Clipboard::State::Empty:
         break;
     }
     return QStringLiteral("empty");

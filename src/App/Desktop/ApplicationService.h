@@ -70,7 +70,7 @@ public:
     Q_SCRIPTABLE Q_INVOKABLE QVariantMap Stop();
     Q_SCRIPTABLE Q_INVOKABLE void Show(const QVariantMap& platformData) const;
     /// "phase": idle, selecting, recording, processing, done or failed; "frameCount" while it records; "path" and
-    /// "byteCount" of what is done; "message" of what failed. "clipboard": empty, pending or accepted, as Pasteboard
+    /// "byteCount" of what is done; "message" of what failed. "clipboard": empty, pending or accepted, as Clipboard
     /// has it.
     Q_SCRIPTABLE Q_INVOKABLE QVariantMap Status() const;
     /// Puts a saved clip on the clipboard; false if the file can't be read.

@@ -1,7 +1,7 @@
 #include "App/Desktop/ClipboardHandOver.h"
 
-#include "Platform/X11/SelectionConversion.h"
-#include "PostCapture/Clipboard/Pasteboard.h"
+#include "Platform/X11/SelectionRequest.h"
+#include "PostCapture/Clipboard/Clipboard.h"
 
 #include <chrono>
 
@@ -13,7 +13,7 @@ constexpr std::chrono::seconds managerPatience{3};
 
 bool hasClip()
 {
-    return Pasteboard::general().state() == Pasteboard::State::Accepted;
+    return Clipboard::general().state() == Clipboard::State::Accepted;
 }
 
 } // namespace
@@ -24,7 +24,7 @@ ClipboardHandOver::ClipboardHandOver(QObject* parent)
     m_patience.setSingleShot(true);
     m_patience.setInterval(managerPatience);
     connect(&m_patience, &QTimer::timeout, this, &ClipboardHandOver::giveUp);
-    connect(&Pasteboard::general(), &Pasteboard::lost, this, &ClipboardHandOver::endWhenDone);
+    connect(&Clipboard::general(), &Clipboard::lost, this, &ClipboardHandOver::endWhenDone);
 }
 
 ClipboardHandOver::~ClipboardHandOver() = default;
@@ -38,12 +38,12 @@ void ClipboardHandOver::begin()
         end();
         return;
     }
-    m_request = SelectionConversion::ask("CLIPBOARD_MANAGER", "SAVE_TARGETS");
+    m_request = SelectionRequest::ask("CLIPBOARD_MANAGER", "SAVE_TARGETS");
     if (!m_request) { // nobody who could answer; on Wayland managers fetch a clip as soon as it is set
         end();
         return;
     }
-    connect(m_request.get(), &SelectionConversion::answered, this, [this] {
+    connect(m_request.get(), &SelectionRequest::answered, this, [this] {
         m_isAnswered = true;
         endWhenDone();
     });
@@ -59,7 +59,7 @@ void ClipboardHandOver::endWhenDone()
 
 void ClipboardHandOver::giveUp()
 {
-    Pasteboard::general().clear(); // else the toolkit, where the clip is its, asks again, and waits for longer
+    Clipboard::general().clear(); // else the toolkit, where the clip is its, asks again, and waits for longer
     end();
 }
 

@@ -7,7 +7,7 @@
 
 namespace quillbox {
 
-class SelectionConversion;
+class SelectionRequest;
 
 /// Before this program ends, has the desktop's clipboard manager keep what the program has on the clipboard, however
 /// large: the event loop goes on, so that the manager can fetch it in pieces. For one program's end, once. Thread:
@@ -33,7 +33,7 @@ private:
     void giveUp();
     void end();
 
-    std::unique_ptr<SelectionConversion> m_request;
+    std::unique_ptr<SelectionRequest> m_request;
     QTimer m_patience;
     bool m_hasBegun = false;
     bool m_isAnswered = false;

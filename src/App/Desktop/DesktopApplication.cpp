@@ -1,7 +1,7 @@
 #include "App/Desktop/DesktopApplication.h"
 
-#include "Platform/BareArguments.h"
 #include "Platform/CaptureError.h"
+#include "Platform/QtArguments.h"
 #include "Platform/X11/X11Queries.h"
 #include "Translation/Catalogues.h"
 #include "Translation/Translate.h"
@@ -33,7 +33,7 @@ int& checked(int& count)
 } // namespace
 
 DesktopApplication::DesktopApplication()
-    : m_application(checked(BareArguments::count), BareArguments::values)
+    : m_application(checked(QtArguments::count), QtArguments::values)
 {
     Catalogues::install();
     QCoreApplication::setApplicationName(QStringLiteral("quillbox"));

@@ -5,9 +5,9 @@
 #include "App/Hotkey/HotkeyRefusal.h"
 #include "App/Hotkey/ShortcutsPortal.h"
 #include "App/Hotkey/X11Hotkey.h"
-#include "Platform/AnswerWithin.h"
-#include "Platform/DBus/BusQueries.h"
 #include "Platform/CaptureError.h"
+#include "Platform/DBus/BusQueries.h"
+#include "Platform/RunWithTimeout.h"
 #include "Translation/Translate.h"
 
 #include <QCoro/QCoroFuture>
@@ -81,7 +81,7 @@ QCoro::Task<ServiceReport> x11Report()
     ServiceReport report = begun();
     auto looking = BusQueries::presence(QDBusConnection::sessionBus(), QStringLiteral(QUILLBOX_APP_ID));
     const auto presence = co_await looking;
-    const auto answer = answerWithin<HotkeyStatus>(reportPatience, &tryOutDefault);
+    const auto answer = runWithTimeout<HotkeyStatus>(reportPatience, &tryOutDefault);
     const std::optional<HotkeyStatus> status = co_await answer;
     if (status == HotkeyStatus::Active) {
         report.health = Health::Works;

@@ -1,9 +1,9 @@
 #include "App/Desktop/TrayReport.h"
 
 #include "App/Desktop/TrayHost.h"
-#include "Platform/AnswerWithin.h"
-#include "Platform/DBus/BusQueries.h"
 #include "Platform/CaptureError.h"
+#include "Platform/DBus/BusQueries.h"
+#include "Platform/RunWithTimeout.h"
 #include "Platform/WindowSystem.h"
 #include "Platform/X11/X11Queries.h"
 #include "Translation/Translate.h"
@@ -39,7 +39,7 @@ QCoro::Task<ServiceReport> TrayReport::make()
     const QVariant hasHost = co_await asking;
     bool hasSelection = false;
     if (windowSystem() == WindowSystem::X11) {
-        const auto answer = answerWithin<bool>(reportPatience, &hasTraySelection);
+        const auto answer = runWithTimeout<bool>(reportPatience, &hasTraySelection);
         const std::optional<bool> answered = co_await answer;
         hasSelection = answered.value_or(false);
     }

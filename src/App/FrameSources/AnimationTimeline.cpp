@@ -23,7 +23,7 @@ std::int64_t AnimationTimeline::duration(std::span<const TimedFrame> frames)
     return sum;
 }
 
-void AnimationTimeline::steady(std::span<const TimedFrame> frames, FrameReceiver& receiver)
+void AnimationTimeline::steady(std::span<const TimedFrame> frames, FrameConsumer& receiver)
 {
     precondition(!frames.empty(), "an animation has a frame");
     const auto total = duration(frames);

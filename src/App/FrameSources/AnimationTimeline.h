@@ -1,6 +1,6 @@
 #pragma once
 
-#include "App/FrameSources/FrameReceiver.h"
+#include "App/FrameSources/FrameConsumer.h"
 #include "Encoding/PixelTypes.h"
 
 #include <cstdint>
@@ -31,7 +31,7 @@ inline constexpr std::int64_t maximumMilliseconds = std::int64_t{24} * 60 * 60 *
 /// nearest to theirs. Otherwise the clip has 30 frames a second: each instant shows the frame that the animation shows
 /// then, repeats share their pixels, and the playing time is kept to within a frame.
 /// @pre `frames` is not empty, and `duration` at most `maximumMilliseconds`.
-void steady(std::span<const TimedFrame> frames, FrameReceiver& receiver);
+void steady(std::span<const TimedFrame> frames, FrameConsumer& receiver);
 
 } // namespace AnimationTimeline
 } // namespace quillbox

@@ -59,8 +59,9 @@ BandReader::BandReader(ByteSource& source, FrameSize size)
     , m_bandBytes(size.width * RGBAFrame::rowsPerBand * RGBAFrame::bytesPerPixel)
     , m_again(source.extract())
 {
-    if (source.canReadAhead() && SideThread::isWorthIt() && m_bandCount > 1 && m_pictureBytes >= smallestSharedBytes)
-        m_side = std::make_unique<SideThread>();
+    if (source.canReadAhead() && ForkJoinThread::isWorthIt() && m_bandCount > 1
+        && m_pictureBytes >= smallestSharedBytes)
+        m_side = std::make_unique<ForkJoinThread>();
 }
 
 BandReader::Outcome BandReader::read()

@@ -2,9 +2,9 @@
 
 #include "App/FrameSources/ByteSource.h"
 #include "App/FrameSources/FrameSize.h"
+#include "Encoding/ForkJoinThread.h"
 #include "Encoding/FramePool.h"
 #include "Encoding/PixelTypes.h"
-#include "Encoding/SideThread.h"
 
 #include <cstdint>
 #include <deque>
@@ -59,7 +59,7 @@ private:
     std::int64_t m_offset = 0;                  ///< of the next picture to be read among all of them, bytes
     std::optional<RGBAFrame> m_previous;        ///< the latest that was read
     std::deque<Outcome> m_waiting;              ///< read and not yet handed out
-    std::unique_ptr<SideThread> m_side;         ///< none if two threads can't read the source, or it is not worth it
+    std::unique_ptr<ForkJoinThread> m_side;     ///< none if two threads can't read the source, or it is not worth it
 };
 
 } // namespace quillbox

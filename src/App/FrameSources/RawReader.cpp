@@ -9,7 +9,7 @@
 
 namespace quillbox {
 
-void RawReader::read(ByteSource& source, FrameSize size, FrameReceiver& receiver)
+void RawReader::read(ByteSource& source, FrameSize size, FrameConsumer& receiver)
 {
     const auto frameBytes = checkedByteCount(source.name(), 1, size);
     const auto endsInside = [&](std::int64_t frame, std::int64_t byteCount) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "App/FrameSources/FrameReceiver.h"
+#include "App/FrameSources/FrameConsumer.h"
 
 #include <cstdint>
 #include <optional>
@@ -9,7 +9,7 @@
 namespace quillbox {
 
 /// Keeps all frames of an input.
-class SourceClip final : public FrameReceiver {
+class SourceClip final : public FrameConsumer {
 public:
     void setRate(std::int64_t rate) override { framesPerSecond = rate; }
     void take(const RGBAFrame& frame) override { frames.push_back(frame); }

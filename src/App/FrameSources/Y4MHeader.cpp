@@ -52,11 +52,11 @@ ChromaSubsampling subsamplingOf(const std::string& input, std::string_view tag)
 /// The F tag's `numerator:denominator`; 0:0 says that the rate is unknown.
 std::optional<std::int64_t> rateOf(const std::string& input, std::string_view tag)
 {
-    constexpr std::int64_t largestTerm = std::int64_t{1} << 32; // keeps the rounding below free of overflow
+    constexpr std::int64_t maxTerm = std::int64_t{1} << 32; // keeps the rounding below free of overflow
     const auto colon = std::min(tag.find(':'), tag.size() - 1);
     const auto numerator = number(tag.substr(1, colon - 1));
     const auto denominator = number(tag.substr(colon + 1));
-    if (!numerator || !denominator || *numerator > largestTerm || *denominator > largestTerm)
+    if (!numerator || !denominator || *numerator > maxTerm || *denominator > maxTerm)
         throw invalid(input, tag, translate("FrameReadError", "a rate like F30:1 or F30000:1001"));
     if (*numerator == 0 || *denominator == 0)
         return std::nullopt;

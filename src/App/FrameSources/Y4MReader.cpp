@@ -22,7 +22,7 @@ namespace {
 /// Converts pictures in the background, a few at a time, and returns them in the order in which they came.
 class ConversionQueue {
 public:
-    ConversionQueue(const Y4MHeader& header, FrameReceiver& receiver)
+    ConversionQueue(const Y4MHeader& header, FrameConsumer& receiver)
         : m_header(header)
         , m_receiver(receiver)
         , m_inFlight(static_cast<std::size_t>(workerCount({}, std::numeric_limits<std::int64_t>::max())))
@@ -86,7 +86,7 @@ private:
     }
 
     Y4MHeader m_header;
-    FrameReceiver& m_receiver;
+    FrameConsumer& m_receiver;
     std::size_t m_inFlight;
     FramePool m_pool;                  ///< copies share the spare buffers
     std::optional<RGBAFrame> m_latest; ///< the one last handed over
@@ -125,7 +125,7 @@ bool Y4MReader::recognizes(ByteSource& source)
     return std::equal(start.begin(), start.end(), Y4MHeader::magic.begin(), Y4MHeader::magic.end());
 }
 
-void Y4MReader::read(ByteSource& source, FrameReceiver& receiver)
+void Y4MReader::read(ByteSource& source, FrameConsumer& receiver)
 {
     if (source.peek(1).empty())
         throw FrameReadError(source.name(), FrameReadError::NoFrames{});

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "App/FrameSources/ByteSource.h"
-#include "App/FrameSources/FrameReceiver.h"
+#include "App/FrameSources/FrameConsumer.h"
 
 namespace quillbox {
 
@@ -16,7 +16,7 @@ namespace Y4MReader {
 /// that equals the one before it is not converted again and shares its pixels. Only a few pictures are held unconverted
 /// at a time.
 /// @throws FrameReadError  something that isn't understood, no frame, or an end inside a frame.
-void read(ByteSource& source, FrameReceiver& receiver);
+void read(ByteSource& source, FrameConsumer& receiver);
 
 } // namespace Y4MReader
 } // namespace quillbox

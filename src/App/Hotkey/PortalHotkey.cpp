@@ -2,7 +2,7 @@
 
 #include "App/Hotkey/HotkeyRefusal.h"
 #include "App/Hotkey/ShortcutsPortal.h"
-#include "Platform/TaskSink.h"
+#include "Platform/Detach.h"
 #include "Platform/Portal/DesktopPortal.h"
 
 #include <QCoro/QCoroDBus>
@@ -83,7 +83,7 @@ void PortalHotkey::begin()
 {
     ++m_attempt;
     m_isBinding = true;
-    TaskSink::keep(bindAndTell());
+    detach(bindAndTell());
 }
 
 QCoro::Task<> PortalHotkey::bindAndTell()

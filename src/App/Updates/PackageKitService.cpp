@@ -1,7 +1,7 @@
 #include "App/Updates/PackageKitService.h"
 
-#include "Platform/TaskSink.h"
 #include "Encoding/Precondition.h"
+#include "Platform/Detach.h"
 
 #include <QCoro/QCoroFuture>
 #include <QDBusPendingCall>
@@ -161,7 +161,7 @@ void PackageKitService::lookIfRunning()
     if (m_isWorking || m_isLookingSilently)
         m_quiet.start();
     else if (m_hasWaited && !m_owner.isEmpty())
-        TaskSink::keep(lookSilently());
+        detach(lookSilently());
 }
 
 PackageKitService::Request PackageKitService::installedRequest() const

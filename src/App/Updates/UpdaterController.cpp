@@ -1,7 +1,7 @@
 #include "App/Updates/UpdaterController.h"
 
-#include "Platform/TaskSink.h"
 #include "App/Updates/UpdateMessages.h"
+#include "Platform/Detach.h"
 
 #include <QPointer>
 
@@ -62,7 +62,7 @@ void UpdaterController::setPhase(Phase next)
 void UpdaterController::checkForUpdates()
 {
     if (canCheckForUpdates())
-        TaskSink::keep(look());
+        detach(look());
 }
 
 QCoro::Task<> UpdaterController::look()
@@ -93,7 +93,7 @@ QCoro::Task<> UpdaterController::look()
 void UpdaterController::install()
 {
     if (const auto* const available = std::get_if<Available>(&m_phase))
-        TaskSink::keep(installNow(available->update));
+        detach(installNow(available->update));
 }
 
 QCoro::Task<> UpdaterController::installNow(Update update)

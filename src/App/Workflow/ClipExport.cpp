@@ -1,7 +1,7 @@
 #include "App/Workflow/ClipExport.h"
 
 #include "Capture/FrameTimeline.h"
-#include "Capture/LiveIntake.h"
+#include "Capture/RecordingReducer.h"
 #include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/OutputFile.h"
 
@@ -20,7 +20,7 @@ GIFOptimizer::Result ClipExport::encode(
 {
     const GIFOptimizer::Config config{
         .preset = preset, .sourceFPS = FrameTimeline::framesPerSecond, .ditheringOverride = std::nullopt};
-    const FrameIntake* const known = recording.intake ? recording.intake->of(recording.frames) : nullptr;
+    const FrameReducer* const known = recording.reducer ? recording.reducer->of(recording.frames) : nullptr;
     return known != nullptr ? GIFOptimizer::optimize(*known, config, execution)
                             : GIFOptimizer::optimize(recording.frames, config, execution);
 }

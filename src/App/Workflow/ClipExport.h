@@ -12,15 +12,15 @@
 
 namespace quillbox {
 
-class LiveIntake;
+class RecordingReducer;
 
 /// Turns what was recorded into a file. Takes values and gives values; to be used on a worker thread.
 namespace ClipExport {
 
 /// What was recorded.
 struct Recording {
-    std::vector<RGBAFrame> frames;                ///< oldest first, 30 a second
-    std::shared_ptr<LiveIntake> intake = nullptr; ///< what is known of them already, if anything
+    std::vector<RGBAFrame> frames;                       ///< oldest first, 30 a second
+    std::shared_ptr<RecordingReducer> reducer = nullptr; ///< what is known of them already, if anything
 };
 
 struct Saved {

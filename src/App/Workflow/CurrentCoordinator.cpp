@@ -1,7 +1,7 @@
 #include "App/Workflow/CurrentCoordinator.h"
 
-#include "Platform/TaskSink.h"
 #include "Encoding/Precondition.h"
+#include "Platform/Detach.h"
 
 #include <utility>
 
@@ -29,7 +29,7 @@ void CurrentCoordinator::begin()
 // NOLINTNEXTLINE(readability-make-member-function-const): what it holds changes
 void CurrentCoordinator::stop()
 {
-    TaskSink::keep(get().stopAndExport());
+    detach(get().stopAndExport());
 }
 
 // NOLINTNEXTLINE(readability-make-member-function-const): what it holds changes

@@ -3,10 +3,10 @@
 #include "App/Workflow/ClipExport.h"
 #include "App/Workflow/ExportJob.h"
 #include "App/Workflow/FlowMessages.h"
-#include "Platform/TaskSink.h"
 #include "Capture/Region/RegionSelector.h"
 #include "Capture/StreamRecorder.h"
 #include "Encoding/Precondition.h"
+#include "Platform/Detach.h"
 #include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/HistoryStore.h"
 
@@ -89,7 +89,7 @@ void RecordingCoordinator::beginFlow()
         if (!self)
             return;
         if (region)
-            TaskSink::keep(self->record(*region));
+            detach(self->record(*region));
         else
             self->setPhase(Idle{});
     });
@@ -133,7 +133,7 @@ QCoro::Task<> RecordingCoordinator::stopAndExport()
     }
     const auto width = frames.front().width();
     const auto height = frames.front().height();
-    ClipExport::Recording recording{.frames = std::move(frames), .intake = recorder->intake()};
+    ClipExport::Recording recording{.frames = std::move(frames), .reducer = recorder->reducer()};
     const auto preset = m_preset; // read once: a later change belongs to the next clip
     std::optional<QString> failure;
     try {

@@ -12,7 +12,7 @@ namespace quillbox {
 
 /// The format that a stream has agreed on.
 struct StreamFormat {
-    PixelOrder order = PixelOrder::BGRx;
+    PixelFormat order = PixelFormat::BGRx;
     std::int32_t width = 0;  ///< pixels
     std::int32_t height = 0; ///< pixels
 };

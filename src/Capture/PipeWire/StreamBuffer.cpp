@@ -16,7 +16,7 @@ bool StreamBuffer::isWhole() const
     return height - 1 <= (std::ssize(bytes) - rowBytes) / stride;
 }
 
-UprightWalk walkUpright(const StreamBuffer& buffer)
+PixelStrides walkUpright(const StreamBuffer& buffer)
 {
     precondition(buffer.isWhole(), "a buffer's pixels lie within its memory");
     const std::ptrdiff_t right = bytesPerPixel(buffer.order);

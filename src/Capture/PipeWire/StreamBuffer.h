@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Capture/PipeWire/PixelOrder.h"
+#include "Capture/PipeWire/PixelFormat.h"
 #include "Platform/PixelRect.h"
 
 #include <cstddef>
@@ -17,7 +17,7 @@ enum class BufferTransform { None, Turned90, Turned180, Turned270, Flipped, Flip
 struct StreamBuffer {
     std::span<const std::uint8_t> bytes; ///< from the first row on
     std::int64_t stride = 0;             ///< bytes from one row to the next
-    PixelOrder order = PixelOrder::BGRx;
+    PixelFormat order = PixelFormat::BGRx;
     std::int32_t width = 0;  ///< pixels
     std::int32_t height = 0; ///< pixels
     PixelRect crop;          ///< the part that is the picture
@@ -28,7 +28,7 @@ struct StreamBuffer {
 };
 
 /// How to walk over a buffer's pixels in the order of the upright picture.
-struct UprightWalk {
+struct PixelStrides {
     std::int32_t width = 0;    ///< of the upright picture, pixels
     std::int32_t height = 0;   ///< of the upright picture, pixels
     std::ptrdiff_t origin = 0; ///< where its top-left pixel is, bytes
@@ -37,6 +37,6 @@ struct UprightWalk {
 };
 
 /// @pre buffer.isWhole().
-[[nodiscard]] UprightWalk walkUpright(const StreamBuffer& buffer);
+[[nodiscard]] PixelStrides walkUpright(const StreamBuffer& buffer);
 
 } // namespace quillbox

@@ -70,24 +70,24 @@ spa_pod_builder builderFor(Memory& memory)
 
 /// The most welcome first: channels of ten bits are cut to eight, for nothing.
 constexpr std::array known{
-    std::pair{SPA_VIDEO_FORMAT_BGRx, PixelOrder::BGRx},
-    std::pair{SPA_VIDEO_FORMAT_RGBx, PixelOrder::RGBx},
-    std::pair{SPA_VIDEO_FORMAT_BGRA, PixelOrder::BGRA},
-    std::pair{SPA_VIDEO_FORMAT_RGBA, PixelOrder::RGBA},
-    std::pair{SPA_VIDEO_FORMAT_xRGB, PixelOrder::xRGB},
-    std::pair{SPA_VIDEO_FORMAT_xBGR, PixelOrder::xBGR},
-    std::pair{SPA_VIDEO_FORMAT_ARGB, PixelOrder::ARGB},
-    std::pair{SPA_VIDEO_FORMAT_ABGR, PixelOrder::ABGR},
-    std::pair{SPA_VIDEO_FORMAT_RGB, PixelOrder::RGB},
-    std::pair{SPA_VIDEO_FORMAT_BGR, PixelOrder::BGR},
-    std::pair{SPA_VIDEO_FORMAT_xRGB_210LE, PixelOrder::xRGB2101010},
-    std::pair{SPA_VIDEO_FORMAT_xBGR_210LE, PixelOrder::xBGR2101010},
-    std::pair{SPA_VIDEO_FORMAT_RGBx_102LE, PixelOrder::RGBx1010102},
-    std::pair{SPA_VIDEO_FORMAT_BGRx_102LE, PixelOrder::BGRx1010102},
-    std::pair{SPA_VIDEO_FORMAT_ARGB_210LE, PixelOrder::ARGB2101010},
-    std::pair{SPA_VIDEO_FORMAT_ABGR_210LE, PixelOrder::ABGR2101010},
-    std::pair{SPA_VIDEO_FORMAT_RGBA_102LE, PixelOrder::RGBA1010102},
-    std::pair{SPA_VIDEO_FORMAT_BGRA_102LE, PixelOrder::BGRA1010102},
+    std::pair{SPA_VIDEO_FORMAT_BGRx, PixelFormat::BGRx},
+    std::pair{SPA_VIDEO_FORMAT_RGBx, PixelFormat::RGBx},
+    std::pair{SPA_VIDEO_FORMAT_BGRA, PixelFormat::BGRA},
+    std::pair{SPA_VIDEO_FORMAT_RGBA, PixelFormat::RGBA},
+    std::pair{SPA_VIDEO_FORMAT_xRGB, PixelFormat::xRGB},
+    std::pair{SPA_VIDEO_FORMAT_xBGR, PixelFormat::xBGR},
+    std::pair{SPA_VIDEO_FORMAT_ARGB, PixelFormat::ARGB},
+    std::pair{SPA_VIDEO_FORMAT_ABGR, PixelFormat::ABGR},
+    std::pair{SPA_VIDEO_FORMAT_RGB, PixelFormat::RGB},
+    std::pair{SPA_VIDEO_FORMAT_BGR, PixelFormat::BGR},
+    std::pair{SPA_VIDEO_FORMAT_xRGB_210LE, PixelFormat::xRGB2101010},
+    std::pair{SPA_VIDEO_FORMAT_xBGR_210LE, PixelFormat::xBGR2101010},
+    std::pair{SPA_VIDEO_FORMAT_RGBx_102LE, PixelFormat::RGBx1010102},
+    std::pair{SPA_VIDEO_FORMAT_BGRx_102LE, PixelFormat::BGRx1010102},
+    std::pair{SPA_VIDEO_FORMAT_ARGB_210LE, PixelFormat::ARGB2101010},
+    std::pair{SPA_VIDEO_FORMAT_ABGR_210LE, PixelFormat::ABGR2101010},
+    std::pair{SPA_VIDEO_FORMAT_RGBA_102LE, PixelFormat::RGBA1010102},
+    std::pair{SPA_VIDEO_FORMAT_BGRA_102LE, PixelFormat::BGRA1010102},
 };
 
 } // namespace
@@ -143,7 +143,7 @@ std::vector<const spa_pod*> metadata(Memory& memory)
         Wanted{SPA_META_Header, sizeof(spa_meta_header), sizeof(spa_meta_header)},
         Wanted{SPA_META_VideoCrop, sizeof(spa_meta_region), sizeof(spa_meta_region)},
         Wanted{SPA_META_VideoTransform, sizeof(spa_meta_videotransform), sizeof(spa_meta_videotransform)},
-        Wanted{SPA_META_VideoDamage, mostDamage * sizeof(spa_meta_region), sizeof(spa_meta_region)},
+        Wanted{SPA_META_VideoDamage, maxDamage * sizeof(spa_meta_region), sizeof(spa_meta_region)},
     };
     spa_pod_builder builder = builderFor(memory);
     std::vector<const spa_pod*> result;
@@ -163,7 +163,7 @@ std::vector<const spa_pod*> metadata(Memory& memory)
     return result;
 }
 
-std::optional<PixelOrder> orderOf(spa_video_format format)
+std::optional<PixelFormat> orderOf(spa_video_format format)
 {
     for (const auto& [theirs, ours] : known)
         if (theirs == format)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Capture/PipeWire/PixelOrder.h"
+#include "Capture/PipeWire/PixelFormat.h"
 
 #include <spa/param/video/raw.h>
 #include <spa/pod/pod.h>
@@ -30,10 +30,10 @@ using Memory = std::array<std::byte, 2048>;
 [[nodiscard]] std::vector<const spa_pod*> metadata(Memory& memory);
 
 /// Our name for a format; none if it was not offered.
-[[nodiscard]] std::optional<PixelOrder> orderOf(spa_video_format format);
+[[nodiscard]] std::optional<PixelFormat> orderOf(spa_video_format format);
 
 /// How many rectangles of damage a picture may carry.
-constexpr std::uint32_t mostDamage = 16;
+constexpr std::uint32_t maxDamage = 16;
 
 } // namespace StreamOffer
 } // namespace quillbox

@@ -19,7 +19,7 @@ StreamPicture::StreamPicture(CaptureRegion region, PointsOf pointsOf)
 
 bool StreamPicture::update(const StreamBuffer& buffer, const std::optional<std::vector<PixelRect>>& damage)
 {
-    const UprightWalk walk = walkUpright(buffer);
+    const PixelStrides walk = walkUpright(buffer);
     const PixelRect whole{0, 0, walk.width, walk.height};
     // Damage tells where the memory has changed, not that another part of it, or the same turned, is the picture now.
     const bool isSameView = buffer.crop == m_crop && buffer.transform == m_transform;
@@ -47,7 +47,7 @@ bool StreamPicture::update(const StreamBuffer& buffer, const std::optional<std::
 void StreamPicture::planFirst(FrameResampler::Size picture, FrameResampler::Size points)
 {
     const PixelRect whole{0, 0, static_cast<std::int32_t>(picture.width), static_cast<std::int32_t>(picture.height)};
-    const auto planned = planGrab(m_region, whole, points);
+    const auto planned = captureGeometry(m_region, whole, points);
     if (!planned)
         throw CaptureError(CaptureError::Reason::OutsideDisplay,
             withArguments(translate("CaptureError", "The region lies outside the display, which is %1×%2"),
@@ -78,7 +78,7 @@ void StreamPicture::plan(FrameResampler::Size picture)
 }
 
 /// Takes over the rows of `box`, in pixels of the upright picture, that differ. @return whether any did.
-bool StreamPicture::merge(const StreamBuffer& buffer, const UprightWalk& walk, PixelRect box)
+bool StreamPicture::merge(const StreamBuffer& buffer, const PixelStrides& walk, PixelRect box)
 {
     if (box.isEmpty())
         return false;

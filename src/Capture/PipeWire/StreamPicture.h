@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Capture/BandSequence.h"
+#include "Capture/CaptureGeometry.h"
 #include "Capture/CaptureRegion.h"
-#include "Capture/ChangedBands.h"
-#include "Capture/GrabPlan.h"
+#include "Capture/DirtyBands.h"
+#include "Capture/IncrementalFrameBuilder.h"
 #include "Capture/PipeWire/StreamBuffer.h"
 
 #include <functional>
@@ -40,20 +40,20 @@ public:
 private:
     void planFirst(FrameResampler::Size picture, FrameResampler::Size points);
     void plan(FrameResampler::Size picture);
-    bool merge(const StreamBuffer& buffer, const UprightWalk& walk, PixelRect box);
+    bool merge(const StreamBuffer& buffer, const PixelStrides& walk, PixelRect box);
 
     CaptureRegion m_region; // from the first picture on what of it is shown
     PointsOf m_pointsOf;
     std::optional<PointScale> m_scale;                   // none before the first picture
-    GrabPlan m_plan;                                     // the source may lie outside the picture
+    CaptureGeometry m_plan;                              // the source may lie outside the picture
     PixelRect m_whole;                                   // of the upright picture
     PixelRect m_crop;                                    // of the latest buffer
     BufferTransform m_transform = BufferTransform::None; // likewise
     Bytes m_pixels;                                      // of the plan's source, RGBA
-    std::optional<ChangedBands> m_changed;               // since the last frame
+    std::optional<DirtyBands> m_changed;                 // since the last frame
     bool m_isScaled = false;
     Bytes m_row;
-    BandSequence m_bands;
+    IncrementalFrameBuilder m_bands;
 };
 
 } // namespace quillbox

@@ -14,7 +14,7 @@ PipeWireStream::Source sourceOf(
     source.remote = std::move(remote);
     source.node = cast.node;
     const auto compositor = std::make_shared<std::optional<Compositor>>(); // connected by the thread that asks
-    const auto stop = std::make_shared<StopSignal>();
+    const auto stop = std::make_shared<CancelEvent>();
     source.stop = [stop] {
         stop->raise();
     };

@@ -12,13 +12,13 @@ constexpr std::int64_t plainBytes = 32'000'000; // the last few, with which the 
 KeptPictures::KeptPictures(std::int64_t memoryBytes, std::filesystem::path folder)
     : m_memoryBytes(memoryBytes)
     , m_store(
-          {.plainBytes = plainBytes, .memoryBytes = 0, .diskSpaceToLeave = BandStore::usualLimits().diskSpaceToLeave},
+          {.plainBytes = plainBytes, .memoryBytes = 0, .diskSpaceToLeave = FrameSpill::usualLimits().diskSpaceToLeave},
           std::move(folder))
 {
 }
 
 KeptPictures::KeptPictures()
-    : KeptPictures(BandStore::memoryShare(BandStore::largestMemory), BandStore::usualFolder())
+    : KeptPictures(FrameSpill::memoryShare(FrameSpill::maxMemory), FrameSpill::usualFolder())
 {
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Capture/BandSequence.h"
-#include "Capture/Spill/BandStore.h"
+#include "Capture/IncrementalFrameBuilder.h"
+#include "Capture/Spill/FrameSpill.h"
 #include "Encoding/PixelTypes.h"
 
 #include <cstdint>
@@ -29,8 +29,8 @@ public:
 
 private:
     std::int64_t m_memoryBytes; ///< left
-    BandSequence m_bands;
-    BandStore m_store;
+    IncrementalFrameBuilder m_bands;
+    FrameSpill m_store;
 };
 
 } // namespace quillbox

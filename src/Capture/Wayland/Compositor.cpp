@@ -1,8 +1,8 @@
 #include "Capture/Wayland/Compositor.h"
 
+#include "Capture/Wayland/Protocols.h"
 #include "Platform/CHandle.h"
 #include "Platform/FileDescriptor.h"
-#include "Capture/Wayland/Protocols.h"
 #include "Platform/Wayland/WaylandDisplay.h"
 
 #include <sys/mman.h>
@@ -28,7 +28,7 @@ struct Output {
 
 class Compositor::Connection {
 public:
-    explicit Connection(std::shared_ptr<const StopSignal> stop);
+    explicit Connection(std::shared_ptr<const CancelEvent> stop);
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
     ~Connection() = default;
@@ -49,7 +49,7 @@ private:
     std::list<Output> m_outputs; // their addresses are listeners' data
 };
 
-Compositor::Connection::Connection(std::shared_ptr<const StopSignal> stop)
+Compositor::Connection::Connection(std::shared_ptr<const CancelEvent> stop)
     : m_display(std::move(stop))
 {
     if (!m_display.isConnected())
@@ -140,7 +140,7 @@ void Compositor::Connection::repaint(const Output& output)
     (void)m_display.roundTrip(); // it goes again in any case
 }
 
-Compositor::Compositor(std::shared_ptr<const StopSignal> stop)
+Compositor::Compositor(std::shared_ptr<const CancelEvent> stop)
     : m_connection(std::make_unique<Connection>(std::move(stop)))
 {
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/StopSignal.h"
 #include "Capture/Wayland/CastOutput.h"
+#include "Platform/CancelEvent.h"
 
 #include <memory>
 #include <vector>
@@ -13,7 +13,7 @@ namespace quillbox {
 class Compositor {
 public:
     /// Connects to the compositor that WAYLAND_DISPLAY names. Where none answers, the functions know nothing.
-    explicit Compositor(std::shared_ptr<const StopSignal> stop);
+    explicit Compositor(std::shared_ptr<const CancelEvent> stop);
     ~Compositor();
     Compositor(const Compositor&) = delete;
     Compositor& operator=(const Compositor&) = delete;

@@ -10,10 +10,10 @@ namespace quillbox {
 
 namespace {
 
-GrabPlan planFor(const X11Display& display, CaptureRegion region, double scale)
+CaptureGeometry planFor(const X11Display& display, CaptureRegion region, double scale)
 {
     const PixelRect monitor = display.mainMonitor();
-    const auto plan = planGrab(region, monitor, scale);
+    const auto plan = captureGeometry(region, monitor, scale);
     if (!plan) {
         const auto size = sizeInPoints(monitor, scale);
         throw CaptureError(CaptureError::Reason::OutsideDisplay,

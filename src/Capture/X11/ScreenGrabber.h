@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Capture/BandSequence.h"
+#include "Capture/CaptureGeometry.h"
 #include "Capture/CaptureRegion.h"
-#include "Capture/GrabPlan.h"
+#include "Capture/IncrementalFrameBuilder.h"
 #include "Capture/X11/DamageWatch.h"
 #include "Capture/X11/PointerWatch.h"
 #include "Capture/X11/ScreenPicture.h"
@@ -42,7 +42,7 @@ private:
     [[nodiscard]] RGBAFrame compose();
 
     const X11Display& m_display;
-    GrabPlan m_plan;
+    CaptureGeometry m_plan;
     ScreenPicture m_picture;
     DamageWatch m_damage;
     PointerWatch m_pointer;
@@ -50,7 +50,7 @@ private:
     PixelRect m_stale;  // to be fetched whatever the damage says
     PointerState m_drawn;
     bool m_mustDeliver = true; // even if no pixel turns out to be new
-    BandSequence m_bands;
+    IncrementalFrameBuilder m_bands;
 };
 
 } // namespace quillbox

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "Capture/ChangedBands.h"
+#include "Capture/DirtyBands.h"
 #include "Capture/PixelBufferAdapter.h"
-#include "Platform/X11/PixelLayout.h"
 #include "Capture/X11/SharedSegment.h"
 #include "Platform/X11/X11Display.h"
+#include "Platform/X11/X11PixelFormat.h"
 
 #include <cstdint>
 #include <memory>
@@ -27,7 +27,7 @@ public:
     [[nodiscard]] std::int64_t stride() const { return m_stride; }
     [[nodiscard]] PixelBuffer buffer() const;
     /// Marked wherever pixels have changed; whoever has taken note clears it.
-    [[nodiscard]] ChangedBands& changedBands() { return m_changed; }
+    [[nodiscard]] DirtyBands& changedBands() { return m_changed; }
 
     enum class Outcome {
         Unchanged, ///< the pixels are what they were
@@ -48,7 +48,7 @@ private:
 
     const X11Display& m_display;
     PixelRect m_source;
-    PixelLayout m_layout;
+    X11PixelFormat m_layout;
     std::int64_t m_stride;
     std::int64_t m_pictureBytes;
     std::unique_ptr<SharedSegment> m_segment; // the picture, if the layout is ours; then room for one raw picture
@@ -57,7 +57,7 @@ private:
     std::uint8_t* m_pixels = nullptr;          // the picture
     XCBPointer<xcb_get_image_reply_t> m_reply; // the latest raw picture without a segment
     std::vector<std::uint8_t> m_row;
-    ChangedBands m_changed;
+    DirtyBands m_changed;
 };
 
 } // namespace quillbox

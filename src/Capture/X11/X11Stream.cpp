@@ -1,9 +1,9 @@
 #include "Capture/X11/X11Stream.h"
 
-#include "Platform/StopSignal.h"
 #include "Capture/X11/ScreenGrabber.h"
-#include "Platform/X11/X11Display.h"
 #include "Encoding/Precondition.h"
+#include "Platform/CancelEvent.h"
+#include "Platform/X11/X11Display.h"
 #include "Translation/Translate.h"
 
 #include <QCoro/QCoroFuture>
@@ -85,7 +85,7 @@ private:
     CaptureRegion m_region;
     std::optional<double> m_scale = toolkitScale();
     FrameSink m_sink;
-    StopSignal m_stop;
+    CancelEvent m_stop;
     std::atomic<int> m_socket = -1;
     std::optional<X11Display> m_display;
     QPromise<StartOutcome> m_started;

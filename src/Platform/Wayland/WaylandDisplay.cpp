@@ -17,7 +17,7 @@ constexpr std::chrono::seconds answerPatience{2};
 
 } // namespace
 
-WaylandDisplay::WaylandDisplay(std::shared_ptr<const StopSignal> stop)
+WaylandDisplay::WaylandDisplay(std::shared_ptr<const CancelEvent> stop)
     : m_stop(std::move(stop))
     , m_display(wl_display_connect(nullptr))
 {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Platform/CancelEvent.h"
 #include "Platform/CHandle.h"
-#include "Platform/StopSignal.h"
 
 #include <wayland-client.h>
 
@@ -27,7 +27,7 @@ public:
 
     /// Connects to the compositor that WAYLAND_DISPLAY names.
     /// @param stop  Once raised, no answer is waited for any more; may be null.
-    explicit WaylandDisplay(std::shared_ptr<const StopSignal> stop = nullptr);
+    explicit WaylandDisplay(std::shared_ptr<const CancelEvent> stop = nullptr);
 
     /// Whether one has answered. Where none has, nothing but this may be called.
     [[nodiscard]] bool isConnected() const { return m_isConnected; }
@@ -60,7 +60,7 @@ private:
 
     [[nodiscard]] bool waitForEvents(std::chrono::steady_clock::time_point deadline) const;
 
-    std::shared_ptr<const StopSignal> m_stop;
+    std::shared_ptr<const CancelEvent> m_stop;
     // Destroyed from the last to the first.
     CHandle<wl_display, wl_display_disconnect> m_display;
     std::unique_ptr<wl_registry, RegistryDestroyer> m_registry;

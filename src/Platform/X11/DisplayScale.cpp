@@ -11,11 +11,11 @@ namespace {
 constexpr double pointsPerInch = 96;
 // Beyond these no display is usable, and the arithmetic stays far from its limits.
 constexpr double smallestScale = 0.05;
-constexpr double largestScale = 20;
+constexpr double maxScale = 20;
 
 bool isUsable(double scale)
 {
-    return scale >= smallestScale && scale <= largestScale; // false for a NaN, too
+    return scale >= smallestScale && scale <= maxScale; // false for a NaN, too
 }
 
 double resolutionScale(std::string_view resources)

@@ -162,11 +162,11 @@ double X11Display::scale() const
     return displayScale(resources(*this), std::getenv("QT_SCALE_FACTOR"));
 }
 
-PixelLayout X11Display::layout() const
+X11PixelFormat X11Display::layout() const
 {
     const xcb_setup_t* const setup = xcb_get_setup(connection());
     const xcb_visualtype_t* const visual = visualOf(m_screen);
-    PixelLayout layout;
+    X11PixelFormat layout;
     bool known = false;
     for (auto formats = xcb_setup_pixmap_formats_iterator(setup); formats.rem > 0; xcb_format_next(&formats)) {
         if (formats.data->depth != m_screen->root_depth)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Platform/PixelRect.h"
-#include "Platform/X11/PixelLayout.h"
+#include "Platform/X11/X11PixelFormat.h"
 
 #include <xcb/xcb.h>
 
@@ -37,7 +37,7 @@ public:
     /// environment variable QT_SCALE_FACTOR, as Qt computes it where nothing else is set.
     [[nodiscard]] double scale() const;
     /// @throws CaptureError  Unreadable: the screen has no true colours.
-    [[nodiscard]] PixelLayout layout() const;
+    [[nodiscard]] X11PixelFormat layout() const;
 
     /// Which extensions can be used; where events belong to one, the number of its first event.
     [[nodiscard]] bool hasSharedMemory() const { return m_hasSharedMemory; }

@@ -1,9 +1,9 @@
 #include "PostCapture/Clipboard/ClipboardReport.h"
 
-#include "Platform/AnswerWithin.h"
 #include "Platform/CaptureError.h"
+#include "Platform/RunWithTimeout.h"
 #include "Platform/X11/X11Queries.h"
-#include "PostCapture/Clipboard/PasteboardChoice.h"
+#include "PostCapture/Clipboard/ClipboardChoice.h"
 #include "Translation/Translate.h"
 
 #include <QCoro/QCoroFuture>
@@ -36,22 +36,22 @@ ServiceReport x11Report()
 
 ServiceReport reportOfChoice()
 {
-    const PasteboardChoice choice = choosePasteboard();
+    const ClipboardChoice choice = chooseClipboard();
     ServiceReport report;
     switch (choice.backEnd) {
-    case PasteboardChoice::BackEnd::X11:
+    case ClipboardChoice::BackEnd::X11:
         return x11Report();
-    case PasteboardChoice::BackEnd::DataControl:
+    case ClipboardChoice::BackEnd::DataControl:
         report.health = Health::Works;
         report.used = translate("Doctor", "the compositor's data control");
         report.found.push_back(choice.reason);
         break;
-    case PasteboardChoice::BackEnd::Toolkit:
+    case ClipboardChoice::BackEnd::Toolkit:
         report.health = choice.needsFocus ? Health::Limited : Health::Works;
         report.used = translate("Doctor", "the toolkit");
         report.found.push_back(choice.reason);
         break;
-    case PasteboardChoice::BackEnd::None:
+    case ClipboardChoice::BackEnd::None:
         report.used = choice.reason;
         break;
     }
@@ -62,7 +62,7 @@ ServiceReport reportOfChoice()
 
 QCoro::Task<ServiceReport> ClipboardReport::make()
 {
-    const auto answer = answerWithin<ServiceReport>(reportPatience, &reportOfChoice);
+    const auto answer = runWithTimeout<ServiceReport>(reportPatience, &reportOfChoice);
     const std::optional<ServiceReport> answered = co_await answer;
     ServiceReport report = answered.value_or(ServiceReport());
     report.service = QT_TRANSLATE_NOOP("Doctor", "Clipboard");

@@ -1,6 +1,6 @@
 #include "App/Workflow/RecordingCoordinator.h"
 
-#include "Capture/LiveIntake.h"
+#include "Capture/RecordingReducer.h"
 #include "CoordinatorStudio.h"
 
 #include <QClipboard>
@@ -347,7 +347,7 @@ void RecordingCoordinatorTest::takesWhatWasLearntWhileRecording()
     Studio studio;
     studio.recorder->frames = {gray(8, 6), gray(8, 6)};
     studio.recorder->learnt
-        = std::make_shared<LiveIntake>(BandStore(BandStore::usualLimits(), BandStore::usualFolder()));
+        = std::make_shared<RecordingReducer>(FrameSpill(FrameSpill::usualLimits(), FrameSpill::usualFolder()));
     studio.recorder->learnt->follow({gray(16, 12), gray(16, 12)}); // of other frames, so that the file tells
     studio.recordARegion();
     test::await(studio.coordinator->stopAndExport());

@@ -17,11 +17,11 @@ namespace quillbox::test {
 /// A recorder that does what a test says, when it says so.
 class ScriptedRecorder : public RecorderControlling {
 public:
-    std::exception_ptr startError;           ///< thrown by start(), if any
-    std::optional<QPromise<void>> startGate; ///< start() waits until it is finished
-    std::optional<QPromise<void>> stopGate;  ///< stop() waits until it is finished
-    std::vector<RGBAFrame> frames;           ///< what stop() returns
-    std::shared_ptr<LiveIntake> learnt;      ///< what intake() returns
+    std::exception_ptr startError;            ///< thrown by start(), if any
+    std::optional<QPromise<void>> startGate;  ///< start() waits until it is finished
+    std::optional<QPromise<void>> stopGate;   ///< stop() waits until it is finished
+    std::vector<RGBAFrame> frames;            ///< what stop() returns
+    std::shared_ptr<RecordingReducer> learnt; ///< what reducer() returns
     int starts = 0;
     int stops = 0;
     CaptureRegion region; ///< of the latest start()
@@ -41,7 +41,7 @@ public:
         m_isRecording = true;
     }
 
-    [[nodiscard]] std::shared_ptr<LiveIntake> intake() const override { return learnt; }
+    [[nodiscard]] std::shared_ptr<RecordingReducer> reducer() const override { return learnt; }
 
     QCoro::Task<std::vector<RGBAFrame>> stop() override
     {

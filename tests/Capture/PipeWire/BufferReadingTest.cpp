@@ -32,7 +32,7 @@ struct Buffer {
 
     [[nodiscard]] std::optional<ReadBuffer> read() const
     {
-        return readBuffer(buffer, StreamFormat{PixelOrder::RGB, 4, 3});
+        return readBuffer(buffer, StreamFormat{PixelFormat::RGB, 4, 3});
     }
 
     std::array<std::uint8_t, 64> memory{};

@@ -14,7 +14,7 @@ struct Letters {
     {
         buffer.width = static_cast<std::int32_t>(rows.front().size());
         buffer.height = static_cast<std::int32_t>(rows.size());
-        buffer.order = PixelOrder::RGB;
+        buffer.order = PixelFormat::RGB;
         buffer.stride = 3 * buffer.width + padding;
         buffer.crop = {0, 0, buffer.width, buffer.height};
         for (const std::string& row : rows) {
@@ -28,7 +28,7 @@ struct Letters {
     /// What the buffer shows upright, row by row.
     [[nodiscard]] std::vector<std::string> upright() const
     {
-        const UprightWalk walk = walkUpright(buffer);
+        const PixelStrides walk = walkUpright(buffer);
         std::vector<std::string> rows;
         for (std::int32_t y = 0; y < walk.height; ++y) {
             rows.emplace_back();

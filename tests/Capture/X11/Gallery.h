@@ -2,7 +2,7 @@
 
 #include "Capture/CaptureStream.h"
 
-#include "../Await.h"
+#include "support/Await.h"
 
 #include <mutex>
 #include <utility>

@@ -1,7 +1,7 @@
 #include "App/CommandLine/Commands/DesktopCommand.h"
 
 #include "App/CommandLine/CoreApplication.h"
-#include "App/CommandLine/StopRequest.h"
+#include "App/CommandLine/TerminationSignals.h"
 #include "App/Desktop/DesktopApplication.h"
 #include "App/Desktop/RunningInstance.h"
 #include "App/QuillboxApp.h"
@@ -31,8 +31,8 @@ int DesktopCommand::run()
         RunningInstance::activate();
         return 0;
     }
-    StopRequest stopRequest;
-    QObject::connect(&stopRequest, &StopRequest::received, &stopRequest, [&app] { app.quit(); });
+    TerminationSignals stopRequest;
+    QObject::connect(&stopRequest, &TerminationSignals::received, &stopRequest, [&app] { app.quit(); });
     app.start();
     return DesktopApplication::run();
 }

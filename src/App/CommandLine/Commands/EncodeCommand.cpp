@@ -5,7 +5,7 @@
 #include "App/CommandLine/OptimizerProgress.h"
 #include "App/CommandLine/ProgressLine.h"
 #include "App/CommandLine/ResultReport.h"
-#include "App/FrameSources/BackgroundIntake.h"
+#include "App/FrameSources/BackgroundReducer.h"
 #include "App/FrameSources/FrameReadError.h"
 #include "Capture/Spill/KeptPictures.h"
 #include "Encoding/GIFOptimizer.h"
@@ -63,10 +63,10 @@ int EncodeCommand::run(const EncodeOptions& options)
     ProgressLine line;
     line.show(translate("ProgressLine", "reading"));
     KeptPictures pictures;
-    BackgroundIntake intake(options.out.preset, options.sourceFPS,
+    BackgroundReducer reducer(options.out.preset, options.sourceFPS,
         [&pictures](const RGBAFrame& picture) { return pictures.keep(picture); });
-    InputReader::read(options, intake);
-    const FrameIntake& frames = intake.finished();
+    InputReader::read(options, reducer);
+    const FrameReducer& frames = reducer.finished();
     const GIFOptimizer::Config config{
         .preset = options.out.preset, .sourceFPS = frames.sourceFPS(), .ditheringOverride = options.dithering};
     const auto result = GIFOptimizer::optimize(frames, config, {.progress = progressOn(line)});

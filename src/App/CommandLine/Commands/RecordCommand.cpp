@@ -1,6 +1,5 @@
 #include "App/CommandLine/Commands/RecordCommand.h"
 
-#include "App/Workflow/ClipExport.h"
 #include "App/CommandLine/ClipboardHold.h"
 #include "App/CommandLine/ClipOutput.h"
 #include "App/CommandLine/CoreApplication.h"
@@ -10,13 +9,14 @@
 #include "App/CommandLine/RecordingEnd.h"
 #include "App/CommandLine/ResultReport.h"
 #include "App/CommandLine/ScreenSelection.h"
-#include "App/CommandLine/StopRequest.h"
+#include "App/CommandLine/TerminationSignals.h"
 #include "App/Desktop/DesktopApplication.h"
 #include "App/Desktop/RunningInstance.h"
+#include "App/Workflow/ClipExport.h"
 #include "App/Workflow/FlowMessages.h"
 #include "Capture/StreamRecorder.h"
 #include "Encoding/GIFOptimizer.h"
-#include "PostCapture/Clipboard/PasteboardChoice.h"
+#include "PostCapture/Clipboard/ClipboardChoice.h"
 #include "Translation/Translate.h"
 
 #include <QCoro/QCoroFuture>
@@ -102,7 +102,7 @@ QCoro::Task<Recording> recordFrames(RecordOptions options, ProgressLine& line)
     } else if (!interruption.isEmpty()) {
         ErrorReport::print(earlyEnd(interruption.toStdString()));
     }
-    Recording recording{.frames = std::move(frames), .intake = recorder.intake()};
+    Recording recording{.frames = std::move(frames), .reducer = recorder.reducer()};
     co_return recording;
 }
 
@@ -131,11 +131,11 @@ std::string obstacleToCopying()
 {
     if (RunningInstance::exists()) // which has windows
         return {};
-    const auto choice = choosePasteboard();
+    const auto choice = chooseClipboard();
     if (choice.needsFocus)
         return withArguments(
             translate("RecordCommand", "%1. The desktop application does it: start quillbox first."), {choice.reason});
-    return choice.backEnd == PasteboardChoice::BackEnd::None
+    return choice.backEnd == ClipboardChoice::BackEnd::None
         ? withArguments(translate("RecordCommand", "%1."), {choice.reason})
         : std::string();
 }
@@ -178,7 +178,7 @@ QCoro::Task<int> recordAndSave(RecordOptions options)
         co_return ExitCode::failure;
     }
     if (!options.region) {
-        const StopRequest stop;
+        const TerminationSignals stop;
         const auto selection = ScreenSelection::askForRegion(stop);
         options.region = co_await selection;
     }

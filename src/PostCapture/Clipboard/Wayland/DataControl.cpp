@@ -62,7 +62,7 @@ struct DataControl::State {
     CHandle<wl_proxy, destroySource> source; // null while nothing of ours is on the clipboard
     QSocketNotifier readNotifier;
     QSocketNotifier writeNotifier; // on while the compositor takes nothing more
-    std::vector<ClipForm> forms;
+    std::vector<MimeItem> forms;
     QObject transfers; // the parent of what is being given
     bool isGone = false;
 };
@@ -80,7 +80,7 @@ void DataControl::State::openDevice()
 
 void DataControl::State::give(const char* type, FileDescriptor pipe)
 {
-    const auto form = std::ranges::find(forms, type, &ClipForm::type);
+    const auto form = std::ranges::find(forms, type, &MimeItem::type);
     if (form != forms.end())
         new PipeWriter(std::move(pipe), form->data, &transfers); // which owns it
 }
@@ -124,7 +124,7 @@ bool DataControl::isConnected() const
     return !m_state->isGone;
 }
 
-void DataControl::own(std::vector<ClipForm> forms)
+void DataControl::own(std::vector<MimeItem> forms)
 {
     static SourceEvents events{
         .send =
@@ -144,7 +144,7 @@ void DataControl::own(std::vector<ClipForm> forms)
     if (m_state->isGone)
         return;
     CHandle<wl_proxy, destroySource> next(createSource(m_state->family, m_state->manager.get(), events, m_state.get()));
-    for (const ClipForm& form : forms)
+    for (const MimeItem& form : forms)
         offer(next.get(), form.type.c_str());
     setSelection(m_state->device.get(), next.get());
     m_state->source = std::move(next); // the one before goes after it has been replaced: the clipboard is never empty

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PostCapture/Clipboard/ClipForm.h"
+#include "PostCapture/Clipboard/MimeItem.h"
 
 #include <QObject>
 
@@ -28,7 +28,7 @@ public:
     [[nodiscard]] bool isConnected() const;
 
     /// Replaces what is on the clipboard. Nothing else is offered than what `forms` names, in that order.
-    void own(std::vector<ClipForm> forms);
+    void own(std::vector<MimeItem> forms);
     /// Empties the clipboard, if what is there is ours.
     void disown();
     [[nodiscard]] bool owns() const;

@@ -13,7 +13,7 @@ namespace quillbox {
 namespace {
 
 /// Much more than a pipe takes at a time; only a file would take it all.
-constexpr qsizetype mostAtATime = 1 << 20;
+constexpr qsizetype maxAtATime = 1 << 20;
 
 /// write(), without the signal that ends a program that writes to a pipe which nobody reads any more.
 ssize_t writeQuietly(int descriptor, const char* data, std::size_t size)
@@ -53,7 +53,7 @@ PipeWriter::PipeWriter(FileDescriptor pipe, QByteArray data, QObject* parent)
 
 void PipeWriter::writeMore()
 {
-    const qsizetype size = std::min(m_data.size() - m_written, mostAtATime);
+    const qsizetype size = std::min(m_data.size() - m_written, maxAtATime);
     const ssize_t written
         = writeQuietly(m_pipe.number(), m_data.constData() + m_written, static_cast<std::size_t>(size));
     if (written >= 0)

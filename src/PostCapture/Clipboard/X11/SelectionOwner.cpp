@@ -166,8 +166,8 @@ bool SelectionOwner::State::convert(xcb_window_t requestor, xcb_atom_t target, x
 
 bool SelectionOwner::State::convertSeveral(xcb_window_t requestor, xcb_atom_t property)
 {
-    constexpr std::uint32_t mostPairs = 1024; // far more than there are targets
-    const auto cookie = xcb_get_property(connection(), 0, requestor, property, atoms.atomPair, 0, 2 * mostPairs);
+    constexpr std::uint32_t maxPairs = 1024; // far more than there are targets
+    const auto cookie = xcb_get_property(connection(), 0, requestor, property, atoms.atomPair, 0, 2 * maxPairs);
     const XCBPointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection(), cookie, nullptr));
     if (!reply || reply->format != 32)
         return false;
@@ -189,11 +189,11 @@ SelectionOwner::SelectionOwner(std::string_view selection)
 
 SelectionOwner::~SelectionOwner() = default;
 
-void SelectionOwner::own(std::vector<ClipForm> forms)
+void SelectionOwner::own(std::vector<MimeItem> forms)
 {
     std::vector<State::Form> named;
     named.reserve(forms.size());
-    for (ClipForm& form : forms)
+    for (MimeItem& form : forms)
         named.push_back({m_state->atom(form.type), std::move(form.data)});
     const auto time = m_state->now();
     m_state->forms = std::move(named);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PostCapture/Clipboard/ClipForm.h"
+#include "PostCapture/Clipboard/MimeItem.h"
 
 #include <QObject>
 
@@ -24,7 +24,7 @@ public:
 
     /// Takes the selection from whoever has it. Nothing else is offered than what `forms` names, in that order, and
     /// what the conventions ask of every owner.
-    void own(std::vector<ClipForm> forms);
+    void own(std::vector<MimeItem> forms);
     /// Leaves the selection to nobody, if it is still ours.
     void disown();
     [[nodiscard]] bool owns() const;

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "App/CommandLine/EndingSignals.h"
+
+#include <QObject>
+#include <QSocketNotifier>
+
+#include <array>
+#include <csignal>
+#include <optional>
+
+namespace quillbox {
+
+/// Turns the first SIGINT, SIGTERM or SIGHUP into a Qt signal while it lives; a second one ends the process at once.
+/// One at a time; made and used on the main thread.
+class TerminationSignals : public QObject {
+    Q_OBJECT
+
+public:
+    TerminationSignals();
+    ~TerminationSignals() override;
+
+Q_SIGNALS:
+    void received();
+
+private:
+    std::optional<QSocketNotifier> m_notifier;
+    std::array<struct sigaction, endingSignals.size()> m_before{}; ///< what the signals did until now
+};
+
+/// Keeps the signals that end a program away from this thread and those that it starts, for good: they reach the main
+/// thread instead. For worker threads.
+void leaveEndingSignalsToMainThread();
+
+} // namespace quillbox

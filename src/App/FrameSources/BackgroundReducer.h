@@ -1,0 +1,37 @@
+#pragma once
+
+#include "App/FrameSources/FrameConsumer.h"
+#include "Encoding/FrameReducer.h"
+#include "Encoding/FrameReducerThread.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace quillbox {
+
+/// Gives frames to a `FrameReducer` on a thread of its own, so that reading, measuring and shrinking
+/// overlap. A reader that is faster waits: only a few frames are under way at a time.
+class BackgroundReducer final : public FrameConsumer {
+public:
+    /// @param sourceFPS  Rate of the frames, whatever the input says; none: the input's own, or else `defaultFPS`.
+    /// @param keeper     As `FrameReducer::sparing`; called on the thread.
+    BackgroundReducer(
+        ExportPreset preset, std::optional<std::int64_t> sourceFPS, FrameReducer::Keeper keeper = nullptr);
+
+    void setRate(std::int64_t framesPerSecond) override;
+    void take(const RGBAFrame& frame) override;
+
+    /// What the frames came to, once all have been taken in. No frame may follow.
+    /// @throws std::bad_alloc  measuring ran out of memory; and whatever the keeper threw.
+    [[nodiscard]] const FrameReducer& finished();
+
+private:
+    static constexpr std::int64_t defaultFPS = 30;
+
+    ExportPreset m_preset;
+    std::optional<std::int64_t> m_sourceFPS;
+    FrameReducer::Keeper m_keeper;
+    std::optional<FrameReducerThread> m_thread; ///< runs from the first frame on
+};
+
+} // namespace quillbox

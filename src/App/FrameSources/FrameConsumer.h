@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Encoding/PixelTypes.h"
+
+#include <cstdint>
+
+namespace quillbox {
+
+/// Takes the frames of an input as they are read, so that a long input need not lie in memory whole.
+class FrameConsumer {
+public:
+    virtual ~FrameConsumer() = default;
+
+    /// The input has a rate of its own, frames per second, at least 1. Called before the first frame, or never.
+    virtual void setRate(std::int64_t framesPerSecond) = 0;
+
+    /// The next frame, oldest first.
+    virtual void take(const RGBAFrame& frame) = 0;
+
+protected: // copies are for whole objects
+    FrameConsumer() = default;
+    FrameConsumer(const FrameConsumer&) = default;
+    FrameConsumer& operator=(const FrameConsumer&) = default;
+};
+
+} // namespace quillbox

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Capture/DirtyBands.h"
+#include "Encoding/FrameResampler.h"
+#include "Encoding/PixelTypes.h"
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+namespace quillbox {
+
+/// Makes the frames of one stream, all of one size, each of which shares with the one before the bands in which nothing
+/// has changed. Not for use from two threads at once.
+class IncrementalFrameBuilder {
+public:
+    using MakeBand = std::function<RGBAFrame::Band(std::int64_t firstRow, std::int64_t rows)>;
+
+    /// A frame whose changed bands are made anew. `changed` is cleared.
+    /// @param size  Pixels; positive.
+    [[nodiscard]] RGBAFrame remade(FrameResampler::Size size, DirtyBands& changed, const MakeBand& makeBand);
+
+    /// `frame`, compared with the one before unless it is made of bands already. @pre it has pixels.
+    [[nodiscard]] RGBAFrame compared(const RGBAFrame& frame);
+
+private:
+    std::vector<RGBAFrame::Band> m_bands; // of the latest frame
+};
+
+} // namespace quillbox

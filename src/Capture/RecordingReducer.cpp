@@ -1,0 +1,74 @@
+#include "Capture/RecordingReducer.h"
+
+#include "Capture/FrameTimeline.h"
+
+#include <utility>
+
+namespace quillbox {
+
+RecordingReducer::RecordingReducer(FrameSpill store, std::function<void()> onFull)
+    : m_store(std::move(store))
+    , m_onFull(std::move(onFull))
+{
+}
+
+void RecordingReducer::follow(const std::vector<RGBAFrame>& frames)
+{
+    precondition(!m_isFinished, "a recording is followed until its end");
+    takeUpTo(frames);
+}
+
+bool RecordingReducer::isBehind(const std::vector<RGBAFrame>& frames) const
+{
+    const std::int64_t limit = m_store.limits().waitingBytes;
+    std::int64_t waiting = 0;
+    for (auto i = std::ssize(frames) - 1; i >= (m_thread ? m_thread->doneCount() : 0) && waiting <= limit; --i) {
+        const RGBAFrame& frame = frames[static_cast<std::size_t>(i)];
+        if (i == 0 || !frame.sharesPixels(frames[static_cast<std::size_t>(i) - 1]))
+            waiting += frame.pixelCount() * RGBAFrame::bytesPerPixel;
+    }
+    return waiting > limit;
+}
+
+const FrameReducer* RecordingReducer::of(const std::vector<RGBAFrame>& frames)
+{
+    if (!m_isFinished)
+        takeUpTo(frames);
+    m_isFinished = true;
+    if (!m_thread || m_thread->takenCount() != std::ssize(frames))
+        return nullptr;
+    return &m_thread->finished();
+}
+
+void RecordingReducer::takeUpTo(const std::vector<RGBAFrame>& frames)
+{
+    if (!m_thread && !frames.empty())
+        m_thread.emplace(FrameReducer::forAnyPreset(FrameTimeline::framesPerSecond), FrameReducerThread::unlimited,
+            [this](const RGBAFrame& frame) { keep(frame); });
+    for (auto i = m_thread ? m_thread->takenCount() : 0; i < std::ssize(frames); ++i)
+        m_thread->take(frames[static_cast<std::size_t>(i)]);
+}
+
+void RecordingReducer::keep(const RGBAFrame& frame)
+{
+    if (!fullReason().empty())
+        return;
+    try {
+        m_store.keep(frame);
+    } catch (const SpillError& error) {
+        {
+            const std::scoped_lock lock(m_mutex);
+            m_fullReason = error.what();
+        }
+        if (m_onFull)
+            m_onFull();
+    }
+}
+
+std::string RecordingReducer::fullReason() const
+{
+    const std::scoped_lock lock(m_mutex);
+    return m_fullReason;
+}
+
+} // namespace quillbox

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "Capture/Spill/FrameSpill.h"
+#include "Encoding/FrameReducerThread.h"
+#include "Encoding/PixelTypes.h"
+
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillbox {
+
+/// Measures a recording's frames while it goes on, so that at its end only the last ones are left to be measured, and
+/// keeps what they take up within a bound. Its thread runs from the first frame on. One thread at a time.
+class RecordingReducer {
+public:
+    /// @param store   Takes care of the frames.
+    /// @param onFull  Called once, on the reducer's thread, when the store has no room any more; may be empty. Frames
+    ///                that come later stay in memory.
+    explicit RecordingReducer(FrameSpill store, std::function<void()> onFull = nullptr);
+
+    /// Why there is no room any more, one sentence without a full stop; empty while there is. Thread: any.
+    [[nodiscard]] std::string fullReason() const;
+
+    /// What lies in a file. @pre of() has been called.
+    [[nodiscard]] std::int64_t fileBytes() const { return m_store.fileBytes(); }
+
+    /// Whether pictures come faster than they can be taken care of: more bytes of them wait than the store's limit.
+    /// @param frames  As for follow().
+    [[nodiscard]] bool isBehind(const std::vector<RGBAFrame>& frames) const;
+
+    /// Takes in what is new. Never waits.
+    /// @param frames  All complete frames so far, 30 a second, oldest first. @pre of() has not been called.
+    void follow(const std::vector<RGBAFrame>& frames);
+
+    /// Takes in the rest of the recording and waits until all of it has been measured.
+    /// @param frames  The recording; those that were followed are its first ones.
+    /// @return What `FrameReducer::forAnyPreset` makes of `frames`, valid as long as this object; null where the
+    ///         recording has been cut since, or there is nothing to measure.
+    /// @throws std::bad_alloc  measuring ran out of memory.
+    [[nodiscard]] const FrameReducer* of(const std::vector<RGBAFrame>& frames);
+
+private:
+    void takeUpTo(const std::vector<RGBAFrame>& frames);
+    void keep(const RGBAFrame& frame);
+
+    FrameSpill m_store; // the thread's while it runs
+    std::function<void()> m_onFull;
+    mutable std::mutex m_mutex;
+    std::string m_fullReason; // guarded by m_mutex
+    std::optional<FrameReducerThread> m_thread;
+    bool m_isFinished = false;
+};
+
+} // namespace quillbox

@@ -1,0 +1,167 @@
+#include "Capture/Spill/FrameSpill.h"
+
+#include "Translation/Translate.h"
+
+#include <QStandardPaths>
+
+#include <lz4.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstdlib>
+#include <fstream>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+namespace quillbox {
+namespace {
+
+constexpr std::int64_t megabyte = 1'000'000;
+
+/// What the kernel thinks a program may take without the machine swapping; 0 if it does not say.
+std::int64_t availableMemory()
+{
+    std::ifstream file("/proc/meminfo");
+    std::string name;
+    std::int64_t kilobytes = 0;
+    for (std::string unit; file >> name >> kilobytes; std::getline(file, unit)) {
+        if (name == "MemAvailable:")
+            return kilobytes * 1024;
+    }
+    return 0;
+}
+
+/// What the environment asks for; none if it does not, or not in a whole number of megabytes.
+std::optional<std::int64_t> wantedMemory()
+{
+    const char* const text = std::getenv("QUILLBOX_RECORDING_MEMORY");
+    const std::string_view digits = text != nullptr ? text : "";
+    std::int64_t megabytes = 0;
+    const auto [end, error] = std::from_chars(digits.begin(), digits.end(), megabytes);
+    if (error != std::errc() || end != digits.end() || megabytes < 0)
+        return std::nullopt;
+    return std::min(megabytes, FrameSpill::maxMemory / megabyte) * megabyte;
+}
+
+std::shared_ptr<const Bytes> decompressed(std::span<const std::uint8_t> bytes, std::size_t byteCount)
+{
+    if (bytes.size() == byteCount)
+        return std::make_shared<const Bytes>(bytes.begin(), bytes.end()); // it was not worth it
+    Bytes pixels(byteCount);
+    const int got = LZ4_decompress_safe(reinterpret_cast<const char*>(bytes.data()),
+        reinterpret_cast<char*>(pixels.data()), static_cast<int>(bytes.size()), static_cast<int>(byteCount));
+    if (!std::cmp_equal(got, byteCount))
+        throw SpillError(translate("CaptureError", "Pixels of the clip can't be read back: they are damaged"));
+    return std::make_shared<const Bytes>(std::move(pixels));
+}
+
+/// Compressed pixels in memory.
+class InMemory : public PixelBand::Source {
+public:
+    InMemory(Bytes bytes, std::size_t byteCount)
+        : m_bytes(std::move(bytes))
+        , m_byteCount(byteCount)
+    {
+    }
+    [[nodiscard]] std::shared_ptr<const Bytes> pixels() const override { return decompressed(m_bytes, m_byteCount); }
+
+private:
+    Bytes m_bytes;
+    std::size_t m_byteCount;
+};
+
+/// Compressed pixels in a file.
+class InFile : public PixelBand::Source {
+public:
+    InFile(std::shared_ptr<const SpillFile> file, std::int64_t offset, std::size_t size, std::size_t byteCount)
+        : m_file(std::move(file))
+        , m_offset(offset)
+        , m_size(size)
+        , m_byteCount(byteCount)
+    {
+    }
+    [[nodiscard]] std::shared_ptr<const Bytes> pixels() const override
+    {
+        Bytes bytes(m_size);
+        m_file->read(m_offset, bytes);
+        return m_size == m_byteCount ? std::make_shared<const Bytes>(std::move(bytes))
+                                     : decompressed(bytes, m_byteCount);
+    }
+
+private:
+    std::shared_ptr<const SpillFile> m_file;
+    std::int64_t m_offset;
+    std::size_t m_size;
+    std::size_t m_byteCount;
+};
+
+} // namespace
+
+std::int64_t FrameSpill::memoryShare(std::int64_t most)
+{
+    return wantedMemory().value_or(std::min(availableMemory() / 4, most));
+}
+
+FrameSpill::Limits FrameSpill::usualLimits()
+{
+    const std::int64_t memory = memoryShare(128 * megabyte);
+    return {.plainBytes = memory / 3, .memoryBytes = memory - memory / 3, .diskSpaceToLeave = 1000 * megabyte};
+}
+
+std::filesystem::path FrameSpill::usualFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation).toStdString() + "/Quillbox";
+}
+
+FrameSpill::FrameSpill(Limits limits, std::filesystem::path folder)
+    : m_limits(limits)
+    , m_folder(std::move(folder))
+{
+}
+
+void FrameSpill::keep(const RGBAFrame& frame)
+{
+    const bool isLikeBefore
+        = m_previous && m_previous->width() == frame.width() && m_previous->height() == frame.height();
+    for (std::int64_t index = 0; index < frame.bandCount(); ++index) {
+        const RGBAFrame::Band band = frame.ownBand(index);
+        if (!band || (isLikeBefore && frame.sharesBand(*m_previous, index)))
+            continue;
+        const auto byteCount = static_cast<std::int64_t>(band->byteCount());
+        m_plain.push_back({.band = band, .byteCount = byteCount});
+        m_plainBytes += byteCount;
+    }
+    m_previous = frame;
+    while (m_plainBytes > m_limits.plainBytes) {
+        if (const auto band = m_plain.front().band.lock())
+            park(*band);
+        m_plainBytes -= m_plain.front().byteCount;
+        m_plain.pop_front();
+    }
+}
+
+void FrameSpill::park(const PixelBand& band)
+{
+    const PixelView pixels = band.pixels();
+    m_scratch.resize(static_cast<std::size_t>(LZ4_compressBound(static_cast<int>(pixels.size()))));
+    const int size = LZ4_compress_default(reinterpret_cast<const char*>(pixels.data()),
+        reinterpret_cast<char*>(m_scratch.data()), static_cast<int>(pixels.size()), static_cast<int>(m_scratch.size()));
+    const bool isWorthIt = size > 0 && static_cast<std::size_t>(size) < pixels.size();
+    const auto bytes = isWorthIt ? std::span<const std::uint8_t>(m_scratch).first(static_cast<std::size_t>(size))
+                                 : std::span<const std::uint8_t>(pixels.data(), pixels.size());
+    const auto count = std::ssize(bytes);
+    if (m_compressedBytes + count <= m_limits.memoryBytes) {
+        m_compressedBytes += count;
+        band.park(std::make_unique<InMemory>(Bytes(bytes.begin(), bytes.end()), pixels.size()));
+    } else {
+        if (!m_file)
+            m_file = std::make_shared<SpillFile>(m_folder, m_limits.diskSpaceToLeave);
+        const std::int64_t place = m_file->append(bytes);
+        band.park(std::make_unique<InFile>(m_file, place, bytes.size(), pixels.size()));
+    }
+}
+
+} // namespace quillbox

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <condition_variable>
+#include <exception>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+namespace quillbox {
+
+/// A thread that does half of its owner's work, for work that is shared too often to start a thread each time.
+/// Used by one thread at a time.
+class ForkJoinThread {
+public:
+    ForkJoinThread();
+    ~ForkJoinThread();
+    ForkJoinThread(const ForkJoinThread&) = delete;
+    ForkJoinThread& operator=(const ForkJoinThread&) = delete;
+
+    /// Whether the machine runs two threads at once; else sharing work only costs.
+    [[nodiscard]] static bool isWorthIt();
+
+    /// Does `there` on the thread and `here` meanwhile on the caller's; returns when both are done.
+    /// @throws whatever `here` threw, or else `there`.
+    void runBoth(std::function<void()> there, const std::function<void()>& here);
+
+private:
+    void begin(std::function<void()> job);
+    std::exception_ptr ended();
+    void work();
+
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::function<void()> m_job; ///< under way, or none
+    std::exception_ptr m_error;  ///< of the last job
+    bool m_isEnding = false;
+    std::thread m_thread; ///< last, as it uses the others
+};
+
+} // namespace quillbox

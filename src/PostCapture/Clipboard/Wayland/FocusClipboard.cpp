@@ -1,0 +1,72 @@
+#include "PostCapture/Clipboard/Wayland/FocusClipboard.h"
+
+#include "PostCapture/Clipboard/ClipMimeData.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QWindow>
+
+namespace quillbox {
+
+FocusClipboard::FocusClipboard()
+{
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &FocusClipboard::look);
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](QWindow* window) {
+        if (window == nullptr)
+            m_isOffered = false; // what has not been answered by now was not heard
+        else
+            offer();
+    });
+}
+
+void FocusClipboard::setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData)
+{
+    m_clip = Clip{fileURL, gifData};
+    m_isOffered = false;
+    setState(State::Pending);
+    offer();
+}
+
+void FocusClipboard::clear()
+{
+    const bool isThere = state() == State::Accepted;
+    m_clip.reset();
+    m_isOffered = false;
+    setState(State::Empty);
+    if (isThere)
+        QGuiApplication::clipboard()->clear();
+}
+
+/// Without the focus nothing is even tried: a compositor that refuses may have dropped what was there before. And
+/// nothing is tried again while an answer is on its way, where a click has given the focus and wants a copy at once:
+/// mutter 43 ignores a second offer for one and the same click, and the first one is gone by then.
+void FocusClipboard::offer()
+{
+    if (!m_clip || m_isOffered || QGuiApplication::focusWindow() == nullptr)
+        return;
+    m_isOffering = true;
+    QGuiApplication::clipboard()->setMimeData(makeMimeData(m_clip->fileURL, m_clip->gifData)); // which owns it
+    m_isOffering = false;
+    m_isOffered = true;
+}
+
+/// The toolkit announces a change when it sets something itself, when the compositor refuses or replaces what it has
+/// set, and when the compositor tells the program that has the focus what the clipboard holds now.
+void FocusClipboard::look()
+{
+    if (m_isOffering)
+        return;
+    const bool isOurs = QGuiApplication::clipboard()->ownsClipboard();
+    if (state() == State::Pending && m_isOffered) {
+        m_isOffered = isOurs;
+        if (isOurs) {
+            m_clip.reset(); // the toolkit has it
+            setState(State::Accepted);
+        }
+    } else if (state() == State::Accepted && !isOurs) {
+        setState(State::Empty);
+        Q_EMIT lost();
+    }
+}
+
+} // namespace quillbox

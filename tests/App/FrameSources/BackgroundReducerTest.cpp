@@ -1,0 +1,63 @@
+#include "App/FrameSources/BackgroundReducer.h"
+
+#include "Encoding/GIFOptimizer.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace quillbox {
+namespace {
+
+/// `count` small frames, each of another colour.
+std::vector<RGBAFrame> colorfulFrames(int count)
+{
+    std::vector<RGBAFrame> frames;
+    for (int i = 0; i < count; ++i)
+        frames.emplace_back(1, 1, Bytes{static_cast<std::uint8_t>(i * 40), static_cast<std::uint8_t>(i), 0, 255});
+    return frames;
+}
+
+TEST(BackgroundReducer, GivesTheGIFOfTheSameFramesAtHand)
+{
+    const auto frames = colorfulFrames(100); // far more than wait at a time
+    BackgroundReducer reducer(ExportPreset::docs, 25);
+    for (const RGBAFrame& frame : frames)
+        reducer.take(frame);
+    const GIFOptimizer::Config config{.preset = ExportPreset::docs, .sourceFPS = 25, .ditheringOverride = {}};
+    EXPECT_EQ(GIFOptimizer::optimize(reducer.finished(), config), GIFOptimizer::optimize(frames, config));
+}
+
+TEST(BackgroundReducer, TakesTheRateOfTheInput)
+{
+    BackgroundReducer reducer(ExportPreset::slack, std::nullopt);
+    reducer.setRate(12);
+    reducer.take(colorfulFrames(1).front());
+    EXPECT_EQ(reducer.finished().sourceFPS(), 12);
+}
+
+TEST(BackgroundReducer, PrefersTheRateThatWasAskedFor)
+{
+    BackgroundReducer reducer(ExportPreset::slack, 24);
+    reducer.setRate(12);
+    reducer.take(colorfulFrames(1).front());
+    EXPECT_EQ(reducer.finished().sourceFPS(), 24);
+}
+
+TEST(BackgroundReducer, TakesThirtyFramesASecondWhereNobodySays)
+{
+    BackgroundReducer reducer(ExportPreset::slack, std::nullopt);
+    reducer.take(colorfulFrames(1).front());
+    EXPECT_EQ(reducer.finished().sourceFPS(), 30);
+}
+
+TEST(BackgroundReducer, MayBeGivenUpHalfWay)
+{
+    BackgroundReducer reducer(ExportPreset::slack, std::nullopt);
+    for (const RGBAFrame& frame : colorfulFrames(20))
+        reducer.take(frame);
+    // the destructor must not wait for more frames
+}
+
+} // namespace
+} // namespace quillbox

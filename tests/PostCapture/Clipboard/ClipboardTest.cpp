@@ -1,0 +1,101 @@
+// Runs on a real Wayland desktop that the caller starts: see CMakeLists.txt beside it.
+#include "PostCapture/Clipboard/Clipboard.h"
+
+#include "support/Await.h"
+
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+#include <QProcess>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <filesystem>
+#include <string>
+
+namespace quillbox {
+namespace {
+
+using State = Clipboard::State;
+
+const QUrl file("file:///clip.gif");
+
+/// Breaks what connects this process with the compositor, which goes on.
+void breakConnections()
+{
+    const auto compositor = qgetenv("XDG_RUNTIME_DIR") + '/' + qgetenv("WAYLAND_DISPLAY");
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+        const int descriptor = std::stoi(entry.path().filename());
+        sockaddr_un address{};
+        socklen_t length = sizeof address;
+        if (::getpeername(descriptor, reinterpret_cast<sockaddr*>(&address), &length) == 0
+            && compositor == static_cast<const char*>(address.sun_path))
+            ::shutdown(descriptor, SHUT_RDWR);
+    }
+}
+
+/// What another program reads from the clipboard.
+QByteArray pasted()
+{
+    QProcess reader;
+    reader.start("wl-paste", {"--no-newline", "--type", "image/gif"});
+    EXPECT_TRUE(test::eventually([&] { return reader.state() == QProcess::NotRunning; }));
+    return reader.readAllStandardOutput();
+}
+
+class ClipboardTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        m_pasteboard.setClip(file, "GIF89a first");
+        ASSERT_EQ(m_pasteboard.state(), State::Accepted);
+        ASSERT_EQ(pasted(), "GIF89a first");
+    }
+    void loseConnection()
+    {
+        breakConnections();
+        ASSERT_TRUE(test::eventually([&] { return m_pasteboard.state() != State::Accepted; }));
+    }
+
+    Clipboard& m_pasteboard = Clipboard::general();
+};
+
+TEST_F(ClipboardTest, AClipIsPendingOnceTheConnectionHasBroken)
+{
+    int losses = 0;
+    const auto counting = QObject::connect(&m_pasteboard, &Clipboard::lost, [&] { ++losses; });
+    loseConnection();
+    EXPECT_EQ(m_pasteboard.state(), State::Pending);
+    EXPECT_EQ(losses, 1);
+    EXPECT_EQ(pasted(), "");
+    QObject::disconnect(counting);
+}
+
+TEST_F(ClipboardTest, AnotherTryPutsThePendingClipBack)
+{
+    loseConnection();
+    m_pasteboard.retry();
+    EXPECT_EQ(m_pasteboard.state(), State::Accepted);
+    EXPECT_EQ(pasted(), "GIF89a first");
+}
+
+TEST_F(ClipboardTest, TheNextClipTakesTheWayThereIs)
+{
+    loseConnection();
+    m_pasteboard.setClip(file, "GIF89a second");
+    EXPECT_EQ(m_pasteboard.state(), State::Accepted);
+    EXPECT_EQ(pasted(), "GIF89a second");
+}
+
+} // namespace
+} // namespace quillbox
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // the toolkit's own connection must not be the one that breaks
+    qputenv("QUILLBOX_CLIPBOARD_BACKEND", "data-control");
+    QGuiApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
