@@ -1,186 +1,209 @@
 #include "Encoding/Precise/ScreenPalette.h"
 
+#include "Encoding/Precise/ColorClustering.h"
+#include "Encoding/Precise/KMeans.h"
 #include "Encoding/Precise/NearestColors.h"
 
 #include <algorithm>
-#include <array>
+#include <cmath>
 #include <cstddef>
+#include <functional>
+#include <limits>
 
 namespace quillbox::ScreenPalette {
 namespace {
 
-constexpr int fullRounds = 12;
-constexpr int quickRounds = 3;
-
-/// Sums over some colours, each times its weight.
-struct Moments {
-    std::int64_t weight = 0;
-    std::int64_t r = 0;
-    std::int64_t g = 0;
-    std::int64_t b = 0;
-
-    void add(const WeightedColor& entry)
-    {
-        weight += entry.weight;
-        r += entry.weight * entry.color.r;
-        g += entry.weight * entry.color.g;
-        b += entry.weight * entry.color.b;
-    }
-    friend Moments operator-(const Moments& a, const Moments& b)
-    {
-        return {a.weight - b.weight, a.r - b.r, a.g - b.g, a.b - b.b};
-    }
-
-    /// The squared length of the sum, divided by the weight: what a cluster saves of the sum of squares.
-    [[nodiscard]] double saved() const
-    {
-        if (weight == 0)
-            return 0;
-        const auto red = static_cast<double>(r);
-        const auto green = static_cast<double>(g);
-        const auto blue = static_cast<double>(b);
-        return (red * red + green * green + blue * blue) / static_cast<double>(weight);
-    }
-    [[nodiscard]] RGBColor mean() const
-    {
-        const auto rounded = [this](std::int64_t sum) {
-            return static_cast<std::uint8_t>((sum + weight / 2) / weight);
-        };
-        return {rounded(r), rounded(g), rounded(b)};
-    }
+/// How much work a palette is worth.
+struct Effort {
+    std::size_t mostMerged; ///< points from which clusters are merged; with twice as many, palettes were no better
+    int rounds;             ///< of k-means, if it is not done before
+    std::size_t trials;     ///< of exchanging colours
 };
+constexpr Effort full{.mostMerged = 1024, .rounds = 40, .trials = 48};
+constexpr Effort quick{.mostMerged = 384, .rounds = 4, .trials = 0};
 
-/// Where colours lie along red, green, blue and luma.
-constexpr std::array<std::array<int, 3>, 4> directions{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {2, 5, 1}}};
+/// Points that k-means looks at. More of them are put together in cells, where they differ too little to matter.
+constexpr std::size_t mostPoints = 32768;
 
-int along(RGBColor color, const std::array<int, 3>& direction)
-{
-    return direction[0] * color.r + direction[1] * color.g + direction[2] * color.b;
-}
+/// With more points than these, exchanges are tried less often: the time stays the same.
+constexpr std::size_t wellTriedPoints = 6144;
 
-/// Some of the colours, and the best way to part them.
-struct Box {
-    std::vector<WeightedColor> colors;
-    double gain = 0; ///< how much smaller the squared error is when the box is parted
-    std::size_t direction = 0;
-    int lastBelow = 0; ///< the place along `direction` up to which colours go to the first part
+/// From here on, a colour is another one to every eye: 80 levels. Palettes of 64 colours and more leave
+/// none so far behind unless it is rare.
+constexpr std::int64_t outlierDistanceSquared = 80 * 80;
 
-    explicit Box(std::vector<WeightedColor> entries)
-        : colors(std::move(entries))
-    {
-        Moments all;
-        for (const WeightedColor& entry : colors)
-            all.add(entry);
-        for (std::size_t i = 0; i < directions.size(); ++i) {
-            const auto place = [i](const WeightedColor& entry) {
-                return along(entry.color, directions[i]);
-            };
-            std::ranges::stable_sort(colors, {}, place);
-            Moments below;
-            for (std::size_t k = 0; k + 1 < colors.size(); ++k) {
-                below.add(colors[k]);
-                if (place(colors[k]) == place(colors[k + 1]))
-                    continue;
-                if (const double here = below.saved() + (all - below).saved() - all.saved(); here > gain) {
-                    gain = here;
-                    direction = i;
-                    lastBelow = place(colors[k]);
-                }
-            }
-        }
-    }
-};
-
-std::vector<RGBColor> split(std::span<const WeightedColor> colors, std::size_t maxColors)
-{
-    std::vector<Box> boxes{Box({colors.begin(), colors.end()})};
-    while (boxes.size() < maxColors) {
-        const auto widest = std::ranges::max_element(boxes, {}, &Box::gain);
-        if (widest->gain <= 0)
-            break;
-        std::vector<WeightedColor> below = std::move(widest->colors);
-        const auto cut = std::stable_partition(below.begin(), below.end(), [&widest](const WeightedColor& entry) {
-            return along(entry.color, directions[widest->direction]) <= widest->lastBelow;
-        });
-        std::vector<WeightedColor> above(cut, below.end());
-        below.erase(cut, below.end());
-        *widest = Box(std::move(below));
-        boxes.emplace_back(std::move(above));
-    }
-    std::vector<RGBColor> means;
-    for (const Box& box : boxes) {
-        Moments all;
-        for (const WeightedColor& entry : box.colors)
-            all.add(entry);
-        means.push_back(all.mean());
-    }
-    return means;
-}
-
-/// What the palette's entries stand for.
+/// A palette entry and what it stands for.
 struct Cluster {
-    Moments moments;
-    WeightedColor heaviest;
+    ColorMoments sum;
+    WeightedColor heaviest{};
+    RGBColor color{};
 };
 
+std::vector<ColorMoments> pointsOf(std::span<const WeightedColor> colors)
+{
+    if (colors.size() <= mostPoints)
+        return {colors.begin(), colors.end()};
+    std::vector<ColorMoments> cells = ColorClustering::cells(colors, 2);
+    return cells.size() <= mostPoints ? cells : ColorClustering::cells(colors, 3); // at most 32768 of those
+}
+
+RGBColor rounded(const KMeans::Center& center)
+{
+    const auto level = [](float value) {
+        return static_cast<std::uint8_t>(std::lround(value));
+    };
+    return {level(center[0]), level(center[1]), level(center[2])};
+}
+
+void removeRepeated(std::vector<RGBColor>& palette)
+{
+    std::ranges::sort(palette, {}, Color24::key);
+    palette.erase(std::unique(palette.begin(), palette.end()), palette.end());
+}
+
+/// The colours that `palette` serves, entry by entry.
 std::vector<Cluster> clustersOf(std::span<const WeightedColor> colors, const std::vector<RGBColor>& palette)
 {
     NearestColors nearest(palette);
     std::vector<Cluster> clusters(palette.size());
+    for (std::size_t i = 0; i < palette.size(); ++i)
+        clusters[i].color = palette[i];
     for (const WeightedColor& entry : colors) {
         Cluster& cluster = clusters[nearest.index(entry.color)];
-        cluster.moments.add(entry);
+        cluster.sum += ColorMoments(entry);
         if (entry.weight > cluster.heaviest.weight)
             cluster.heaviest = entry;
     }
     return clusters;
 }
 
-std::vector<RGBColor> chosen(std::span<const WeightedColor> colors, std::int64_t maxColors, int rounds)
+/// Adds colours that are served badly until there are `count`. @pre there are more colours than that.
+void fillUp(std::vector<RGBColor>& palette, std::span<const WeightedColor> colors, std::size_t count)
+{
+    struct Harm {
+        double error = 0;
+        RGBColor color;
+    };
+    while (palette.size() < count) {
+        NearestColors nearest(palette);
+        std::vector<Harm> worst(palette.size()); // of those that each entry serves
+        for (const WeightedColor& entry : colors) {
+            const std::uint8_t index = nearest.index(entry.color);
+            const std::int64_t distance = entry.color.distanceSquared(palette[index]);
+            if (const double error = static_cast<double>(distance) * static_cast<double>(entry.weight);
+                error > worst[index].error)
+                worst[index] = {error, entry.color};
+        }
+        std::erase_if(worst, [](const Harm& harm) { return harm.error <= 0; });
+        std::ranges::stable_sort(worst, std::greater(), &Harm::error);
+        for (const Harm& harm : std::span(worst).first(std::min(worst.size(), count - palette.size())))
+            palette.push_back(harm.color);
+    }
+}
+
+/// The entry that could be missed best: of little weight, and with another one near. The first `kept` ones stay.
+std::size_t leastMissed(const std::vector<Cluster>& clusters, std::size_t kept)
+{
+    std::size_t least = clusters.size() - 1;
+    double leastError = std::numeric_limits<double>::max();
+    for (std::size_t i = kept; i < clusters.size(); ++i) {
+        std::int64_t nearest = std::numeric_limits<std::int64_t>::max();
+        for (std::size_t k = 0; k < clusters.size(); ++k) {
+            if (k != i)
+                nearest = std::min(nearest, clusters[i].color.distanceSquared(clusters[k].color));
+        }
+        const double error = static_cast<double>(clusters[i].sum.weight) * static_cast<double>(nearest);
+        if (error < leastError) {
+            leastError = error;
+            least = i;
+        }
+    }
+    return least;
+}
+
+/// Gives entries to colours that would turn into quite another one, because they are too small or too briefly shown to
+/// matter in the sum of errors: a red dot on a photograph, a link, a pointer.
+void keepOutliers(std::vector<RGBColor>& palette, std::span<const WeightedColor> colors)
+{
+    const std::size_t most = std::min(palette.size() - 1, 1 + palette.size() / 32);
+    for (std::size_t kept = 0; kept < most; ++kept) { // those are the first ones
+        NearestColors nearest(palette);
+        WeightedColor outlier;
+        for (const WeightedColor& entry : colors) {
+            if (entry.weight > outlier.weight
+                && entry.color.distanceSquared(palette[nearest.index(entry.color)]) > outlierDistanceSquared)
+                outlier = entry;
+        }
+        if (outlier.weight == 0)
+            break;
+        palette[leastMissed(clustersOf(colors, palette), kept)] = outlier.color;
+        std::rotate(palette.begin() + static_cast<std::ptrdiff_t>(kept), std::ranges::find(palette, outlier.color),
+            palette.end());
+    }
+}
+
+std::vector<RGBColor> clustered(
+    std::span<const WeightedColor> colors, std::size_t count, Effort effort, Parallelism parallelism)
+{
+    const std::vector<ColorMoments> points = pointsOf(colors);
+    const std::vector<ColorMoments> merged
+        = ColorClustering::merge(ColorClustering::split(points, std::max(effort.mostMerged, count)), count);
+    std::vector<KMeans::Center> centers;
+    std::ranges::transform(merged, std::back_inserter(centers), KMeans::centerOf);
+    centers = KMeans::refine(points, std::move(centers), effort.rounds, parallelism);
+
+    std::vector<RGBColor> palette;
+    std::ranges::transform(centers, std::back_inserter(palette), rounded);
+    const auto trials = static_cast<int>(std::min(effort.trials, effort.trials * wellTriedPoints / points.size()));
+    palette = KMeans::exchange(
+        points, KMeans::settle(points, std::move(palette), effort.rounds, parallelism), trials, parallelism);
+    keepOutliers(palette, colors);
+    palette = KMeans::settle(points, std::move(palette), effort.rounds, parallelism);
+    // Points can be several colours. Flat areas get back the exact one.
+    std::vector<Cluster> clusters = clustersOf(colors, palette);
+    palette.clear();
+    for (const Cluster& cluster : clusters) {
+        if (cluster.sum.weight > 0)
+            palette.push_back(
+                cluster.heaviest.weight > cluster.sum.weight / 2 ? cluster.heaviest.color : cluster.sum.mean());
+    }
+    removeRepeated(palette);
+    fillUp(palette, colors, count);
+    return palette;
+}
+
+std::vector<RGBColor> chosen(
+    std::span<const WeightedColor> colors, std::int64_t maxColors, Effort effort, Parallelism parallelism)
 {
     precondition(maxColors >= 1 && maxColors <= maxColorCount, "a palette has 1 to 256 colours");
     if (colors.empty())
         return {RGBColor(0, 0, 0)};
+    const auto count = static_cast<std::size_t>(maxColors);
     std::vector<WeightedColor> entries;
-    if (std::ssize(colors) <= maxColors) {
+    if (colors.size() <= count) {
         entries.assign(colors.begin(), colors.end());
     } else {
-        std::vector<RGBColor> palette = split(colors, static_cast<std::size_t>(maxColors));
-        for (int round = 0; round <= rounds; ++round) {
-            entries.clear();
-            for (const Cluster& cluster : clustersOf(colors, palette)) {
-                if (cluster.moments.weight == 0)
-                    continue;
-                const bool flat = round == rounds && 2 * cluster.heaviest.weight > cluster.moments.weight;
-                entries.push_back({flat ? cluster.heaviest.color : cluster.moments.mean(), cluster.moments.weight});
-            }
-            palette.clear();
-            for (const WeightedColor& entry : entries)
-                palette.push_back(entry.color);
-        }
+        for (const Cluster& cluster : clustersOf(colors, clustered(colors, count, effort, parallelism)))
+            entries.push_back({cluster.color, cluster.sum.weight});
     }
     std::ranges::sort(entries, [](const WeightedColor& a, const WeightedColor& b) {
         return a.weight != b.weight ? a.weight > b.weight : Color24::key(a.color) < Color24::key(b.color);
     });
     std::vector<RGBColor> palette;
-    for (const WeightedColor& entry : entries) {
-        if (std::ranges::find(palette, entry.color) == palette.end())
-            palette.push_back(entry.color);
-    }
+    std::ranges::transform(entries, std::back_inserter(palette), &WeightedColor::color);
     return palette;
 }
 
 } // namespace
 
-std::vector<RGBColor> make(
-    std::span<const WeightedColor> colors, std::int64_t maxColors, [[maybe_unused]] Parallelism parallelism)
+std::vector<RGBColor> make(std::span<const WeightedColor> colors, std::int64_t maxColors, Parallelism parallelism)
 {
-    return chosen(colors, maxColors, fullRounds);
+    return chosen(colors, maxColors, full, parallelism);
 }
 
 std::vector<RGBColor> makeQuickly(std::span<const WeightedColor> colors, std::int64_t maxColors)
 {
-    return chosen(colors, maxColors, quickRounds);
+    return chosen(colors, maxColors, quick, {.threads = 1});
 }
 
 } // namespace quillbox::ScreenPalette

@@ -1,11 +1,14 @@
 #include "Encoding/Precise/ScreenPalette.h"
 
+#include "reference/Precise/ScreenPalette.h"
 #include "support/Iterations.h"
 #include "support/Pictures.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <limits>
 #include <set>
 
 namespace quillbox {
@@ -15,6 +18,14 @@ using support::gray;
 using support::Random;
 using testing::Contains;
 using testing::ElementsAre;
+
+std::vector<WeightedColor> colorsOf(const RGBAFrame& picture)
+{
+    const PixelView pixels = picture.pixels();
+    ColorCounts counts;
+    counts.add({pixels.data(), pixels.size()}, 1);
+    return counts.entries();
+}
 
 TEST(ScreenPalette, IsBlackWithoutColours)
 {
@@ -51,10 +62,7 @@ TEST(ScreenPalette, HasNoMoreThanTheColoursAllowedAndNoneTwice)
     Random random(3);
     for (std::int64_t i = 0; i < support::iterations(200); ++i) {
         const RGBAFrame picture = support::randomPicture(1 + random.below(40), 1 + random.below(40), random);
-        ColorCounts counts;
-        const PixelView pixels = picture.pixels();
-        counts.add({pixels.data(), pixels.size()}, 1 + random.below(10));
-        const std::vector<WeightedColor> colors = counts.entries();
+        const std::vector<WeightedColor> colors = colorsOf(picture);
         const std::int64_t maxColors = 1 + random.below(256);
         for (const auto& palette :
             {ScreenPalette::make(colors, maxColors), ScreenPalette::makeQuickly(colors, maxColors)}) {
@@ -65,6 +73,63 @@ TEST(ScreenPalette, HasNoMoreThanTheColoursAllowedAndNoneTwice)
             EXPECT_LE(std::ssize(palette), maxColors);
         }
     }
+}
+
+TEST(ScreenPalette, IsTheSameWithAnyNumberOfThreads)
+{
+    Random random(10);
+    const RGBAFrame picture = support::noise(200, 200, random); // more colours than are looked at one by one
+    const std::vector<WeightedColor> colors = colorsOf(picture);
+    ASSERT_GT(colors.size(), 32768U);
+    EXPECT_EQ(ScreenPalette::make(colors, 40, {.threads = 1}), ScreenPalette::make(colors, 40, {.threads = 3}));
+}
+
+TEST(ScreenPalette, ServesPicturesNearlyAsWellAsManyTriesOfTheBestKnownSearch)
+{
+    // k-means from 20 random starts, the best of them: what palettes of such small pictures can be.
+    Random random(11);
+    for (std::int64_t i = 0; i < support::iterations(10); ++i) {
+        const std::vector<WeightedColor> colors = colorsOf(support::gradient(24, 24, random.below(50)));
+        const std::vector<ColorMoments> points(colors.begin(), colors.end());
+        double best = std::numeric_limits<double>::max();
+        for (int start = 0; start < 20; ++start) {
+            std::vector<RGBColor> palette;
+            for (int k = 0; k < 16; ++k)
+                palette.push_back(colors[static_cast<std::size_t>(random.below(std::ssize(colors)))].color);
+            best = std::min(best, reference::errorOf(points, KMeans::settle(points, palette, 30, {.threads = 1})));
+        }
+        EXPECT_LT(reference::errorOf(points, ScreenPalette::make(colors, 16)), 1.02 * best) << "picture " << i;
+        EXPECT_LT(reference::errorOf(points, ScreenPalette::makeQuickly(colors, 16)), 1.1 * best) << "picture " << i;
+    }
+}
+
+TEST(ScreenPalette, KeepsASmallDotOfAColourOfItsOwn)
+{
+    const RGBAFrame page = support::picture(400, 300, [](std::int64_t x, std::int64_t y) {
+        const bool dot = x >= 200 && x < 203 && y >= 100 && y < 103;
+        return dot ? RGBColor(229, 20, 20)
+                   : RGBColor(static_cast<std::uint8_t>(100 + x / 4), 150, static_cast<std::uint8_t>(y / 2 + 80));
+    });
+    const std::vector<WeightedColor> colors = colorsOf(page);
+    ASSERT_GT(colors.size(), 10'000U);
+    for (const std::int64_t maxColors : {16, 64, 256}) {
+        EXPECT_THAT(ScreenPalette::make(colors, maxColors), Contains(RGBColor(229, 20, 20))) << maxColors;
+        EXPECT_THAT(ScreenPalette::makeQuickly(colors, maxColors), Contains(RGBColor(229, 20, 20))) << maxColors;
+    }
+}
+
+TEST(ScreenPalette, KeepsAColourThatIsShownForAMomentOnly)
+{
+    ColorCounts counts;
+    for (int x = 0; x < 100; ++x) {
+        for (int y = 0; y < 100; ++y)
+            counts.add(RGBColor(static_cast<std::uint8_t>(100 + x), 150, static_cast<std::uint8_t>(80 + y)), 300);
+    }
+    const RGBColor link(0, 90, 255);
+    counts.add(link, 1);
+    for (const std::int64_t maxColors : {2, 32, 256})
+        EXPECT_EQ(std::ranges::count(ScreenPalette::make(counts.entries(), maxColors), link), 1) << maxColors;
+    EXPECT_EQ(ScreenPalette::make(counts.entries(), 1).size(), 1U) << "which is for the rest";
 }
 
 TEST(ScreenPaletteDeathTest, RejectsSizesThatNoColourTableHas)
