@@ -29,9 +29,10 @@ struct Clip {
 /// Draws pictures on a screen one after another and notes what has to be seen.
 class Painter {
 public:
-    Painter(std::int64_t width, std::int64_t height, std::vector<RGBColor> colorTable)
+    Painter(std::int64_t width, std::int64_t height, std::vector<RGBColor> colorTable, LZWSearch::Effort effort = {})
         : m_screen{.width = width, .height = height, .colorTable = std::move(colorTable)}
         , m_canvas(static_cast<std::size_t>(width * height))
+        , m_effort(effort)
     {
     }
 
@@ -62,7 +63,7 @@ public:
             .width = place.width,
             .height = place.height,
             .localColorTable = localColorTable,
-            .codes = m_search.best(picture),
+            .codes = m_search.best(picture, m_effort),
             .delayCentiseconds = delayCentiseconds};
         m_parts.push_back(DeltaGIF::part(part));
         m_clip.shown.push_back(m_canvas);
@@ -88,6 +89,7 @@ public:
 private:
     DeltaGIF::Screen m_screen;
     std::vector<RGBColor> m_canvas;
+    LZWSearch::Effort m_effort;
     LZWSearch::Search m_search;
     std::vector<Bytes> m_parts;
     Clip m_clip;
@@ -192,6 +194,42 @@ Clip longDelays()
     return painter.finished();
 }
 
+/// No pair of indices occurs twice, so that each pixel is a code: the end code comes at, before and after each change
+/// of the width, at a full table and behind a clear code.
+Clip endsAtEveryWidth()
+{
+    Random random(204);
+    Painter painter(4096, 1, table(256, random), {.passes = 1});
+    painter.draw({0, 0, 4096, 1}, Bytes(4096, 0), 3);
+    Bytes indices;
+    for (int difference = 1; difference < 40; difference += 2) {
+        std::uint8_t value = 0;
+        for (int i = 0; i < 256; ++i, value = static_cast<std::uint8_t>(value + difference))
+            indices.push_back(value);
+    }
+    for (const std::int64_t around : {255, 767, 1791, 3838, 4094}) {
+        for (std::int64_t count = around - 2; count <= around + 2; ++count)
+            painter.draw({0, 0, count, 1}, Bytes(indices.begin(), indices.begin() + count), 3);
+    }
+    return painter.finished();
+}
+
+/// A table that stays full for most of the picture: what it knows occurs again and again.
+Clip fullTablesKept()
+{
+    Random random(205);
+    Painter painter(300, 300, table(40, random));
+    const Bytes tile = randomIndices(1500, 8, random);
+    Bytes indices;
+    for (int i = 0; i < 60; ++i)
+        indices.insert(indices.end(), tile.begin(), tile.end());
+    painter.draw({0, 0, 300, 300}, indices, 3);
+    for (std::size_t i = 0; i < indices.size(); i += 7)
+        indices[i] = 30;
+    painter.draw({0, 0, 300, 300}, indices, 3);
+    return painter.finished();
+}
+
 struct ClipCase {
     const char* name;
     Clip (*make)();
@@ -244,7 +282,8 @@ TEST_P(DeltaGIFDecoders, GifsicleFindsNoFault)
 INSTANTIATE_TEST_SUITE_P(Clips, DeltaGIFDecoders,
     testing::Values(ClipCase{"OnePixelPictures", &onePixelPictures}, ClipCase{"OnePixelScreen", &onePixelScreen},
         ClipCase{"RectanglesOverAFullTable", &rectanglesOverAFullTable}, ClipCase{"NoIndexLeft", &noIndexLeft},
-        ClipCase{"LocalTables", &localTables}, ClipCase{"LongDelays", &longDelays}),
+        ClipCase{"LocalTables", &localTables}, ClipCase{"LongDelays", &longDelays},
+        ClipCase{"EndsAtEveryWidth", &endsAtEveryWidth}, ClipCase{"FullTablesKept", &fullTablesKept}),
     [](const auto& tested) { return tested.param.name; });
 
 TEST(DeltaGIF, APictureIsWrittenFieldByField)
