@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Encoding/PaletteMapper.h"
+#include "Encoding/NearestColorLUT.h"
 #include "Encoding/PixelTypes.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 #include "Encoding/FrameComparisons.h"
 
-#include "Encoding/FrameDeduplicator.h"
+#include "Encoding/PixelComparison.h"
 
 #include <algorithm>
 

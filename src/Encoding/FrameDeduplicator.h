@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Encoding/PixelComparison.h"
 #include "Encoding/PixelTypes.h"
 
 #include <cstdint>
@@ -20,20 +21,6 @@ struct Timed {
 
     friend bool operator==(const Timed&, const Timed&) = default;
 };
-
-/// The tolerance that all of Quillbox uses: a squared RGB distance, so 4 in one channel is a change.
-inline constexpr std::int64_t defaultPerPixelTolerance = 12;
-
-/// Pixels of `a` whose squared RGB distance to the same pixel of `b` exceeds `perPixelTolerance`.
-/// Frames that share their pixels cost nothing.  @pre same size.
-[[nodiscard]] std::int64_t changedPixels(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPixelTolerance);
-
-/// `changedPixels` as a share of all pixels, 0.0…1.0. Frames of different size, or without pixels, give 1.0.
-[[nodiscard]] double fractionChanged(const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPixelTolerance);
-
-/// Whether `fractionChanged` exceeds `threshold` (a share, 0…1). Looks no further than that takes.
-[[nodiscard]] bool changesMoreThan(
-    const RGBAFrame& a, const RGBAFrame& b, std::int64_t perPixelTolerance, double threshold);
 
 /// Takes frames in order and drops each one that differs from the last one kept in at most a threshold of its pixels,
 /// lengthening that one's delay instead, to at most 65535. Kept frames share their pixels with the input.

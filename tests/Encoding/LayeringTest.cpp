@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <set>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -13,7 +15,7 @@ namespace quillbox {
 namespace {
 
 struct Include {
-    std::string file;
+    std::string file;   ///< its path in the folder
     std::string target; ///< with its quotes or angle brackets
 };
 
@@ -44,7 +46,7 @@ std::vector<Include> includesOf(const std::filesystem::path& folder)
         std::ifstream file(entry.path());
         for (std::string line; std::getline(file, line);) {
             if (const std::string target = includedBy(line); !target.empty())
-                includes.push_back({entry.path().filename(), target});
+                includes.push_back({entry.path().lexically_relative(folder), target});
         }
     }
     return includes;
@@ -73,6 +75,55 @@ TEST(Layering, EncodingIncludesTheStandardLibraryAndItselfOnly)
     ASSERT_GT(includes.size(), 20U) << "the sources were not found";
     for (const auto& [file, target] : includes)
         EXPECT_TRUE(isOfTheStandardLibrary(target) || isOfEncoding(target)) << file << " includes " << target;
+}
+
+/// What each module, a header with its source, includes of others.
+using Uses = std::map<std::string, std::set<std::string>>;
+
+Uses usesOf(const std::vector<Include>& includes)
+{
+    const auto stem = [](std::string_view path) {
+        return std::string(path.substr(0, path.rfind('.')));
+    };
+    Uses uses;
+    for (const auto& [file, target] : includes) {
+        constexpr std::string_view folder = "\"Encoding/";
+        if (target.starts_with(folder) && stem(target.substr(folder.size())) != stem(file))
+            uses[stem(file)].insert(stem(target.substr(folder.size())));
+    }
+    return uses;
+}
+
+/// The modules that are left when those that use no other are taken away again and again: none without a circle.
+std::set<std::string> modulesInCircles(Uses uses)
+{
+    for (std::size_t before = uses.size() + 1; before != uses.size();) {
+        before = uses.size();
+        for (auto& [module, used] : uses)
+            std::erase_if(used, [&uses](const std::string& other) { return !uses.contains(other); });
+        std::erase_if(uses, [](const auto& entry) { return entry.second.empty(); });
+    }
+    std::set<std::string> left;
+    for (const auto& [module, used] : uses)
+        left.insert(module);
+    return left;
+}
+
+TEST(Layering, ModulesOfEncodingUseEachOtherInOneDirection)
+{
+    const Uses uses = usesOf(includesOf(QUILLBOX_ENCODING_SOURCES));
+    ASSERT_TRUE(uses.contains("GIFOptimizer"));
+    EXPECT_THAT(modulesInCircles(uses), testing::IsEmpty());
+}
+
+TEST(Layering, CirclesWouldBeSeen)
+{
+    const std::vector<Include> includes{{"A.h", "\"Encoding/B.h\""}, {"A.cpp", "\"Encoding/A.h\""},
+        {"B.cpp", "\"Encoding/Precise/C.h\""}, {"C.cpp", "<vector>"}};
+    EXPECT_THAT(modulesInCircles(usesOf(includes)), testing::IsEmpty());
+    std::vector<Include> circle = includes;
+    circle.push_back({"Precise/C.cpp", "\"Encoding/A.h\""});
+    EXPECT_THAT(modulesInCircles(usesOf(circle)), testing::ElementsAre("A", "B", "Precise/C"));
 }
 
 TEST(Layering, ForeignIncludesWouldBeSeen)
