@@ -21,8 +21,10 @@ using Request = std::variant<Finished, EncodeOptions, RecordOptions, ControlOpti
 /// @throws UsageError
 [[nodiscard]] Request parse(int argc, const char* const* argv);
 
-/// The whole program: parses, carries out, reports errors. @return the process's exit code.
-[[nodiscard]] int run(int argc, const char* const* argv);
+/// The whole program: parses, carries out, reports errors.
+/// @param desktop  Carries out what has no subcommand: the application on the desktop. @return its exit code.
+/// @return the process's exit code.
+[[nodiscard]] int run(int argc, const char* const* argv, int (*desktop)());
 
 } // namespace CommandLine
 } // namespace quillbox

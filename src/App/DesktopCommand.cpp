@@ -1,4 +1,4 @@
-#include "App/CommandLine/Commands/DesktopCommand.h"
+#include "App/DesktopCommand.h"
 
 #include "App/CommandLine/CoreApplication.h"
 #include "App/CommandLine/TerminationSignals.h"
