@@ -31,8 +31,8 @@ int DesktopCommand::run()
         RunningInstance::activate();
         return 0;
     }
-    TerminationSignals stopRequest;
-    QObject::connect(&stopRequest, &TerminationSignals::received, &stopRequest, [&app] { app.quit(); });
+    TerminationSignals signals;
+    QObject::connect(&signals, &TerminationSignals::received, &signals, [&app] { app.quit(); });
     app.start();
     return DesktopApplication::run();
 }

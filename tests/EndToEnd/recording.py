@@ -17,7 +17,7 @@ from application import LIMIT_SECONDS, program
 FRAMES = re.compile(rb"(\d+) frames?\b")
 
 
-def heed_interrupts():
+def accept_interrupts():
     """A shell makes what it starts in the background ignore Ctrl-C; a terminal does not."""
     signal.signal(signal.SIGINT, signal.SIG_DFL)
 
@@ -29,7 +29,7 @@ class Recording:
         self.said = b""
         ours, theirs = pty.openpty()
         self.process = subprocess.Popen([program(), "record", *arguments], stdin=subprocess.DEVNULL,
-                                        stdout=subprocess.PIPE, stderr=theirs, preexec_fn=heed_interrupts)
+                                        stdout=subprocess.PIPE, stderr=theirs, preexec_fn=accept_interrupts)
         os.close(theirs)
         self.terminal = ours
 

@@ -9,7 +9,7 @@ ClipboardHold::ClipboardHold(const QString& path, const QByteArray& gif)
 {
     m_promise.start();
     ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(path), gif);
-    connect(&m_stopRequest, &TerminationSignals::received, &m_handOver, &ClipboardHandOver::begin);
+    connect(&m_signals, &TerminationSignals::received, &m_handOver, &ClipboardHandOver::begin);
     connect(&m_handOver, &ClipboardHandOver::ended, this, &ClipboardHold::end);
     connect(&Clipboard::general(), &Clipboard::lost, this, &ClipboardHold::end);
     if (Clipboard::general().state() != Clipboard::State::Accepted)

@@ -27,7 +27,7 @@ public:
 private:
     void end();
 
-    TerminationSignals m_stopRequest;
+    TerminationSignals m_signals;
     ClipboardHandOver m_handOver;
     QPromise<void> m_promise;
 };

@@ -9,8 +9,8 @@ namespace quillbox {
 RecordingEnd::RecordingEnd(StreamRecorder& recorder, std::optional<double> durationSeconds)
 {
     m_promise.start();
-    connect(&m_stopRequest, &TerminationSignals::received, this, [this] { end({}); });
-    connect(&m_stopRequest, &TerminationSignals::received, &recorder, &StreamRecorder::giveUpStart);
+    connect(&m_signals, &TerminationSignals::received, this, [this] { end({}); });
+    connect(&m_signals, &TerminationSignals::received, &recorder, &StreamRecorder::giveUpStart);
     connect(&recorder, &StreamRecorder::interrupted, this, [this](const QString& reason) { end(reason); });
     if (durationSeconds) {
         m_timer.setTimerType(Qt::PreciseTimer);

@@ -31,7 +31,7 @@ public:
 private:
     void end(const QString& interruption);
 
-    TerminationSignals m_stopRequest;
+    TerminationSignals m_signals;
     QTimer m_timer;
     QPromise<QString> m_promise;
 };

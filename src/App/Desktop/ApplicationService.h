@@ -58,7 +58,7 @@ public:
     void begin();
     void quit() const;
 
-    /// Lets the window that comes next have the focus, as the one who clicked or pressed a key wished.
+    /// Gives the next window the focus: the user has just clicked or pressed a key for it.
     /// @param platformData  as org.freedesktop.Application has it
     static void passOnActivation(const QVariantMap& platformData);
 

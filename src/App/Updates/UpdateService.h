@@ -13,7 +13,7 @@ namespace quillbox {
 
 /// A newer version of this program.
 struct Update {
-    QString version; ///< as the one who packaged it counts; empty where the service does not know
+    QString version; ///< of the package; empty where the service does not know
     QString id;      ///< what the service calls it
 
     bool operator==(const Update&) const = default;

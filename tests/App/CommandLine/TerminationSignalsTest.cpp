@@ -65,7 +65,7 @@ TEST_F(TerminationSignalsTest, LeavesAHangUpIgnoredWhereItWasIgnored)
     EXPECT_EQ(receivedBy(request), 0);
 }
 
-TEST_F(TerminationSignalsTest, HeedsAnInterruptEvenInABackgroundJobThatIgnoredIt)
+TEST_F(TerminationSignalsTest, TakesAnInterruptEvenInABackgroundJobThatIgnoredIt)
 {
     std::signal(SIGINT, SIG_IGN);
     {
