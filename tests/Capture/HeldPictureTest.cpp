@@ -1,6 +1,6 @@
 #include "Capture/StreamRecorder.h"
 
-#include "RecorderStudio.h"
+#include "RecorderFixture.h"
 
 #include <QTest>
 
@@ -8,7 +8,7 @@ namespace quillbox {
 namespace {
 
 using test::numbers;
-using Studio = test::RecorderStudio;
+using Fixture = test::RecorderFixture;
 
 } // namespace
 
@@ -24,47 +24,47 @@ private Q_SLOTS:
 
 void HeldPictureTest::aHeldPictureStaysUntilItIsReleased()
 {
-    Studio studio;
-    studio.recordTwo();
-    studio.recorder->holdPicture();
-    studio.deliver(3); // something of our own covers the region
-    studio.tick();
-    QCOMPARE(numbers(studio.stop()), (std::vector{1, 2, 2}));
+    Fixture fixture;
+    fixture.recordTwo();
+    fixture.recorder->holdPicture();
+    fixture.deliver(3); // something of our own covers the region
+    fixture.tick();
+    QCOMPARE(numbers(fixture.stop()), (std::vector{1, 2, 2}));
 }
 
 void HeldPictureTest::aReleaseShowsTheLatestPictureThatArrivedMeanwhile()
 {
-    Studio studio;
-    studio.recordTwo();
-    studio.recorder->holdPicture();
-    studio.deliver(3);
-    studio.tick();
-    studio.deliver(4); // uncovered again
-    studio.tick();
-    studio.recorder->releasePicture();
-    studio.tick();
-    studio.deliver(5);
-    studio.tick();
-    QCOMPARE(numbers(studio.stop()), (std::vector{1, 2, 2, 2, 4, 5}));
+    Fixture fixture;
+    fixture.recordTwo();
+    fixture.recorder->holdPicture();
+    fixture.deliver(3);
+    fixture.tick();
+    fixture.deliver(4); // uncovered again
+    fixture.tick();
+    fixture.recorder->releasePicture();
+    fixture.tick();
+    fixture.deliver(5);
+    fixture.tick();
+    QCOMPARE(numbers(fixture.stop()), (std::vector{1, 2, 2, 2, 4, 5}));
 }
 
 void HeldPictureTest::aHoldEndsWithTheRecording()
 {
-    Studio studio;
-    studio.recordTwo();
-    studio.recorder->holdPicture();
-    (void)studio.stop();
-    studio.recordTwo();
-    QCOMPARE(numbers(studio.stop()), (std::vector{1, 2}));
+    Fixture fixture;
+    fixture.recordTwo();
+    fixture.recorder->holdPicture();
+    (void)fixture.stop();
+    fixture.recordTwo();
+    QCOMPARE(numbers(fixture.stop()), (std::vector{1, 2}));
 }
 
 void HeldPictureTest::holdingWhileIdleHoldsNothing()
 {
-    Studio studio;
-    studio.recorder->holdPicture();
-    studio.recordTwo();
-    QCOMPARE(numbers(studio.stop()), (std::vector{1, 2}));
-    studio.recorder->releasePicture();
+    Fixture fixture;
+    fixture.recorder->holdPicture();
+    fixture.recordTwo();
+    QCOMPARE(numbers(fixture.stop()), (std::vector{1, 2}));
+    fixture.recorder->releasePicture();
 }
 
 } // namespace quillbox

@@ -1,7 +1,7 @@
 #include "Capture/RecordingReducer.h"
 
 #include "Encoding/GIFOptimizer.h"
-#include "RecorderStudio.h"
+#include "RecorderFixture.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -18,12 +18,12 @@
 namespace quillbox {
 namespace {
 
-using Studio = test::RecorderStudio;
+using Fixture = test::RecorderFixture;
 
 constexpr FrameSpill::Limits noRoom{.plainBytes = 0, .memoryBytes = 0, .diskSpaceToLeave = ~std::uint64_t{0}};
 
 constexpr std::int64_t noLimit = std::numeric_limits<std::int64_t>::max();
-/// Room for everything, but no more than two of the studio's pictures may wait.
+/// Room for everything, but no more than two of the fixture's pictures may wait.
 constexpr FrameSpill::Limits fewWaiting{
     .plainBytes = noLimit, .memoryBytes = noLimit, .diskSpaceToLeave = 0, .waitingBytes = 8};
 
@@ -45,18 +45,18 @@ private:
 };
 
 /// A recording of pictures 1 to `last`, a tick each, while the reducer is held up by the first.
-void recordHeldUp(Studio& studio, std::uint8_t last, std::promise<void>& release)
+void recordHeldUp(Fixture& fixture, std::uint8_t last, std::promise<void>& release)
 {
     const auto band = std::make_shared<const PixelBand>(Bytes{1, 1, 1, 255});
     band->park(std::make_unique<HeldUp>(release.get_future().share()));
-    studio.start();
-    studio.script->sink.frame(RGBAFrame::ofBands(1, 1, {band}), *studio.now);
+    fixture.start();
+    fixture.script->sink.frame(RGBAFrame::ofBands(1, 1, {band}), *fixture.now);
     for (std::uint8_t number = 2; number <= last; ++number) {
-        studio.tick();
-        studio.deliver(number);
+        fixture.tick();
+        fixture.deliver(number);
         QCoreApplication::processEvents(); // the recorder takes it in
     }
-    studio.tick();
+    fixture.tick();
 }
 
 /// Counts the events of its own that a recorder gets.
@@ -96,13 +96,13 @@ private Q_SLOTS:
 
 void RecordedReducerTest::learnsOfTheFramesWhatTheyComeTo()
 {
-    Studio studio;
-    studio.recordTwo();
-    studio.deliver(3);
+    Fixture fixture;
+    fixture.recordTwo();
+    fixture.deliver(3);
     for (int i = 0; i < 10; ++i)
-        studio.tick();
-    const auto frames = studio.stop();
-    const auto reducer = studio.recorder->reducer();
+        fixture.tick();
+    const auto frames = fixture.stop();
+    const auto reducer = fixture.recorder->reducer();
     const FrameReducer* const taken = reducer->of(frames);
     QVERIFY(taken != nullptr);
     QCOMPARE(taken->frameCount(), std::ssize(frames));
@@ -112,62 +112,62 @@ void RecordedReducerTest::learnsOfTheFramesWhatTheyComeTo()
 
 void RecordedReducerTest::learnsNothingOfAPictureAfterTheStop()
 {
-    Studio studio;
-    studio.recordTwo();
-    const auto frames = studio.stop();
-    studio.deliver(3);
+    Fixture fixture;
+    fixture.recordTwo();
+    const auto frames = fixture.stop();
+    fixture.deliver(3);
     QCoreApplication::processEvents();
-    const auto reducer = studio.recorder->reducer();
+    const auto reducer = fixture.recorder->reducer();
     const FrameReducer* const taken = reducer->of(frames);
     QVERIFY(taken != nullptr);
     QCOMPARE(taken->frameCount(), 2);
-    QVERIFY(reducer->of(studio.stop()) == nullptr); // that one has three
+    QVERIFY(reducer->of(fixture.stop()) == nullptr); // that one has three
 }
 
 void RecordedReducerTest::hasLearntNothingWithoutARecording()
 {
-    Studio studio;
-    QVERIFY(studio.recorder->reducer() == nullptr);
+    Fixture fixture;
+    QVERIFY(fixture.recorder->reducer() == nullptr);
 }
 
 void RecordedReducerTest::endsTheRecordingWhenThereIsNoRoom()
 {
-    Studio studio(noRoom);
-    QSignalSpy interruptions(studio.recorder.get(), &StreamRecorder::interrupted);
-    studio.recordTwo();
+    Fixture fixture(noRoom);
+    QSignalSpy interruptions(fixture.recorder.get(), &StreamRecorder::interrupted);
+    fixture.recordTwo();
     QVERIFY(test::eventually([&] { return !interruptions.isEmpty(); }));
     QCOMPARE(interruptions.at(0).at(0).toString(), QStringLiteral("The disk is nearly full"));
-    studio.deliver(3); // too late
-    studio.tick();
-    QCOMPARE(test::numbers(studio.stop()), (std::vector{1, 2}));
+    fixture.deliver(3); // too late
+    fixture.tick();
+    QCOMPARE(test::numbers(fixture.stop()), (std::vector{1, 2}));
     QCOMPARE(interruptions.size(), 1);
 }
 
 void RecordedReducerTest::endsTheRecordingWhenThereWasNoRoomBeforeItBegan()
 {
-    Studio studio(noRoom);
-    QSignalSpy interruptions(studio.recorder.get(), &StreamRecorder::interrupted);
-    test::Script::close(studio.script->startGate);
-    EventCounter wakings(*studio.recorder);
-    auto starting = studio.recorder->start(test::someRegion);
-    studio.deliver(1);
-    studio.tick();
-    studio.deliver(2);
+    Fixture fixture(noRoom);
+    QSignalSpy interruptions(fixture.recorder.get(), &StreamRecorder::interrupted);
+    test::Script::close(fixture.script->startGate);
+    EventCounter wakings(*fixture.recorder);
+    auto starting = fixture.recorder->start(test::recordedRegion);
+    fixture.deliver(1);
+    fixture.tick();
+    fixture.deliver(2);
     QVERIFY(test::eventually([&] { return wakings.count() == 3; })); // two pictures, and that there is no room
-    studio.tick();
-    studio.script->startGate->finish();
+    fixture.tick();
+    fixture.script->startGate->finish();
     test::await(std::move(starting));
     QVERIFY(test::eventually([&] { return !interruptions.isEmpty(); }));
-    QCOMPARE(test::numbers(studio.stop()), (std::vector{1, 2}));
+    QCOMPARE(test::numbers(fixture.stop()), (std::vector{1, 2}));
 }
 
 void RecordedReducerTest::skipsPicturesThatItCannotTakeCareOf()
 {
-    Studio studio(fewWaiting);
+    Fixture fixture(fewWaiting);
     std::promise<void> release;
-    recordHeldUp(studio, 9, release);
+    recordHeldUp(fixture, 9, release);
     release.set_value();
-    const auto numbers = test::numbers(studio.stop());
+    const auto numbers = test::numbers(fixture.stop());
     QCOMPARE(std::ssize(numbers), 9);
     QCOMPARE(numbers.front(), 1);
     QVERIFY(std::ranges::find(numbers, 7) == numbers.end());
@@ -176,32 +176,32 @@ void RecordedReducerTest::skipsPicturesThatItCannotTakeCareOf()
 
 void RecordedReducerTest::showsTheLastPictureEvenIfItHadToWait()
 {
-    Studio studio(fewWaiting);
+    Fixture fixture(fewWaiting);
     std::promise<void> release;
-    recordHeldUp(studio, 9, release); // the ninth waits
+    recordHeldUp(fixture, 9, release); // the ninth waits
     for (int i = 0; i < 5; ++i)
-        studio.tick();
+        fixture.tick();
     release.set_value();
-    const auto numbers = test::numbers(studio.stop());
+    const auto numbers = test::numbers(fixture.stop());
     QCOMPARE(std::ssize(numbers), 14);
     QCOMPARE(std::ranges::count(numbers, 9), 6);
 }
 
 void RecordedReducerTest::showsAPictureThatHadToWaitUntilTheNextOne()
 {
-    Studio studio(fewWaiting);
+    Fixture fixture(fewWaiting);
     std::promise<void> release;
-    recordHeldUp(studio, 9, release); // the ninth waits
+    recordHeldUp(fixture, 9, release); // the ninth waits
     for (int i = 0; i < 5; ++i)
-        studio.tick();
+        fixture.tick();
     release.set_value();
     const test::Frames five{test::frame(1), test::frame(2), test::frame(3), test::frame(4), test::frame(5)};
-    const auto reducer = studio.recorder->reducer();
+    const auto reducer = fixture.recorder->reducer();
     QVERIFY(test::eventually([&] { return !reducer->isBehind(five); })); // three of them are done with
-    studio.deliver(10);
+    fixture.deliver(10);
     QCoreApplication::processEvents();
-    studio.tick();
-    const auto numbers = test::numbers(studio.stop());
+    fixture.tick();
+    const auto numbers = test::numbers(fixture.stop());
     QCOMPARE(std::ssize(numbers), 15);
     QCOMPARE(std::ranges::count(numbers, 9), 6);
     QCOMPARE(numbers.back(), 10);

@@ -1,5 +1,5 @@
-#include "Desk.h"
 #include "Find.h"
+#include "ViewsFixture.h"
 #include "ViewTests.h"
 
 #include "Views/Panel.h"
@@ -54,16 +54,17 @@ private Q_SLOTS:
     void readsTheSettings();
 
 private:
-    std::unique_ptr<Desk> m_desk;
+    std::unique_ptr<ViewsFixture> m_fixture;
     std::unique_ptr<Panel> m_panel;
 };
 
 void AccessibilityTest::init()
 {
     QAccessible::setActive(true);
-    m_desk = std::make_unique<Desk>();
-    m_desk->history->record(clip("/clips/a.gif"));
-    m_panel = std::make_unique<Panel>(m_desk->coordinator, m_desk->updater, *m_desk->history, m_desk->reveal);
+    m_fixture = std::make_unique<ViewsFixture>();
+    m_fixture->history->record(clip("/clips/a.gif"));
+    m_panel
+        = std::make_unique<Panel>(m_fixture->coordinator, m_fixture->updater, *m_fixture->history, m_fixture->reveal);
     m_panel->openNear(QRect(), QRect(0, 0, 1280, 800));
     QVERIFY(QTest::qWaitForWindowActive(m_panel.get()));
 }
@@ -71,7 +72,7 @@ void AccessibilityTest::init()
 void AccessibilityTest::cleanup()
 {
     m_panel.reset();
-    m_desk.reset();
+    m_fixture.reset();
 }
 
 void AccessibilityTest::namesTheWindows()
@@ -87,7 +88,7 @@ void AccessibilityTest::namesEveryButton()
     buttons.sort();
     QCOMPARE(
         buttons, QStringList({"Check for Updates…", "Clear", "Quit", "Record Region", "Reveal in Finder", "Settings"}));
-    m_desk->record();
+    m_fixture->record();
     m_panel->openNear(QRect(), QRect(0, 0, 1280, 800));
     QVERIFY(names(*m_panel, QAccessible::Button).contains("Stop & Copy"));
 }
@@ -100,7 +101,7 @@ void AccessibilityTest::namesThePresetsAndTellsTheChosenOne()
     };
     QVERIFY(checked("Slack"));
     QVERIFY(!checked("Docs"));
-    m_desk->coordinator.get().setPreset(ExportPreset::docs);
+    m_fixture->coordinator.get().setPreset(ExportPreset::docs);
     QVERIFY(checked("Docs"));
 }
 
@@ -116,19 +117,19 @@ void AccessibilityTest::pressesAButton()
 {
     QAccessibleInterface* record = QAccessible::queryAccessibleInterface(button(*m_panel, "Record Region"));
     record->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::SelectingRegion>());
+    QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::SelectingRegion>());
 }
 
 void AccessibilityTest::choosesAPreset()
 {
     QAccessibleInterface* docs = QAccessible::queryAccessibleInterface(segment(*m_panel, "Docs"));
     docs->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
-    QTRY_COMPARE(m_desk->coordinator.get().preset(), ExportPreset(ExportPreset::docs));
+    QTRY_COMPARE(m_fixture->coordinator.get().preset(), ExportPreset(ExportPreset::docs));
 }
 
 void AccessibilityTest::tellsThatAButtonIsDisabled()
 {
-    m_desk->updates->setAvailable(false);
+    m_fixture->updates->setAvailable(false);
     QVERIFY(QAccessible::queryAccessibleInterface(button(*m_panel, "Check for Updates…"))->state().disabled);
 }
 

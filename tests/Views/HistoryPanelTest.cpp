@@ -1,7 +1,7 @@
 #include "Views/HistoryPanel.h"
 
-#include "Desk.h"
 #include "Find.h"
+#include "ViewsFixture.h"
 #include "ViewTests.h"
 
 #include "Views/HistoryRow.h"
@@ -53,14 +53,14 @@ private:
     [[nodiscard]] QList<HistoryRow*> rows() const;
     [[nodiscard]] FlatButton* revealButton(int row) const { return rows().at(row)->findChild<FlatButton*>(); }
 
-    std::unique_ptr<Desk> m_desk;
+    std::unique_ptr<ViewsFixture> m_fixture;
     std::unique_ptr<HistoryPanel> m_panel;
 };
 
 void HistoryPanelTest::init()
 {
-    m_desk = std::make_unique<Desk>();
-    m_panel = std::make_unique<HistoryPanel>(*m_desk->history, m_desk->reveal);
+    m_fixture = std::make_unique<ViewsFixture>();
+    m_panel = std::make_unique<HistoryPanel>(*m_fixture->history, m_fixture->reveal);
     m_panel->resize(384, 240);
     m_panel->show();
     m_panel->activateWindow();
@@ -70,7 +70,7 @@ void HistoryPanelTest::init()
 void HistoryPanelTest::cleanup()
 {
     m_panel.reset();
-    m_desk.reset();
+    m_fixture.reset();
 }
 
 QList<HistoryRow*> HistoryPanelTest::rows() const
@@ -90,14 +90,14 @@ void HistoryPanelTest::saysThatThereAreNoClipsYet()
 void HistoryPanelTest::hasNoClearButtonWhileEmpty()
 {
     QVERIFY(!button(*m_panel, "Clear"));
-    m_desk->history->record(clip("/clips/a.gif"));
+    m_fixture->history->record(clip("/clips/a.gif"));
     QVERIFY(button(*m_panel, "Clear"));
 }
 
 void HistoryPanelTest::showsARowForEachClipNewestFirst()
 {
     for (const char* path : {"/clips/a.gif", "/clips/b.gif", "/clips/c.gif"})
-        m_desk->history->record(clip(path));
+        m_fixture->history->record(clip(path));
     QStringList titles;
     for (const HistoryRow* row : rows())
         titles.append(row->accessibleName());
@@ -107,17 +107,17 @@ void HistoryPanelTest::showsARowForEachClipNewestFirst()
 
 void HistoryPanelTest::followsTheStore()
 {
-    m_desk->history->record(clip("/clips/a.gif"));
-    m_desk->history->clear();
+    m_fixture->history->record(clip("/clips/a.gif"));
+    m_fixture->history->clear();
     QVERIFY(rows().isEmpty());
-    m_desk->history->record(clip("/clips/b.gif"));
+    m_fixture->history->record(clip("/clips/b.gif"));
     QCOMPARE(rows().size(), 1);
     QVERIFY(label(*m_panel, "b.gif"));
 }
 
 void HistoryPanelTest::titlesARowWithTheFileName()
 {
-    m_desk->history->record(clip("/home/anna/Videos/Quillbox/Quillbox 2026-11-16 at 09.05.07.gif"));
+    m_fixture->history->record(clip("/home/anna/Videos/Quillbox/Quillbox 2026-11-16 at 09.05.07.gif"));
     QVERIFY(label(*m_panel, "Quillbox 2026-11-16 at 09.05.07.gif"));
 }
 
@@ -125,13 +125,13 @@ void HistoryPanelTest::titlesARowWithoutAFileClip()
 {
     ClipEntry entry = clip(QString());
     entry.outputPath.reset();
-    m_desk->history->record(entry);
+    m_fixture->history->record(entry);
     QVERIFY(label(*m_panel, "clip"));
 }
 
 void HistoryPanelTest::showsPresetSizeAndDuration()
 {
-    m_desk->history->record(clip("/clips/a.gif", 1'234'567, 3.4));
+    m_fixture->history->record(clip("/clips/a.gif", 1'234'567, 3.4));
     const TextLabel* details = label(*m_panel, "Slack · 1.2 MB · 3.4s");
     QVERIFY(details);
     QCOMPARE(details->textStyle(), TextStyle::Callout);
@@ -144,7 +144,7 @@ void HistoryPanelTest::showsOnlyThePresetWhenNothingElseIsKnown()
     entry.byteCount.reset();
     entry.durationSeconds.reset();
     entry.preset = "some preset";
-    m_desk->history->record(entry);
+    m_fixture->history->record(entry);
     QVERIFY(label(*m_panel, "some preset"));
 }
 
@@ -152,18 +152,18 @@ void HistoryPanelTest::leavesOutWhatIsNotKnown()
 {
     ClipEntry entry = clip("/clips/a.gif", 999'999, 12.25);
     entry.byteCount.reset();
-    m_desk->history->record(entry);
+    m_fixture->history->record(entry);
     QVERIFY(label(*m_panel, "Slack · 12.2s"));
     entry.id = QUuid::createUuid();
     entry.byteCount = 999'999;
     entry.durationSeconds.reset();
-    m_desk->history->record(entry);
+    m_fixture->history->record(entry);
     QVERIFY(label(*m_panel, "Slack · 1000 KB"));
 }
 
 void HistoryPanelTest::showsAStackOfPhotosForAGIF()
 {
-    m_desk->history->record(clip("/clips/a.gif"));
+    m_fixture->history->record(clip("/clips/a.gif"));
     const auto* symbol = rows().first()->findChild<SymbolLabel*>();
     QCOMPARE(symbol->symbol(), Symbol::PhotoStack);
     QCOMPARE(symbol->role(), Role::Accent);
@@ -181,39 +181,39 @@ void HistoryPanelTest::showsAFilmForAnyOtherFormat()
     QFETCH(const QString, format);
     ClipEntry entry = clip("/clips/a.gif");
     entry.format = format;
-    m_desk->history->record(entry);
+    m_fixture->history->record(entry);
     QCOMPARE(rows().first()->findChild<SymbolLabel*>()->symbol(), Symbol::Film);
 }
 
 void HistoryPanelTest::revealsTheFileOfTheRow()
 {
-    m_desk->history->record(clip("/clips/a.gif"));
-    m_desk->history->record(clip("/clips/b.gif"));
+    m_fixture->history->record(clip("/clips/a.gif"));
+    m_fixture->history->record(clip("/clips/b.gif"));
     QTest::mouseClick(revealButton(1), Qt::LeftButton);
-    QCOMPARE(m_desk->reveal.revealed, QStringList("/clips/a.gif"));
+    QCOMPARE(m_fixture->reveal.revealed, QStringList("/clips/a.gif"));
 }
 
 void HistoryPanelTest::revealsAFileThatIsGone()
 {
-    const QString path = m_desk->folder.filePath("gone.gif");
+    const QString path = m_fixture->folder.filePath("gone.gif");
     QVERIFY(!QFile::exists(path));
-    m_desk->history->record(clip(path));
+    m_fixture->history->record(clip(path));
     QTest::mouseClick(revealButton(0), Qt::LeftButton);
-    QCOMPARE(m_desk->reveal.revealed, QStringList(path));
+    QCOMPARE(m_fixture->reveal.revealed, QStringList(path));
 }
 
 void HistoryPanelTest::revealsNothingWithoutAFile()
 {
     ClipEntry entry = clip(QString());
     entry.outputPath.reset();
-    m_desk->history->record(entry);
+    m_fixture->history->record(entry);
     QTest::mouseClick(revealButton(0), Qt::LeftButton);
-    QVERIFY(m_desk->reveal.revealed.isEmpty());
+    QVERIFY(m_fixture->reveal.revealed.isEmpty());
 }
 
 void HistoryPanelTest::namesTheRevealButton()
 {
-    m_desk->history->record(clip("/clips/a.gif"));
+    m_fixture->history->record(clip("/clips/a.gif"));
     const FlatButton* reveal = revealButton(0);
     QCOMPARE(reveal->toolTip(), QString("Reveal in Finder"));
     QCOMPARE(reveal->accessibleName(), QString("Reveal in Finder"));
@@ -223,12 +223,12 @@ void HistoryPanelTest::namesTheRevealButton()
 
 void HistoryPanelTest::clearsAtOnceAndKeepsTheFiles()
 {
-    const QString path = m_desk->folder.filePath("a.gif");
+    const QString path = m_fixture->folder.filePath("a.gif");
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
-    m_desk->history->record(clip(path));
+    m_fixture->history->record(clip(path));
     QTest::mouseClick(button(*m_panel, "Clear"), Qt::LeftButton);
-    QVERIFY(m_desk->history->entries().empty());
+    QVERIFY(m_fixture->history->entries().empty());
     QVERIFY(label(*m_panel, "No clips yet"));
     QVERIFY(!button(*m_panel, "Clear"));
     QVERIFY(QFile::exists(path));
@@ -237,7 +237,7 @@ void HistoryPanelTest::clearsAtOnceAndKeepsTheFiles()
 void HistoryPanelTest::elidesALongNameAndTellsItInTheToolTip()
 {
     const QString name = QString(200, 'x') + ".gif";
-    m_desk->history->record(clip("/clips/" + name));
+    m_fixture->history->record(clip("/clips/" + name));
     const TextLabel* title = label(*m_panel, name);
     QVERIFY(title);
     QCOMPARE(title->overflow(), TextLabel::Overflow::ElideMiddle);
@@ -248,7 +248,7 @@ void HistoryPanelTest::elidesALongNameAndTellsItInTheToolTip()
 
 void HistoryPanelTest::showsMarkupInANameAsItStands()
 {
-    m_desk->history->record(clip("/clips/<b>bold<b>.gif"));
+    m_fixture->history->record(clip("/clips/<b>bold<b>.gif"));
     const TextLabel* title = label(*m_panel, "<b>bold<b>.gif");
     QVERIFY(title);
     QCOMPARE(title->textFormat(), Qt::PlainText);
@@ -257,20 +257,20 @@ void HistoryPanelTest::showsMarkupInANameAsItStands()
 
 void HistoryPanelTest::keepsTheKeyboardOnTheClipWhenAnotherComesIn()
 {
-    m_desk->history->record(clip("/clips/a.gif"));
+    m_fixture->history->record(clip("/clips/a.gif"));
     QWidget* focused = revealButton(0);
     focused->setFocus();
-    m_desk->history->record(clip("/clips/b.gif"));
+    m_fixture->history->record(clip("/clips/b.gif"));
     QCOMPARE(QApplication::focusWidget(), focused);
     QCOMPARE(focused->accessibleDescription(), QString("a.gif"));
     QTest::keyClick(focused, Qt::Key_Return);
-    QCOMPARE(m_desk->reveal.revealed, QStringList("/clips/a.gif"));
+    QCOMPARE(m_fixture->reveal.revealed, QStringList("/clips/a.gif"));
 }
 
 void HistoryPanelTest::reachesEveryRowByTab()
 {
     for (const char* path : {"/clips/a.gif", "/clips/b.gif", "/clips/c.gif"})
-        m_desk->history->record(clip(path));
+        m_fixture->history->record(clip(path));
     button(*m_panel, "Clear")->setFocus();
     QStringList reached;
     for (int i = 0; i < 3; ++i) {
@@ -283,7 +283,7 @@ void HistoryPanelTest::reachesEveryRowByTab()
 void HistoryPanelTest::scrollsToTheRowThatHasTheKeyboard()
 {
     for (int i = 0; i < HistoryStore::cap; ++i)
-        m_desk->history->record(clip(QString("/clips/%1.gif").arg(i)));
+        m_fixture->history->record(clip(QString("/clips/%1.gif").arg(i)));
     QCOMPARE(rows().size(), HistoryStore::cap);
     button(*m_panel, "Clear")->setFocus();
     for (int i = 0; i < HistoryStore::cap; ++i)
@@ -300,17 +300,17 @@ void HistoryPanelTest::copesWithTwoClipsOfTheSameIdentity()
     ClipEntry first = clip("/clips/a.gif");
     ClipEntry second = clip("/clips/b.gif");
     second.id = first.id;
-    m_desk->history->record(first);
-    m_desk->history->record(second);
+    m_fixture->history->record(first);
+    m_fixture->history->record(second);
     QCOMPARE(rows().size(), 2);
     QTest::mouseClick(revealButton(0), Qt::LeftButton);
     QTest::mouseClick(revealButton(1), Qt::LeftButton);
-    QCOMPARE(m_desk->reveal.revealed, QStringList({"/clips/b.gif", "/clips/a.gif"}));
+    QCOMPARE(m_fixture->reveal.revealed, QStringList({"/clips/b.gif", "/clips/a.gif"}));
 }
 
 void HistoryPanelTest::highlightsTheRowUnderThePointer()
 {
-    m_desk->history->record(clip("/clips/a.gif"));
+    m_fixture->history->record(clip("/clips/a.gif"));
     HistoryRow* row = rows().first();
     const QPoint blank(3, row->height() / 2);
     const QColor before = row->grab().toImage().pixelColor(blank);

@@ -1,7 +1,7 @@
-#include "Desk.h"
 #include "Find.h"
 #include "ScriptedUpdates.h"
 #include "TextCheck.h"
+#include "ViewsFixture.h"
 #include "ViewTests.h"
 
 #include "App/Desktop/TrayIcon.h"
@@ -26,7 +26,7 @@
 namespace quillbox {
 namespace {
 
-using test::Desk;
+using test::ViewsFixture;
 
 /// Every text that goes through the translation system in brackets.
 class Brackets : public QTranslator {
@@ -65,7 +65,7 @@ QMenu* trayMenu()
 
 struct State {
     const char* name;
-    std::function<void(Desk&, Panel&)> prepare;
+    std::function<void(ViewsFixture&, Panel&)> prepare;
     std::function<void(Panel&)> whenOpen = {};
 };
 
@@ -74,64 +74,64 @@ const std::vector<State>& states()
 {
     static const std::vector<State> all{
         {"empty",
-            [](Desk& desk, Panel&) {
-                desk.history->clear();
+            [](ViewsFixture& fixture, Panel&) {
+                fixture.history->clear();
             }},
         {"first use",
-            [](Desk&, Panel& panel) {
+            [](ViewsFixture&, Panel& panel) {
                 panel.setIntroduction(FirstUseCard::Facts{.clipsFolder = "/clips"});
             }},
         {"first use without a tray",
-            [](Desk&, Panel& panel) {
+            [](ViewsFixture&, Panel& panel) {
                 panel.setIntroduction(FirstUseCard::Facts{.hasTray = false, .clipsFolder = "/clips"});
             }},
         {"selecting",
-            [](Desk& desk, Panel&) {
-                desk.select();
+            [](ViewsFixture& fixture, Panel&) {
+                fixture.select();
             }},
         {"recording",
-            [](Desk& desk, Panel&) {
-                desk.record();
+            [](ViewsFixture& fixture, Panel&) {
+                fixture.record();
             }},
         {"processing",
-            [](Desk& desk, Panel&) {
-                desk.recorder->holdsStop = true;
-                desk.process();
+            [](ViewsFixture& fixture, Panel&) {
+                fixture.recorder->holdsStop = true;
+                fixture.process();
             },
             [](Panel& panel) {
                 QTRY_VERIFY(panel.findChild<ProgressBar*>()->isVisible());
             }},
         {"done",
-            [](Desk& desk, Panel&) {
-                desk.finish();
+            [](ViewsFixture& fixture, Panel&) {
+                fixture.finish();
             }},
         {"without frames",
-            [](Desk& desk, Panel&) {
-                desk.recorder->frames.clear();
-                desk.record();
-                desk.coordinator.stop();
-                QTRY_VERIFY(desk.isIn<RecordingCoordinator::Failed>());
+            [](ViewsFixture& fixture, Panel&) {
+                fixture.recorder->frames.clear();
+                fixture.record();
+                fixture.coordinator.stop();
+                QTRY_VERIFY(fixture.isIn<RecordingCoordinator::Failed>());
             }},
         {"a clip that is not on the clipboard yet",
-            [](Desk&, Panel& panel) {
+            [](ViewsFixture&, Panel& panel) {
                 panel.setClipPending(true);
             }},
         {"not started",
-            [](Desk& desk, Panel&) {
-                desk.fail("⟦a reason⟧");
+            [](ViewsFixture& fixture, Panel&) {
+                fixture.fail("⟦a reason⟧");
             }},
     };
     return all;
 }
 
-/// A desk with a clip, and an open panel in that state.
+/// A fixture with a clip, and an open panel in that state.
 struct Scene {
     explicit Scene(const State& state)
-        : panel(desk.coordinator, desk.updater, *desk.history, desk.reveal, &std::chrono::steady_clock::now,
+        : panel(fixture.coordinator, fixture.updater, *fixture.history, fixture.reveal, &std::chrono::steady_clock::now,
             std::chrono::milliseconds(0))
     {
-        desk.history->record(test::clip("/clips/a-clip.gif"));
-        state.prepare(desk, panel);
+        fixture.history->record(test::clip("/clips/a-clip.gif"));
+        state.prepare(fixture, panel);
         panel.openNear(QRect(), QRect(0, 0, 1280, 800));
         if (state.whenOpen)
             state.whenOpen(panel);
@@ -139,11 +139,11 @@ struct Scene {
     }
     ~Scene()
     {
-        desk.recorder->release();
-        QTRY_VERIFY(!desk.isIn<RecordingCoordinator::Processing>());
+        fixture.recorder->release();
+        QTRY_VERIFY(!fixture.isIn<RecordingCoordinator::Processing>());
     }
 
-    Desk desk;
+    ViewsFixture fixture;
     Panel panel;
 };
 
@@ -240,12 +240,12 @@ private Q_SLOTS:
     {
         Brackets brackets;
         QCoreApplication::installTranslator(&brackets);
-        Desk desk;
-        const TrayIcon tray(desk.coordinator);
+        ViewsFixture fixture;
+        const TrayIcon tray(fixture.coordinator);
         QCOMPARE(trayMenu()->actions().size(), 5);
         for (const bool recording : {false, true}) {
             if (recording)
-                desk.record();
+                fixture.record();
             for (const QAction* action : trayMenu()->actions())
                 QVERIFY2(action->isSeparator() || action->text().startsWith("⟦"), qPrintable(action->text()));
         }
@@ -296,8 +296,8 @@ private Q_SLOTS:
     {
         QFETCH(const QString, language);
         Catalogues::use(language);
-        Desk desk;
-        const TrayIcon tray(desk.coordinator);
+        ViewsFixture fixture;
+        const TrayIcon tray(fixture.coordinator);
         QSet<QString> keys;
         for (const QAction* action : trayMenu()->actions()) {
             const auto key = QKeySequence::mnemonic(action->text()).toString();

@@ -1,9 +1,9 @@
 #include "Views/Panel.h"
 
-#include "Desk.h"
 #include "Find.h"
 #include "Palettes.h"
 #include "TextCheck.h"
+#include "ViewsFixture.h"
 #include "ViewTests.h"
 
 #include "Views/HistoryPanel.h"
@@ -66,22 +66,22 @@ private:
     void openAndWait();
 
     std::chrono::steady_clock::time_point m_now{std::chrono::hours(1)};
-    std::unique_ptr<Desk> m_desk;
+    std::unique_ptr<ViewsFixture> m_fixture;
     std::unique_ptr<Panel> m_panel;
 };
 
 void PanelTest::init()
 {
-    m_desk = std::make_unique<Desk>();
+    m_fixture = std::make_unique<ViewsFixture>();
     m_panel = std::make_unique<Panel>(
-        m_desk->coordinator, m_desk->updater, *m_desk->history, m_desk->reveal, [this] { return m_now; });
+        m_fixture->coordinator, m_fixture->updater, *m_fixture->history, m_fixture->reveal, [this] { return m_now; });
 }
 
 void PanelTest::cleanup()
 {
-    QTRY_VERIFY(!m_desk->isIn<RecordingCoordinator::Processing>());
+    QTRY_VERIFY(!m_fixture->isIn<RecordingCoordinator::Processing>());
     m_panel.reset();
-    m_desk.reset();
+    m_fixture.reset();
     QApplication::setPalette(QPalette());
 }
 
@@ -195,22 +195,22 @@ void PanelTest::hidesBeforeARegionIsSelected()
 {
     openAndWait();
     bool hiddenBefore = false;
-    connect(&m_desk->coordinator, &CurrentCoordinator::phaseChanged, m_panel.get(),
+    connect(&m_fixture->coordinator, &CurrentCoordinator::phaseChanged, m_panel.get(),
         [&] { hiddenBefore = !m_panel->isVisible(); });
     QTest::mouseClick(button(*m_panel, "Record Region"), Qt::LeftButton);
-    QVERIFY(m_desk->selector->isPresented());
+    QVERIFY(m_fixture->selector->isPresented());
     QVERIFY(hiddenBefore);
     QVERIFY(!m_panel->isVisible());
 }
 
 void PanelTest::staysOpenWhileTheClipIsMade()
 {
-    m_desk->record();
+    m_fixture->record();
     openAndWait();
     QTest::mouseClick(button(*m_panel, "Stop & Copy"), Qt::LeftButton);
-    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Done>());
+    QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::Done>());
     QVERIFY(m_panel->isVisible());
-    QCOMPARE(m_desk->history->entries().size(), std::size_t(1));
+    QCOMPARE(m_fixture->history->entries().size(), std::size_t(1));
     QTRY_VERIFY(button(*m_panel, "Clear"));
 }
 
@@ -293,10 +293,10 @@ void PanelTest::shrinksWhenTheIntroductionGoes()
 
 void PanelTest::growsWithALongMessage()
 {
-    m_desk->fail("no");
+    m_fixture->fail("no");
     open();
     const int before = m_panel->height();
-    m_desk->fail(std::string(300, 'x') + " and more");
+    m_fixture->fail(std::string(300, 'x') + " and more");
     open();
     QVERIFY(m_panel->height() > before);
     QCOMPARE(clippedTexts(*m_panel), QStringList());
@@ -307,7 +307,7 @@ void PanelTest::staysOnTheScreenWithAnEndlessMessage()
     std::string words;
     for (int i = 0; i < 2000; ++i)
         words += "word ";
-    m_desk->fail(words);
+    m_fixture->fail(words);
     open();
     QVERIFY(desktop.contains(m_panel->geometry()));
 }
@@ -355,8 +355,8 @@ void PanelTest::becomesAPopupAgain()
 
 void PanelTest::reachesEverythingByTab()
 {
-    m_desk->history->record(clip("/clips/a.gif"));
-    m_desk->history->record(clip("/clips/b.gif"));
+    m_fixture->history->record(clip("/clips/a.gif"));
+    m_fixture->history->record(clip("/clips/b.gif"));
     m_panel->setClipPending(true);
     openAndWait();
     QStringList reached;
@@ -373,7 +373,7 @@ void PanelTest::reachesEverythingByTab()
 void PanelTest::cutsNoTextOff()
 {
     for (int i = 0; i < 6; ++i)
-        m_desk->history->record(clip("/clips/a.gif"));
+        m_fixture->history->record(clip("/clips/a.gif"));
     m_panel->setNotice(QString("A long notice. ").repeated(12));
     open();
     QCoreApplication::processEvents();

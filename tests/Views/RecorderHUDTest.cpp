@@ -1,7 +1,7 @@
 #include "Views/RecorderHUD.h"
 
-#include "Desk.h"
 #include "Find.h"
+#include "ViewsFixture.h"
 #include "ViewTests.h"
 
 #include "Views/ByteFormat.h"
@@ -66,14 +66,14 @@ private:
     [[nodiscard]] TextLabel* statusText() const;
     [[nodiscard]] FlatButton* mainButton() const;
 
-    std::unique_ptr<Desk> m_desk;
+    std::unique_ptr<ViewsFixture> m_fixture;
     std::unique_ptr<RecorderHUD> m_hud;
 };
 
 void RecorderHUDTest::init()
 {
-    m_desk = std::make_unique<Desk>();
-    m_hud = std::make_unique<RecorderHUD>(m_desk->coordinator, m_desk->updater);
+    m_fixture = std::make_unique<ViewsFixture>();
+    m_hud = std::make_unique<RecorderHUD>(m_fixture->coordinator, m_fixture->updater);
     m_hud->resize(384, 300);
     m_hud->show();
     m_hud->activateWindow();
@@ -82,9 +82,9 @@ void RecorderHUDTest::init()
 
 void RecorderHUDTest::cleanup()
 {
-    QTRY_VERIFY(!m_desk->isIn<RecordingCoordinator::Processing>());
+    QTRY_VERIFY(!m_fixture->isIn<RecordingCoordinator::Processing>());
     m_hud.reset();
-    m_desk.reset();
+    m_fixture.reset();
 }
 
 TextLabel* RecorderHUDTest::statusText() const
@@ -153,8 +153,8 @@ void RecorderHUDTest::offersThePresetsInTheirOrder()
 
 void RecorderHUDTest::startsWithTheCoordinatorsPreset()
 {
-    m_desk->coordinator.get().setPreset(ExportPreset::docs);
-    const RecorderHUD later(m_desk->coordinator, m_desk->updater);
+    m_fixture->coordinator.get().setPreset(ExportPreset::docs);
+    const RecorderHUD later(m_fixture->coordinator, m_fixture->updater);
     QCOMPARE(later.findChild<SegmentedPicker*>()->choice(), 2);
 }
 
@@ -163,7 +163,7 @@ void RecorderHUDTest::describesTheChosenPreset()
     for (const auto& [preset, subtitle] :
         {std::pair(ExportPreset::slack, "Tiny GIF under 2 MB"), std::pair(ExportPreset::github, "GIF under 10 MB"),
             std::pair(ExportPreset::docs, "Crisp, balanced quality")}) {
-        m_desk->coordinator.get().setPreset(preset);
+        m_fixture->coordinator.get().setPreset(preset);
         QVERIFY(label(*m_hud, QString::fromUtf8(subtitle)));
     }
 }
@@ -171,12 +171,12 @@ void RecorderHUDTest::describesTheChosenPreset()
 void RecorderHUDTest::hasThePickerSetThePreset()
 {
     QTest::mouseClick(segment(*m_hud, "GitHub"), Qt::LeftButton);
-    QCOMPARE(m_desk->coordinator.get().preset(), ExportPreset(ExportPreset::github));
+    QCOMPARE(m_fixture->coordinator.get().preset(), ExportPreset(ExportPreset::github));
 }
 
 void RecorderHUDTest::followsAPresetSetElsewhere()
 {
-    m_desk->coordinator.get().setPreset(ExportPreset::docs);
+    m_fixture->coordinator.get().setPreset(ExportPreset::docs);
     QVERIFY(segment(*m_hud, "Docs")->isChecked());
     QVERIFY(!segment(*m_hud, "Slack")->isChecked());
 }
@@ -185,17 +185,17 @@ void RecorderHUDTest::keepsThePickerEnabledInEveryPhase()
 {
     const auto choose = [this](const QString& name, ExportPreset preset) {
         QTest::mouseClick(segment(*m_hud, name), Qt::LeftButton);
-        QCOMPARE(m_desk->coordinator.get().preset(), preset);
+        QCOMPARE(m_fixture->coordinator.get().preset(), preset);
     };
-    m_desk->select();
+    m_fixture->select();
     choose("GitHub", ExportPreset::github);
-    m_desk->selector->finish(CaptureRegion{0, 0, 20, 10});
-    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Recording>());
+    m_fixture->selector->finish(CaptureRegion{0, 0, 20, 10});
+    QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::Recording>());
     choose("Docs", ExportPreset::docs);
-    m_desk->coordinator.stop();
-    QVERIFY(m_desk->isIn<RecordingCoordinator::Processing>());
+    m_fixture->coordinator.stop();
+    QVERIFY(m_fixture->isIn<RecordingCoordinator::Processing>());
     choose("Slack", ExportPreset::slack);
-    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Done>());
+    QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::Done>());
     choose("GitHub", ExportPreset::github);
 }
 
@@ -207,26 +207,26 @@ void RecorderHUDTest::tellsHowToStartWhileIdle()
 
 void RecorderHUDTest::asksForADragWhileSelecting()
 {
-    m_desk->select();
+    m_fixture->select();
     COMPARE_STATUS("Drag to select a region…", Symbol::RectangleDashed, Role::Primary);
 }
 
 void RecorderHUDTest::saysInRedThatItRecords()
 {
-    m_desk->record();
+    m_fixture->record();
     COMPARE_STATUS("Recording…", Symbol::RecordCircle, Role::Red);
 }
 
 void RecorderHUDTest::saysThatItProcesses()
 {
-    m_desk->process();
+    m_fixture->process();
     COMPARE_STATUS("Optimizing GIF…", Symbol::WandAndStars, Role::Primary);
 }
 
 void RecorderHUDTest::saysInGreenWhatWasCopied()
 {
-    m_desk->finish();
-    const auto done = std::get<RecordingCoordinator::Done>(m_desk->phase());
+    m_fixture->finish();
+    const auto done = std::get<RecordingCoordinator::Done>(m_fixture->phase());
     const QString size = QString::number(QFileInfo(done.path).size()) + " B"; // the clip has two pixels
     COMPARE_STATUS(
         "Copied — " + size + " · " + QFileInfo(done.path).fileName(), Symbol::CheckmarkCircleFill, Role::Green);
@@ -234,22 +234,22 @@ void RecorderHUDTest::saysInGreenWhatWasCopied()
 
 void RecorderHUDTest::showsOnlyTheNameOfTheFile()
 {
-    m_desk->finish();
+    m_fixture->finish();
     QVERIFY(!status().text.contains('/'));
     QVERIFY(status().text.endsWith(".gif"));
 }
 
 void RecorderHUDTest::showsAFailureInRedAsItStands()
 {
-    m_desk->fail("denied <b>by</b> & with %1");
+    m_fixture->fail("denied <b>by</b> & with %1");
     COMPARE_STATUS(
         "Couldn't start recording: denied <b>by</b> & with %1", Symbol::ExclamationmarkTriangleFill, Role::Red);
 }
 
 void RecorderHUDTest::goesBackToIdleWhenTheSelectionIsCancelled()
 {
-    m_desk->select();
-    m_desk->selector->finish(std::nullopt);
+    m_fixture->select();
+    m_fixture->selector->finish(std::nullopt);
     COMPARE_STATUS("Press ⌘⇧2 or Record to capture a region.", Symbol::InfoCircle, Role::Secondary);
 }
 
@@ -260,22 +260,22 @@ void RecorderHUDTest::offersToRecordInEveryPhaseButRecording()
             && mainButton()->symbol() == Symbol::RectangleDashedBadgeRecord;
     };
     QVERIFY(offersToRecord());
-    m_desk->select();
+    m_fixture->select();
     QVERIFY(offersToRecord());
-    m_desk->selector->finish(CaptureRegion{0, 0, 20, 10});
-    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Recording>());
+    m_fixture->selector->finish(CaptureRegion{0, 0, 20, 10});
+    QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::Recording>());
     QVERIFY(!offersToRecord());
-    m_desk->coordinator.stop();
+    m_fixture->coordinator.stop();
     QVERIFY(offersToRecord());
-    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Done>());
+    QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::Done>());
     QVERIFY(offersToRecord());
-    m_desk->fail("no");
+    m_fixture->fail("no");
     QVERIFY(offersToRecord());
 }
 
 void RecorderHUDTest::offersToStopWhileRecording()
 {
-    m_desk->record();
+    m_fixture->record();
     QCOMPARE(mainButton()->label(), QString("Stop & Copy"));
     QCOMPARE(mainButton()->symbol(), std::optional(Symbol::StopCircleFill));
 }
@@ -283,32 +283,32 @@ void RecorderHUDTest::offersToStopWhileRecording()
 void RecorderHUDTest::beginsAFlowByTheButton()
 {
     QTest::mouseClick(mainButton(), Qt::LeftButton);
-    QVERIFY(m_desk->isIn<RecordingCoordinator::SelectingRegion>());
-    QVERIFY(m_desk->selector->isPresented());
+    QVERIFY(m_fixture->isIn<RecordingCoordinator::SelectingRegion>());
+    QVERIFY(m_fixture->selector->isPresented());
 }
 
 void RecorderHUDTest::stopsByTheButton()
 {
-    m_desk->record();
+    m_fixture->record();
     QTest::mouseClick(mainButton(), Qt::LeftButton);
-    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Done>());
-    QCOMPARE(m_desk->recorder->stops, 1);
+    QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::Done>());
+    QCOMPARE(m_fixture->recorder->stops, 1);
 }
 
 void RecorderHUDTest::startsAfreshAfterAClip()
 {
-    m_desk->finish();
+    m_fixture->finish();
     QTest::mouseClick(mainButton(), Qt::LeftButton);
-    QVERIFY(m_desk->isIn<RecordingCoordinator::SelectingRegion>());
+    QVERIFY(m_fixture->isIn<RecordingCoordinator::SelectingRegion>());
     COMPARE_STATUS("Drag to select a region…", Symbol::RectangleDashed, Role::Primary);
 }
 
 void RecorderHUDTest::startsAfreshAfterAFailureAndKeepsThePreset()
 {
-    m_desk->coordinator.get().setPreset(ExportPreset::docs);
-    m_desk->fail("no");
+    m_fixture->coordinator.get().setPreset(ExportPreset::docs);
+    m_fixture->fail("no");
     QTest::mouseClick(mainButton(), Qt::LeftButton);
-    QVERIFY(m_desk->isIn<RecordingCoordinator::SelectingRegion>());
+    QVERIFY(m_fixture->isIn<RecordingCoordinator::SelectingRegion>());
     QVERIFY(segment(*m_hud, "Docs")->isChecked());
     QVERIFY(label(*m_hud, "Crisp, balanced quality"));
 }
@@ -316,14 +316,14 @@ void RecorderHUDTest::startsAfreshAfterAFailureAndKeepsThePreset()
 void RecorderHUDTest::checksForUpdatesByTheButton()
 {
     QTest::mouseClick(button(*m_hud, "Check for Updates…"), Qt::LeftButton);
-    QCOMPARE(m_desk->updates->checks, 1);
+    QCOMPARE(m_fixture->updates->checks, 1);
 }
 
 void RecorderHUDTest::disablesTheUpdateButtonWhileNoCheckMayStart()
 {
-    m_desk->updates->setAvailable(false);
+    m_fixture->updates->setAvailable(false);
     QVERIFY(!button(*m_hud, "Check for Updates…")->isEnabled());
-    m_desk->updates->setAvailable(true);
+    m_fixture->updates->setAvailable(true);
     QVERIFY(button(*m_hud, "Check for Updates…")->isEnabled());
 }
 
@@ -357,11 +357,11 @@ void RecorderHUDTest::choosesPresetsWithTheArrowKeys()
 {
     segment(*m_hud, "Slack")->setFocus(Qt::TabFocusReason);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
-    QCOMPARE(m_desk->coordinator.get().preset(), ExportPreset(ExportPreset::github));
+    QCOMPARE(m_fixture->coordinator.get().preset(), ExportPreset(ExportPreset::github));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
-    QCOMPARE(m_desk->coordinator.get().preset(), ExportPreset(ExportPreset::docs));
+    QCOMPARE(m_fixture->coordinator.get().preset(), ExportPreset(ExportPreset::docs));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Left);
-    QCOMPARE(m_desk->coordinator.get().preset(), ExportPreset(ExportPreset::github));
+    QCOMPARE(m_fixture->coordinator.get().preset(), ExportPreset(ExportPreset::github));
     QVERIFY(Theme::showsFocus(*segment(*m_hud, "GitHub")));
 }
 

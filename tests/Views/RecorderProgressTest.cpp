@@ -1,7 +1,7 @@
 // How the recorder's part of the panel shows a clip in the making.
-#include "Desk.h"
 #include "Find.h"
 #include "support/HardClip.h"
+#include "ViewsFixture.h"
 #include "ViewTests.h"
 
 #include "Views/ProgressBar.h"
@@ -47,27 +47,27 @@ private:
     /// On to a clip that stays in the making until the recorder is released, and whose progress is shown.
     void holdAClip();
 
-    std::unique_ptr<Desk> m_desk;
+    std::unique_ptr<ViewsFixture> m_fixture;
     std::unique_ptr<RecorderHUD> m_hud;
 };
 
 void RecorderProgressTest::init()
 {
-    m_desk = std::make_unique<Desk>();
+    m_fixture = std::make_unique<ViewsFixture>();
     look(0ms);
 }
 
 void RecorderProgressTest::cleanup()
 {
-    m_desk->recorder->release();
-    QTRY_VERIFY_WITH_TIMEOUT(!m_desk->isIn<RecordingCoordinator::Processing>(), 30'000);
+    m_fixture->recorder->release();
+    QTRY_VERIFY_WITH_TIMEOUT(!m_fixture->isIn<RecordingCoordinator::Processing>(), 30'000);
     m_hud.reset();
-    m_desk.reset();
+    m_fixture.reset();
 }
 
 void RecorderProgressTest::look(std::chrono::milliseconds delay)
 {
-    m_hud = std::make_unique<RecorderHUD>(m_desk->coordinator, m_desk->updater, nullptr, delay);
+    m_hud = std::make_unique<RecorderHUD>(m_fixture->coordinator, m_fixture->updater, nullptr, delay);
     m_hud->resize(384, 300);
     m_hud->show();
     m_hud->activateWindow();
@@ -76,20 +76,20 @@ void RecorderProgressTest::look(std::chrono::milliseconds delay)
 
 void RecorderProgressTest::holdAClip()
 {
-    m_desk->recorder->holdsStop = true;
-    m_desk->process();
+    m_fixture->recorder->holdsStop = true;
+    m_fixture->process();
     QTRY_VERIFY(bar());
 }
 
 void RecorderProgressTest::showsNoProgressBeforeTheDelay()
 {
     look(1h);
-    m_desk->process();
+    m_fixture->process();
     QVERIFY(!bar());
     QVERIFY(!finishButton());
     QCoreApplication::processEvents();
     QVERIFY(!bar());
-    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Done>());
+    QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::Done>());
     QVERIFY(!bar());
 }
 
@@ -101,23 +101,23 @@ void RecorderProgressTest::showsABarAndAButtonAfterTheDelay()
     QVERIFY(label(*m_hud, "Optimizing GIF…"));
     QVERIFY(
         bar()->mapTo(m_hud.get(), QPoint()).y() > label(*m_hud, "Optimizing GIF…")->mapTo(m_hud.get(), QPoint()).y());
-    m_desk->recorder->release();
-    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Done>());
+    m_fixture->recorder->release();
+    QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::Done>());
     QVERIFY(!bar());
     QVERIFY(!finishButton());
 }
 
 void RecorderProgressTest::waitsHalfASecondUnlessToldOtherwise()
 {
-    const RecorderHUD hud(m_desk->coordinator, m_desk->updater);
-    m_desk->recorder->holdsStop = true;
-    m_desk->process();
+    const RecorderHUD hud(m_fixture->coordinator, m_fixture->updater);
+    m_fixture->recorder->holdsStop = true;
+    m_fixture->process();
     const QList<QTimer*> timers = hud.findChildren<QTimer*>();
     QCOMPARE(timers.size(), 1);
     QCOMPARE(timers.front()->intervalAsDuration(), 500ms);
     QVERIFY(timers.front()->isActive());
-    m_desk->recorder->release();
-    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Done>());
+    m_fixture->recorder->release();
+    QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::Done>());
     QVERIFY(!timers.front()->isActive());
 }
 
@@ -128,15 +128,15 @@ void RecorderProgressTest::showsNoProgressInOtherPhases()
         return !bar() && !finishButton();
     };
     QVERIFY(showsNone());
-    m_desk->select();
+    m_fixture->select();
     QVERIFY(showsNone());
-    m_desk->selector->finish(CaptureRegion{0, 0, 20, 10});
-    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Recording>());
+    m_fixture->selector->finish(CaptureRegion{0, 0, 20, 10});
+    QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::Recording>());
     QVERIFY(showsNone());
-    m_desk->coordinator.stop();
-    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Done>());
+    m_fixture->coordinator.stop();
+    QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::Done>());
     QVERIFY(showsNone());
-    m_desk->fail("no");
+    m_fixture->fail("no");
     QVERIFY(showsNone());
 }
 
@@ -151,8 +151,8 @@ void RecorderProgressTest::keepsEverythingInItsPlaceWhenTheyCome()
         return all;
     };
     look(1h);
-    m_desk->recorder->holdsStop = true;
-    m_desk->process();
+    m_fixture->recorder->holdsStop = true;
+    m_fixture->process();
     const auto before = places();
     QVERIFY(!bar());
     QMetaObject::invokeMethod(m_hud->findChild<QTimer*>(), "timeout"); // an hour later
@@ -168,25 +168,25 @@ void RecorderProgressTest::keepsTheStatusOnItsLineInEveryPhase()
         return std::vector<int>{
             status->mapTo(m_hud.get(), status->rect().center()).y(), m_hud->heightForWidth(m_hud->width())};
     };
-    m_desk->record();
+    m_fixture->record();
     const auto before = lines();
-    m_desk->recorder->holdsStop = true;
-    m_desk->coordinator.stop();
+    m_fixture->recorder->holdsStop = true;
+    m_fixture->coordinator.stop();
     QTRY_VERIFY(bar());
     QCOMPARE(lines(), before);
-    m_desk->recorder->release();
-    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Done>());
+    m_fixture->recorder->release();
+    QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::Done>());
     QCOMPARE(lines(), before);
 }
 
 void RecorderProgressTest::followsTheProgress()
 {
-    m_desk->recorder->frames = support::hardClip();
-    m_desk->process();
+    m_fixture->recorder->frames = support::hardClip();
+    m_fixture->process();
     const auto* const progress = m_hud->findChild<ProgressBar*>();
     std::vector<int> percents;
     connect(progress, &ProgressBar::valueChanged, this, [&](int percent) { percents.push_back(percent); });
-    QTRY_VERIFY_WITH_TIMEOUT(m_desk->isIn<RecordingCoordinator::Done>(), 30'000);
+    QTRY_VERIFY_WITH_TIMEOUT(m_fixture->isIn<RecordingCoordinator::Done>(), 30'000);
     QVERIFY(!percents.empty());
     QVERIFY(std::is_sorted(percents.begin(), percents.end()));
     QVERIFY(percents.back() > 93); // past the fifth attempt
@@ -194,7 +194,7 @@ void RecorderProgressTest::followsTheProgress()
 
 void RecorderProgressTest::startsAtNothingWithTheNextClip()
 {
-    m_desk->finish();
+    m_fixture->finish();
     QVERIFY(m_hud->findChild<ProgressBar*>()->value() > 0);
     holdAClip();
     QCOMPARE(bar()->value(), 0);
@@ -204,9 +204,9 @@ void RecorderProgressTest::finishesByTheButton()
 {
     holdAClip();
     QTest::mouseClick(finishButton(), Qt::LeftButton);
-    QVERIFY(m_desk->coordinator.get().isFinishing());
+    QVERIFY(m_fixture->coordinator.get().isFinishing());
     QVERIFY(!finishButton()->isEnabled());
-    QVERIFY(m_desk->isIn<RecordingCoordinator::Processing>());
+    QVERIFY(m_fixture->isIn<RecordingCoordinator::Processing>());
 }
 
 void RecorderProgressTest::finishesByTheKeyboard()
@@ -214,15 +214,15 @@ void RecorderProgressTest::finishesByTheKeyboard()
     holdAClip();
     finishButton()->setFocus(Qt::TabFocusReason);
     QTest::keyClick(finishButton(), Qt::Key_Space);
-    QVERIFY(m_desk->coordinator.get().isFinishing());
+    QVERIFY(m_fixture->coordinator.get().isFinishing());
 }
 
 void RecorderProgressTest::offersToFinishTheNextClipAgain()
 {
     holdAClip();
     QTest::mouseClick(finishButton(), Qt::LeftButton);
-    m_desk->recorder->release();
-    QTRY_VERIFY(m_desk->isIn<RecordingCoordinator::Done>());
+    m_fixture->recorder->release();
+    QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::Done>());
     holdAClip();
     QVERIFY(finishButton()->isEnabled());
 }

@@ -1,9 +1,9 @@
 // Renders every state of the views, in light and dark, as PNGs: views_screenshots FOLDER. QT_SCALE_FACTOR sets the
 // scale. Fails when a text is cut off that should not be.
-#include "Desk.h"
 #include "Find.h"
 #include "Palettes.h"
 #include "TextCheck.h"
+#include "ViewsFixture.h"
 
 #include "Translation/Catalogues.h"
 #include "Views/HistoryRow.h"
@@ -36,9 +36,9 @@ public:
     }
 };
 
-class Studio {
+class ScreenshotWriter {
 public:
-    Studio(const QString& folder, QString theme)
+    ScreenshotWriter(const QString& folder, QString theme)
         : m_folder(folder)
         , m_theme(std::move(theme))
     {
@@ -85,60 +85,60 @@ void fill(HistoryStore& history, int clips)
     }
 }
 
-using Prepare = std::function<void(Desk&, Panel&)>;
+using Prepare = std::function<void(ViewsFixture&, Panel&)>;
 
-const Prepare nothing = [](Desk&, Panel&) {
+const Prepare nothing = [](ViewsFixture&, Panel&) {
 };
 /// A clip whose making takes a while.
-const Prepare processing = [](Desk& desk, Panel&) {
-    fill(*desk.history, 3);
-    desk.recorder->holdsStop = true;
-    desk.process();
+const Prepare processing = [](ViewsFixture& fixture, Panel&) {
+    fill(*fixture.history, 3);
+    fixture.recorder->holdsStop = true;
+    fixture.process();
 };
 /// Its progress, once that is shown.
-const Prepare partlyDone = [](Desk&, Panel& panel) {
+const Prepare partlyDone = [](ViewsFixture&, Panel& panel) {
     auto* bar = panel.findChild<ProgressBar*>();
     QTRY_VERIFY(bar->isVisible());
     bar->setFraction(0.42);
 };
 
-void takePanel(Studio& studio, const QString& name, const Prepare& prepare, const Prepare& whenOpen = nothing)
+void takePanel(ScreenshotWriter& writer, const QString& name, const Prepare& prepare, const Prepare& whenOpen = nothing)
 {
-    Desk desk;
-    Panel panel(desk.coordinator, desk.updater, *desk.history, desk.reveal, &std::chrono::steady_clock::now,
+    ViewsFixture fixture;
+    Panel panel(fixture.coordinator, fixture.updater, *fixture.history, fixture.reveal, &std::chrono::steady_clock::now,
         std::chrono::milliseconds(0));
-    prepare(desk, panel);
+    prepare(fixture, panel);
     panel.openNear(QRect(), QRect(0, 0, 1280, 800));
     (void)QTest::qWaitForWindowActive(&panel);
-    whenOpen(desk, panel);
-    studio.take(panel, name);
+    whenOpen(fixture, panel);
+    writer.take(panel, name);
     panel.hide();
-    desk.recorder->release();
-    QTRY_VERIFY(!desk.isIn<RecordingCoordinator::Processing>());
+    fixture.recorder->release();
+    QTRY_VERIFY(!fixture.isIn<RecordingCoordinator::Processing>());
 }
 
 using Reason = UpdateError::Reason;
 
-void takeUpdates(Studio& studio, const QString& prefix)
+void takeUpdates(ScreenshotWriter& writer, const QString& prefix)
 {
     const Update newer{.version = QStringLiteral("1.1-2"), .id = QStringLiteral("quillbox;1.1-2;amd64;stable")};
-    Desk desk;
-    UpdateView view(desk.updater);
+    ViewsFixture fixture;
+    UpdateView view(fixture.updater);
     view.setSoftwareCenter(true);
     const auto take = [&](const QString& name) {
         view.show();
         (void)QTest::qWaitForWindowExposed(&view);
-        studio.take(view, prefix + name);
+        writer.take(view, prefix + name);
     };
     const auto look = [&](const auto& answer) {
-        desk.updater.checkForUpdates();
-        desk.updates->answer(answer);
-        QTRY_VERIFY(!desk.updater.isIn<UpdaterController::Looking>());
+        fixture.updater.checkForUpdates();
+        fixture.updates->answer(answer);
+        QTRY_VERIFY(!fixture.updater.isIn<UpdaterController::Looking>());
     };
-    desk.updater.checkForUpdates();
-    Q_EMIT desk.updates->progressed(35);
+    fixture.updater.checkForUpdates();
+    Q_EMIT fixture.updates->progressed(35);
     take(QStringLiteral("looking"));
-    desk.updater.dismiss();
+    fixture.updater.dismiss();
     look(UpdateService::Finding{.installedVersion = QStringLiteral("1.0-1")});
     take(QStringLiteral("none"));
     look(UpdateService::Finding{
@@ -153,77 +153,78 @@ void takeUpdates(Studio& studio, const QString& prefix)
     take(QStringLiteral("failed"));
     look(UpdateService::Finding{.update = newer});
     take(QStringLiteral("available"));
-    desk.updater.install();
-    Q_EMIT desk.updates->progressed(60);
+    fixture.updater.install();
+    Q_EMIT fixture.updates->progressed(60);
     take(QStringLiteral("installing"));
-    desk.updates->answer();
-    QTRY_VERIFY(desk.updater.isIn<UpdaterController::Installed>());
+    fixture.updates->answer();
+    QTRY_VERIFY(fixture.updater.isIn<UpdaterController::Installed>());
     take(QStringLiteral("installed"));
     view.setBusy(true);
     take(QStringLiteral("installed-busy"));
 }
 
-void takeAll(Studio& studio)
+void takeAll(ScreenshotWriter& writer)
 {
-    const auto many = [](Desk& desk, Panel&) {
-        fill(*desk.history, 9);
+    const auto many = [](ViewsFixture& fixture, Panel&) {
+        fill(*fixture.history, 9);
     };
-    takePanel(studio, QStringLiteral("panel-idle-empty"), nothing);
-    takePanel(studio, QStringLiteral("panel-idle"), many);
-    takePanel(studio, QStringLiteral("panel-selecting"), [](Desk& desk, Panel&) { desk.select(); });
-    takePanel(studio, QStringLiteral("panel-recording"), [](Desk& desk, Panel&) {
-        fill(*desk.history, 3);
-        desk.record();
+    takePanel(writer, QStringLiteral("panel-idle-empty"), nothing);
+    takePanel(writer, QStringLiteral("panel-idle"), many);
+    takePanel(writer, QStringLiteral("panel-selecting"), [](ViewsFixture& fixture, Panel&) { fixture.select(); });
+    takePanel(writer, QStringLiteral("panel-recording"), [](ViewsFixture& fixture, Panel&) {
+        fill(*fixture.history, 3);
+        fixture.record();
     });
-    takePanel(studio, QStringLiteral("panel-processing"), processing, [](Desk&, Panel& panel) {
+    takePanel(writer, QStringLiteral("panel-processing"), processing, [](ViewsFixture&, Panel& panel) {
         panel.findChild<ProgressBar*>()->hide(); // as in the first half second
         button(panel, QStringLiteral("Finish now"))->hide();
     });
-    takePanel(studio, QStringLiteral("panel-progress"), processing, partlyDone);
-    takePanel(studio, QStringLiteral("panel-progress-keyboard"), processing, [](Desk& desk, Panel& panel) {
-        partlyDone(desk, panel);
+    takePanel(writer, QStringLiteral("panel-progress"), processing, partlyDone);
+    takePanel(writer, QStringLiteral("panel-progress-keyboard"), processing, [](ViewsFixture& fixture, Panel& panel) {
+        partlyDone(fixture, panel);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
     });
-    takePanel(studio, QStringLiteral("panel-progress-finishing"), processing, [](Desk& desk, Panel& panel) {
-        partlyDone(desk, panel);
-        desk.coordinator.finishNow();
+    takePanel(writer, QStringLiteral("panel-progress-finishing"), processing, [](ViewsFixture& fixture, Panel& panel) {
+        partlyDone(fixture, panel);
+        fixture.coordinator.finishNow();
         panel.findChild<ProgressBar*>()->setFraction(0.84);
     });
-    takePanel(studio, QStringLiteral("panel-done"), [](Desk& desk, Panel&) {
-        fill(*desk.history, 1);
-        desk.finish();
+    takePanel(writer, QStringLiteral("panel-done"), [](ViewsFixture& fixture, Panel&) {
+        fill(*fixture.history, 1);
+        fixture.finish();
     });
-    takePanel(studio, QStringLiteral("panel-failed"), [](Desk& desk, Panel&) {
-        fill(*desk.history, 2);
-        desk.fail("No display to record");
+    takePanel(writer, QStringLiteral("panel-failed"), [](ViewsFixture& fixture, Panel&) {
+        fill(*fixture.history, 2);
+        fixture.fail("No display to record");
     });
-    takePanel(studio, QStringLiteral("panel-failed-long"), [](Desk& desk, Panel&) {
-        fill(*desk.history, 2);
-        desk.fail("The folder /home/anna/Videos/averylongnamewithoutanyblanksinitwhichmustbebrokensomewhere/Quillbox "
-                  "can't be created because the file system is mounted for reading only and the administrator of this "
-                  "machine has not yet answered");
+    takePanel(writer, QStringLiteral("panel-failed-long"), [](ViewsFixture& fixture, Panel&) {
+        fill(*fixture.history, 2);
+        fixture.fail(
+            "The folder /home/anna/Videos/averylongnamewithoutanyblanksinitwhichmustbebrokensomewhere/Quillbox "
+            "can't be created because the file system is mounted for reading only and the administrator of this "
+            "machine has not yet answered");
     });
-    takePanel(studio, QStringLiteral("panel-notice"), [](Desk& desk, Panel& panel) {
-        fill(*desk.history, 2);
-        desk.updates->setAvailable(false);
+    takePanel(writer, QStringLiteral("panel-notice"), [](ViewsFixture& fixture, Panel& panel) {
+        fill(*fixture.history, 2);
+        fixture.updates->setAvailable(false);
         panel.setNotice(QStringLiteral("Another program uses Super+Shift+2. Start from here instead."));
     });
 
-    takePanel(studio, QStringLiteral("panel-rounded"), [&](Desk& desk, Panel& panel) {
-        many(desk, panel);
+    takePanel(writer, QStringLiteral("panel-rounded"), [&](ViewsFixture& fixture, Panel& panel) {
+        many(fixture, panel);
         panel.setCorners(Panel::Corners::Rounded);
     });
     const auto tab = [](int times) {
-        return [times](Desk&, Panel&) {
+        return [times](ViewsFixture&, Panel&) {
             for (int i = 0; i < times; ++i)
                 QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         };
     };
-    takePanel(studio, QStringLiteral("panel-keyboard-update"), many, tab(1));
-    takePanel(studio, QStringLiteral("panel-keyboard-reveal"), many, tab(5));
-    takePanel(studio, QStringLiteral("panel-keyboard-preset"), nothing, tab(4));
-    takePanel(studio, QStringLiteral("panel-keyboard-record"), nothing, tab(5));
-    takePanel(studio, QStringLiteral("panel-pointer"), many, [](Desk&, Panel& panel) {
+    takePanel(writer, QStringLiteral("panel-keyboard-update"), many, tab(1));
+    takePanel(writer, QStringLiteral("panel-keyboard-reveal"), many, tab(5));
+    takePanel(writer, QStringLiteral("panel-keyboard-preset"), nothing, tab(4));
+    takePanel(writer, QStringLiteral("panel-keyboard-record"), nothing, tab(5));
+    takePanel(writer, QStringLiteral("panel-pointer"), many, [](ViewsFixture&, Panel& panel) {
         QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
         QCoreApplication::sendEvent(panel.findChildren<HistoryRow*>().last(), &enter);
     });
@@ -231,49 +232,49 @@ void takeAll(Studio& studio)
     SettingsView settings(QStringLiteral("⌘ is the Super key here: press Super+Shift+2 to record."));
     settings.show();
     (void)QTest::qWaitForWindowExposed(&settings);
-    studio.take(settings, QStringLiteral("settings"));
+    writer.take(settings, QStringLiteral("settings"));
     settings.hide();
 
-    takeUpdates(studio, QStringLiteral("update-"));
+    takeUpdates(writer, QStringLiteral("update-"));
 
     LongTexts longTexts;
     QCoreApplication::installTranslator(&longTexts);
-    takePanel(studio, QStringLiteral("panel-long-texts"), many);
-    takePanel(studio, QStringLiteral("panel-long-texts-empty"), nothing);
-    takePanel(studio, QStringLiteral("panel-long-texts-progress"), processing, partlyDone);
+    takePanel(writer, QStringLiteral("panel-long-texts"), many);
+    takePanel(writer, QStringLiteral("panel-long-texts-empty"), nothing);
+    takePanel(writer, QStringLiteral("panel-long-texts-progress"), processing, partlyDone);
     SettingsView longSettings(QStringLiteral(
         "⌘ is the Super key, and ⇧ the Shift key of this keyboard: press Super+Shift+2 to record, or Record Region."));
     longSettings.show();
     (void)QTest::qWaitForWindowExposed(&longSettings);
-    studio.take(longSettings, QStringLiteral("settings-long-texts"));
-    takeUpdates(studio, QStringLiteral("update-long-texts-"));
+    writer.take(longSettings, QStringLiteral("settings-long-texts"));
+    takeUpdates(writer, QStringLiteral("update-long-texts-"));
     QCoreApplication::removeTranslator(&longTexts);
 }
 
-const Prepare firstUse = [](Desk&, Panel& panel) {
+const Prepare firstUse = [](ViewsFixture&, Panel& panel) {
     panel.setIntroduction(FirstUseCard::Facts{.clipsFolder = QDir::homePath() + QStringLiteral("/Videos/Quillbox")});
 };
 
 /// What differs from language to language.
-void takeLanguages(Studio& studio)
+void takeLanguages(ScreenshotWriter& writer)
 {
     for (const QString& language : Catalogues::languages()) {
         Catalogues::use(language);
-        takePanel(studio, language + QStringLiteral("-first-use"), firstUse);
-        takePanel(studio, language + QStringLiteral("-first-use-no-tray"), [](Desk&, Panel& panel) {
+        takePanel(writer, language + QStringLiteral("-first-use"), firstUse);
+        takePanel(writer, language + QStringLiteral("-first-use-no-tray"), [](ViewsFixture&, Panel& panel) {
             panel.setIntroduction(FirstUseCard::Facts{.hasTray = false, .clipsFolder = QStringLiteral("/srv/clips")});
         });
-        takePanel(studio, language + QStringLiteral("-progress"), processing, partlyDone);
-        takePanel(studio, language + QStringLiteral("-recording"), [](Desk& desk, Panel&) {
-            fill(*desk.history, 2);
-            desk.record();
+        takePanel(writer, language + QStringLiteral("-progress"), processing, partlyDone);
+        takePanel(writer, language + QStringLiteral("-recording"), [](ViewsFixture& fixture, Panel&) {
+            fill(*fixture.history, 2);
+            fixture.record();
         });
-        takePanel(studio, language + QStringLiteral("-done"), [](Desk& desk, Panel&) { desk.finish(); });
+        takePanel(writer, language + QStringLiteral("-done"), [](ViewsFixture& fixture, Panel&) { fixture.finish(); });
         SettingsView settings(
             QCoreApplication::translate("HotkeyNotice", "⌘ is the Super key: press Super + Shift + 2 in any program."));
         settings.show();
         (void)QTest::qWaitForWindowExposed(&settings);
-        studio.take(settings, language + QStringLiteral("-settings"));
+        writer.take(settings, language + QStringLiteral("-settings"));
     }
     Catalogues::use(QStringLiteral("en"));
 }
@@ -295,11 +296,11 @@ int main(int argc, char** argv)
     bool clean = true;
     for (const auto& [name, palette] : {std::pair("light", lightPalette()), std::pair("dark", darkPalette())}) {
         QApplication::setPalette(palette);
-        Studio studio(QString::fromLocal8Bit(argv[1]), QLatin1String(name));
-        takeAll(studio);
+        ScreenshotWriter writer(QString::fromLocal8Bit(argv[1]), QLatin1String(name));
+        takeAll(writer);
         if (QLatin1String(name) == QLatin1String("light") && application.devicePixelRatio() == 1)
-            takeLanguages(studio);
-        clean = clean && studio.clean();
+            takeLanguages(writer);
+        clean = clean && writer.clean();
     }
     return clean ? 0 : 1;
 }

@@ -1,5 +1,5 @@
 // What the user wishes for: checks and installations.
-#include "PackageKitDesk.h"
+#include "PackageKitFixture.h"
 
 #include <QCoreApplication>
 #include <QTimer>
@@ -11,7 +11,7 @@ namespace {
 
 using namespace test;
 
-class PackageKitServiceTest : public PackageKitDesk {
+class PackageKitServiceTest : public PackageKitFixture {
     Q_OBJECT
 
 private Q_SLOTS:

@@ -1,12 +1,12 @@
 // What happens without being asked for.
-#include "PackageKitDesk.h"
+#include "PackageKitFixture.h"
 
 namespace quillbox {
 namespace {
 
 using namespace test;
 
-class PackageKitSilenceTest : public PackageKitDesk {
+class PackageKitSilenceTest : public PackageKitFixture {
     Q_OBJECT
 
 private Q_SLOTS:

@@ -1,7 +1,7 @@
 #include "App/Workflow/RecordingCoordinator.h"
 
 #include "App/Workflow/ClipExport.h"
-#include "CoordinatorStudio.h"
+#include "CoordinatorFixture.h"
 #include "support/HardClip.h"
 
 #include <QFileInfo>
@@ -16,7 +16,7 @@ namespace quillbox {
 namespace {
 
 using Coordinator = RecordingCoordinator;
-using Studio = test::CoordinatorStudio;
+using Fixture = test::CoordinatorFixture;
 using test::ScriptedRecorder;
 using test::Step;
 using test::take;
@@ -48,16 +48,16 @@ private Q_SLOTS:
 
 void CoordinatorProgressTest::isPublishedWhileTheClipIsMade()
 {
-    Studio studio;
-    studio.recorder->frames = support::hardClip();
-    const auto* const coordinator = studio.coordinator.get();
+    Fixture fixture;
+    fixture.recorder->frames = support::hardClip();
+    const auto* const coordinator = fixture.coordinator.get();
     std::vector<double> fractions;
     bool alwaysProcessing = true;
     connect(coordinator, &Coordinator::progressChanged, this, [&] {
         fractions.push_back(coordinator->progress().value().fraction());
         alwaysProcessing = alwaysProcessing && coordinator->isIn<Coordinator::Processing>();
     });
-    studio.finish();
+    fixture.finish();
     QVERIFY(!fractions.empty());
     QVERIFY(std::is_sorted(fractions.begin(), fractions.end()));
     QVERIFY(fractions.back() > 15.0 / 16); // past the fifth attempt
@@ -66,47 +66,47 @@ void CoordinatorProgressTest::isPublishedWhileTheClipIsMade()
 
 void CoordinatorProgressTest::isThereOnlyWhileProcessing()
 {
-    Studio studio;
-    QVERIFY(!studio.coordinator->progress());
-    studio.recordARegion();
-    QVERIFY(!studio.coordinator->progress());
-    connect(studio.coordinator.get(), &Coordinator::phaseChanged, this, [&] {
-        QVERIFY(!studio.coordinator->progress()); // none yet, or none any more
+    Fixture fixture;
+    QVERIFY(!fixture.coordinator->progress());
+    fixture.recordARegion();
+    QVERIFY(!fixture.coordinator->progress());
+    connect(fixture.coordinator.get(), &Coordinator::phaseChanged, this, [&] {
+        QVERIFY(!fixture.coordinator->progress()); // none yet, or none any more
     });
-    test::await(studio.coordinator->stopAndExport());
-    QVERIFY(studio.coordinator->isIn<Coordinator::Done>());
+    test::await(fixture.coordinator->stopAndExport());
+    QVERIFY(fixture.coordinator->isIn<Coordinator::Done>());
 }
 
 void CoordinatorProgressTest::goesOnToTheEndWhenToldToFinish()
 {
-    Studio studio;
-    ScriptedRecorder::close(studio.recorder->stopGate); // or the clip may be done at once
-    studio.recordARegion();
-    auto exporting = studio.coordinator->stopAndExport();
-    const QSignalSpy phases(studio.coordinator.get(), &Coordinator::phaseChanged);
-    studio.coordinator->finishNow();
-    QVERIFY(studio.coordinator->isFinishing());
-    studio.recorder->stopGate->finish();
+    Fixture fixture;
+    ScriptedRecorder::close(fixture.recorder->stopGate); // or the clip may be done at once
+    fixture.recordARegion();
+    auto exporting = fixture.coordinator->stopAndExport();
+    const QSignalSpy phases(fixture.coordinator.get(), &Coordinator::phaseChanged);
+    fixture.coordinator->finishNow();
+    QVERIFY(fixture.coordinator->isFinishing());
+    fixture.recorder->stopGate->finish();
     test::await(std::move(exporting));
     QCOMPARE(phases.size(), 1);
-    const auto done = std::get<Coordinator::Done>(studio.coordinator->phase());
+    const auto done = std::get<Coordinator::Done>(fixture.coordinator->phase());
     QCOMPARE(QFileInfo(done.path).size(), done.byteCount);
-    QVERIFY(studio.history->entries().front().byteCount == done.byteCount);
-    QVERIFY(!studio.coordinator->isFinishing());
+    QVERIFY(fixture.history->entries().front().byteCount == done.byteCount);
+    QVERIFY(!fixture.coordinator->isFinishing());
 }
 
 void CoordinatorProgressTest::mayBeToldToFinishBeforeTheFramesAreThere()
 {
-    Studio studio;
-    studio.recorder->frames = support::hardClip();
-    ScriptedRecorder::close(studio.recorder->stopGate);
-    studio.recordARegion();
-    auto exporting = studio.coordinator->stopAndExport();
-    studio.coordinator->finishNow();
-    QVERIFY(studio.coordinator->isIn<Coordinator::Processing>());
-    studio.recorder->stopGate->finish();
+    Fixture fixture;
+    fixture.recorder->frames = support::hardClip();
+    ScriptedRecorder::close(fixture.recorder->stopGate);
+    fixture.recordARegion();
+    auto exporting = fixture.coordinator->stopAndExport();
+    fixture.coordinator->finishNow();
+    QVERIFY(fixture.coordinator->isIn<Coordinator::Processing>());
+    fixture.recorder->stopGate->finish();
     test::await(std::move(exporting));
-    QVERIFY(std::get<Coordinator::Done>(studio.coordinator->phase()).byteCount == sizeOfTheFirstAttempt());
+    QVERIFY(std::get<Coordinator::Done>(fixture.coordinator->phase()).byteCount == sizeOfTheFirstAttempt());
 }
 
 void CoordinatorProgressTest::ignoresFinishNowOutsideProcessing_data()
@@ -122,31 +122,31 @@ void CoordinatorProgressTest::ignoresFinishNowOutsideProcessing_data()
 void CoordinatorProgressTest::ignoresFinishNowOutsideProcessing()
 {
     QFETCH(const Step, step);
-    Studio studio;
-    test::await(take(studio, step));
-    const auto before = studio.coordinator->phase();
-    const QSignalSpy phases(studio.coordinator.get(), &Coordinator::phaseChanged);
-    const QSignalSpy changes(studio.coordinator.get(), &Coordinator::progressChanged);
-    studio.coordinator->finishNow();
-    QVERIFY(studio.coordinator->phase() == before);
+    Fixture fixture;
+    test::await(take(fixture, step));
+    const auto before = fixture.coordinator->phase();
+    const QSignalSpy phases(fixture.coordinator.get(), &Coordinator::phaseChanged);
+    const QSignalSpy changes(fixture.coordinator.get(), &Coordinator::progressChanged);
+    fixture.coordinator->finishNow();
+    QVERIFY(fixture.coordinator->phase() == before);
     QVERIFY(phases.isEmpty());
     QVERIFY(changes.isEmpty());
-    QVERIFY(!studio.coordinator->isFinishing());
+    QVERIFY(!fixture.coordinator->isFinishing());
     if (step == Step::Recording) { // and nothing of it is left for later
-        const auto exporting = studio.coordinator->stopAndExport();
-        QVERIFY(!studio.coordinator->isFinishing());
+        const auto exporting = fixture.coordinator->stopAndExport();
+        QVERIFY(!fixture.coordinator->isFinishing());
         QVERIFY(test::eventually([&] { return exporting.isReady(); }));
     }
 }
 
 void CoordinatorProgressTest::mayBeDestroyedByAnObserver()
 {
-    Studio studio;
-    studio.recordARegion();
-    connect(studio.coordinator.get(), &Coordinator::progressChanged, this, [&] { studio.coordinator.reset(); });
-    test::await(studio.coordinator->stopAndExport());
-    QVERIFY(!studio.coordinator);
-    QVERIFY(studio.history->entries().empty());
+    Fixture fixture;
+    fixture.recordARegion();
+    connect(fixture.coordinator.get(), &Coordinator::progressChanged, this, [&] { fixture.coordinator.reset(); });
+    test::await(fixture.coordinator->stopAndExport());
+    QVERIFY(!fixture.coordinator);
+    QVERIFY(fixture.history->entries().empty());
 }
 
 } // namespace quillbox

@@ -1,6 +1,6 @@
 #include "App/Workflow/CurrentCoordinator.h"
 
-#include "CoordinatorStudio.h"
+#include "CoordinatorFixture.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -10,7 +10,7 @@ namespace {
 
 using Coordinator = RecordingCoordinator;
 using test::someRegion;
-using Studio = test::CoordinatorStudio;
+using Fixture = test::CoordinatorFixture;
 
 } // namespace
 
@@ -28,11 +28,11 @@ private Q_SLOTS:
 
 void CurrentCoordinatorTest::theNextFlowReplacesTheCoordinatorThatHasEnded()
 {
-    Studio studio;
-    auto& first = *studio.coordinator;
-    CurrentCoordinator current(std::move(studio.coordinator));
+    Fixture fixture;
+    auto& first = *fixture.coordinator;
+    CurrentCoordinator current(std::move(fixture.coordinator));
     current.begin();
-    studio.selector->select(someRegion);
+    fixture.selector->select(someRegion);
     current.stop();
     QVERIFY(test::eventually([&] { return first.isIn<Coordinator::Done>(); }));
     QCOMPARE(&current.get(), &first);
@@ -45,28 +45,28 @@ void CurrentCoordinatorTest::theNextFlowReplacesTheCoordinatorThatHasEnded()
 
 void CurrentCoordinatorTest::theReplacementKeepsWhatTheOldOneHad()
 {
-    Studio studio;
-    studio.recorder->startError = std::make_exception_ptr(std::runtime_error("no"));
-    CurrentCoordinator current(std::move(studio.coordinator));
+    Fixture fixture;
+    fixture.recorder->startError = std::make_exception_ptr(std::runtime_error("no"));
+    CurrentCoordinator current(std::move(fixture.coordinator));
     current.get().setPreset(ExportPreset::docs);
     current.begin();
-    studio.selector->select(someRegion);
+    fixture.selector->select(someRegion);
     QVERIFY(current.get().isIn<Coordinator::Failed>());
     current.begin();
     QVERIFY(current.get().preset() == ExportPreset::docs);
-    QCOMPARE(current.get().recorder(), studio.recorder);
-    QCOMPARE(current.get().selector(), studio.selector);
-    QCOMPARE(current.get().history(), studio.history);
+    QCOMPARE(current.get().recorder(), fixture.recorder);
+    QCOMPARE(current.get().selector(), fixture.selector);
+    QCOMPARE(current.get().history(), fixture.history);
 }
 
 void CurrentCoordinatorTest::theOldCoordinatorGoes()
 {
-    Studio studio;
-    studio.recorder->startError = std::make_exception_ptr(std::runtime_error("no"));
-    const QPointer old(studio.coordinator.get());
-    CurrentCoordinator current(std::move(studio.coordinator));
+    Fixture fixture;
+    fixture.recorder->startError = std::make_exception_ptr(std::runtime_error("no"));
+    const QPointer old(fixture.coordinator.get());
+    CurrentCoordinator current(std::move(fixture.coordinator));
     current.begin();
-    studio.selector->select(someRegion);
+    fixture.selector->select(someRegion);
     current.begin();
     QVERIFY(test::eventually([&] {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -76,25 +76,25 @@ void CurrentCoordinatorTest::theOldCoordinatorGoes()
 
 void CurrentCoordinatorTest::toggleBeginsAndStops()
 {
-    Studio studio;
-    CurrentCoordinator current(std::move(studio.coordinator));
+    Fixture fixture;
+    CurrentCoordinator current(std::move(fixture.coordinator));
     current.toggle();
     QVERIFY(current.get().isIn<Coordinator::SelectingRegion>());
     current.toggle(); // nothing to stop, and nothing to begin
-    QCOMPARE(studio.selector->presentations, 1);
-    studio.selector->select(someRegion);
+    QCOMPARE(fixture.selector->presentations, 1);
+    fixture.selector->select(someRegion);
     current.toggle();
     QVERIFY(test::eventually([&] { return current.get().isIn<Coordinator::Done>(); }));
 }
 
 void CurrentCoordinatorTest::passesTheProgressOn()
 {
-    Studio studio;
-    CurrentCoordinator current(std::move(studio.coordinator));
+    Fixture fixture;
+    CurrentCoordinator current(std::move(fixture.coordinator));
     std::optional<ExportProgress> progress;
     connect(&current, &CurrentCoordinator::progressChanged, this, [&] { progress = current.get().progress(); });
     current.begin();
-    studio.selector->select(someRegion);
+    fixture.selector->select(someRegion);
     current.stop();
     QVERIFY(test::eventually([&] { return current.get().isIn<Coordinator::Done>(); }));
     QVERIFY(progress.has_value());
@@ -103,17 +103,17 @@ void CurrentCoordinatorTest::passesTheProgressOn()
 
 void CurrentCoordinatorTest::passesTheWishToFinishOn()
 {
-    Studio studio;
-    CurrentCoordinator current(std::move(studio.coordinator));
+    Fixture fixture;
+    CurrentCoordinator current(std::move(fixture.coordinator));
     const QSignalSpy spy(&current, &CurrentCoordinator::progressChanged);
-    test::ScriptedRecorder::close(studio.recorder->stopGate); // or the clip may be done at once
+    test::ScriptedRecorder::close(fixture.recorder->stopGate); // or the clip may be done at once
     current.begin();
-    studio.selector->select(someRegion);
+    fixture.selector->select(someRegion);
     current.stop();
     current.finishNow();
     QVERIFY(current.get().isFinishing());
     QCOMPARE(spy.size(), 1);
-    studio.recorder->stopGate->finish();
+    fixture.recorder->stopGate->finish();
     QVERIFY(test::eventually([&] { return current.get().isIn<Coordinator::Done>(); }));
 }
 

@@ -1,7 +1,7 @@
 #include "App/Workflow/ExportJob.h"
 
+#include "CoordinatorFixture.h"
 #include "support/Await.h"
-#include "CoordinatorStudio.h"
 #include "support/HardClip.h"
 
 #include <QFileInfo>
@@ -28,8 +28,8 @@ class ExportJobTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_studio = std::make_unique<test::CoordinatorStudio>(); }
-    void cleanup() { m_studio.reset(); }
+    void init() { m_fixture = std::make_unique<test::CoordinatorFixture>(); }
+    void cleanup() { m_fixture.reset(); }
 
     void knowsOfNoProgressAtFirst();
     void tellsOfEveryAttemptThatThereCanBe();
@@ -44,7 +44,7 @@ private Q_SLOTS:
     void mayBeDestroyedByAnObserver();
 
 private:
-    std::unique_ptr<test::CoordinatorStudio> m_studio; // for its home folder
+    std::unique_ptr<test::CoordinatorFixture> m_fixture; // for its home folder
 };
 
 void ExportJobTest::knowsOfNoProgressAtFirst()
@@ -77,7 +77,7 @@ void ExportJobTest::announcesOnceWhatComesFasterThanTheEventLoopTurns()
 {
     ExportJob job;
     const QSignalSpy announcements(&job, &ExportJob::progressChanged);
-    auto future = job.start({.frames = m_studio->recorder->frames}, ExportPreset::slack);
+    auto future = job.start({.frames = m_fixture->recorder->frames}, ExportPreset::slack);
     future.waitForFinished(); // the event loop stands still
     QVERIFY(announcements.isEmpty());
     (void)result(future);
@@ -143,7 +143,7 @@ void ExportJobTest::expectsNoFewerAttemptsThanThereWere()
 void ExportJobTest::savesTheClipWhenItIsDestroyed()
 {
     auto job = std::make_unique<ExportJob>();
-    const auto future = job->start({.frames = m_studio->recorder->frames}, ExportPreset::slack);
+    const auto future = job->start({.frames = m_fixture->recorder->frames}, ExportPreset::slack);
     job.reset();
     QVERIFY(QFileInfo::exists(result(future).path));
 }
@@ -152,7 +152,7 @@ void ExportJobTest::mayBeDestroyedByAnObserver()
 {
     auto job = std::make_unique<ExportJob>();
     connect(job.get(), &ExportJob::progressChanged, this, [&] { job.reset(); });
-    const auto future = job->start({.frames = m_studio->recorder->frames}, ExportPreset::slack);
+    const auto future = job->start({.frames = m_fixture->recorder->frames}, ExportPreset::slack);
     QVERIFY(QFileInfo::exists(result(future).path));
     QVERIFY(!job);
 }

@@ -16,7 +16,7 @@ namespace quillbox::test {
 
 using Frames = std::vector<RGBAFrame>;
 
-inline constexpr CaptureRegion someRegion{1, 2, 30, 40};
+inline constexpr CaptureRegion recordedRegion{1, 2, 30, 40};
 
 inline RGBAFrame frame(std::uint8_t number)
 {
@@ -32,13 +32,13 @@ inline std::vector<int> numbers(const Frames& frames)
 }
 
 /// A recorder whose streams and clock are made up.
-struct RecorderStudio {
+struct RecorderFixture {
     std::shared_ptr<Script> script = std::make_shared<Script>(); // of the next stream
     int streams = 0;
     std::shared_ptr<CaptureClock::time_point> now = std::make_shared<CaptureClock::time_point>();
     std::unique_ptr<StreamRecorder> recorder;
 
-    explicit RecorderStudio(std::optional<FrameSpill::Limits> limits = std::nullopt)
+    explicit RecorderFixture(std::optional<FrameSpill::Limits> limits = std::nullopt)
         : recorder(std::make_unique<StreamRecorder>(
             [this] {
                 ++streams;
@@ -47,10 +47,10 @@ struct RecorderStudio {
             [now = now] { return *now; }, limits))
     {
     }
-    RecorderStudio(const RecorderStudio&) = delete;
-    RecorderStudio& operator=(const RecorderStudio&) = delete;
+    RecorderFixture(const RecorderFixture&) = delete;
+    RecorderFixture& operator=(const RecorderFixture&) = delete;
 
-    void start() { await(recorder->start(someRegion)); }
+    void start() { await(recorder->start(recordedRegion)); }
     Frames stop() { return await(recorder->stop()); }
     /// Time goes on by one tick.
     void tick() { *now += std::chrono::nanoseconds(1'000'000'000 / 30 + 1); }

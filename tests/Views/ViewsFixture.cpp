@@ -1,4 +1,4 @@
-#include "Desk.h"
+#include "ViewsFixture.h"
 
 #include <QCoro/QCoroFuture>
 #include <QTest>
@@ -51,7 +51,7 @@ std::unique_ptr<ScriptedUpdates> remembered(std::unique_ptr<ScriptedUpdates> ser
 
 } // namespace
 
-Desk::Desk()
+ViewsFixture::ViewsFixture()
     : history(std::make_shared<HistoryStore>(folder.filePath(QStringLiteral("history.json"))))
     , coordinator(std::make_unique<RecordingCoordinator>(recorder, selector, history))
     , updates(nullptr)
@@ -59,33 +59,33 @@ Desk::Desk()
 {
 }
 
-void Desk::select()
+void ViewsFixture::select()
 {
     coordinator.begin();
     QVERIFY(isIn<RecordingCoordinator::SelectingRegion>());
 }
 
-void Desk::record()
+void ViewsFixture::record()
 {
     select();
     selector->finish(CaptureRegion{0, 0, 20, 10});
     QTRY_VERIFY(isIn<RecordingCoordinator::Recording>());
 }
 
-void Desk::process()
+void ViewsFixture::process()
 {
     record();
     coordinator.stop();
     QVERIFY(isIn<RecordingCoordinator::Processing>());
 }
 
-void Desk::finish()
+void ViewsFixture::finish()
 {
     process();
     QTRY_VERIFY(isIn<RecordingCoordinator::Done>());
 }
 
-void Desk::fail(const std::string& reason)
+void ViewsFixture::fail(const std::string& reason)
 {
     recorder->refusal = reason;
     select();

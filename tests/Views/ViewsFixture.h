@@ -2,11 +2,11 @@
 
 #include "ScriptedUpdates.h"
 
-#include "App/Workflow/CurrentCoordinator.h"
 #include "App/Updates/UpdaterController.h"
-#include "Platform/CaptureError.h"
+#include "App/Workflow/CurrentCoordinator.h"
 #include "Capture/RecorderControlling.h"
 #include "Capture/Region/RegionSelector.h"
+#include "Platform/CaptureError.h"
 #include "PostCapture/FileReveal.h"
 #include "PostCapture/HistoryStore.h"
 
@@ -60,11 +60,11 @@ public:
 };
 
 /// What the views show: real objects, around a recorder, a selection and services that the test directs.
-class Desk {
+class ViewsFixture {
 public:
-    Desk();
+    ViewsFixture();
 
-    // The user's way to each phase, from a fresh desk.
+    // The user's way to each phase, from a fresh fixture.
     void select();
     void record();
     /// Ends in `Processing`; the event loop then goes on to `Done`.

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "App/Workflow/RecordingCoordinator.h"
-#include "support/Await.h"
 #include "PostCapture/HistoryStore.h"
 #include "ScriptedFlow.h"
+#include "support/Await.h"
 #include "support/TemporaryFolder.h"
 
 #include <QDir>
@@ -22,16 +22,16 @@ inline RGBAFrame gray(std::int64_t width, std::int64_t height, std::uint8_t leve
 }
 
 /// A coordinator whose neighbours are scripted, in a home folder of its own.
-class CoordinatorStudio {
+class CoordinatorFixture {
 public:
-    CoordinatorStudio()
+    CoordinatorFixture()
     {
         qputenv("HOME", home().toUtf8());
         recorder->frames = {gray(8, 6, 10), gray(8, 6, 200)};
     }
-    ~CoordinatorStudio() { qputenv("HOME", m_homeBefore); }
-    CoordinatorStudio(const CoordinatorStudio&) = delete;
-    CoordinatorStudio& operator=(const CoordinatorStudio&) = delete;
+    ~CoordinatorFixture() { qputenv("HOME", m_homeBefore); }
+    CoordinatorFixture(const CoordinatorFixture&) = delete;
+    CoordinatorFixture& operator=(const CoordinatorFixture&) = delete;
 
     [[nodiscard]] QString home() const { return QString::fromStdString(m_folder.path().string()); }
     [[nodiscard]] QDir clips() const { return QDir(home() + "/Videos/Quillbox"); }
@@ -68,21 +68,21 @@ public:
 /// How far a flow has come.
 enum class Step : std::uint8_t { Idle, Selecting, Recording, Processing, Done, Failed };
 
-/// Takes `studio` to that step. While it is processing, the recorder's stop waits for its gate, and the task for that.
-inline QCoro::Task<> take(CoordinatorStudio& studio, Step step)
+/// Takes `fixture` to that step. While it is processing, the recorder's stop waits for its gate, and the task for that.
+inline QCoro::Task<> take(CoordinatorFixture& fixture, Step step)
 {
     if (step == Step::Idle)
         co_return;
-    studio.coordinator->beginFlow();
+    fixture.coordinator->beginFlow();
     if (step == Step::Selecting)
         co_return;
     if (step == Step::Failed)
-        studio.recorder->startError = std::make_exception_ptr(std::runtime_error("no"));
+        fixture.recorder->startError = std::make_exception_ptr(std::runtime_error("no"));
     if (step == Step::Processing)
-        ScriptedRecorder::close(studio.recorder->stopGate);
-    studio.selector->select(someRegion);
+        ScriptedRecorder::close(fixture.recorder->stopGate);
+    fixture.selector->select(someRegion);
     if (step == Step::Processing || step == Step::Done)
-        co_await studio.coordinator->stopAndExport();
+        co_await fixture.coordinator->stopAndExport();
 }
 
 } // namespace quillbox::test

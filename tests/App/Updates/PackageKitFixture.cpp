@@ -1,4 +1,4 @@
-#include "PackageKitDesk.h"
+#include "PackageKitFixture.h"
 
 #include <QApplication>
 #include <QDBusConnectionInterface>
@@ -17,18 +17,18 @@ const auto packageKit = QStringLiteral("org.freedesktop.PackageKit");
 
 } // namespace
 
-void PackageKitDesk::setUp()
+void PackageKitFixture::setUp()
 {
     QVERIFY2(!m_folder.isEmpty(), "run by tests/desktop/system-bus");
     source({"install", "quillbox", "1.0"});
-    m_desk = std::make_unique<Desk>();
+    m_fixture = std::make_unique<ViewsFixture>();
 }
 
-void PackageKitDesk::tearDown()
+void PackageKitFixture::tearDown()
 {
     m_hud.reset();
     m_updater.reset();
-    m_desk.reset();
+    m_fixture.reset();
     QCoreApplication::processEvents(); // what was cut off ends
     killDaemon();
     polkit("SimulateHang", {false});
@@ -37,23 +37,23 @@ void PackageKitDesk::tearDown()
     polkit("AllowUnknown", {true});
 }
 
-void PackageKitDesk::begin(std::chrono::milliseconds firstLook)
+void PackageKitFixture::begin(std::chrono::milliseconds firstLook)
 {
     const PackageKitService::Options options{.bus = m_bus, .package = "quillbox", .firstLook = firstLook, .quiet = 0ms};
     m_updater = std::make_unique<UpdaterController>(std::make_unique<PackageKitService>(options));
     m_seen = std::make_unique<QSignalSpy>(m_updater.get(), &UpdaterController::updateSeen);
-    m_hud = std::make_unique<RecorderHUD>(m_desk->coordinator, *m_updater);
+    m_hud = std::make_unique<RecorderHUD>(m_fixture->coordinator, *m_updater);
     m_hud->show();
     QVERIFY(eventually([this] { return m_updater->canCheckForUpdates(); }));
     QVERIFY(updateButton()->isEnabled());
 }
 
-void PackageKitDesk::source(const QStringList& arguments)
+void PackageKitFixture::source(const QStringList& arguments)
 {
     QCOMPARE(QProcess::execute(PACKAGE_SOURCE, QStringList(m_folder) + arguments), 0);
 }
 
-void PackageKitDesk::polkit(const QString& method, const QVariantList& arguments)
+void PackageKitFixture::polkit(const QString& method, const QVariantList& arguments)
 {
     auto call = QDBusMessage::createMethodCall(
         "org.freedesktop.PolicyKit1", "/org/freedesktop/PolicyKit1/Authority", "org.freedesktop.DBus.Mock", method);
@@ -61,33 +61,33 @@ void PackageKitDesk::polkit(const QString& method, const QVariantList& arguments
     QCOMPARE(m_bus.call(call).type(), QDBusMessage::ReplyMessage);
 }
 
-bool PackageKitDesk::isPasswordAsked()
+bool PackageKitFixture::isPasswordAsked()
 {
     const QDBusReply<bool> reply = m_bus.call(QDBusMessage::createMethodCall("org.freedesktop.PolicyKit1",
         "/org/freedesktop/PolicyKit1/Authority", "org.freedesktop.DBus.Mock", "HaveHangingCalls"));
     return reply.value();
 }
 
-qint64 PackageKitDesk::daemon()
+qint64 PackageKitFixture::daemon()
 {
     const auto reply = m_bus.interface()->servicePid(packageKit);
     return reply.isValid() ? qint64{reply.value()} : 0;
 }
 
-void PackageKitDesk::startDaemon()
+void PackageKitFixture::startDaemon()
 {
     QVERIFY(m_bus.interface()->startService(packageKit).isValid());
     QVERIFY(daemon() != 0);
 }
 
-void PackageKitDesk::signalDaemon(int number)
+void PackageKitFixture::signalDaemon(int number)
 {
     const auto process = daemon();
     QVERIFY(process != 0);
     QCOMPARE(::kill(static_cast<pid_t>(process), number), 0);
 }
 
-void PackageKitDesk::killDaemon()
+void PackageKitFixture::killDaemon()
 {
     if (daemon() == 0)
         return;
@@ -96,20 +96,20 @@ void PackageKitDesk::killDaemon()
 }
 
 /// The user presses the button, which then can't be pressed any more.
-void PackageKitDesk::check()
+void PackageKitFixture::check()
 {
     QTest::mouseClick(updateButton(), Qt::LeftButton);
     QVERIFY(isIn<UpdaterController::Looking>());
     QVERIFY(!updateButton()->isEnabled());
 }
 
-void PackageKitDesk::checkToTheEnd()
+void PackageKitFixture::checkToTheEnd()
 {
     check();
     QVERIFY(eventually([this] { return !isIn<UpdaterController::Looking>(); }));
 }
 
-void PackageKitDesk::findUpdate()
+void PackageKitFixture::findUpdate()
 {
     source({"offer", "quillbox", "1.1"});
     begin();
@@ -117,18 +117,18 @@ void PackageKitDesk::findUpdate()
     QVERIFY(isIn<UpdaterController::Available>());
 }
 
-void PackageKitDesk::waitForTheInstallation()
+void PackageKitFixture::waitForTheInstallation()
 {
     QVERIFY(eventually([this] { return !isIn<UpdaterController::Installing>(); }));
 }
 
-bool PackageKitDesk::fails(Reason reason) const
+bool PackageKitFixture::fails(Reason reason) const
 {
     const auto* const failure = std::get_if<UpdaterController::Failed>(&m_updater->phase());
     return failure && failure->message == UpdateMessages::describe(UpdateError(reason));
 }
 
-QString PackageKitDesk::installedVersion() const
+QString PackageKitFixture::installedVersion() const
 {
     QFile file(QDir(m_folder).filePath("root/usr/share/quillbox/version")); // it was really unpacked
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).trimmed() : QString();

@@ -2,9 +2,9 @@
 
 #include "App/Updates/PackageKitService.h"
 
-#include "support/Await.h"
-#include "Desk.h"
 #include "Find.h"
+#include "support/Await.h"
+#include "ViewsFixture.h"
 
 #include "App/Updates/UpdateMessages.h"
 #include "Views/RecorderHUD.h"
@@ -20,7 +20,7 @@ using namespace std::chrono_literals;
 
 /// The system's own PackageKit on a bus of its own, as tests/desktop/system-bus makes it, and an application that it
 /// updates. Each test begins with version 1.0 installed.
-class PackageKitDesk : public QObject {
+class PackageKitFixture : public QObject {
 protected:
     using Reason = UpdateError::Reason;
 
@@ -51,7 +51,7 @@ protected:
 
     QString m_folder = qEnvironmentVariable("PACKAGE_FOLDER");
     QDBusConnection m_bus = QDBusConnection::systemBus();
-    std::unique_ptr<Desk> m_desk;
+    std::unique_ptr<ViewsFixture> m_fixture;
     std::unique_ptr<UpdaterController> m_updater;
     std::unique_ptr<QSignalSpy> m_seen; // without being asked
     std::unique_ptr<RecorderHUD> m_hud;
