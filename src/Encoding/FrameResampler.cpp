@@ -49,6 +49,8 @@ struct MediumDivider {
 
 /// Divides plainly.
 struct LargeDivider {
+    static constexpr std::int64_t maxCount = 0xFFFF'FFFF / 255; ///< a sum of as many bytes fits 32 bits
+
     std::uint32_t count = 0;
 
     explicit LargeDivider(std::int64_t blockCount)
@@ -102,6 +104,24 @@ QUILLBOX_MULTIVERSION void filterRowOfMediumBlocks(const RowTask& task)
 void filterRowOfLargeBlocks(const RowTask& task)
 {
     filterRow<LargeDivider>(task);
+}
+
+/// Sums of 64 bits, which no block can exceed.
+void filterRowOfHugeBlocks(const RowTask& task)
+{
+    std::uint8_t* output = task.output;
+    for (const Span column : task.columns) {
+        std::array<std::uint64_t, RGBAFrame::bytesPerPixel> sums{};
+        for (const std::uint8_t* source : task.rows) {
+            for (std::int64_t x = column.begin; x < column.end; ++x) {
+                for (std::size_t channel = 0; channel < sums.size(); ++channel)
+                    sums[channel] += source[4 * x + static_cast<std::int64_t>(channel)];
+            }
+        }
+        const auto count = static_cast<std::uint64_t>(checkedMul(column.length(), std::ssize(task.rows)));
+        for (const std::uint64_t sum : sums)
+            *output++ = static_cast<std::uint8_t>(sum / count);
+    }
 }
 
 /// Where a picture's rows are, which its bands keep.
@@ -174,12 +194,12 @@ void filterBlocks(const Shrinking& task, std::int64_t blockBound, Span rows)
             .output = output};
         if (blockBound <= MediumDivider::maxCount)
             filterRowOfMediumBlocks(row);
-        else
+        else if (blockBound <= LargeDivider::maxCount)
             filterRowOfLargeBlocks(row);
+        else
+            filterRowOfHugeBlocks(row);
     });
 }
-
-constexpr std::int64_t maxBlock = 0xFFFF'FFFF / 255; ///< pixels whose channels a 32-bit sum can hold
 
 } // namespace
 
@@ -201,7 +221,6 @@ RGBAFrame boxFiltered(const RGBAFrame& frame, Size size, ForkJoinThread* side)
         return {size.width, size.height, {}};
     const std::int64_t shortestColumn = sourceWidth / size.width;
     const std::int64_t blockBound = checkedMul(shortestColumn + 1, sourceHeight / size.height + 1);
-    precondition(blockBound <= maxBlock, "the sum of a block fits 32 bits");
 
     Bytes output(static_cast<std::size_t>(checkedMul(checkedMul(size.width, size.height), RGBAFrame::bytesPerPixel)));
     const Shrinking task{

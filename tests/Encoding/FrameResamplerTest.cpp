@@ -191,6 +191,21 @@ TEST(BoxFilter, EqualsTheReferenceForAWholePictureInOnePixel)
     EXPECT_EQ(boxFiltered(frame, {2, 3}), reference::boxFiltered(frame, {2, 3}));
 }
 
+TEST(BoxFilter, ABlockOfMoreThanSixteenMillionPixelsHasItsMeanToo)
+{
+    constexpr std::int64_t width = 4096;
+    constexpr std::int64_t bands = 129;
+    static_assert(width * RGBAFrame::rowsPerBand * bands > 0xFFFF'FFFF / 255, "the sums do not fit 32 bits");
+    Bytes pixels;
+    for (std::int64_t i = 0; i < width * RGBAFrame::rowsPerBand; ++i)
+        pixels.insert(pixels.end(), {255, static_cast<std::uint8_t>(254 + i % 2), 7, 255});
+    const auto band = std::make_shared<const PixelBand>(std::move(pixels));
+    const auto frame = RGBAFrame::ofBands(
+        width, RGBAFrame::rowsPerBand * bands, std::vector<RGBAFrame::Band>(static_cast<std::size_t>(bands), band));
+    EXPECT_EQ(boxFiltered(frame, {1, 1}), RGBAFrame(1, 1, Bytes{255, 254, 7, 255}));
+    EXPECT_EQ(capped(frame, 1), RGBAFrame(1, 1, Bytes{255, 254, 7, 255}));
+}
+
 TEST(CappedToWidth, WithoutALimitAllFramesPassShared)
 {
     const std::vector frames{support::solid(2000, 2, gray(1)), support::solid(3, 2, gray(2))};
