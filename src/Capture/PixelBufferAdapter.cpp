@@ -59,7 +59,7 @@ Bytes converted(const PixelBuffer& buffer, std::int64_t firstRow, std::int64_t r
 {
     precondition(buffer.width >= 0 && buffer.height >= 0, "a pixel buffer's size is not negative");
     const std::int64_t rowBytes = checkedMul(buffer.width, RGBAFrame::bytesPerPixel);
-    precondition(buffer.stride >= rowBytes, "a pixel buffer's row holds its pixels");
+    precondition(buffer.height == 0 || buffer.stride >= rowBytes, "a pixel buffer's row holds its pixels");
     (void)checkedMul(buffer.stride, buffer.height); // every offset below fits
 
     const std::uint32_t opaque = buffer.alpha == PixelBuffer::Alpha::Undefined ? 0xFFU << shiftOf(3) : 0;

@@ -26,7 +26,8 @@ namespace PixelBufferAdapter {
 
 /// The picture as a tightly packed frame; nothing if the buffer has no base address. A carried alpha is copied
 /// unchanged, an undefined one becomes 255. Nothing of the buffer is kept.
-/// @pre 0 ≤ width, 0 ≤ height, width × 4 ≤ stride, and no size overflows; a violation ends the process.
+/// @pre 0 ≤ width, 0 ≤ height, width × 4 ≤ stride unless there are no rows, and no size overflows; a violation ends
+/// the process.
 [[nodiscard]] std::optional<RGBAFrame> makeFrame(const PixelBuffer& buffer);
 
 /// Some rows of the picture, as a band of a frame. @pre as above; the buffer has a base address and those rows.

@@ -47,6 +47,12 @@ TEST(PixelBufferAdapter, NoWidthOrNoHeightGivesAnEmptyFrameOfThatSize)
     EXPECT_EQ(PixelBufferAdapter::makeFrame(bufferOver(bytes, 0, 0, 0)), RGBAFrame(0, 0, Bytes{}));
 }
 
+TEST(PixelBufferAdapter, WithoutRowsTheStrideDoesNotMatter)
+{
+    const Bytes bytes(16, 1);
+    EXPECT_EQ(PixelBufferAdapter::makeFrame(bufferOver(bytes, 3, 0, 0)), RGBAFrame(3, 0, Bytes{}));
+}
+
 TEST(PixelBufferAdapter, WithoutAnAddressThereIsNothing)
 {
     PixelBuffer buffer;

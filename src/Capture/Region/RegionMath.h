@@ -22,7 +22,9 @@ struct Size {
 /// The rectangle between two corners, whichever way they were dragged: cut to 0…`bounds`, each of x, y, width and
 /// height rounded to the nearest integer (halves away from zero; the extents after the subtraction), width and
 /// height at least 1.
-/// @pre Every rounded value is finite and fits std::int64_t; a violation ends the process.
+/// A corner may be infinitely far away: the cut takes it to the edge.
+/// @pre No argument is NaN, and every value to be rounded is finite and fits std::int64_t; a violation ends the
+/// process.
 [[nodiscard]] CaptureRegion rect(Point from, Point to, Size bounds);
 
 } // namespace RegionMath

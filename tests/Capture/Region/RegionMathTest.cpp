@@ -8,6 +8,7 @@ namespace quillbox {
 namespace {
 
 constexpr RegionMath::Size screen{1440, 900};
+constexpr double infinity = std::numeric_limits<double>::infinity();
 
 TEST(RegionMath, EveryCornerGivesTheSameRegion)
 {
@@ -48,15 +49,29 @@ TEST(RegionMath, ADragWholeOutsideSticksToTheEdge)
     EXPECT_EQ(RegionMath::rect({-10, -20}, {-1, -2}, screen), (CaptureRegion{0, 0, 1, 1}));
 }
 
-TEST(RegionMathDeathTest, RejectsWhatIsNotFinite)
+TEST(RegionMath, AnInfiniteCornerIsCutToTheEdge)
+{
+    EXPECT_EQ(RegionMath::rect({10, 20}, {infinity, infinity}, screen), (CaptureRegion{10, 20, 1430, 880}));
+    EXPECT_EQ(RegionMath::rect({10, 20}, {-infinity, -infinity}, screen), (CaptureRegion{0, 0, 10, 20}));
+    EXPECT_EQ(RegionMath::rect({-infinity, infinity}, {infinity, -infinity}, screen), (CaptureRegion{0, 0, 1440, 900}));
+    EXPECT_EQ(RegionMath::rect({10, 20}, {30, 50}, {infinity, infinity}), (CaptureRegion{10, 20, 20, 30}));
+}
+
+TEST(RegionMathDeathTest, RejectsWhatIsNotANumber)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    const double infinity = std::numeric_limits<double>::infinity();
-    EXPECT_DEATH((void)RegionMath::rect({nan, 0}, {1, 1}, screen), "finite");
-    EXPECT_DEATH((void)RegionMath::rect({0, nan}, {1, 1}, screen), "finite");
-    EXPECT_DEATH((void)RegionMath::rect({0, 0}, {nan, 1}, screen), "finite");
-    EXPECT_DEATH((void)RegionMath::rect({0, 0}, {1, nan}, screen), "finite");
-    EXPECT_DEATH((void)RegionMath::rect({0, 0}, {1, 1}, {infinity, infinity}), "finite");
+    EXPECT_DEATH((void)RegionMath::rect({nan, 0}, {1, 1}, screen), "numbers");
+    EXPECT_DEATH((void)RegionMath::rect({0, nan}, {1, 1}, screen), "numbers");
+    EXPECT_DEATH((void)RegionMath::rect({0, 0}, {nan, 1}, screen), "numbers");
+    EXPECT_DEATH((void)RegionMath::rect({0, 0}, {1, nan}, screen), "numbers");
+    EXPECT_DEATH((void)RegionMath::rect({0, 0}, {1, 1}, {nan, 1}), "numbers");
+    EXPECT_DEATH((void)RegionMath::rect({0, 0}, {1, 1}, {1, nan}), "numbers");
+}
+
+TEST(RegionMathDeathTest, RejectsWhatIsInfiniteAfterTheCut)
+{
+    EXPECT_DEATH((void)RegionMath::rect({0, 0}, {infinity, 1}, {infinity, 900}), "finite");
+    EXPECT_DEATH((void)RegionMath::rect({0, infinity}, {1, infinity}, {1440, infinity}), "finite");
 }
 
 TEST(RegionMathDeathTest, RejectsWhatDoesNotFitSixtyFourBits)
