@@ -1,14 +1,17 @@
 #include "App/FrameSources/FrameReadError.h"
 #include "App/FrameSources/RawReader.h"
-#include "App/FrameSources/SourceClip.h"
 #include "Encoding/Precondition.h"
 #include "FuzzInput.h"
+#include "support/MemoryByteSource.h"
+#include "support/SourceClip.h"
 
 #include <algorithm>
 #include <optional>
 #include <utility>
 
 using namespace quillbox;
+using support::MemoryByteSource;
+using support::SourceClip;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -1,8 +1,9 @@
 #include "App/FrameSources/FrameReadError.h"
-#include "App/FrameSources/SourceClip.h"
 #include "App/FrameSources/Y4MHeader.h"
 #include "App/FrameSources/Y4MReader.h"
 #include "Encoding/Precondition.h"
+#include "support/MemoryByteSource.h"
+#include "support/SourceClip.h"
 
 #include <algorithm>
 #include <array>
@@ -15,6 +16,8 @@
 #include <string_view>
 
 using namespace quillbox;
+using support::MemoryByteSource;
+using support::SourceClip;
 
 namespace {
 

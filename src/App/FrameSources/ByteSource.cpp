@@ -143,38 +143,6 @@ std::optional<std::int64_t> ByteSource::remaining() const
     return below;
 }
 
-MemoryByteSource::MemoryByteSource(std::string name, std::span<const std::uint8_t> bytes)
-    : ByteSource(std::move(name))
-    , m_bytes(bytes)
-{
-}
-
-std::size_t MemoryByteSource::readSome(std::span<std::uint8_t> into)
-{
-    const auto count = std::min(into.size(), m_bytes.size());
-    std::copy_n(m_bytes.begin(), count, into.begin());
-    m_bytes = m_bytes.subspan(count);
-    return count;
-}
-
-std::size_t MemoryByteSource::readSomeAhead(std::int64_t distance, std::span<std::uint8_t> into) const
-{
-    const auto rest = m_bytes.subspan(std::min(static_cast<std::size_t>(distance), m_bytes.size()));
-    const auto count = std::min(into.size(), rest.size());
-    std::copy_n(rest.begin(), count, into.begin());
-    return count;
-}
-
-void MemoryByteSource::skipBelow(std::int64_t count)
-{
-    m_bytes = m_bytes.subspan(static_cast<std::size_t>(count));
-}
-
-std::optional<std::int64_t> MemoryByteSource::remainingBelow() const
-{
-    return std::ssize(m_bytes);
-}
-
 FileByteSource::FileByteSource(const std::string& path)
     : ByteSource(path)
     , m_descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY))

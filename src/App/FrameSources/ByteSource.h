@@ -98,22 +98,6 @@ private:
     std::size_t m_lookaheadBegin = 0;
 };
 
-/// Bytes that lie in memory and outlive the source.
-class MemoryByteSource final : public ByteSource {
-public:
-    MemoryByteSource(std::string name, std::span<const std::uint8_t> bytes);
-
-    [[nodiscard]] bool canReadAhead() const override { return true; }
-
-private:
-    std::size_t readSome(std::span<std::uint8_t> into) override;
-    [[nodiscard]] std::size_t readSomeAhead(std::int64_t distance, std::span<std::uint8_t> into) const override;
-    void skipBelow(std::int64_t count) override;
-    [[nodiscard]] std::optional<std::int64_t> remainingBelow() const override;
-
-    std::span<const std::uint8_t> m_bytes;
-};
-
 /// A file, pipe or device.
 class FileByteSource final : public ByteSource {
 public:

@@ -1,5 +1,6 @@
 #include "App/FrameSources/AnimationTimeline.h"
-#include "App/FrameSources/SourceClip.h"
+
+#include "support/SourceClip.h"
 
 #include <gtest/gtest.h>
 
@@ -9,6 +10,7 @@ namespace quillbox {
 namespace {
 
 using AnimationTimeline::TimedFrame;
+using support::SourceClip;
 
 /// One-pixel frames, told apart by their red, with these display times.
 std::vector<TimedFrame> animation(const std::vector<std::int64_t>& milliseconds)

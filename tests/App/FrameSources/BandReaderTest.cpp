@@ -1,6 +1,7 @@
 #include "App/FrameSources/BandReader.h"
 
 #include "App/FrameSources/FrameReadError.h"
+#include "support/MemoryByteSource.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -15,6 +16,8 @@
 
 namespace quillbox {
 namespace {
+
+using support::MemoryByteSource;
 
 constexpr FrameSize smallPicture{.width = 3, .height = 70};
 constexpr FrameSize largePicture{.width = 701, .height = 901}; // read by two threads, several at once

@@ -1,6 +1,7 @@
 #include "App/FrameSources/ByteSource.h"
 
 #include "App/FrameSources/FrameReadError.h"
+#include "support/MemoryByteSource.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -14,6 +15,8 @@
 
 namespace quillbox {
 namespace {
+
+using support::MemoryByteSource;
 
 std::vector<std::uint8_t> bytesOf(const std::string& text)
 {

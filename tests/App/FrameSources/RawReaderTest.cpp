@@ -1,7 +1,9 @@
 #include "App/FrameSources/RawReader.h"
 
 #include "App/FrameSources/FrameReadError.h"
-#include "App/FrameSources/SourceClip.h"
+
+#include "support/MemoryByteSource.h"
+#include "support/SourceClip.h"
 
 #include <gtest/gtest.h>
 
@@ -13,6 +15,9 @@
 
 namespace quillbox {
 namespace {
+
+using support::MemoryByteSource;
+using support::SourceClip;
 
 std::vector<RGBAFrame> readRaw(const std::vector<std::uint8_t>& bytes, FrameSize size)
 {

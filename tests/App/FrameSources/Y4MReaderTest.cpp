@@ -1,7 +1,9 @@
 #include "App/FrameSources/Y4MReader.h"
 
 #include "App/FrameSources/FrameReadError.h"
-#include "App/FrameSources/SourceClip.h"
+
+#include "support/MemoryByteSource.h"
+#include "support/SourceClip.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +12,9 @@
 
 namespace quillbox {
 namespace {
+
+using support::MemoryByteSource;
+using support::SourceClip;
 
 /// Frames of 2×2 grey pixels: no colour, one level for each frame.
 std::string grayStream(const std::string& header, const std::vector<char>& levels)

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-namespace quillbox {
+namespace quillbox::support {
 
 /// Keeps all frames of an input.
 class SourceClip final : public FrameConsumer {
@@ -18,4 +18,4 @@ public:
     std::optional<std::int64_t> framesPerSecond; ///< the input's own rate, at least 1, if it has one
 };
 
-} // namespace quillbox
+} // namespace quillbox::support
