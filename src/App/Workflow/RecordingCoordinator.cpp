@@ -118,6 +118,7 @@ QCoro::Task<> RecordingCoordinator::stopAndExport()
     if (!isIn<Recording>())
         co_return; // a second click
     const QPointer self(this);
+    const auto preset = m_preset; // read once: a later change, also while the recorder stops, belongs to the next clip
     m_job = std::make_unique<ExportJob>();
     connect(m_job.get(), &ExportJob::progressChanged, this, &RecordingCoordinator::progressChanged);
     setPhase(Processing{});
@@ -134,7 +135,6 @@ QCoro::Task<> RecordingCoordinator::stopAndExport()
     const auto width = frames.front().width();
     const auto height = frames.front().height();
     ClipExport::Recording recording{.frames = std::move(frames), .reducer = recorder->reducer()};
-    const auto preset = m_preset; // read once: a later change belongs to the next clip
     std::optional<QString> failure;
     try {
         auto job = m_job->start(std::move(recording), preset);

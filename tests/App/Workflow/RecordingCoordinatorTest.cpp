@@ -56,6 +56,7 @@ private Q_SLOTS:
     void takesTheLargestSideThereCanBe();
     void saysWhyTheClipCannotBeSaved();
     void readsThePresetOnceWhenItStops();
+    void readsThePresetBeforeTheRecorderHasStopped();
     void announcesEachPhaseBeforeAndAfterIt();
     void announcesEachPresetBeforeAndAfterIt();
     void putsThingsInOrderWhenDone();
@@ -279,6 +280,19 @@ void RecordingCoordinatorTest::readsThePresetOnceWhenItStops()
     fixture.coordinator->setPreset(ExportPreset::docs);
     test::await(std::move(exporting));
     QCOMPARE(fixture.history->entries().front().preset, QStringLiteral("GitHub"));
+    QVERIFY(fixture.coordinator->preset() == ExportPreset::docs);
+}
+
+void RecordingCoordinatorTest::readsThePresetBeforeTheRecorderHasStopped()
+{
+    Fixture fixture;
+    ScriptedRecorder::close(fixture.recorder->stopGate);
+    fixture.recordARegion();
+    auto exporting = fixture.coordinator->stopAndExport();
+    fixture.coordinator->setPreset(ExportPreset::docs);
+    fixture.recorder->stopGate->finish();
+    test::await(std::move(exporting));
+    QCOMPARE(fixture.history->entries().front().preset, QStringLiteral("Slack"));
     QVERIFY(fixture.coordinator->preset() == ExportPreset::docs);
 }
 
