@@ -27,6 +27,8 @@ public:
     void finish(TimePoint time);
 
     [[nodiscard]] bool isFinished() const { return m_finished; }
+    /// Whether there was any picture.
+    [[nodiscard]] bool hasPicture() const { return m_latest || !m_frames.empty(); }
 
     /// How many frames finish(time) would leave; once finished, how many there are.
     [[nodiscard]] std::int64_t frameCount(TimePoint time) const;

@@ -222,7 +222,7 @@ void StreamRecorder::takeDeliveries()
 {
     for (Inbox::Delivery& delivery : m_inbox->takeAll()) {
         auto* const frame = std::get_if<RGBAFrame>(&delivery.content);
-        if (frame != nullptr && m_hold && delivery.session == m_session)
+        if (frame != nullptr && m_hold && delivery.session == m_session && m_session->timeline.hasPicture())
             m_hold->latest = std::move(*frame);
         else if (frame != nullptr)
             deliver(*delivery.session, std::move(*frame), delivery.time);

@@ -71,7 +71,8 @@ public:
     [[nodiscard]] std::optional<CaptureRegion> region() const;
 
     /// From now on the clip goes on showing the latest picture, whatever the screen shows: something of our own is
-    /// about to cover a part of the region. Ignored while not recording; a stop() ends it.
+    /// about to cover a part of the region. Where there was no picture yet, the first one is taken. Ignored while not
+    /// recording; a stop() ends it.
     void holdPicture();
     /// What covered the region has left the screen and the programs below have repainted it: the clip shows the latest
     /// picture that arrived meanwhile, and follows the screen again.

@@ -18,6 +18,7 @@ class HeldPictureTest : public QObject {
 private Q_SLOTS:
     void aHeldPictureStaysUntilItIsReleased();
     void aReleaseShowsTheLatestPictureThatArrivedMeanwhile();
+    void aHoldBeforeTheFirstPictureTakesThatOne();
     void aHoldEndsWithTheRecording();
     void holdingWhileIdleHoldsNothing();
 };
@@ -46,6 +47,18 @@ void HeldPictureTest::aReleaseShowsTheLatestPictureThatArrivedMeanwhile()
     fixture.deliver(5);
     fixture.tick();
     QCOMPARE(numbers(fixture.stop()), (std::vector{1, 2, 2, 2, 4, 5}));
+}
+
+void HeldPictureTest::aHoldBeforeTheFirstPictureTakesThatOne()
+{
+    Fixture fixture;
+    fixture.start();
+    fixture.recorder->holdPicture();
+    fixture.deliver(1);
+    fixture.tick();
+    fixture.deliver(2);
+    fixture.tick();
+    QCOMPARE(numbers(fixture.stop()), (std::vector{1, 1})); // a clip of something rather than none
 }
 
 void HeldPictureTest::aHoldEndsWithTheRecording()
