@@ -11,7 +11,12 @@ GlobalHotkey::GlobalHotkey(std::function<void()> onTrigger, std::unique_ptr<Hotk
 {
     // Queued: the handler of the key press has returned by then.
     connect(
-        m_service.get(), &HotkeyService::pressed, this, [this] { m_onTrigger(); }, Qt::QueuedConnection);
+        m_service.get(), &HotkeyService::pressed, this,
+        [this] {
+            if (m_service) // a press that was under way when the combination was let go counts no more
+                m_onTrigger();
+        },
+        Qt::QueuedConnection);
     connect(m_service.get(), &HotkeyService::stateChanged, this, &GlobalHotkey::stateChanged);
 }
 

@@ -42,6 +42,7 @@ public:
     [[nodiscard]] const HotkeyState& state() const { return m_state; }
 
 Q_SIGNALS:
+    /// Once for every press, also for presses that are learnt of together.
     void pressed();
     void stateChanged();
 

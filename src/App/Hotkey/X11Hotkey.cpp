@@ -81,11 +81,11 @@ HotkeyStatus X11Hotkey::tryOut(std::uint32_t keyCode, std::uint32_t modifiers)
 void X11Hotkey::takeEvents()
 {
     auto* const connection = m_connection->display.connection();
-    bool wasPressed = false;
+    int presses = 0;
     bool hasChanged = false;
     while (const XCBPointer<xcb_generic_event_t> event{xcb_poll_for_event(connection)}) {
         const int type = event->response_type & 0x7F;
-        wasPressed = wasPressed || type == XCB_KEY_PRESS;
+        presses += type == XCB_KEY_PRESS ? 1 : 0;
         hasChanged = hasChanged || type == XCB_MAPPING_NOTIFY;
     }
     if (xcb_connection_has_error(connection) != 0) {
@@ -95,13 +95,16 @@ void X11Hotkey::takeEvents()
     }
     if (hasChanged)
         grabAgain();
-    if (!wasPressed)
+    if (presses == 0)
         return;
     // The press took hold of the whole keyboard until the key is let go; the overlay wants it before that.
     xcb_ungrab_keyboard(connection, XCB_CURRENT_TIME);
     const XCBPointer<xcb_get_input_focus_reply_t> done(
         xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
-    Q_EMIT pressed();
+    // Waiting for the answer may have fetched another press, which the notifier will not tell of any more.
+    QMetaObject::invokeMethod(this, &X11Hotkey::takeEvents, Qt::QueuedConnection);
+    for (; presses > 0; --presses)
+        Q_EMIT pressed();
 }
 
 } // namespace quillbox
