@@ -36,8 +36,6 @@
 namespace quillbox {
 namespace {
 
-constexpr std::uint32_t digitTwo = 19; // the physical key
-
 /// The desktop gives a new icon its place meanwhile, and whoever started the application for something else says so.
 constexpr std::chrono::milliseconds introductionDelay{500};
 
@@ -54,14 +52,17 @@ void readFonts()
 
 } // namespace
 
-QuillboxApp::QuillboxApp()
-    : m_history(std::make_shared<HistoryStore>())
+QuillboxApp::QuillboxApp(SystemServices services)
+    : m_services(std::move(services))
+    , m_history(std::make_shared<HistoryStore>())
     , m_coordinator(
           std::make_unique<CurrentCoordinator>(std::make_unique<RecordingCoordinator>(nullptr, nullptr, m_history)))
-    , m_hotkey(std::make_unique<GlobalHotkey>([coordinator = QPointer(m_coordinator.get())] {
-        if (coordinator)
-            coordinator->begin();
-    }))
+    , m_hotkey(std::make_unique<GlobalHotkey>(
+          [coordinator = QPointer(m_coordinator.get())] {
+              if (coordinator)
+                  coordinator->begin();
+          },
+          m_services.makeHotkey()))
     , m_firstUse(std::make_unique<FirstUse>())
     , m_fileReveal(makeFileReveal())
     , m_handOver(std::make_unique<ClipboardHandOver>())
@@ -156,7 +157,7 @@ UpdaterController& QuillboxApp::updater()
 {
     if (m_updater)
         return *m_updater;
-    m_updater = std::make_unique<UpdaterController>();
+    m_updater = std::make_unique<UpdaterController>(m_services.makeUpdates());
     QObject::connect(m_updater.get(), &UpdaterController::phaseChanged, m_updater.get(), [this] { showUpdate(); });
     QObject::connect(m_updater.get(), &UpdaterController::updateSeen, m_updater.get(), [](const Update& update) {
         DesktopNotification::show(update.version.isEmpty() ? Text::tr("A new version of Quillbox is available")

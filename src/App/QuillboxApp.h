@@ -1,5 +1,9 @@
 #pragma once
 
+#include "App/Hotkey/HotkeyService.h"
+#include "App/Updates/UpdateService.h"
+
+#include <functional>
 #include <memory>
 
 class QRect;
@@ -20,13 +24,19 @@ class TrayIcon;
 class UpdateView;
 class UpdaterController;
 
+/// Makes what the application asks the system for; each is called once.
+struct SystemServices {
+    std::function<std::unique_ptr<HotkeyService>()> makeHotkey = &makeHotkeyService;
+    std::function<std::unique_ptr<UpdateService>()> makeUpdates = &makeUpdateService;
+};
+
 /// The desktop application: makes its parts, in this order, and wires them: history, coordinator, hotkey; then what the
 /// user sees. The updater is made once the icon is in the tray, or when the panel is asked for before; the panel when
 /// it is first asked for. Thread: main.
 class QuillboxApp {
 public:
     /// @pre a DesktopApplication exists.
-    QuillboxApp();
+    explicit QuillboxApp(SystemServices services = {});
     ~QuillboxApp();
     QuillboxApp(const QuillboxApp&) = delete;
     QuillboxApp& operator=(const QuillboxApp&) = delete;
@@ -57,6 +67,7 @@ private:
     void introduce();
     void explain();
 
+    SystemServices m_services;
     std::shared_ptr<HistoryStore> m_history;
     std::unique_ptr<CurrentCoordinator> m_coordinator;
     std::unique_ptr<GlobalHotkey> m_hotkey;

@@ -9,13 +9,8 @@
 #include <QScreen>
 #include <QWindow>
 
-#include <chrono>
-
 namespace quillbox {
 namespace {
-
-/// A picture of the uncovered screen has arrived by then: three ticks of the recorder.
-constexpr std::chrono::milliseconds repaintTime{100};
 
 /// Where a region lies on the desktop.
 QRect placeOf(const CaptureRegion& region)
@@ -34,7 +29,7 @@ bool isWayland()
 
 } // namespace
 
-PanelGuard::PanelGuard(StreamRecorder& recorder, QWidget& panel)
+PanelGuard::PanelGuard(StreamRecorder& recorder, QWidget& panel, std::chrono::milliseconds repaintTime)
     : QObject(&panel)
     , m_recorder(recorder)
     , m_panel(panel)

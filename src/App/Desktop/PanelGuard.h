@@ -5,6 +5,8 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <chrono>
+
 namespace quillbox {
 
 class StreamRecorder;
@@ -16,7 +18,12 @@ class PanelGuard : public QObject {
     Q_OBJECT
 
 public:
-    PanelGuard(StreamRecorder& recorder, QWidget& panel);
+    /// A picture of the uncovered screen has arrived by then: three ticks of the recorder.
+    static constexpr std::chrono::milliseconds usualRepaintTime{100};
+
+    /// @param repaintTime  How long after the panel has left the region the clip follows the screen again.
+    /// @pre `recorder` outlives the panel, which owns this object.
+    PanelGuard(StreamRecorder& recorder, QWidget& panel, std::chrono::milliseconds repaintTime = usualRepaintTime);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

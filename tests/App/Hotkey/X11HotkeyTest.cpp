@@ -1,0 +1,101 @@
+// Runs on an X server that the caller starts: see CMakeLists.txt above it.
+#include "App/Hotkey/X11Hotkey.h"
+
+#include "App/Hotkey/HotkeyMath.h"
+#include "support/Await.h"
+
+#include <gtest/gtest.h>
+
+#include <QObject>
+#include <QProcess>
+#include <QStringList>
+
+namespace quillbox {
+namespace {
+
+/// Has another program do something with the keyboard, while this one looks at nothing.
+void type(const QStringList& what)
+{
+    ASSERT_EQ(QProcess::execute("xdotool", what), 0);
+}
+
+class X11HotkeyTest : public testing::Test {
+protected:
+    X11HotkeyTest()
+    {
+        QObject::connect(&m_hotkey, &HotkeyService::pressed, &m_hotkey, [this] { ++m_presses; });
+    }
+
+    X11Hotkey m_hotkey;
+    int m_presses = 0;
+};
+
+TEST_F(X11HotkeyTest, HoldsNothingUntilItIsAsked)
+{
+    EXPECT_EQ(m_hotkey.state().status, HotkeyStatus::NotRegistered);
+    EXPECT_EQ(X11Hotkey::tryOut(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers), HotkeyStatus::Active);
+}
+
+TEST_F(X11HotkeyTest, ReportsEachPressOnce)
+{
+    m_hotkey.grab(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
+    ASSERT_EQ(m_hotkey.state().status, HotkeyStatus::Active);
+    for (int press = 1; press <= 3; ++press) {
+        type({"key", "super+shift+2"});
+        EXPECT_TRUE(test::eventually([&] { return m_presses == press; }));
+    }
+}
+
+TEST_F(X11HotkeyTest, ReportsEachOfThePressesThatArriveTogether)
+{
+    m_hotkey.grab(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
+    type({"key", "super+shift+2", "key", "super+shift+2", "key", "super+shift+2"});
+    EXPECT_TRUE(test::eventually([&] { return m_presses >= 3; }));
+    EXPECT_EQ(m_presses, 3);
+}
+
+TEST_F(X11HotkeyTest, DoesNotMindLocks)
+{
+    m_hotkey.grab(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
+    type({"key", "Num_Lock", "key", "Caps_Lock", "key", "super+shift+2", "key", "Caps_Lock", "key", "Num_Lock"});
+    EXPECT_TRUE(test::eventually([&] { return m_presses == 1; }));
+}
+
+TEST_F(X11HotkeyTest, LeavesOtherCombinationsAlone)
+{
+    m_hotkey.grab(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
+    type({"key", "shift+2", "key", "super+2", "key", "super+shift+3", "key", "ctrl+super+shift+2", "key",
+        "super+shift+2"}); // the last one tells that the others have been looked at
+    EXPECT_TRUE(test::eventually([&] { return m_presses > 0; }));
+    EXPECT_EQ(m_presses, 1);
+}
+
+TEST_F(X11HotkeyTest, IsTakenWhereAnotherProgramHasTheCombination)
+{
+    X11Hotkey other; // another connection is another program to the server
+    other.grab(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
+    m_hotkey.grab(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
+    EXPECT_EQ(m_hotkey.state().status, HotkeyStatus::Taken);
+    m_hotkey.grab(HotkeyMath::defaultKeyCode, HotkeyMath::command | HotkeyMath::control);
+    EXPECT_EQ(m_hotkey.state().status, HotkeyStatus::Active);
+}
+
+TEST_F(X11HotkeyTest, LetsGoAtItsEnd)
+{
+    {
+        X11Hotkey other;
+        other.grab(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
+    }
+    EXPECT_TRUE(test::eventually([] {
+        return X11Hotkey::tryOut(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers) == HotkeyStatus::Active;
+    })) << "the server notices a closed connection a moment later";
+}
+
+TEST_F(X11HotkeyTest, IsUnavailableForAKeyThatHasNoCounterpart)
+{
+    m_hotkey.grab(0, HotkeyMath::defaultModifiers);
+    EXPECT_EQ(m_hotkey.state().status, HotkeyStatus::Unavailable);
+}
+
+} // namespace
+} // namespace quillbox
