@@ -3,8 +3,8 @@
 
 #include "App/Desktop/ApplicationService.h"
 #include "App/Hotkey/HotkeyMath.h"
-#include "support/Await.h"
 #include "ScriptedUpdates.h"
+#include "support/Await.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
