@@ -40,6 +40,7 @@ private Q_SLOTS:
     void startsIdleWithTheSlackPreset();
     void asksForARegionFirst();
     void returnsToIdleWhenTheSelectionIsCancelled();
+    void returnsToIdleAtOnceWhereThereIsNoScreen();
     void beginsAgainAfterACancel();
     void recordsTheRegionThatWasSelected();
     void staysSelectingUntilTheRecorderHasStarted();
@@ -92,6 +93,21 @@ void RecordingCoordinatorTest::returnsToIdleWhenTheSelectionIsCancelled()
     fixture.coordinator->beginFlow();
     fixture.selector->select(std::nullopt);
     QVERIFY(fixture.coordinator->isIn<Coordinator::Idle>());
+    QCOMPARE(fixture.recorder->starts, 0);
+}
+
+void RecordingCoordinatorTest::returnsToIdleAtOnceWhereThereIsNoScreen()
+{
+    /// What the selector does without a screen: it has no region before it returns.
+    struct ScreenlessSelector : RegionSelector {
+        void present(Completion completion) override { completion(std::nullopt); }
+    };
+    const Fixture fixture;
+    Coordinator coordinator(fixture.recorder, std::make_shared<ScreenlessSelector>(), fixture.history);
+    std::vector<std::size_t> phases;
+    connect(&coordinator, &Coordinator::phaseChanged, this, [&] { phases.push_back(coordinator.phase().index()); });
+    coordinator.beginFlow();
+    QCOMPARE(phases, (std::vector<std::size_t>{1, 0})); // selecting, idle
     QCOMPARE(fixture.recorder->starts, 0);
 }
 
