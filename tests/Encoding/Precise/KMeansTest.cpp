@@ -1,6 +1,7 @@
 #include "Encoding/Precise/KMeans.h"
 
 #include "reference/Precise/ScreenPalette.h"
+#include "support/ColorPoints.h"
 #include "support/Iterations.h"
 #include "support/Pictures.h"
 
@@ -11,15 +12,11 @@ namespace quillbox {
 namespace {
 
 using support::gray;
+using support::point;
 using support::Random;
 using testing::ElementsAre;
 
 constexpr Parallelism oneThread{.threads = 1};
-
-ColorMoments point(RGBColor color, std::int64_t weight)
-{
-    return ColorMoments(WeightedColor{color, weight});
-}
 
 std::vector<ColorMoments> randomPoints(std::int64_t count, std::int64_t levels, Random& random)
 {

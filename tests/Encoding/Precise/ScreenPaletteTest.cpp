@@ -1,6 +1,7 @@
 #include "Encoding/Precise/ScreenPalette.h"
 
 #include "reference/Precise/ScreenPalette.h"
+#include "support/ColorPoints.h"
 #include "support/Iterations.h"
 #include "support/Pictures.h"
 
@@ -14,18 +15,11 @@
 namespace quillbox {
 namespace {
 
+using support::countedColors;
 using support::gray;
 using support::Random;
 using testing::Contains;
 using testing::ElementsAre;
-
-std::vector<WeightedColor> colorsOf(const RGBAFrame& picture)
-{
-    const PixelView pixels = picture.pixels();
-    ColorCounts counts;
-    counts.add({pixels.data(), pixels.size()}, 1);
-    return counts.entries();
-}
 
 TEST(ScreenPalette, IsBlackWithoutColours)
 {
@@ -60,9 +54,9 @@ TEST(ScreenPalette, FlatAreasKeepTheirExactColourAmongNeighbours)
 TEST(ScreenPalette, HasNoMoreThanTheColoursAllowedAndNoneTwice)
 {
     Random random(3);
-    for (std::int64_t i = 0; i < support::iterations(200); ++i) {
+    for (std::int64_t i = 0; i < support::iterations(100); ++i) {
         const RGBAFrame picture = support::randomPicture(1 + random.below(40), 1 + random.below(40), random);
-        const std::vector<WeightedColor> colors = colorsOf(picture);
+        const std::vector<WeightedColor> colors = countedColors(picture);
         const std::int64_t maxColors = 1 + random.below(256);
         for (const auto& palette :
             {ScreenPalette::make(colors, maxColors), ScreenPalette::makeQuickly(colors, maxColors)}) {
@@ -79,7 +73,7 @@ TEST(ScreenPalette, IsTheSameWithAnyNumberOfThreads)
 {
     Random random(10);
     const RGBAFrame picture = support::noise(200, 200, random); // more colours than are looked at one by one
-    const std::vector<WeightedColor> colors = colorsOf(picture);
+    const std::vector<WeightedColor> colors = countedColors(picture);
     ASSERT_GT(colors.size(), 32768U);
     EXPECT_EQ(ScreenPalette::make(colors, 40, {.threads = 1}), ScreenPalette::make(colors, 40, {.threads = 3}));
 }
@@ -89,7 +83,7 @@ TEST(ScreenPalette, ServesPicturesNearlyAsWellAsManyTriesOfTheBestKnownSearch)
     // k-means from 20 random starts, the best of them: what palettes of such small pictures can be.
     Random random(11);
     for (std::int64_t i = 0; i < support::iterations(10); ++i) {
-        const std::vector<WeightedColor> colors = colorsOf(support::gradient(24, 24, random.below(50)));
+        const std::vector<WeightedColor> colors = countedColors(support::gradient(24, 24, random.below(50)));
         const std::vector<ColorMoments> points(colors.begin(), colors.end());
         double best = std::numeric_limits<double>::max();
         for (int start = 0; start < 20; ++start) {
@@ -110,7 +104,7 @@ TEST(ScreenPalette, KeepsASmallDotOfAColourOfItsOwn)
         return dot ? RGBColor(229, 20, 20)
                    : RGBColor(static_cast<std::uint8_t>(100 + x / 4), 150, static_cast<std::uint8_t>(y / 2 + 80));
     });
-    const std::vector<WeightedColor> colors = colorsOf(page);
+    const std::vector<WeightedColor> colors = countedColors(page);
     ASSERT_GT(colors.size(), 10'000U);
     for (const std::int64_t maxColors : {16, 64, 256}) {
         EXPECT_THAT(ScreenPalette::make(colors, maxColors), Contains(RGBColor(229, 20, 20))) << maxColors;
