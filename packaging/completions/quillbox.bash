@@ -25,7 +25,7 @@ _quillbox() {
         _quillbox_files "$word"
         return
         ;;
-    --source-fps | --raw | --region | --duration) return ;; # numbers
+    --source-fps | --raw | --region | --duration | --max-size | --max-width | --max-fps | --colors) return ;; # numbers
     *)
         if [[ -z $command ]]; then
             choices='--help --version'
@@ -35,8 +35,8 @@ _quillbox() {
             return
         else
             case $command in
-            encode) choices='--help --preset --output --json --force --source-fps --dither --raw' ;;
-            record) choices='--help --region --select --duration --preset --output --json --force --copy' ;;
+            encode) choices='--help --preset --output --json --force --precise --max-size --max-width --max-fps --colors --source-fps --dither --raw' ;;
+            record) choices='--help --region --select --duration --preset --output --json --force --precise --max-size --max-width --max-fps --colors --copy' ;;
             begin | stop | toggle | status | history | doctor) choices='--help --json' ;;
             show | quit) choices='--help' ;;
             esac

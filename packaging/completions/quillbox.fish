@@ -21,6 +21,11 @@ complete -c quillbox -n $makes_clips -l preset -x -a 'slack\t"2 MB, 960 pixels w
 complete -c quillbox -n $makes_clips -s o -l output -r -F -d 'The GIF to write, - for standard output'
 complete -c quillbox -n $makes_clips -l json -d 'Describe the result as a JSON object'
 complete -c quillbox -n $makes_clips -l force -d 'Replace the file if it exists'
+complete -c quillbox -n $makes_clips -l precise -d 'Show every change'
+complete -c quillbox -n $makes_clips -l max-size -x -d 'With --precise: the size instead of the preset'
+complete -c quillbox -n $makes_clips -l max-width -x -d 'With --precise: the width instead of the preset'
+complete -c quillbox -n $makes_clips -l max-fps -x -d 'With --precise: the most pictures a second'
+complete -c quillbox -n $makes_clips -l colors -x -d 'With --precise: the most colours of a picture'
 
 set -l encode '__fish_seen_subcommand_from encode'
 complete -c quillbox -n $encode -F

@@ -124,15 +124,16 @@ void filterRowOfHugeBlocks(const RowTask& task)
     }
 }
 
-/// Where a picture's rows are, which its bands keep.
+/// Where a picture's rows are, which its bands keep. Only bands that hold some of `wanted` are looked at.
 class Rows {
 public:
-    explicit Rows(const RGBAFrame& frame)
+    Rows(const RGBAFrame& frame, Span wanted)
+        : m_first(wanted.begin / RGBAFrame::rowsPerBand * RGBAFrame::rowsPerBand)
     {
         const std::int64_t rowBytes = frame.width() * RGBAFrame::bytesPerPixel;
-        m_places.reserve(static_cast<std::size_t>(frame.height()));
-        m_bands.reserve(static_cast<std::size_t>(frame.bandCount()));
-        for (std::int64_t index = 0; index < frame.bandCount(); ++index) {
+        m_places.reserve(static_cast<std::size_t>(wanted.length() + 2 * RGBAFrame::rowsPerBand));
+        for (std::int64_t index = m_first / RGBAFrame::rowsPerBand; index * RGBAFrame::rowsPerBand < wanted.end;
+             ++index) {
             const PixelView& band = m_bands.emplace_back(frame.band(index));
             for (std::int64_t row = 0; row < frame.rowsOfBand(index); ++row)
                 m_places.push_back(band.data() + row * rowBytes);
@@ -142,10 +143,11 @@ public:
     [[nodiscard]] std::span<const std::uint8_t* const> operator[](Span rows) const
     {
         return std::span(m_places).subspan(
-            static_cast<std::size_t>(rows.begin), static_cast<std::size_t>(rows.length()));
+            static_cast<std::size_t>(rows.begin - m_first), static_cast<std::size_t>(rows.length()));
     }
 
 private:
+    std::int64_t m_first;
     std::vector<PixelView> m_bands;
     std::vector<const std::uint8_t*> m_places;
 };
@@ -155,7 +157,8 @@ struct Shrinking {
     Rows source;
     Size from;
     Size to;
-    std::uint8_t* output; ///< all rows
+    std::int64_t firstRow; ///< wanted of the output
+    std::uint8_t* output;  ///< of the first row wanted
 };
 
 /// Calls `visit(source rows, output row)` for each output row of `rows`.
@@ -163,7 +166,7 @@ template <typename Visitor> void forEachOutputRow(const Shrinking& task, Span ro
 {
     for (std::int64_t y = rows.begin; y < rows.end; ++y) {
         visit(task.source[sourceSpan(y, task.from.height, task.to.height)],
-            task.output + y * task.to.width * RGBAFrame::bytesPerPixel);
+            task.output + (y - task.firstRow) * task.to.width * RGBAFrame::bytesPerPixel);
     }
 }
 
@@ -201,6 +204,35 @@ void filterBlocks(const Shrinking& task, std::int64_t blockBound, Span rows)
     });
 }
 
+void copyRows(const RGBAFrame& frame, RowRange rows, std::span<std::uint8_t> output)
+{
+    const auto rowBytes = static_cast<std::size_t>(frame.width() * RGBAFrame::bytesPerPixel);
+    const Rows source(frame, {rows.begin, rows.end});
+    for (std::int64_t y = rows.begin; y < rows.end; ++y)
+        std::memcpy(output.data() + static_cast<std::size_t>(y - rows.begin) * rowBytes, source[Span{y, y + 1}].front(),
+            rowBytes);
+}
+
+std::int64_t blockBoundOf(Size from, Size to)
+{
+    return checkedMul(from.width / to.width + 1, from.height / to.height + 1);
+}
+
+void checkShrinking(const RGBAFrame& frame, Size size)
+{
+    precondition(size.width >= 0 && size.width <= frame.width() && size.height >= 0 && size.height <= frame.height(),
+        "the box filter only shrinks");
+}
+
+void filter(const Shrinking& task, Span rows)
+{
+    const std::int64_t blockBound = blockBoundOf(task.from, task.to);
+    if (blockBound <= SmallBlockFilter::maxCount)
+        filterSmallBlocks(task, rows);
+    else
+        filterBlocks(task, blockBound, rows);
+}
+
 } // namespace
 
 Size fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth)
@@ -213,30 +245,54 @@ Size fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth)
 
 RGBAFrame boxFiltered(const RGBAFrame& frame, Size size, ForkJoinThread* side)
 {
-    const std::int64_t sourceWidth = frame.width();
-    const std::int64_t sourceHeight = frame.height();
-    precondition(size.width >= 0 && size.width <= sourceWidth && size.height >= 0 && size.height <= sourceHeight,
-        "the box filter only shrinks");
+    checkShrinking(frame, size);
     if (size.width == 0 || size.height == 0)
         return {size.width, size.height, {}};
-    const std::int64_t shortestColumn = sourceWidth / size.width;
-    const std::int64_t blockBound = checkedMul(shortestColumn + 1, sourceHeight / size.height + 1);
-
     Bytes output(static_cast<std::size_t>(checkedMul(checkedMul(size.width, size.height), RGBAFrame::bytesPerPixel)));
-    const Shrinking task{
-        .source = Rows(frame), .from = {sourceWidth, sourceHeight}, .to = size, .output = output.data()};
-    const auto filter = [&](Span rows) {
-        if (blockBound <= SmallBlockFilter::maxCount)
-            filterSmallBlocks(task, rows);
-        else
-            filterBlocks(task, blockBound, rows);
-    };
+    const Shrinking task{.source = Rows(frame, {0, frame.height()}),
+        .from = {frame.width(), frame.height()},
+        .to = size,
+        .firstRow = 0,
+        .output = output.data()};
     const std::int64_t middle = size.height / 2;
     if (side)
-        side->runBoth([&] { filter({0, middle}); }, [&] { filter({middle, size.height}); });
+        side->runBoth([&] { filter(task, {0, middle}); }, [&] { filter(task, {middle, size.height}); });
     else
-        filter({0, size.height});
+        filter(task, {0, size.height});
     return {size.width, size.height, std::move(output)};
+}
+
+void boxFilterRows(const RGBAFrame& frame, Size size, RowRange rows, std::span<std::uint8_t> output)
+{
+    checkShrinking(frame, size);
+    precondition(0 <= rows.begin && rows.begin <= rows.end && rows.end <= size.height
+            && std::ssize(output) == (rows.end - rows.begin) * size.width * RGBAFrame::bytesPerPixel,
+        "the rows wanted are rows of the output");
+    if (output.empty())
+        return;
+    if (size == Size{frame.width(), frame.height()})
+        return copyRows(frame, rows, output);
+    const Span wanted{sourceSpan(rows.begin, frame.height(), size.height).begin,
+        sourceSpan(rows.end - 1, frame.height(), size.height).end};
+    const Shrinking task{.source = Rows(frame, wanted),
+        .from = {frame.width(), frame.height()},
+        .to = size,
+        .firstRow = rows.begin,
+        .output = output.data()};
+    filter(task, {rows.begin, rows.end});
+}
+
+RowRange rowsMadeOf(RowRange source, std::int64_t sourceHeight, std::int64_t outputHeight)
+{
+    if (source.begin >= source.end)
+        return {};
+    std::int64_t begin = checkedMul(source.begin, outputHeight) / sourceHeight;
+    std::int64_t end = begin + 1;
+    while (begin > 0 && sourceSpan(begin - 1, sourceHeight, outputHeight).end > source.begin)
+        --begin;
+    while (end < outputHeight && sourceSpan(end, sourceHeight, outputHeight).begin < source.end)
+        ++end;
+    return {begin, end};
 }
 
 WidthCap::WidthCap(const RGBAFrame& first, std::optional<std::int64_t> maxWidth)

@@ -50,5 +50,21 @@ private:
 /// @pre 0 ≤ size.width ≤ frame.width(), 0 ≤ size.height ≤ frame.height().
 [[nodiscard]] RGBAFrame boxFiltered(const RGBAFrame& frame, Size size, ForkJoinThread* side = nullptr);
 
+/// Rows `begin` ≤ y < `end` of a picture.
+struct RowRange {
+    std::int64_t begin = 0;
+    std::int64_t end = 0;
+
+    friend bool operator==(const RowRange&, const RowRange&) = default;
+};
+
+/// Some rows of `boxFiltered(frame, size)`. Only source rows that they are made of are looked at.
+/// @param output  Takes the rows, RGBA. @pre `size` as above; `rows` lie within it and fill `output`.
+void boxFilterRows(const RGBAFrame& frame, Size size, RowRange rows, std::span<std::uint8_t> output);
+
+/// The rows of the output that are made of some of the rows `source`. @pre 0 < outputHeight ≤ sourceHeight, and
+/// `source` lies within the source.
+[[nodiscard]] RowRange rowsMadeOf(RowRange source, std::int64_t sourceHeight, std::int64_t outputHeight);
+
 } // namespace FrameResampler
 } // namespace quillbox

@@ -849,6 +849,26 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <source>The exit status is 0 where the screen can be recorded, else 1.</source>
         <translation>Der Exit-Status ist 0, wenn der Bildschirm aufgenommen werden kann, sonst 1.</translation>
     </message>
+    <message>
+        <source>Show every change, as exactly as the preset&apos;s size and width allow</source>
+        <translation>Jede Änderung zeigen, so genau, wie Größe und Breite der Voreinstellung es erlauben</translation>
+    </message>
+    <message>
+        <source>With --precise: the size instead of the preset&apos;s</source>
+        <translation>Mit --precise: die Größe statt der der Voreinstellung</translation>
+    </message>
+    <message>
+        <source>With --precise: the width instead of the preset&apos;s</source>
+        <translation>Mit --precise: die Breite statt der der Voreinstellung</translation>
+    </message>
+    <message>
+        <source>With --precise: the most pictures a second (default: 30)</source>
+        <translation>Mit --precise: höchstens so viele Bilder je Sekunde (Vorgabe: 30)</translation>
+    </message>
+    <message>
+        <source>With --precise: the most colours of a picture (default: 256)</source>
+        <translation>Mit --precise: höchstens so viele Farben je Bild (Vorgabe: 256)</translation>
+    </message>
 </context>
 <context>
     <name>HistoryCommand</name>
@@ -1100,6 +1120,41 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <source>; over the %1 MB budget of %2: record less, or a smaller part of the screen</source>
         <translation>; über der Grenze von %1 MB für %2: Nehmen Sie kürzer oder einen kleineren Teil des Bildschirms auf</translation>
     </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s)</source>
+        <translation>
+            <numerusform>%n Änderung</numerusform>
+            <numerusform>%n Änderungen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 % of the width</source>
+        <translation>%1 % der Breite</translation>
+    </message>
+    <message>
+        <source>every change kept</source>
+        <translation>jede Änderung behalten</translation>
+    </message>
+    <message>
+        <source>%1 and %2</source>
+        <translation>%1 und %2</translation>
+    </message>
+    <message>
+        <source>%1 given up to fit</source>
+        <translation>%1 für die Größe aufgegeben</translation>
+    </message>
+    <message>
+        <source>%1: %2, %3, %4, %5 s, %6</source>
+        <translation>%1: %2, %3, %4, %5 s, %6</translation>
+    </message>
+    <message>
+        <source>; over the %1 of --max-size: record less, or a smaller part of the screen</source>
+        <translation>; über den %1 von --max-size: weniger oder einen kleineren Teil des Bildschirms aufnehmen</translation>
+    </message>
 </context>
 <context>
     <name>Streams</name>
@@ -1248,6 +1303,26 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>standard input is a terminal; pipe a YUV4MPEG2 stream or raw frames into it</source>
         <translation>die Standardeingabe ist ein Terminal; leiten Sie einen YUV4MPEG2-Datenstrom oder rohe Bilder hinein</translation>
+    </message>
+    <message>
+        <source>%1 belongs to --precise; add that</source>
+        <translation>%1 gehört zu --precise; geben Sie das an</translation>
+    </message>
+    <message>
+        <source>--max-size: &quot;%1&quot; is not a size; write it like 750K or 1.5M</source>
+        <translation>--max-size: „%1“ ist keine Größe; schreiben Sie sie wie 750K oder 1.5M</translation>
+    </message>
+    <message>
+        <source>--max-width: use a number of pixels from %1 to %2</source>
+        <translation>--max-width: eine Anzahl Pixel von %1 bis %2 verwenden</translation>
+    </message>
+    <message>
+        <source>--max-fps: use a number of pictures a second from %1 to %2</source>
+        <translation>--max-fps: eine Anzahl Bilder je Sekunde von %1 bis %2 verwenden</translation>
+    </message>
+    <message>
+        <source>--colors: use a number of colours from %1 to %2</source>
+        <translation>--colors: eine Anzahl Farben von %1 bis %2 verwenden</translation>
     </message>
 </context>
 <context>

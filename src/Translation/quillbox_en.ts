@@ -34,5 +34,12 @@
             <numerusform>%n colours</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n change(s)</source>
+        <translation>
+            <numerusform>%n change</numerusform>
+            <numerusform>%n changes</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

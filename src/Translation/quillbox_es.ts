@@ -849,6 +849,26 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <source>The exit status is 0 where the screen can be recorded, else 1.</source>
         <translation>El estado de salida es 0 si la pantalla se puede grabar; si no, 1.</translation>
     </message>
+    <message>
+        <source>Show every change, as exactly as the preset&apos;s size and width allow</source>
+        <translation>Mostrar cada cambio, con toda la exactitud que permiten el tamaño y el ancho del ajuste</translation>
+    </message>
+    <message>
+        <source>With --precise: the size instead of the preset&apos;s</source>
+        <translation>Con --precise: el tamaño en lugar del ajuste</translation>
+    </message>
+    <message>
+        <source>With --precise: the width instead of the preset&apos;s</source>
+        <translation>Con --precise: el ancho en lugar del ajuste</translation>
+    </message>
+    <message>
+        <source>With --precise: the most pictures a second (default: 30)</source>
+        <translation>Con --precise: el máximo de imágenes por segundo (por omisión: 30)</translation>
+    </message>
+    <message>
+        <source>With --precise: the most colours of a picture (default: 256)</source>
+        <translation>Con --precise: el máximo de colores de una imagen (por omisión: 256)</translation>
+    </message>
 </context>
 <context>
     <name>HistoryCommand</name>
@@ -1100,6 +1120,41 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <source>; over the %1 MB budget of %2: record less, or a smaller part of the screen</source>
         <translation>; supera el límite de %1 MB de %2: grabe menos tiempo o una parte más pequeña de la pantalla</translation>
     </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s)</source>
+        <translation>
+            <numerusform>%n cambio</numerusform>
+            <numerusform>%n cambios</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 % of the width</source>
+        <translation>el %1 % del ancho</translation>
+    </message>
+    <message>
+        <source>every change kept</source>
+        <translation>se conserva cada cambio</translation>
+    </message>
+    <message>
+        <source>%1 and %2</source>
+        <translation>%1 y %2</translation>
+    </message>
+    <message>
+        <source>%1 given up to fit</source>
+        <translation>se cedió %1 para caber</translation>
+    </message>
+    <message>
+        <source>%1: %2, %3, %4, %5 s, %6</source>
+        <translation>%1: %2, %3, %4, %5 s, %6</translation>
+    </message>
+    <message>
+        <source>; over the %1 of --max-size: record less, or a smaller part of the screen</source>
+        <translation>; supera los %1 de --max-size: grabe menos, o una parte más pequeña de la pantalla</translation>
+    </message>
 </context>
 <context>
     <name>Streams</name>
@@ -1248,6 +1303,26 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>standard input is a terminal; pipe a YUV4MPEG2 stream or raw frames into it</source>
         <translation>la entrada estándar es un terminal; envíele un flujo YUV4MPEG2 o fotogramas sin formato</translation>
+    </message>
+    <message>
+        <source>%1 belongs to --precise; add that</source>
+        <translation>%1 va con --precise; añádalo</translation>
+    </message>
+    <message>
+        <source>--max-size: &quot;%1&quot; is not a size; write it like 750K or 1.5M</source>
+        <translation>--max-size: «%1» no es un tamaño; escríbalo como 750K o 1.5M</translation>
+    </message>
+    <message>
+        <source>--max-width: use a number of pixels from %1 to %2</source>
+        <translation>--max-width: use un número de píxeles de %1 a %2</translation>
+    </message>
+    <message>
+        <source>--max-fps: use a number of pictures a second from %1 to %2</source>
+        <translation>--max-fps: use un número de imágenes por segundo de %1 a %2</translation>
+    </message>
+    <message>
+        <source>--colors: use a number of colours from %1 to %2</source>
+        <translation>--colors: use un número de colores de %1 a %2</translation>
     </message>
 </context>
 <context>

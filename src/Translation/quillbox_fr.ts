@@ -849,6 +849,26 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <source>The exit status is 0 where the screen can be recorded, else 1.</source>
         <translation>Le code de retour est 0 si l&apos;écran peut être enregistré, sinon 1.</translation>
     </message>
+    <message>
+        <source>Show every change, as exactly as the preset&apos;s size and width allow</source>
+        <translation>Montrer chaque changement, aussi exactement que la taille et la largeur du préréglage le permettent</translation>
+    </message>
+    <message>
+        <source>With --precise: the size instead of the preset&apos;s</source>
+        <translation>Avec --precise : la taille au lieu de celle du préréglage</translation>
+    </message>
+    <message>
+        <source>With --precise: the width instead of the preset&apos;s</source>
+        <translation>Avec --precise : la largeur au lieu de celle du préréglage</translation>
+    </message>
+    <message>
+        <source>With --precise: the most pictures a second (default: 30)</source>
+        <translation>Avec --precise : le nombre maximal d’images par seconde (par défaut : 30)</translation>
+    </message>
+    <message>
+        <source>With --precise: the most colours of a picture (default: 256)</source>
+        <translation>Avec --precise : le nombre maximal de couleurs d’une image (par défaut : 256)</translation>
+    </message>
 </context>
 <context>
     <name>HistoryCommand</name>
@@ -1100,6 +1120,41 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <source>; over the %1 MB budget of %2: record less, or a smaller part of the screen</source>
         <translation>; au-delà des %1 MB prévus pour %2&#xa0;: enregistrez moins longtemps, ou une plus petite partie de l&apos;écran</translation>
     </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s)</source>
+        <translation>
+            <numerusform>%n changement</numerusform>
+            <numerusform>%n changements</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 % of the width</source>
+        <translation>%1 % de la largeur</translation>
+    </message>
+    <message>
+        <source>every change kept</source>
+        <translation>chaque changement conservé</translation>
+    </message>
+    <message>
+        <source>%1 and %2</source>
+        <translation>%1 et %2</translation>
+    </message>
+    <message>
+        <source>%1 given up to fit</source>
+        <translation>%1 sacrifié(s) pour tenir dans la taille</translation>
+    </message>
+    <message>
+        <source>%1: %2, %3, %4, %5 s, %6</source>
+        <translation>%1 : %2, %3, %4, %5 s, %6</translation>
+    </message>
+    <message>
+        <source>; over the %1 of --max-size: record less, or a smaller part of the screen</source>
+        <translation> ; dépasse les %1 de --max-size : enregistrez moins, ou une plus petite partie de l’écran</translation>
+    </message>
 </context>
 <context>
     <name>Streams</name>
@@ -1248,6 +1303,26 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>standard input is a terminal; pipe a YUV4MPEG2 stream or raw frames into it</source>
         <translation>l&apos;entrée standard est un terminal&#xa0;; envoyez-y un flux YUV4MPEG2 ou des images brutes</translation>
+    </message>
+    <message>
+        <source>%1 belongs to --precise; add that</source>
+        <translation>%1 va avec --precise ; ajoutez-le</translation>
+    </message>
+    <message>
+        <source>--max-size: &quot;%1&quot; is not a size; write it like 750K or 1.5M</source>
+        <translation>--max-size : « %1 » n’est pas une taille ; écrivez-la comme 750K ou 1.5M</translation>
+    </message>
+    <message>
+        <source>--max-width: use a number of pixels from %1 to %2</source>
+        <translation>--max-width : utilisez un nombre de pixels de %1 à %2</translation>
+    </message>
+    <message>
+        <source>--max-fps: use a number of pictures a second from %1 to %2</source>
+        <translation>--max-fps : utilisez un nombre d’images par seconde de %1 à %2</translation>
+    </message>
+    <message>
+        <source>--colors: use a number of colours from %1 to %2</source>
+        <translation>--colors : utilisez un nombre de couleurs de %1 à %2</translation>
     </message>
 </context>
 <context>

@@ -849,6 +849,26 @@ The commands below have more examples: quillbox encode --help</source>
         <source>The exit status is 0 where the screen can be recorded, else 1.</source>
         <translation>終了ステータスは、画面を録画できる場合は 0、できない場合は 1 です。</translation>
     </message>
+    <message>
+        <source>Show every change, as exactly as the preset&apos;s size and width allow</source>
+        <translation>プリセットのサイズと幅が許すかぎり正確に、すべての変化を表示する</translation>
+    </message>
+    <message>
+        <source>With --precise: the size instead of the preset&apos;s</source>
+        <translation>--precise とともに: プリセットの代わりのサイズ</translation>
+    </message>
+    <message>
+        <source>With --precise: the width instead of the preset&apos;s</source>
+        <translation>--precise とともに: プリセットの代わりの幅</translation>
+    </message>
+    <message>
+        <source>With --precise: the most pictures a second (default: 30)</source>
+        <translation>--precise とともに: 1 秒あたりの最大の画像数 (既定: 30)</translation>
+    </message>
+    <message>
+        <source>With --precise: the most colours of a picture (default: 256)</source>
+        <translation>--precise とともに: 1 枚の画像の最大の色数 (既定: 256)</translation>
+    </message>
 </context>
 <context>
     <name>HistoryCommand</name>
@@ -1096,6 +1116,40 @@ The commands below have more examples: quillbox encode --help</source>
         <source>; over the %1 MB budget of %2: record less, or a smaller part of the screen</source>
         <translation>。%2 の上限 %1 MB を超えています。録画を短くするか、画面の範囲を小さくしてください</translation>
     </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s)</source>
+        <translation>
+            <numerusform>%n 個の変化</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 % of the width</source>
+        <translation>幅の %1 %</translation>
+    </message>
+    <message>
+        <source>every change kept</source>
+        <translation>すべての変化を保持</translation>
+    </message>
+    <message>
+        <source>%1 and %2</source>
+        <translation>%1 と %2</translation>
+    </message>
+    <message>
+        <source>%1 given up to fit</source>
+        <translation>収めるために %1 を省略</translation>
+    </message>
+    <message>
+        <source>%1: %2, %3, %4, %5 s, %6</source>
+        <translation>%1: %2、%3、%4、%5 秒、%6</translation>
+    </message>
+    <message>
+        <source>; over the %1 of --max-size: record less, or a smaller part of the screen</source>
+        <translation>; --max-size の %1 を超えています: 短く、または画面のより狭い範囲を録画してください</translation>
+    </message>
 </context>
 <context>
     <name>Streams</name>
@@ -1244,6 +1298,26 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>standard input is a terminal; pipe a YUV4MPEG2 stream or raw frames into it</source>
         <translation>標準入力が端末です。YUV4MPEG2 ストリームか生フレームをパイプで渡してください</translation>
+    </message>
+    <message>
+        <source>%1 belongs to --precise; add that</source>
+        <translation>%1 は --precise とともに使います。--precise を付けてください</translation>
+    </message>
+    <message>
+        <source>--max-size: &quot;%1&quot; is not a size; write it like 750K or 1.5M</source>
+        <translation>--max-size: 「%1」はサイズではありません。750K や 1.5M のように書いてください</translation>
+    </message>
+    <message>
+        <source>--max-width: use a number of pixels from %1 to %2</source>
+        <translation>--max-width: %1 から %2 までのピクセル数を使ってください</translation>
+    </message>
+    <message>
+        <source>--max-fps: use a number of pictures a second from %1 to %2</source>
+        <translation>--max-fps: %1 から %2 までの 1 秒あたりの画像数を使ってください</translation>
+    </message>
+    <message>
+        <source>--colors: use a number of colours from %1 to %2</source>
+        <translation>--colors: %1 から %2 までの色数を使ってください</translation>
     </message>
 </context>
 <context>

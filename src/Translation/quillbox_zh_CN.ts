@@ -849,6 +849,26 @@ The commands below have more examples: quillbox encode --help</source>
         <source>The exit status is 0 where the screen can be recorded, else 1.</source>
         <translation>可以录制屏幕时退出状态为 0，否则为 1。</translation>
     </message>
+    <message>
+        <source>Show every change, as exactly as the preset&apos;s size and width allow</source>
+        <translation>在预设的大小和宽度允许的范围内，尽可能精确地显示每一处变化</translation>
+    </message>
+    <message>
+        <source>With --precise: the size instead of the preset&apos;s</source>
+        <translation>与 --precise 一起：代替预设的大小</translation>
+    </message>
+    <message>
+        <source>With --precise: the width instead of the preset&apos;s</source>
+        <translation>与 --precise 一起：代替预设的宽度</translation>
+    </message>
+    <message>
+        <source>With --precise: the most pictures a second (default: 30)</source>
+        <translation>与 --precise 一起：每秒最多的画面数（默认：30）</translation>
+    </message>
+    <message>
+        <source>With --precise: the most colours of a picture (default: 256)</source>
+        <translation>与 --precise 一起：每个画面最多的颜色数（默认：256）</translation>
+    </message>
 </context>
 <context>
     <name>HistoryCommand</name>
@@ -1096,6 +1116,40 @@ The commands below have more examples: quillbox encode --help</source>
         <source>; over the %1 MB budget of %2: record less, or a smaller part of the screen</source>
         <translation>；超出 %2 的 %1 MB 上限：请缩短录制时间或缩小屏幕区域</translation>
     </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s)</source>
+        <translation>
+            <numerusform>%n 处变化</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 % of the width</source>
+        <translation>%1 % 的宽度</translation>
+    </message>
+    <message>
+        <source>every change kept</source>
+        <translation>保留了每一处变化</translation>
+    </message>
+    <message>
+        <source>%1 and %2</source>
+        <translation>%1和%2</translation>
+    </message>
+    <message>
+        <source>%1 given up to fit</source>
+        <translation>为符合大小舍弃了%1</translation>
+    </message>
+    <message>
+        <source>%1: %2, %3, %4, %5 s, %6</source>
+        <translation>%1：%2，%3，%4，%5 秒，%6</translation>
+    </message>
+    <message>
+        <source>; over the %1 of --max-size: record less, or a smaller part of the screen</source>
+        <translation>；超出 --max-size 的 %1：请录制得短一些，或录制屏幕上更小的一块</translation>
+    </message>
 </context>
 <context>
     <name>Streams</name>
@@ -1244,6 +1298,26 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>standard input is a terminal; pipe a YUV4MPEG2 stream or raw frames into it</source>
         <translation>标准输入是终端；请用管道传入 YUV4MPEG2 数据流或原始帧</translation>
+    </message>
+    <message>
+        <source>%1 belongs to --precise; add that</source>
+        <translation>%1 要与 --precise 一起使用；请加上它</translation>
+    </message>
+    <message>
+        <source>--max-size: &quot;%1&quot; is not a size; write it like 750K or 1.5M</source>
+        <translation>--max-size：“%1”不是大小；请写成 750K 或 1.5M 这样</translation>
+    </message>
+    <message>
+        <source>--max-width: use a number of pixels from %1 to %2</source>
+        <translation>--max-width：请使用 %1 到 %2 的像素数</translation>
+    </message>
+    <message>
+        <source>--max-fps: use a number of pictures a second from %1 to %2</source>
+        <translation>--max-fps：请使用 %1 到 %2 的每秒画面数</translation>
+    </message>
+    <message>
+        <source>--colors: use a number of colours from %1 to %2</source>
+        <translation>--colors：请使用 %1 到 %2 的颜色数</translation>
     </message>
 </context>
 <context>

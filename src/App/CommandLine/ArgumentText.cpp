@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <system_error>
@@ -61,6 +62,21 @@ std::optional<double> ArgumentText::duration(std::string_view text)
     if (!seconds || !(*seconds > 0 && *seconds <= longest)) // also turns away what is not a number
         return std::nullopt;
     return seconds;
+}
+
+std::optional<std::int64_t> ArgumentText::byteCount(std::string_view text)
+{
+    constexpr double most = 1e15;
+    double unit = 1;
+    if (text.ends_with('K') || text.ends_with('M')) {
+        unit = text.back() == 'K' ? 1e3 : 1e6;
+        text.remove_suffix(1);
+    }
+    const bool isNumber = !text.empty() && (isDigits(text.substr(0, 1)) || text.front() == '.');
+    const auto count = isNumber ? number<double>(text) : std::nullopt;
+    if (!count || !(*count * unit >= 1) || *count * unit > most || (unit == 1 && *count != std::floor(*count)))
+        return std::nullopt;
+    return std::llround(*count * unit);
 }
 
 } // namespace quillbox

@@ -3,6 +3,7 @@
 #include "App/FrameSources/FrameSize.h"
 #include "Capture/CaptureRegion.h"
 
+#include <cstdint>
 #include <optional>
 #include <string_view>
 
@@ -21,6 +22,10 @@ namespace ArgumentText {
 
 /// A number of seconds above 0 and at most 86400, with or without a fraction. None when it is written otherwise.
 [[nodiscard]] std::optional<double> duration(std::string_view text);
+
+/// A number of bytes, at least 1: "750000", "750K" or "1.5M", the units being 1000 and 1000000. None when it is written
+/// otherwise.
+[[nodiscard]] std::optional<std::int64_t> byteCount(std::string_view text);
 
 } // namespace ArgumentText
 } // namespace quillbox

@@ -38,6 +38,11 @@ struct Arguments {
     std::string output;
     bool json = false;
     bool force = false;
+    bool precise = false;
+    std::string maxSize;
+    std::int64_t maxWidth = 0;
+    std::int64_t maxFPS = 0;
+    std::int64_t colors = 0;
     // encode
     std::vector<std::string> inputs;
     std::int64_t sourceFPS = 0;
@@ -92,10 +97,72 @@ void addOutputOptions(CLI::App& command, Arguments& arguments, const std::string
     command.add_flag("--force", arguments.force, translate("Help", "Replace OUT if it exists"));
 }
 
+/// The options of which the precise encoder knows alone.
+constexpr std::array preciseOptions{"--max-size", "--max-width", "--max-fps", "--colors"};
+
+void addPreciseOptions(CLI::App& command, Arguments& arguments)
+{
+    command.add_flag("--precise", arguments.precise,
+        translate("Help", "Show every change, as exactly as the preset's size and width allow"));
+    command
+        .add_option(
+            "--max-size", arguments.maxSize, translate("Help", "With --precise: the size instead of the preset's"))
+        ->type_name("BYTES[K|M]");
+    command
+        .add_option(
+            "--max-width", arguments.maxWidth, translate("Help", "With --precise: the width instead of the preset's"))
+        ->type_name("PIXELS");
+    command
+        .add_option("--max-fps", arguments.maxFPS,
+            translate("Help", "With --precise: the most pictures a second (default: 30)"))
+        ->type_name("N");
+    command
+        .add_option("--colors", arguments.colors,
+            translate("Help", "With --precise: the most colours of a picture (default: 256)"))
+        ->type_name("N");
+}
+
 /// @param text  Of the context "Usage"; `argument` takes the place of %1.
 UsageError complaint(const char* text, const std::string& argument = {})
 {
     return UsageError(withArguments(translate("Usage", text), {argument}));
+}
+
+/// @throws UsageError  `text`, with the limits in the places of %1 and %2, unless `number` lies within.
+std::int64_t numberWithin(std::int64_t number, std::int64_t least, std::int64_t most, const char* text)
+{
+    if (number < least || number > most)
+        throw UsageError(withArguments(translate("Usage", text), {std::to_string(least), std::to_string(most)}));
+    return number;
+}
+
+std::optional<PreciseOptimizer::Config> preciseLimits(
+    const CLI::App& command, const Arguments& arguments, ExportPreset preset)
+{
+    if (!arguments.precise) {
+        for (const char* const option : preciseOptions)
+            if (command.count(option) > 0)
+                throw complaint(QT_TRANSLATE_NOOP("Usage", "%1 belongs to --precise; add that"), option);
+        return std::nullopt;
+    }
+    auto config = PreciseOptimizer::Config::of(preset);
+    if (command.count("--max-size") > 0) {
+        const auto bytes = ArgumentText::byteCount(arguments.maxSize);
+        if (!bytes)
+            throw complaint(QT_TRANSLATE_NOOP("Usage", "--max-size: \"%1\" is not a size; write it like 750K or 1.5M"),
+                arguments.maxSize);
+        config.targetBytes = *bytes;
+    }
+    if (command.count("--max-width") > 0)
+        config.maxWidth = numberWithin(arguments.maxWidth, 1, GIFEncoder::maximumFieldValue,
+            QT_TRANSLATE_NOOP("Usage", "--max-width: use a number of pixels from %1 to %2"));
+    if (command.count("--max-fps") > 0)
+        config.maxFPS = numberWithin(arguments.maxFPS, 1, PreciseOptimizer::Config::highestMaxFPS,
+            QT_TRANSLATE_NOOP("Usage", "--max-fps: use a number of pictures a second from %1 to %2"));
+    if (command.count("--colors") > 0)
+        config.maxColors = numberWithin(
+            arguments.colors, 2, 256, QT_TRANSLATE_NOOP("Usage", "--colors: use a number of colours from %1 to %2"));
+    return config;
 }
 
 OutputOptions outputOptions(const CLI::App& command, const Arguments& arguments)
@@ -113,6 +180,7 @@ OutputOptions outputOptions(const CLI::App& command, const Arguments& arguments)
     }
     options.json = arguments.json;
     options.force = arguments.force;
+    options.precise = preciseLimits(command, arguments, *preset);
     return options;
 }
 
@@ -252,6 +320,7 @@ CommandLine::Request CommandLine::parse(int argc, const char* const* argv)
         ->required()
         ->type_name("");
     addOutputOptions(*encode, arguments, translate("Help", "beside the first INPUT, with the extension gif"));
+    addPreciseOptions(*encode, arguments);
     encode
         ->add_option("--source-fps", arguments.sourceFPS,
             translate("Help", "Frames per second of the input (default: its own, or 30)"))
@@ -276,6 +345,7 @@ CommandLine::Request CommandLine::parse(int argc, const char* const* argv)
             "--duration", arguments.duration, translate("Help", "Stop after so many seconds (default: Ctrl-C stops)"))
         ->type_name("S");
     addOutputOptions(*record, arguments, translate("Help", "a dated file in the folder Quillbox of your videos"));
+    addPreciseOptions(*record, arguments);
     record->add_flag("--copy", arguments.copy, translate("Help", "Put the clip on the clipboard, too"));
     record->footer(translate("Help", recordExamples));
 

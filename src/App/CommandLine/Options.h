@@ -2,6 +2,7 @@
 
 #include "App/FrameSources/FrameSize.h"
 #include "Capture/CaptureRegion.h"
+#include "Encoding/Precise/PreciseOptimizer.h"
 #include "Encoding/Presets.h"
 
 #include <cstdint>
@@ -33,6 +34,7 @@ struct OutputOptions {
     std::optional<std::string> output; ///< a path, or `standardStreamName`; none for the command's default
     bool json = false;                 ///< report the result as JSON
     bool force = false;                ///< replace an existing file
+    std::optional<PreciseOptimizer::Config> precise; ///< show every change; within the preset's limits or those given
 };
 
 struct EncodeOptions {

@@ -4,6 +4,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cmath>
+
 namespace quillbox {
 namespace {
 
@@ -17,6 +19,11 @@ std::string lineOf(const nlohmann::ordered_json& object)
 {
     // A path need not be UTF-8, JSON must be.
     return object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + '\n';
+}
+
+double hundredths(double value)
+{
+    return std::round(value * 100) / 100;
 }
 
 const char* wordFor(ServiceReport::Health health)
@@ -57,7 +64,7 @@ std::string DoctorReport::json(const Findings& findings)
 std::string ResultReport::jsonLine(const Clip& clip)
 {
     const auto& result = clip.result;
-    const nlohmann::ordered_json object{
+    nlohmann::ordered_json object{
         {"byteCount", result.byteCount},
         {"frameCount", result.frameCount},
         {"sourceFrameCount", result.sourceFrameCount},
@@ -70,6 +77,14 @@ std::string ResultReport::jsonLine(const Clip& clip)
         {"height", screenField(result.data, 8)},
         {"overBudget", isOverBudget(clip)},
     };
+    if (clip.precise) {
+        const PreciseOptimizer::Result& precise = clip.precise->result;
+        object["precise"] = true;
+        object["qualityDecibels"] = hundredths(precise.qualityDecibels);
+        object["lossDecibels"] = hundredths(precise.lossDecibels);
+        object["thinnedFrames"] = precise.thinnedFrames;
+        object["scale"] = precise.scale;
+    }
     return lineOf(object);
 }
 

@@ -7,6 +7,7 @@
 #include <array>
 #include <charconv>
 #include <limits>
+#include <vector>
 
 namespace quillbox {
 namespace {
@@ -39,19 +40,67 @@ int count(std::int64_t number)
 
 bool ResultReport::isOverBudget(const Clip& clip)
 {
-    return clip.result.byteCount > clip.preset.targetBytes();
+    return clip.result.byteCount > (clip.precise ? clip.precise->config.targetBytes : clip.preset.targetBytes());
 }
 
-std::string ResultReport::humanLine(const Clip& clip)
+namespace {
+
+/// What was given up for the size of a precise clip, or that nothing was.
+std::string givenUp(const PreciseOptimizer::Result& result)
+{
+    std::vector<std::string> parts;
+    if (result.lossDecibels >= 0.05)
+        parts.push_back(withArguments(translate("ResultReport", "%1 dB"), {decimal(result.lossDecibels, 1)}));
+    if (result.thinnedFrames > 0)
+        parts.push_back(translate("ResultReport", "%n change(s)", nullptr, count(result.thinnedFrames)));
+    if (result.scale < 1)
+        parts.push_back(
+            withArguments(translate("ResultReport", "%1 % of the width"), {decimal(100 - 100 * result.scale, 0)}));
+    if (parts.empty())
+        return translate("ResultReport", "every change kept");
+    std::string list = parts.front();
+    for (std::size_t i = 1; i < parts.size(); ++i)
+        list = withArguments(translate("ResultReport", "%1 and %2"), {list, parts[i]});
+    return withArguments(translate("ResultReport", "%1 given up to fit"), {list});
+}
+
+std::string preciseSummary(const ResultReport::Clip& clip)
 {
     const auto& result = clip.result;
-    auto line = withArguments(translate("ResultReport", "%1: %2, %3, %4, %5 fps, %6 s, %7"),
+    return withArguments(translate("ResultReport", "%1: %2, %3, %4, %5 s, %6"),
+        {ErrorReport::oneLine(clip.output), size(result.byteCount),
+            translate("ResultReport", "%n frame(s)", nullptr, count(result.frameCount)),
+            translate("ResultReport", "%n colour(s)", nullptr, count(result.colorCount)),
+            decimal(result.durationSeconds, 1), givenUp(clip.precise->result)});
+}
+
+std::string summary(const ResultReport::Clip& clip)
+{
+    const auto& result = clip.result;
+    return withArguments(translate("ResultReport", "%1: %2, %3, %4, %5 fps, %6 s, %7"),
         {ErrorReport::oneLine(clip.output), size(result.byteCount),
             translate("ResultReport", "%n frame(s)", nullptr, count(result.frameCount)),
             translate("ResultReport", "%n colour(s)", nullptr, count(result.colorCount)),
             std::to_string(result.effectiveFPS), decimal(result.durationSeconds, 1),
             result.usedDithering ? translate("ResultReport", "dithered") : translate("ResultReport", "not dithered")});
-    if (isOverBudget(clip)) {
+}
+
+/// Whether the budget is another than the preset's.
+bool hasOwnBudget(const ResultReport::Clip& clip)
+{
+    return clip.precise && clip.precise->config.targetBytes != clip.preset.targetBytes();
+}
+
+} // namespace
+
+std::string ResultReport::humanLine(const Clip& clip)
+{
+    std::string line = clip.precise ? preciseSummary(clip) : summary(clip);
+    if (isOverBudget(clip) && hasOwnBudget(clip)) {
+        line += withArguments(
+            translate("ResultReport", "; over the %1 of --max-size: record less, or a smaller part of the screen"),
+            {size(clip.precise->config.targetBytes)});
+    } else if (isOverBudget(clip)) {
         const auto megabytes = decimal(static_cast<double>(clip.preset.targetBytes()) / 1'000'000, 0);
         line += withArguments(
             translate("ResultReport", "; over the %1 MB budget of %2: record less, or a smaller part of the screen"),

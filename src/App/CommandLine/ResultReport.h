@@ -1,9 +1,11 @@
 #pragma once
 
 #include "Encoding/GIFOptimizer.h"
+#include "Encoding/Precise/PreciseOptimizer.h"
 #include "Encoding/Presets.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace quillbox {
@@ -15,17 +17,26 @@ struct Clip {
     const GIFOptimizer::Result& result;
     ExportPreset preset;
     std::string output; ///< where it was written
+
+    /// Of a clip that was made precisely.
+    struct Precise {
+        const PreciseOptimizer::Result& result;
+        const PreciseOptimizer::Config& config;
+    };
+    std::optional<Precise> precise{};
 };
 
-/// "demo.gif: 1.2 MB, 40 frames, 64 colours, 12 fps, 5.3 s, dithered" and a newline; a clip over its preset's
-/// budget says so at the end.
+/// "demo.gif: 1.2 MB, 40 frames, 64 colours, 12 fps, 5.3 s, dithered" and a newline; a clip over its budget says so at
+/// the end. A precise one says what was given up for the budget: "demo.gif: 1.9 MB, 80 frames, 256 colours, 5.3 s,
+/// 3.1 dB and 12 changes given up to fit", or "every change kept".
 [[nodiscard]] std::string humanLine(const Clip& clip);
 
 /// One JSON object on one line, and a newline: the fields of `GIFOptimizer::Result` but the data, in their order,
-/// then "output", "width" and "height" of the GIF in pixels, "overBudget".
+/// then "output", "width" and "height" of the GIF in pixels, "overBudget"; of a precise one also "precise" (true),
+/// "qualityDecibels", "lossDecibels", "thinnedFrames" and "scale", as `PreciseOptimizer::Result`.
 [[nodiscard]] std::string jsonLine(const Clip& clip);
 
-/// Whether the file is larger than its preset wants it.
+/// Whether the file is larger than its preset, or what was given instead, wants it.
 [[nodiscard]] bool isOverBudget(const Clip& clip);
 
 } // namespace ResultReport

@@ -2,6 +2,7 @@
 
 #include "Capture/FrameTimeline.h"
 #include "Capture/RecordingReducer.h"
+#include "Capture/Spill/KeptPictures.h"
 #include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/OutputFile.h"
 
@@ -23,6 +24,19 @@ GIFOptimizer::Result ClipExport::encode(
     const FrameReducer* const known = recording.reducer ? recording.reducer->of(recording.frames) : nullptr;
     return known != nullptr ? GIFOptimizer::optimize(*known, config, execution)
                             : GIFOptimizer::optimize(recording.frames, config, execution);
+}
+
+PreciseOptimizer::Result ClipExport::encodePrecisely(
+    const Recording& recording, const PreciseOptimizer::Config& config, const GIFOptimizer::Execution& execution)
+{
+    if (recording.reducer) // it may be at work on the frames
+        (void)recording.reducer->of(recording.frames);
+    KeptPictures pictures = KeptPictures::frugal();
+    DistinctFrames frames = PreciseOptimizer::framesFor(config, FrameTimeline::framesPerSecond,
+        [&pictures](const RGBAFrame& picture) { return pictures.keep(picture); });
+    for (const RGBAFrame& frame : recording.frames)
+        frames.append(frame);
+    return PreciseOptimizer::optimize(frames, config, execution);
 }
 
 QString ClipExport::newPath()

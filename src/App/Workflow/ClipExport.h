@@ -2,6 +2,7 @@
 
 #include "Encoding/GIFOptimizer.h"
 #include "Encoding/PixelTypes.h"
+#include "Encoding/Precise/PreciseOptimizer.h"
 #include "Encoding/Presets.h"
 
 #include <QByteArray>
@@ -33,6 +34,12 @@ struct Saved {
 /// @throws GIFEncodingError  a side of a frame is too large.
 [[nodiscard]] GIFOptimizer::Result encode(
     const Recording& recording, ExportPreset preset, const GIFOptimizer::Execution& execution = {});
+
+/// Makes a GIF of the same recording that shows every change. May be called as often as wanted, after `encode` or
+/// before it, with one configuration or several.
+/// @pre, @throws  as `encode`; SpillError  there is no room for what has to be kept.
+[[nodiscard]] PreciseOptimizer::Result encodePrecisely(
+    const Recording& recording, const PreciseOptimizer::Config& config, const GIFOptimizer::Execution& execution = {});
 
 /// Where a clip that is saved now belongs: in the clips folder, under a name made of the local time.
 /// @return An absolute path.

@@ -5,6 +5,7 @@
 namespace quillbox {
 namespace {
 
+constexpr std::int64_t frugalBytes = 128'000'000;
 constexpr std::int64_t plainBytes = 32'000'000; // the last few, with which the next ones are compared
 
 } // namespace
@@ -20,6 +21,11 @@ KeptPictures::KeptPictures(std::int64_t memoryBytes, std::filesystem::path folde
 KeptPictures::KeptPictures()
     : KeptPictures(FrameSpill::memoryShare(FrameSpill::maxMemory), FrameSpill::usualFolder())
 {
+}
+
+KeptPictures KeptPictures::frugal()
+{
+    return {FrameSpill::memoryShare(frugalBytes), FrameSpill::usualFolder()};
 }
 
 RGBAFrame KeptPictures::keep(const RGBAFrame& picture)

@@ -20,6 +20,8 @@ public:
     /// A quarter of the memory that is available now, 2 GB at most, or what the environment's QUILLBOX_RECORDING_MEMORY
     /// says; and the program's own folder.
     KeptPictures();
+    /// For pictures that are asked for in order, once or twice: the memory of `FrameSpill::usualLimits`.
+    [[nodiscard]] static KeptPictures frugal();
 
     /// Takes care of the next picture. @return the same picture, to be held instead of `picture`.
     /// @throws SpillError  there is no room any more.

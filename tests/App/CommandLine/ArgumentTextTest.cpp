@@ -51,5 +51,19 @@ TEST(ArgumentText, RefusesWhatIsNoDuration)
         EXPECT_EQ(ArgumentText::duration(text), std::nullopt) << text;
 }
 
+TEST(ArgumentText, ReadsByteCountsWithTheirUnits)
+{
+    EXPECT_EQ(ArgumentText::byteCount("750000"), 750'000);
+    EXPECT_EQ(ArgumentText::byteCount("750K"), 750'000);
+    EXPECT_EQ(ArgumentText::byteCount("1.5M"), 1'500'000);
+    EXPECT_EQ(ArgumentText::byteCount(".5K"), 500);
+}
+
+TEST(ArgumentText, RefusesOtherByteCounts)
+{
+    for (const char* const text : {"", "0", "K", "-5", "1.5", "2MB", "1 M", "nan", "inf", "1e400", "9999999999999999"})
+        EXPECT_EQ(ArgumentText::byteCount(text), std::nullopt) << text;
+}
+
 } // namespace
 } // namespace quillbox

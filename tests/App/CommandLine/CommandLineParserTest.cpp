@@ -49,6 +49,36 @@ TEST(CommandLineParser, GivesEncodeItsDefaults)
     EXPECT_FALSE(options.out.force);
 }
 
+TEST(CommandLineParser, MakesPreciseClipsWithinThePresetsSizeAndWidth)
+{
+    EXPECT_EQ(parseEncode({"a.png"}).out.precise, std::nullopt);
+    EXPECT_EQ(parseEncode({"--precise", "a.png"}).out.precise, PreciseOptimizer::Config::of(ExportPreset::slack));
+    EXPECT_EQ(parseRecord({"--select", "--precise", "--preset", "docs"}).out.precise,
+        PreciseOptimizer::Config::of(ExportPreset::docs));
+}
+
+TEST(CommandLineParser, ReadsTheLimitsOfPreciseClips)
+{
+    const auto config = parseEncode(
+        {"--precise", "--max-size", "1.5M", "--max-width", "640", "--max-fps", "20", "--colors", "100", "a.png"})
+                            .out.precise;
+    EXPECT_EQ(
+        config, (PreciseOptimizer::Config{.targetBytes = 1'500'000, .maxWidth = 640, .maxFPS = 20, .maxColors = 100}));
+}
+
+TEST(CommandLineParser, ExplainsWrongLimitsOfPreciseClips)
+{
+    EXPECT_EQ(complaintAbout({"encode", "--max-fps", "20", "a.png"}), "--max-fps belongs to --precise; add that");
+    EXPECT_EQ(complaintAbout({"encode", "--precise", "--max-size", "big", "a.png"}),
+        "--max-size: \"big\" is not a size; write it like 750K or 1.5M");
+    EXPECT_EQ(complaintAbout({"encode", "--precise", "--max-fps", "51", "a.png"}),
+        "--max-fps: use a number of pictures a second from 1 to 50");
+    EXPECT_EQ(complaintAbout({"encode", "--precise", "--colors", "1", "a.png"}),
+        "--colors: use a number of colours from 2 to 256");
+    EXPECT_EQ(complaintAbout({"record", "--select", "--precise", "--max-width", "0"}),
+        "--max-width: use a number of pixels from 1 to 65535");
+}
+
 TEST(CommandLineParser, ReadsEveryOptionOfEncode)
 {
     const auto options = parseEncode({"--preset", "docs", "--source-fps", "25", "--dither", "never", "--raw", "64x48",

@@ -73,6 +73,55 @@ TEST(ResultReport, RoundsKilobytesToWholeOnes)
     EXPECT_EQ(ResultReport::humanLine({result(999'999), ExportPreset::slack, "a"}).substr(0, 11), "a: 1000 KB,");
 }
 
+struct PreciseClip {
+    PreciseOptimizer::Result result;
+    PreciseOptimizer::Config config = PreciseOptimizer::Config::of(ExportPreset::slack);
+
+    [[nodiscard]] ResultReport::Clip clip() const
+    {
+        return {result.clip, ExportPreset::slack, "a.gif", ResultReport::Clip::Precise{result, config}};
+    }
+};
+
+TEST(ResultReport, SaysThatAPreciseClipLacksNothing)
+{
+    const PreciseClip precise{.result = {.clip = result(1234567)}};
+    EXPECT_EQ(
+        ResultReport::humanLine(precise.clip()), "a.gif: 1.2 MB, 40 frames, 64 colours, 3.2 s, every change kept\n");
+}
+
+TEST(ResultReport, SaysWhatAPreciseClipGaveUp)
+{
+    PreciseClip precise{.result = {.clip = result(1234567), .qualityDecibels = 40, .lossDecibels = 2.34}};
+    EXPECT_EQ(ResultReport::humanLine(precise.clip()),
+        "a.gif: 1.2 MB, 40 frames, 64 colours, 3.2 s, 2.3 dB given up to fit\n");
+    precise.result.thinnedFrames = 1;
+    precise.result.scale = 0.8;
+    EXPECT_EQ(ResultReport::humanLine(precise.clip()),
+        "a.gif: 1.2 MB, 40 frames, 64 colours, 3.2 s, 2.3 dB and 1 change and 20 % of the width given up to fit\n");
+}
+
+TEST(ResultReport, AddsToTheJSONObjectWhatAPreciseClipGaveUp)
+{
+    const PreciseClip precise{.result
+        = {.clip = result(5), .qualityDecibels = 40.126, .lossDecibels = 2.5, .thinnedFrames = 3, .scale = 0.75}};
+    const std::string report = ResultReport::jsonLine(precise.clip());
+    EXPECT_NE(report.find(R"("overBudget":false,"precise":true,"qualityDecibels":40.13,"lossDecibels":2.5,)"
+                          R"("thinnedFrames":3,"scale":0.75})"),
+        std::string::npos)
+        << report;
+}
+
+TEST(ResultReport, ComparesAPreciseClipWithItsOwnBudget)
+{
+    PreciseClip precise{.result = {.clip = result(1'000'001)}};
+    EXPECT_FALSE(ResultReport::isOverBudget(precise.clip()));
+    precise.config.targetBytes = 1'000'000;
+    EXPECT_TRUE(ResultReport::isOverBudget(precise.clip()));
+    const auto line = ResultReport::humanLine(precise.clip());
+    EXPECT_NE(line.find("; over the 1.0 MB of --max-size: record less"), std::string::npos) << line;
+}
+
 TEST(ErrorReport, KeepsAMessageOnOneLine)
 {
     EXPECT_EQ(ErrorReport::oneLine("a\nb\x1b[2Jc\x7F"), "a?b?[2Jc?");

@@ -5,10 +5,12 @@
 #include "App/CommandLine/OptimizerProgress.h"
 #include "App/CommandLine/ProgressLine.h"
 #include "App/CommandLine/ResultReport.h"
+#include "App/FrameSources/BackgroundDistinctFrames.h"
 #include "App/FrameSources/BackgroundReducer.h"
 #include "App/FrameSources/FrameReadError.h"
 #include "Capture/Spill/KeptPictures.h"
 #include "Encoding/GIFOptimizer.h"
+#include "Encoding/Precise/PreciseOptimizer.h"
 #include "PostCapture/OutputFile.h"
 #include "Translation/Translate.h"
 
@@ -52,6 +54,40 @@ void examineFiles(const std::vector<std::string>& inputs, const ClipOutput& outp
     }
 }
 
+void save(const ResultReport::Clip& clip, const ClipOutput& output, bool json, ProgressLine& line)
+{
+    line.show(translate("ProgressLine", "saving"));
+    output.save(clip.result.data);
+    line.clear();
+    output.report(json ? ResultReport::jsonLine(clip) : ResultReport::humanLine(clip));
+}
+
+void encodeByPreset(const EncodeOptions& options, const ClipOutput& output, ProgressLine& line)
+{
+    KeptPictures pictures;
+    BackgroundReducer reducer(options.out.preset, options.sourceFPS,
+        [&pictures](const RGBAFrame& picture) { return pictures.keep(picture); });
+    InputReader::read(options, reducer);
+    const FrameReducer& frames = reducer.finished();
+    const GIFOptimizer::Config config{
+        .preset = options.out.preset, .sourceFPS = frames.sourceFPS(), .ditheringOverride = options.dithering};
+    const auto result = GIFOptimizer::optimize(frames, config, {.progress = progressOn(line)});
+    save({result, options.out.preset, output.name()}, output, options.out.json, line);
+}
+
+/// @pre the options ask for it
+void encodePrecisely(const EncodeOptions& options, const ClipOutput& output, ProgressLine& line)
+{
+    const PreciseOptimizer::Config& config = *options.out.precise;
+    KeptPictures pictures = KeptPictures::frugal();
+    BackgroundDistinctFrames distinct(
+        config, options.sourceFPS, [&pictures](const RGBAFrame& picture) { return pictures.keep(picture); });
+    InputReader::read(options, distinct);
+    const auto result = PreciseOptimizer::optimize(distinct.finished(), config, {.progress = progressOn(line)});
+    save({result.clip, options.out.preset, output.name(), ResultReport::Clip::Precise{result, config}}, output,
+        options.out.json, line);
+}
+
 } // namespace
 
 int EncodeCommand::run(const EncodeOptions& options)
@@ -62,20 +98,10 @@ int EncodeCommand::run(const EncodeOptions& options)
 
     ProgressLine line;
     line.show(translate("ProgressLine", "reading"));
-    KeptPictures pictures;
-    BackgroundReducer reducer(options.out.preset, options.sourceFPS,
-        [&pictures](const RGBAFrame& picture) { return pictures.keep(picture); });
-    InputReader::read(options, reducer);
-    const FrameReducer& frames = reducer.finished();
-    const GIFOptimizer::Config config{
-        .preset = options.out.preset, .sourceFPS = frames.sourceFPS(), .ditheringOverride = options.dithering};
-    const auto result = GIFOptimizer::optimize(frames, config, {.progress = progressOn(line)});
-    line.show(translate("ProgressLine", "saving"));
-    output.save(result.data);
-    line.clear();
-
-    const ResultReport::Clip saved{result, options.out.preset, output.name()};
-    output.report(options.out.json ? ResultReport::jsonLine(saved) : ResultReport::humanLine(saved));
+    if (options.out.precise)
+        encodePrecisely(options, output, line);
+    else
+        encodeByPreset(options, output, line);
     return ExitCode::success;
 }
 

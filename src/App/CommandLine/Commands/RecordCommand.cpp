@@ -16,6 +16,7 @@
 #include "App/Workflow/FlowMessages.h"
 #include "Capture/StreamRecorder.h"
 #include "Encoding/GIFOptimizer.h"
+#include "Encoding/Precise/PreciseOptimizer.h"
 #include "PostCapture/Clipboard/ClipboardChoice.h"
 #include "Translation/Translate.h"
 
@@ -106,22 +107,34 @@ QCoro::Task<Recording> recordFrames(RecordOptions options, ProgressLine& line)
     co_return recording;
 }
 
-GIFOptimizer::Result encode(
-    const Recording& recording, ExportPreset preset, const std::function<void(const GIFOptimizer::Progress&)>& progress)
+/// A finished clip, and what was given up for it if it was made precisely.
+struct Encoded {
+    GIFOptimizer::Result result;
+    std::optional<PreciseOptimizer::Result> precise; ///< without the clip
+};
+
+Encoded encode(const Recording& recording, const OutputOptions& options,
+    const std::function<void(const GIFOptimizer::Progress&)>& progress)
 {
     leaveEndingSignalsToMainThread();
-    return ClipExport::encode(recording, preset, {.progress = progress});
+    if (!options.precise)
+        return {.result = ClipExport::encode(recording, options.preset, {.progress = progress}), .precise = {}};
+    auto precise = ClipExport::encodePrecisely(recording, *options.precise, {.progress = progress});
+    auto clip = std::exchange(precise.clip, {});
+    return {.result = std::move(clip), .precise = std::move(precise)};
 }
 
 /// @return where it was saved
-std::string save(const GIFOptimizer::Result& result, const OutputOptions& options, ProgressLine& line)
+std::string save(const Encoded& encoded, const OutputOptions& options, ProgressLine& line)
 {
     const ClipOutput output(options.output ? *options.output : QFile::encodeName(ClipExport::newPath()).toStdString(),
         options.force); // which makes a folder
     line.show(translate("ProgressLine", "saving"));
-    output.save(result.data);
+    output.save(encoded.result.data);
     line.clear();
-    const ResultReport::Clip saved{result, options.preset, output.name()};
+    ResultReport::Clip saved{encoded.result, options.preset, output.name()};
+    if (encoded.precise)
+        saved.precise.emplace(ResultReport::Clip::Precise{*encoded.precise, *options.precise});
     output.report(options.json ? ResultReport::jsonLine(saved) : ResultReport::humanLine(saved));
     return output.name();
 }
@@ -192,11 +205,11 @@ QCoro::Task<int> recordAndSave(RecordOptions options)
         co_return ExitCode::failure;
     std::string failure;
     try {
-        auto job = QtConcurrent::run(&encode, std::move(recording), options.out.preset, progressOn(line));
-        const auto result = co_await job;
-        const auto output = save(result, options.out, line);
+        auto job = QtConcurrent::run(&encode, std::move(recording), options.out, progressOn(line));
+        const auto encoded = co_await job;
+        const auto output = save(encoded, options.out, line);
         if (options.copy) {
-            auto copying = copy(output, ClipExport::bytes(result));
+            auto copying = copy(output, ClipExport::bytes(encoded.result));
             if (!co_await copying)
                 co_return ExitCode::failure;
         }

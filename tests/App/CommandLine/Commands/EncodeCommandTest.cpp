@@ -2,6 +2,7 @@
 
 #include "Encoding/GIFEncoder.h"
 #include "Encoding/GIFOptimizer.h"
+#include "Encoding/Precise/PreciseOptimizer.h"
 #include "support/ForeignDecoders.h"
 #include "support/GifDecoding.h"
 #include "support/Pictures.h"
@@ -277,6 +278,24 @@ TEST_F(EncodeCommand, ShowsNoProgressWhereNobodyWatches)
 {
     writeRaw("text.rgba", scrollingText());
     EXPECT_EQ(shell("quillbox encode --raw 120x80 text.rgba").errors, "");
+}
+
+TEST_F(EncodeCommand, MakesAPreciseClipThatTheOptimizerMakes)
+{
+    const auto frames = scrollingText();
+    writeRaw("text.rgba", frames);
+    const auto config = PreciseOptimizer::Config{.targetBytes = 1'000'000, .maxWidth = 60};
+    DistinctFrames distinct = PreciseOptimizer::framesFor(config, 30);
+    for (const RGBAFrame& frame : frames)
+        distinct.append(frame);
+    const auto wanted = PreciseOptimizer::optimize(distinct, config);
+    const auto result = shell("quillbox encode --precise --max-size 1M --max-width 60 --json --raw 120x80 text.rgba");
+    EXPECT_EQ(result.exitStatus, 0) << result.errors;
+    EXPECT_EQ(bytesOf("text.gif"), wanted.clip.data);
+    const auto report = nlohmann::json::parse(result.output);
+    EXPECT_EQ(report["precise"], true);
+    EXPECT_EQ(report["frameCount"], 30);
+    EXPECT_EQ(report["width"], 60);
 }
 
 } // namespace

@@ -1,0 +1,43 @@
+#include "App/FrameSources/BackgroundDistinctFrames.h"
+
+#include "Encoding/Precondition.h"
+
+#include <utility>
+
+namespace quillbox {
+namespace {
+
+constexpr std::size_t maxQueue = 4; // frames
+
+} // namespace
+
+BackgroundDistinctFrames::BackgroundDistinctFrames(
+    const PreciseOptimizer::Config& config, std::optional<std::int64_t> sourceFPS, DistinctFrames::Keeper keeper)
+    : m_config(config)
+    , m_sourceFPS(sourceFPS)
+    , m_keeper(std::move(keeper))
+{
+}
+
+void BackgroundDistinctFrames::setRate(std::int64_t framesPerSecond)
+{
+    precondition(!m_thread, "a rate is known before the first frame");
+    if (!m_sourceFPS)
+        m_sourceFPS = framesPerSecond;
+}
+
+void BackgroundDistinctFrames::take(const RGBAFrame& frame)
+{
+    if (!m_thread)
+        m_thread.emplace(
+            PreciseOptimizer::framesFor(m_config, m_sourceFPS.value_or(defaultFPS), m_keeper), maxQueue);
+    m_thread->take(frame);
+}
+
+const DistinctFrames& BackgroundDistinctFrames::finished()
+{
+    precondition(m_thread.has_value(), "an input has a frame");
+    return m_thread->finished();
+}
+
+} // namespace quillbox

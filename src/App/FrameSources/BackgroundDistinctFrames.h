@@ -1,0 +1,37 @@
+#pragma once
+
+#include "App/FrameSources/FrameConsumer.h"
+#include "Encoding/Precise/DistinctFramesThread.h"
+#include "Encoding/Precise/PreciseOptimizer.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace quillbox {
+
+/// Gives frames to `DistinctFrames` on a thread of its own, so that reading and comparing overlap. A reader that is
+/// faster waits: only a few frames are under way at a time.
+class BackgroundDistinctFrames final : public FrameConsumer {
+public:
+    /// @param sourceFPS  Rate of the frames, whatever the input says; none: the input's own, or else `defaultFPS`.
+    /// @param keeper     As `DistinctFrames`; called on the thread.
+    BackgroundDistinctFrames(const PreciseOptimizer::Config& config, std::optional<std::int64_t> sourceFPS,
+        DistinctFrames::Keeper keeper = nullptr);
+
+    void setRate(std::int64_t framesPerSecond) override;
+    void take(const RGBAFrame& frame) override;
+
+    /// What the frames came to, once all have been looked at. No frame may follow.
+    /// @throws std::bad_alloc  there is not enough memory; and whatever the keeper threw.
+    [[nodiscard]] const DistinctFrames& finished();
+
+private:
+    static constexpr std::int64_t defaultFPS = 30;
+
+    PreciseOptimizer::Config m_config;
+    std::optional<std::int64_t> m_sourceFPS;
+    DistinctFrames::Keeper m_keeper;
+    std::optional<DistinctFramesThread> m_thread; ///< runs from the first frame on
+};
+
+} // namespace quillbox
