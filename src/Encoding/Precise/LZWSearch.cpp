@@ -1,6 +1,7 @@
 #include "Encoding/Precise/LZWSearch.h"
 
 #include "Encoding/Precise/ClearCodes.h"
+#include "Encoding/Precise/CodeWriter.h"
 #include "Encoding/Precise/PictureParser.h"
 #include "Encoding/Precondition.h"
 
@@ -12,12 +13,6 @@
 
 namespace quillbox::LZWSearch {
 namespace {
-
-/// GIF's literals have two bits at least.
-int minCodeSizeFor(std::uint8_t largestIndex)
-{
-    return std::max(static_cast<int>(std::bit_width(unsigned{largestIndex})), 2);
-}
 
 /// The smallest index that no changed pixel has, if a pixel may be transparent.
 std::optional<std::uint8_t> freeIndex(const Picture& picture)
@@ -38,30 +33,6 @@ std::optional<std::uint8_t> freeIndex(const Picture& picture)
     return static_cast<std::uint8_t>(free - isTaken.begin());
 }
 
-/// Packs codes lowest bit first.
-class BitWriter {
-public:
-    void write(std::uint32_t code, int bits)
-    {
-        m_buffer |= std::uint64_t{code} << static_cast<unsigned>(m_count);
-        for (m_count += bits; m_count >= 8; m_count -= 8) {
-            m_bytes.push_back(static_cast<std::uint8_t>(m_buffer));
-            m_buffer >>= 8U;
-        }
-    }
-    Bytes finish()
-    {
-        if (m_count > 0)
-            m_bytes.push_back(static_cast<std::uint8_t>(m_buffer));
-        return std::move(m_bytes);
-    }
-
-private:
-    Bytes m_bytes;
-    std::uint64_t m_buffer = 0;
-    int m_count = 0;
-};
-
 /// All codes of a picture, with clear codes at `clears`.
 Bytes written(PictureParser& parser, const FreePicture& picture, std::span<const std::size_t> clears,
     PictureParser::Lookahead lookahead)
@@ -69,7 +40,7 @@ Bytes written(PictureParser& parser, const FreePicture& picture, std::span<const
     const CodeWidths widths(picture.minCodeSize);
     const auto clear = 1U << static_cast<unsigned>(picture.minCodeSize);
     const std::size_t count = picture.indices.size();
-    BitWriter writer;
+    CodeWriter writer;
     writer.write(clear, widths.after(0));
     parser.setLookahead(lookahead);
     parser.begin(0);
