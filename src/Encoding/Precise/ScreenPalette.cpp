@@ -125,7 +125,7 @@ std::size_t leastMissed(const std::vector<Cluster>& clusters, std::size_t kept)
 /// matter in the sum of errors: a red dot on a photograph, a link, a pointer.
 void keepOutliers(std::vector<RGBColor>& palette, std::span<const WeightedColor> colors)
 {
-    const std::size_t most = std::min(palette.size() - 1, 1 + palette.size() / 32);
+    const std::size_t most = 1 + palette.size() / 32;
     for (std::size_t kept = 0; kept < most; ++kept) { // those are the first ones
         NearestColors nearest(palette);
         WeightedColor outlier;

@@ -15,14 +15,17 @@ namespace ScreenPalette {
 
 inline constexpr std::int64_t maxColorCount = 256; ///< what a colour table of a GIF holds
 
-/// A palette for all that `colors` were counted in: those colours themselves when they are few enough, otherwise
-/// splits by variance, improved by k-means. Ordered by weight, heaviest first; equal weights by ascending key.
-/// @param colors     Distinct, by ascending `Color24::key`, as `ColorCounts::entries()` gives them.
+/// A palette for all that `colors` were counted in: those colours themselves when they are few enough. Otherwise the
+/// centres of clusters, found by splits, merging, k-means and exchanging; a colour that makes up more than half of its
+/// cluster is its centre, and rare colours that would turn into quite another one get entries of their own. Ordered by
+/// weight, heaviest first; equal weights by ascending key.
+/// @param colors     Distinct, by ascending `Color24::key`, as `ColorCounts::entries()` gives them. 255 times the sum
+/// of
+///                   their weights fits 63 bits.
 /// @param maxColors  1…256.
-/// @return 1…`maxColors` distinct colours; black alone if there are none.
+/// @return As many distinct colours as there are, at most `maxColors`; black alone if there are none.
 /// @pre    Arguments as described; a violation ends the process.
-/// @see    X. Wu, "Efficient Statistical Computations for Optimal Color Quantization" (1991);
-///         S. Lloyd, "Least Squares Quantization in PCM" (1982).
+/// @see    ColorClustering, KMeans
 [[nodiscard]] std::vector<RGBColor> make(
     std::span<const WeightedColor> colors, std::int64_t maxColors, Parallelism parallelism = {});
 

@@ -36,6 +36,28 @@ TEST(NearestColors, TellsNeighbouringColoursApart)
     EXPECT_EQ(nearest.index({100, 101, 100}), 0);
 }
 
+TEST(NearestColors, TakesTheLowestOfEquallyNearEntriesWhicheverIsNearerToOtherColoursAround)
+{
+    NearestColors nearest(
+        {RGBColor(12, 16, 16), RGBColor(16, 20, 16)}); // the second one is nearer to most dark colours
+    EXPECT_EQ(nearest.index({16, 16, 16}), 0);
+    EXPECT_EQ(nearest.index({17, 16, 16}), 1);
+}
+
+TEST(NearestColors, RemembersMoreColoursThanItHasPlacesFor)
+{
+    Random random(12);
+    const std::vector<RGBColor> palette = support::randomPalette(16, random);
+    NearestColors nearest(palette);
+    for (int round = 0; round < 2; ++round) {
+        for (std::uint32_t i = 0; i < 40'000; ++i) {
+            const RGBColor color(
+                static_cast<std::uint8_t>(i), static_cast<std::uint8_t>(i >> 8U), static_cast<std::uint8_t>(i >> 5U));
+            ASSERT_EQ(nearest.index(color), PaletteMapper::nearestIndexLinear(color, palette)) << i;
+        }
+    }
+}
+
 TEST(NearestColors, MapsEveryPixelLikeALinearSearch)
 {
     Random random(2);
