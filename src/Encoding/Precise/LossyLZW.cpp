@@ -22,7 +22,7 @@ void expectWellFormed(const Picture& picture, Loss loss)
     precondition(!picture.colorTable.empty() && picture.colorTable.size() <= 256, "a table has 1 to 256 colours");
     precondition(std::ranges::max(picture.indices) < picture.colorTable.size(), "every index is in the table");
     precondition(
-        loss.price >= 0 && loss.price <= std::int64_t{1} << 31 && loss.maxError >= 0 && loss.maxError <= 3 * 255 * 255,
+        loss.price >= 0 && loss.price <= std::int64_t{1} << 24 && loss.maxError >= 0 && loss.maxError <= 3 * 255 * 255,
         "the price and the largest error are in range");
 }
 

@@ -28,7 +28,7 @@ struct Picture {
 /// What errors may be made, and their price. The error of a pixel is the squared distance from its wanted colour (see
 /// `RGBColor::distanceSquared`) beyond that of its nearest colour.
 struct Loss {
-    std::int64_t price = 0;    ///< of one unit of error for one unit of duration, in 1/65536 bit; 0…2^31
+    std::int64_t price = 0;    ///< of one unit of error for one unit of duration, in 1/65536 bit; 0…2^24
     std::int64_t maxError = 0; ///< of a pixel, 0…195075; 0 permits nothing but what looks the same
 };
 

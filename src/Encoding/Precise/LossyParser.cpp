@@ -37,14 +37,19 @@ std::int64_t LossyParser::errorOf(std::size_t position, std::uint8_t index) cons
     return excess(position, stays ? m_picture.shown[position] : m_picture.colorTable[index]);
 }
 
-/// Nothing if the error is too large.
+/// Nothing if the error is too large or too dear.
 std::optional<std::int64_t> LossyParser::priceOf(std::size_t position, std::uint8_t index) const
 {
     const std::int64_t error = errorOf(position, index);
     if (error > m_loss.maxError)
         return std::nullopt;
     const std::int64_t duration = m_picture.durations.empty() ? 1 : m_picture.durations[position];
-    return error * duration * m_loss.price;
+    const std::int64_t price = error * duration * m_loss.price;
+    // More than any sequence saves, and little enough that sums and products of prices and lengths fit 64 bits.
+    constexpr std::int64_t maxPrice = std::int64_t{4096} << 16;
+    if (price > maxPrice)
+        return std::nullopt;
+    return price;
 }
 
 /// For each colour those that a pixel next to it could take.

@@ -117,7 +117,7 @@ TEST(LossyLZW, EveryStreamShowsWhatItsResultSays)
             made.shown.clear();
         if (random.oneIn(3))
             made.durations.clear();
-        const Loss loss{.price = random.pick<std::int64_t>({0, 1, 50, 1000, 100'000, std::int64_t{1} << 31}),
+        const Loss loss{.price = random.pick<std::int64_t>({0, 1, 50, 1000, 100'000, std::int64_t{1} << 24}),
             .maxError = random.pick<std::int64_t>({0, 1, 100, 1000, 195'075})};
         const Result result = encoder.encode(made.picture(), loss, {.passes = random.pick({1, 5, 30})});
         expectConsistent(made.picture(), loss, result);
@@ -195,6 +195,7 @@ TEST(LossyLZWDeathTest, RefusesPicturesThatAreNone)
     picture.colorTable = picture.colorTable.first(0);
     EXPECT_DEATH(encoded(picture, {}), "1 to 256 colours");
     EXPECT_DEATH(encoded(made.picture(), {.price = -1}), "in range");
+    EXPECT_DEATH(encoded(made.picture(), {.price = (1 << 24) + 1}), "in range");
 }
 
 } // namespace
