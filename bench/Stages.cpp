@@ -95,7 +95,7 @@ struct Inputs {
 
     std::vector<RGBAFrame> frames;
     RGBAFrame middle;
-    FrameResampler::Size smaller;
+    PixelSize smaller;
     ColorHistogram histogram;
     reference::Histogram plainHistogram;
     NearestColorLUT lut;

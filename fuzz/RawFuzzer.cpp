@@ -17,8 +17,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     fuzz::Input input(data, size);
     const bool anySize = input.byte() >= 128;
-    const FrameSize frameSize
-        = anySize ? FrameSize{input.number16() * 2, input.number16() * 2} : FrameSize{input.below(9), input.below(9)};
+    const PixelSize frameSize
+        = anySize ? PixelSize{input.number16() * 2, input.number16() * 2} : PixelSize{input.below(9), input.below(9)};
     const Bytes bytes = input.rest(1 << 16);
     const std::int64_t frameBytes = frameSize.width * frameSize.height * 4;
     const bool sidesFit

@@ -1,5 +1,7 @@
 #include "Capture/CaptureGeometry.h"
 
+#include "Encoding/FrameResampler.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -39,8 +41,7 @@ std::int64_t pointsOf(std::int64_t pixels, double scale)
     return std::max<std::int64_t>(std::llround(static_cast<double>(pixels) / scale), 1);
 }
 
-std::optional<CaptureGeometry> planned(
-    CaptureRegion region, PixelRect display, FrameResampler::Size limit, PointScale scales)
+std::optional<CaptureGeometry> planned(CaptureRegion region, PixelRect display, PixelSize limit, PointScale scales)
 {
     region = region.normalized();
     const Span columns = cut(region.x, region.width, limit.width);
@@ -56,7 +57,7 @@ std::optional<CaptureGeometry> planned(
     return plan;
 }
 
-RGBAFrame nearest(const RGBAFrame& frame, FrameResampler::Size size)
+RGBAFrame nearest(const RGBAFrame& frame, PixelSize size)
 {
     Bytes pixels(static_cast<std::size_t>(checkedMul(checkedMul(size.width, size.height), RGBAFrame::bytesPerPixel)));
     std::uint8_t* destination = pixels.data();
@@ -74,7 +75,7 @@ RGBAFrame nearest(const RGBAFrame& frame, FrameResampler::Size size)
 
 } // namespace
 
-PointScale scaleOf(FrameResampler::Size pixels, FrameResampler::Size points)
+PointScale scaleOf(PixelSize pixels, PixelSize points)
 {
     precondition(
         points.width > 0 && points.height > 0 && pixels.width > 0 && pixels.height > 0, "a display has an extent");
@@ -92,7 +93,7 @@ PixelRect devicePixelsOf(CaptureRegion region, PointScale scale)
         static_cast<std::int32_t>(y.length)};
 }
 
-FrameResampler::Size sizeInPoints(PixelRect display, double scale)
+PixelSize sizeInPoints(PixelRect display, double scale)
 {
     return {pointsOf(display.width, scale), pointsOf(display.height, scale)};
 }
@@ -103,12 +104,12 @@ std::optional<CaptureGeometry> captureGeometry(CaptureRegion region, PixelRect d
     return planned(region, display, sizeInPoints(display, scale), {scale, scale});
 }
 
-std::optional<CaptureGeometry> captureGeometry(CaptureRegion region, PixelRect display, FrameResampler::Size points)
+std::optional<CaptureGeometry> captureGeometry(CaptureRegion region, PixelRect display, PixelSize points)
 {
     return planned(region, display, points, scaleOf({display.width, display.height}, points));
 }
 
-RGBAFrame scaledTo(const RGBAFrame& frame, FrameResampler::Size size)
+RGBAFrame scaledTo(const RGBAFrame& frame, PixelSize size)
 {
     precondition(frame.width() > 0 && frame.height() > 0 && size.width > 0 && size.height > 0, "a frame has pixels");
     if (frame.width() == size.width && frame.height() == size.height)

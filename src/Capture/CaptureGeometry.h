@@ -1,7 +1,8 @@
 #pragma once
 
 #include "Capture/CaptureRegion.h"
-#include "Encoding/FrameResampler.h"
+#include "Encoding/PixelSize.h"
+#include "Encoding/PixelTypes.h"
 #include "Platform/PixelRect.h"
 
 #include <optional>
@@ -10,8 +11,8 @@ namespace quillbox {
 
 /// Which device pixels make the frames of a region.
 struct CaptureGeometry {
-    PixelRect source;            ///< what to grab, in the coordinates of the display's rectangle
-    FrameResampler::Size output; ///< the frames' size: one pixel a point
+    PixelRect source; ///< what to grab, in the coordinates of the display's rectangle
+    PixelSize output; ///< the frames' size: one pixel a point
 
     friend bool operator==(const CaptureGeometry&, const CaptureGeometry&) = default;
 };
@@ -23,14 +24,14 @@ struct PointScale {
 };
 
 /// The scale of a display that has so many pixels and points. @pre Both at least 1 × 1.
-[[nodiscard]] PointScale scaleOf(FrameResampler::Size pixels, FrameResampler::Size points);
+[[nodiscard]] PointScale scaleOf(PixelSize pixels, PixelSize points);
 
 /// The device pixels of `region`, edges rounded to the nearest, at least one; also of what lies beside the display.
 [[nodiscard]] PixelRect devicePixelsOf(CaptureRegion region, PointScale scale);
 
 /// The size of `display` in points, rounded, at least 1 × 1.
 /// @param scale  Device pixels a point, above 0.
-[[nodiscard]] FrameResampler::Size sizeInPoints(PixelRect display, double scale);
+[[nodiscard]] PixelSize sizeInPoints(PixelRect display, double scale);
 
 /// Cuts `region` to the display and finds its device pixels, edges rounded to the nearest pixel; at least one pixel.
 /// @param display  The main display, in device pixels of the whole screen.
@@ -40,12 +41,11 @@ struct PointScale {
 
 /// The same where the two axes may have scales of their own: the ratio of the display's device pixels to its points.
 /// @param points  The display's size in points, at least 1 × 1.
-[[nodiscard]] std::optional<CaptureGeometry> captureGeometry(
-    CaptureRegion region, PixelRect display, FrameResampler::Size points);
+[[nodiscard]] std::optional<CaptureGeometry> captureGeometry(CaptureRegion region, PixelRect display, PixelSize points);
 
 /// `frame` at `size`: shrunk with a box filter, or, where a side must grow, by repeating the nearest pixel. A frame
 /// that has the size already is passed on with its pixels shared.
 /// @pre Both sizes at least 1 × 1.
-[[nodiscard]] RGBAFrame scaledTo(const RGBAFrame& frame, FrameResampler::Size size);
+[[nodiscard]] RGBAFrame scaledTo(const RGBAFrame& frame, PixelSize size);
 
 } // namespace quillbox

@@ -4,7 +4,7 @@
 
 namespace quillbox {
 
-RGBAFrame IncrementalFrameBuilder::remade(FrameResampler::Size size, DirtyBands& changed, const MakeBand& makeBand)
+RGBAFrame IncrementalFrameBuilder::remade(PixelSize size, DirtyBands& changed, const MakeBand& makeBand)
 {
     m_bands.resize(changed.count());
     for (std::size_t index = 0; index < m_bands.size(); ++index) {

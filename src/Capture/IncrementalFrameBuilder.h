@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Capture/DirtyBands.h"
-#include "Encoding/FrameResampler.h"
+#include "Encoding/PixelSize.h"
 #include "Encoding/PixelTypes.h"
 
 #include <cstdint>
@@ -18,7 +18,7 @@ public:
 
     /// A frame whose changed bands are made anew. `changed` is cleared.
     /// @param size  Pixels; positive.
-    [[nodiscard]] RGBAFrame remade(FrameResampler::Size size, DirtyBands& changed, const MakeBand& makeBand);
+    [[nodiscard]] RGBAFrame remade(PixelSize size, DirtyBands& changed, const MakeBand& makeBand);
 
     /// `frame`, compared with the one before unless it is made of bands already. @pre it has pixels.
     [[nodiscard]] RGBAFrame compared(const RGBAFrame& frame);

@@ -155,8 +155,8 @@ private:
 /// A picture on its way to another size.
 struct Shrinking {
     Rows source;
-    Size from;
-    Size to;
+    PixelSize from;
+    PixelSize to;
     std::int64_t firstRow; ///< wanted of the output
     std::uint8_t* output;  ///< of the first row wanted
 };
@@ -213,12 +213,12 @@ void copyRows(const RGBAFrame& frame, RowRange rows, std::span<std::uint8_t> out
             rowBytes);
 }
 
-std::int64_t blockBoundOf(Size from, Size to)
+std::int64_t blockBoundOf(PixelSize from, PixelSize to)
 {
     return checkedMul(from.width / to.width + 1, from.height / to.height + 1);
 }
 
-void checkShrinking(const RGBAFrame& frame, Size size)
+void checkShrinking(const RGBAFrame& frame, PixelSize size)
 {
     precondition(size.width >= 0 && size.width <= frame.width() && size.height >= 0 && size.height <= frame.height(),
         "the box filter only shrinks");
@@ -235,7 +235,7 @@ void filter(const Shrinking& task, Span rows)
 
 } // namespace
 
-Size fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth)
+PixelSize fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth)
 {
     if (maxWidth >= width || maxWidth < 1 || height < 1)
         return {width, height};
@@ -243,7 +243,7 @@ Size fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth)
     return {maxWidth, std::max<std::int64_t>(std::llround(scaled), 1)};
 }
 
-RGBAFrame boxFiltered(const RGBAFrame& frame, Size size, ForkJoinThread* side)
+RGBAFrame boxFiltered(const RGBAFrame& frame, PixelSize size, ForkJoinThread* side)
 {
     checkShrinking(frame, size);
     if (size.width == 0 || size.height == 0)
@@ -262,7 +262,7 @@ RGBAFrame boxFiltered(const RGBAFrame& frame, Size size, ForkJoinThread* side)
     return {size.width, size.height, std::move(output)};
 }
 
-void boxFilterRows(const RGBAFrame& frame, Size size, RowRange rows, std::span<std::uint8_t> output)
+void boxFilterRows(const RGBAFrame& frame, PixelSize size, RowRange rows, std::span<std::uint8_t> output)
 {
     checkShrinking(frame, size);
     precondition(0 <= rows.begin && rows.begin <= rows.end && rows.end <= size.height
@@ -270,7 +270,7 @@ void boxFilterRows(const RGBAFrame& frame, Size size, RowRange rows, std::span<s
         "the rows wanted are rows of the output");
     if (output.empty())
         return;
-    if (size == Size{frame.width(), frame.height()})
+    if (size == PixelSize{frame.width(), frame.height()})
         return copyRows(frame, rows, output);
     const Span wanted{sourceSpan(rows.begin, frame.height(), size.height).begin,
         sourceSpan(rows.end - 1, frame.height(), size.height).end};
@@ -299,7 +299,7 @@ WidthCap::WidthCap(const RGBAFrame& first, std::optional<std::int64_t> maxWidth)
 {
     if (!maxWidth || *maxWidth >= first.width())
         return;
-    const Size target = fittedSize(first.width(), first.height(), *maxWidth);
+    const PixelSize target = fittedSize(first.width(), first.height(), *maxWidth);
     if (target.width >= 1 && target.height >= 1)
         m_target = target;
 }
@@ -308,7 +308,7 @@ RGBAFrame WidthCap::applied(const RGBAFrame& frame, ForkJoinThread* side) const
 {
     if (!m_target || (frame.width() <= m_target->width && frame.height() <= m_target->height))
         return frame;
-    const Size size{std::min(frame.width(), m_target->width), std::min(frame.height(), m_target->height)};
+    const PixelSize size{std::min(frame.width(), m_target->width), std::min(frame.height(), m_target->height)};
     return boxFiltered(frame, size, side);
 }
 

@@ -2,6 +2,7 @@
 
 #include "Encoding/ForkJoinThread.h"
 #include "Encoding/Parallel.h"
+#include "Encoding/PixelSize.h"
 #include "Encoding/PixelTypes.h"
 
 #include <cstdint>
@@ -14,16 +15,9 @@ namespace quillbox {
 /// Shrinks pictures with a box filter; never enlarges. Stateless; thread: any.
 namespace FrameResampler {
 
-struct Size {
-    std::int64_t width = 0;  ///< pixels
-    std::int64_t height = 0; ///< pixels
-
-    friend bool operator==(const Size&, const Size&) = default;
-};
-
 /// `size` shrunk to `maxWidth`, the height following as (maxWidth ÷ width) × height in doubles, rounded, at least
 /// 1. Unchanged when it is narrow enough already, or when `maxWidth` or the height is below 1.
-[[nodiscard]] Size fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth);
+[[nodiscard]] PixelSize fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth);
 
 /// Shrinks the frames of a clip to the size fitted to the first one.
 class WidthCap {
@@ -38,7 +32,7 @@ public:
     [[nodiscard]] RGBAFrame applied(const RGBAFrame& frame, ForkJoinThread* side = nullptr) const;
 
 private:
-    std::optional<Size> m_target;
+    std::optional<PixelSize> m_target;
 };
 
 /// All frames, in order, under the `WidthCap` of the first.
@@ -48,7 +42,7 @@ private:
 /// Every pixel is the mean of its block of source pixels, truncated, alpha included.
 /// @param side  Does half of the work, if there is one.
 /// @pre 0 ≤ size.width ≤ frame.width(), 0 ≤ size.height ≤ frame.height().
-[[nodiscard]] RGBAFrame boxFiltered(const RGBAFrame& frame, Size size, ForkJoinThread* side = nullptr);
+[[nodiscard]] RGBAFrame boxFiltered(const RGBAFrame& frame, PixelSize size, ForkJoinThread* side = nullptr);
 
 /// Rows `begin` ≤ y < `end` of a picture.
 struct RowRange {
@@ -60,7 +54,7 @@ struct RowRange {
 
 /// Some rows of `boxFiltered(frame, size)`. Only source rows that they are made of are looked at.
 /// @param output  Takes the rows, RGBA. @pre `size` as above; `rows` lie within it and fill `output`.
-void boxFilterRows(const RGBAFrame& frame, Size size, RowRange rows, std::span<std::uint8_t> output);
+void boxFilterRows(const RGBAFrame& frame, PixelSize size, RowRange rows, std::span<std::uint8_t> output);
 
 /// The rows of the output that are made of some of the rows `source`. @pre 0 < outputHeight ≤ sourceHeight, and
 /// `source` lies within the source.

@@ -59,10 +59,8 @@ TEST(CaptureGeometry, ARegionWithoutExtentIsOnePixel)
 
 TEST(CaptureGeometry, TheAxesMayDiffer)
 {
-    EXPECT_EQ(
-        captureGeometry({10, 20, 30, 40}, display, FrameResampler::Size{960, 1080}), plan({20, 20, 60, 40}, 30, 40));
-    EXPECT_EQ(captureGeometry({950, 1070, 30, 40}, display, FrameResampler::Size{960, 1080}),
-        plan({1900, 1070, 20, 10}, 10, 10));
+    EXPECT_EQ(captureGeometry({10, 20, 30, 40}, display, PixelSize{960, 1080}), plan({20, 20, 60, 40}, 30, 40));
+    EXPECT_EQ(captureGeometry({950, 1070, 30, 40}, display, PixelSize{960, 1080}), plan({1900, 1070, 20, 10}, 10, 10));
 }
 
 TEST(CaptureGeometry, AtScaleTwoAPointIsFourPixels)

@@ -15,7 +15,6 @@ namespace {
 using FrameResampler::boxFiltered;
 using FrameResampler::cappedToWidth;
 using FrameResampler::fittedSize;
-using FrameResampler::Size;
 using support::gray;
 using support::Random;
 
@@ -41,45 +40,45 @@ RGBAFrame capped(const RGBAFrame& frame, std::int64_t maxWidth)
 
 TEST(FittedSize, KeepsTheAspectRatio)
 {
-    EXPECT_EQ(fittedSize(1920, 1080, 960), (Size{960, 540}));
-    EXPECT_EQ(fittedSize(1000, 333, 960), (Size{960, 320})); // 319.68
-    EXPECT_EQ(fittedSize(4, 2, 2), (Size{2, 1}));
-    EXPECT_EQ(fittedSize(3, 3, 2), (Size{2, 2}));
+    EXPECT_EQ(fittedSize(1920, 1080, 960), (PixelSize{960, 540}));
+    EXPECT_EQ(fittedSize(1000, 333, 960), (PixelSize{960, 320})); // 319.68
+    EXPECT_EQ(fittedSize(4, 2, 2), (PixelSize{2, 1}));
+    EXPECT_EQ(fittedSize(3, 3, 2), (PixelSize{2, 2}));
 }
 
 TEST(FittedSize, RoundsHalvesAwayFromZero)
 {
-    EXPECT_EQ(fittedSize(4, 1, 2), (Size{2, 1})); // 0.5
-    EXPECT_EQ(fittedSize(4, 3, 2), (Size{2, 2})); // 1.5
-    EXPECT_EQ(fittedSize(4, 5, 2), (Size{2, 3})); // 2.5
+    EXPECT_EQ(fittedSize(4, 1, 2), (PixelSize{2, 1})); // 0.5
+    EXPECT_EQ(fittedSize(4, 3, 2), (PixelSize{2, 2})); // 1.5
+    EXPECT_EQ(fittedSize(4, 5, 2), (PixelSize{2, 3})); // 2.5
 }
 
 TEST(FittedSize, DividesBeforeItMultiplies)
 {
     // 960 ÷ 1408 · 11 is 7.499999999999999 in doubles in this order; 960 · 11 ÷ 1408 would be 7.5 and give 8.
-    EXPECT_EQ(fittedSize(1408, 11, 960), (Size{960, 7}));
+    EXPECT_EQ(fittedSize(1408, 11, 960), (PixelSize{960, 7}));
 }
 
 TEST(FittedSize, IsAtLeastOneHigh)
 {
-    EXPECT_EQ(fittedSize(2000, 1, 960), (Size{960, 1})); // 0.48
-    EXPECT_EQ(fittedSize(65535, 1, 1), (Size{1, 1}));
+    EXPECT_EQ(fittedSize(2000, 1, 960), (PixelSize{960, 1})); // 0.48
+    EXPECT_EQ(fittedSize(65535, 1, 1), (PixelSize{1, 1}));
 }
 
 TEST(FittedSize, NarrowPicturesStay)
 {
-    EXPECT_EQ(fittedSize(960, 5000, 960), (Size{960, 5000}));
-    EXPECT_EQ(fittedSize(959, 1, 960), (Size{959, 1}));
-    EXPECT_EQ(fittedSize(0, 0, 960), (Size{0, 0}));
-    EXPECT_EQ(fittedSize(-4, 3, 960), (Size{-4, 3}));
+    EXPECT_EQ(fittedSize(960, 5000, 960), (PixelSize{960, 5000}));
+    EXPECT_EQ(fittedSize(959, 1, 960), (PixelSize{959, 1}));
+    EXPECT_EQ(fittedSize(0, 0, 960), (PixelSize{0, 0}));
+    EXPECT_EQ(fittedSize(-4, 3, 960), (PixelSize{-4, 3}));
 }
 
 TEST(FittedSize, ImpossibleLimitsAndHeightsChangeNothing)
 {
-    EXPECT_EQ(fittedSize(100, 100, 0), (Size{100, 100}));
-    EXPECT_EQ(fittedSize(100, 100, -5), (Size{100, 100}));
-    EXPECT_EQ(fittedSize(100, 0, 50), (Size{100, 0}));
-    EXPECT_EQ(fittedSize(100, -1, 50), (Size{100, -1}));
+    EXPECT_EQ(fittedSize(100, 100, 0), (PixelSize{100, 100}));
+    EXPECT_EQ(fittedSize(100, 100, -5), (PixelSize{100, 100}));
+    EXPECT_EQ(fittedSize(100, 0, 50), (PixelSize{100, 0}));
+    EXPECT_EQ(fittedSize(100, -1, 50), (PixelSize{100, -1}));
 }
 
 TEST(FittedSize, EqualsTheReference)
@@ -161,7 +160,7 @@ TEST(BoxFilter, EqualsTheReferenceForRandomSizes)
         const std::int64_t width = random.between(1, 150);
         const std::int64_t height = random.between(1, 80);
         const RGBAFrame frame = support::randomPicture(width, height, random);
-        const Size size{random.between(1, width), random.between(1, height)};
+        const PixelSize size{random.between(1, width), random.between(1, height)};
         ASSERT_EQ(boxFiltered(frame, size), reference::boxFiltered(frame, size));
         ASSERT_EQ(boxFiltered(frame, size, &side), reference::boxFiltered(frame, size));
     }

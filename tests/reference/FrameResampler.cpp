@@ -5,9 +5,7 @@
 
 namespace quillbox::reference {
 
-using FrameResampler::Size;
-
-Size fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth)
+PixelSize fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth)
 {
     if (maxWidth >= width || maxWidth < 1 || height < 1)
         return {width, height};
@@ -16,7 +14,7 @@ Size fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth)
     return {maxWidth, std::max<std::int64_t>(static_cast<std::int64_t>(std::round(scaledHeight)), 1)};
 }
 
-RGBAFrame boxFiltered(const RGBAFrame& frame, Size size)
+RGBAFrame boxFiltered(const RGBAFrame& frame, PixelSize size)
 {
     Bytes output;
     for (std::int64_t y = 0; y < size.height; ++y) {
@@ -46,7 +44,7 @@ std::vector<RGBAFrame> cappedToWidth(std::span<const RGBAFrame> frames, std::opt
     std::vector<RGBAFrame> result(frames.begin(), frames.end());
     if (!maxWidth || frames.empty() || *maxWidth >= frames[0].width())
         return result;
-    const Size target = fittedSize(frames[0].width(), frames[0].height(), *maxWidth);
+    const PixelSize target = fittedSize(frames[0].width(), frames[0].height(), *maxWidth);
     if (target.width < 1 || target.height < 1)
         return result;
     for (RGBAFrame& frame : result) {

@@ -11,10 +11,10 @@
 namespace quillbox::reference {
 
 /// (maxWidth ÷ width) × height in doubles, rounded half away from zero, at least 1.
-[[nodiscard]] FrameResampler::Size fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth);
+[[nodiscard]] PixelSize fittedSize(std::int64_t width, std::int64_t height, std::int64_t maxWidth);
 
 /// Each output pixel the truncated mean of its block of source pixels, walked anew for each of them.
-[[nodiscard]] RGBAFrame boxFiltered(const RGBAFrame& frame, FrameResampler::Size size);
+[[nodiscard]] RGBAFrame boxFiltered(const RGBAFrame& frame, PixelSize size);
 
 /// Every frame shrunk to the size fitted to the first one.
 [[nodiscard]] std::vector<RGBAFrame> cappedToWidth(

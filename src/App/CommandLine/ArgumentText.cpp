@@ -26,7 +26,7 @@ template <typename Number> std::optional<Number> number(std::string_view text)
 
 } // namespace
 
-std::optional<FrameSize> ArgumentText::size(std::string_view text)
+std::optional<PixelSize> ArgumentText::size(std::string_view text)
 {
     const auto cross = text.find('x');
     if (cross == std::string_view::npos)
@@ -36,7 +36,7 @@ std::optional<FrameSize> ArgumentText::size(std::string_view text)
     if (!isDigits(width) || !isDigits(height))
         return std::nullopt;
     constexpr auto largest = std::numeric_limits<std::int64_t>::max();
-    return FrameSize{number<std::int64_t>(width).value_or(largest), number<std::int64_t>(height).value_or(largest)};
+    return PixelSize{number<std::int64_t>(width).value_or(largest), number<std::int64_t>(height).value_or(largest)};
 }
 
 std::optional<CaptureRegion> ArgumentText::region(std::string_view text)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "App/FrameSources/FrameSize.h"
 #include "Capture/CaptureRegion.h"
+#include "Encoding/PixelSize.h"
 
 #include <cstdint>
 #include <optional>
@@ -14,7 +14,7 @@ namespace ArgumentText {
 
 /// "WIDTHxHEIGHT": two numbers without signs. Numbers that don't fit 64 bits become the largest that does, so that
 /// an absurd size is reported as a size and not as bad spelling. None when it is written otherwise.
-[[nodiscard]] std::optional<FrameSize> size(std::string_view text);
+[[nodiscard]] std::optional<PixelSize> size(std::string_view text);
 
 /// "X,Y,WIDTHxHEIGHT": X and Y may be negative; width and height are at least 1; all fit 32 bits.
 /// None when it is written otherwise.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "App/FrameSources/FrameSize.h"
 #include "Capture/CaptureRegion.h"
+#include "Encoding/PixelSize.h"
 #include "Encoding/Precise/PreciseOptimizer.h"
 #include "Encoding/Presets.h"
 
@@ -42,7 +42,7 @@ struct EncodeOptions {
     std::vector<std::string> inputs;       ///< paths or `standardStreamName`, at least one
     std::optional<std::int64_t> sourceFPS; ///< frames per second, at least 1; none for the input's own
     std::optional<bool> dithering;         ///< always, never, or (none) decided for each palette
-    std::optional<FrameSize> raw;          ///< the inputs are raw RGBA frames of this size, not yet checked
+    std::optional<PixelSize> raw;          ///< the inputs are raw RGBA frames of this size, not yet checked
 };
 
 struct RecordOptions {

@@ -51,7 +51,7 @@ bool isMadeOf(const RGBAFrame& frame, const std::vector<RGBAFrame::Band>& bands)
 
 } // namespace
 
-BandReader::BandReader(ByteSource& source, FrameSize size)
+BandReader::BandReader(ByteSource& source, PixelSize size)
     : m_source(source)
     , m_size(size)
     , m_pictureBytes(size.width * size.height * RGBAFrame::bytesPerPixel)

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "App/FrameSources/ByteSource.h"
-#include "App/FrameSources/FrameSize.h"
 #include "Encoding/ForkJoinThread.h"
 #include "Encoding/FramePool.h"
+#include "Encoding/PixelSize.h"
 #include "Encoding/PixelTypes.h"
 
 #include <cstdint>
@@ -22,7 +22,7 @@ class BandReader {
 public:
     /// @param source  Outlives the reader, which may read ahead; used by nobody else in the meantime.
     /// @param size    Pixels; both sides are positive, and four bytes for each fit 64 bits.
-    BandReader(ByteSource& source, FrameSize size);
+    BandReader(ByteSource& source, PixelSize size);
 
     struct Outcome {
         std::optional<RGBAFrame> frame; ///< none where the input ends before its last byte
@@ -50,7 +50,7 @@ private:
     void readPictures();
 
     ByteSource& m_source;
-    FrameSize m_size;
+    PixelSize m_size;
     std::int64_t m_pictureBytes;
     std::int64_t m_bandCount;
     std::int64_t m_bandBytes; ///< of each but perhaps the last

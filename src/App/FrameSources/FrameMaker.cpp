@@ -9,7 +9,7 @@ Bytes FrameMaker::takeBuffer(std::int64_t byteCount)
     return m_pool.take(byteCount);
 }
 
-RGBAFrame FrameMaker::frame(FrameSize size, Bytes pixels)
+RGBAFrame FrameMaker::frame(PixelSize size, Bytes pixels)
 {
     const bool isRepeat = m_previous && m_previous->width() == size.width && m_previous->height() == size.height
         && m_previous->pixels() == pixels;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "App/FrameSources/FrameSize.h"
 #include "Encoding/FramePool.h"
+#include "Encoding/PixelSize.h"
 #include "Encoding/PixelTypes.h"
 
 #include <cstdint>
@@ -17,7 +17,7 @@ public:
     [[nodiscard]] Bytes takeBuffer(std::int64_t byteCount);
 
     /// @pre `pixels` holds four bytes for each pixel of `size`.
-    [[nodiscard]] RGBAFrame frame(FrameSize size, Bytes pixels);
+    [[nodiscard]] RGBAFrame frame(PixelSize size, Bytes pixels);
 
 private:
     FramePool m_pool;

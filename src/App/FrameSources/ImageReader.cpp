@@ -1,8 +1,8 @@
 #include "App/FrameSources/ImageReader.h"
 
 #include "App/FrameSources/FrameMaker.h"
+#include "App/FrameSources/FrameMemory.h"
 #include "App/FrameSources/FrameReadError.h"
-#include "App/FrameSources/FrameSize.h"
 
 #include <QBuffer>
 #include <QByteArray>
@@ -95,7 +95,7 @@ public:
         QImage image = decode();
         if (image.isNull())
             throw FrameReadError(m_name, FrameReadError::CannotDecode{frame, m_reader.errorString().toStdString()});
-        const FrameSize size{image.width(), image.height()};
+        const PixelSize size{image.width(), image.height()};
         const auto byteCount = checkedByteCount(m_name, frame, size);
         image.convertTo(QImage::Format_RGBA8888);
         if (image.isNull())

@@ -1,6 +1,7 @@
 #include "App/FrameSources/RawReader.h"
 
 #include "App/FrameSources/BandReader.h"
+#include "App/FrameSources/FrameMemory.h"
 #include "App/FrameSources/FrameReadError.h"
 #include "Translation/Translate.h"
 
@@ -9,7 +10,7 @@
 
 namespace quillbox {
 
-void RawReader::read(ByteSource& source, FrameSize size, FrameConsumer& receiver)
+void RawReader::read(ByteSource& source, PixelSize size, FrameConsumer& receiver)
 {
     const auto frameBytes = checkedByteCount(source.name(), 1, size);
     const auto endsInside = [&](std::int64_t frame, std::int64_t byteCount) {

@@ -2,7 +2,7 @@
 
 #include "App/FrameSources/ByteSource.h"
 #include "App/FrameSources/FrameConsumer.h"
-#include "App/FrameSources/FrameSize.h"
+#include "Encoding/PixelSize.h"
 
 namespace quillbox {
 
@@ -12,7 +12,7 @@ namespace RawReader {
 /// Hands over every frame up to the end of the input; equal neighbours share their pixels.
 /// @throws FrameReadError  a side outside 1…65535, no frame, or an input that ends inside a frame. The length of an
 ///         input that tells it is checked before anything is read.
-void read(ByteSource& source, FrameSize size, FrameConsumer& receiver);
+void read(ByteSource& source, PixelSize size, FrameConsumer& receiver);
 
 } // namespace RawReader
 } // namespace quillbox

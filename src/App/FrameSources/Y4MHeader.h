@@ -1,7 +1,7 @@
 #pragma once
 
-#include "App/FrameSources/FrameSize.h"
 #include "App/FrameSources/YUVConversion.h"
+#include "Encoding/PixelSize.h"
 
 #include <cstdint>
 #include <optional>
@@ -16,7 +16,7 @@ struct Y4MHeader {
     /// The word that every stream starts with.
     static constexpr std::string_view magic = "YUV4MPEG2";
 
-    FrameSize size;
+    PixelSize size;
     ChromaSubsampling subsampling = ChromaSubsampling::yuv420;
     YUVRange range = YUVRange::limited;
     std::optional<std::int64_t> framesPerSecond; ///< rounded to a whole number, at least 1; none when it is unknown

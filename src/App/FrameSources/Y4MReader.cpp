@@ -1,5 +1,6 @@
 #include "App/FrameSources/Y4MReader.h"
 
+#include "App/FrameSources/FrameMemory.h"
 #include "App/FrameSources/FrameReadError.h"
 #include "App/FrameSources/Y4MHeader.h"
 #include "Encoding/FramePool.h"

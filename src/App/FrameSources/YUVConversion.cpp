@@ -79,7 +79,7 @@ void spread(const std::uint8_t* __restrict samples, std::uint8_t* __restrict out
 
 } // namespace
 
-FrameSize YUVConversion::chromaSize(FrameSize size, ChromaSubsampling subsampling)
+PixelSize YUVConversion::chromaSize(PixelSize size, ChromaSubsampling subsampling)
 {
     if (subsampling == ChromaSubsampling::mono)
         return {0, 0};
@@ -88,13 +88,13 @@ FrameSize YUVConversion::chromaSize(FrameSize size, ChromaSubsampling subsamplin
         (size.height + factors.vertical - 1) / factors.vertical};
 }
 
-std::int64_t YUVConversion::byteCount(FrameSize size, ChromaSubsampling subsampling)
+std::int64_t YUVConversion::byteCount(PixelSize size, ChromaSubsampling subsampling)
 {
     const auto chroma = chromaSize(size, subsampling);
     return checkedAdd(checkedMul(size.width, size.height), checkedMul(checkedMul(chroma.width, chroma.height), 2));
 }
 
-void YUVConversion::convert(std::span<const std::uint8_t> planes, FrameSize size, ChromaSubsampling subsampling,
+void YUVConversion::convert(std::span<const std::uint8_t> planes, PixelSize size, ChromaSubsampling subsampling,
     YUVRange range, std::span<std::uint8_t> pixels)
 {
     precondition(std::ssize(planes) == byteCount(size, subsampling), "a picture has all of its planes");

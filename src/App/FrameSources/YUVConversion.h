@@ -1,7 +1,7 @@
 #pragma once
 
-#include "App/FrameSources/FrameSize.h"
 #include "Encoding/Bytes.h"
+#include "Encoding/PixelSize.h"
 
 #include <cstdint>
 #include <span>
@@ -28,18 +28,18 @@ enum class YUVRange : std::uint8_t {
 namespace YUVConversion {
 
 /// Size of each of the two chroma planes: odd sizes are rounded up; 0×0 for `mono`.
-[[nodiscard]] FrameSize chromaSize(FrameSize size, ChromaSubsampling subsampling);
+[[nodiscard]] PixelSize chromaSize(PixelSize size, ChromaSubsampling subsampling);
 
 /// Bytes of one picture: the luma plane, then both chroma planes, without padding.
 /// @pre both sides are in 0…65535.
-[[nodiscard]] std::int64_t byteCount(FrameSize size, ChromaSubsampling subsampling);
+[[nodiscard]] std::int64_t byteCount(PixelSize size, ChromaSubsampling subsampling);
 
 /// Converts one picture, each chroma sample standing for all the pixels that share it; alpha is 255.
 /// Every channel is within one level of the exact value of the formula.
 /// @param planes  Y, Cb, Cr: `byteCount` bytes.
 /// @param pixels  Where the RGBA pixels go: four bytes for each pixel of `size`.
 /// @pre the sizes match.
-void convert(std::span<const std::uint8_t> planes, FrameSize size, ChromaSubsampling subsampling, YUVRange range,
+void convert(std::span<const std::uint8_t> planes, PixelSize size, ChromaSubsampling subsampling, YUVRange range,
     std::span<std::uint8_t> pixels);
 
 } // namespace YUVConversion

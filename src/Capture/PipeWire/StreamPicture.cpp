@@ -44,7 +44,7 @@ bool StreamPicture::update(const StreamBuffer& buffer, const std::optional<std::
 }
 
 /// Finds out what the frames show, and how large they are.
-void StreamPicture::planFirst(FrameResampler::Size picture, FrameResampler::Size points)
+void StreamPicture::planFirst(PixelSize picture, PixelSize points)
 {
     const PixelRect whole{0, 0, static_cast<std::int32_t>(picture.width), static_cast<std::int32_t>(picture.height)};
     const auto planned = captureGeometry(m_region, whole, points);
@@ -59,7 +59,7 @@ void StreamPicture::planFirst(FrameResampler::Size picture, FrameResampler::Size
 }
 
 /// Finds out what is read of pictures of this size.
-void StreamPicture::plan(FrameResampler::Size picture)
+void StreamPicture::plan(PixelSize picture)
 {
     const auto points = m_pointsOf(picture);
     if (!m_scale) {
@@ -69,7 +69,7 @@ void StreamPicture::plan(FrameResampler::Size picture)
             m_scale = scaleOf(picture, *points);
         m_plan.source = devicePixelsOf(m_region, *m_scale);
     }
-    m_isScaled = m_plan.output != FrameResampler::Size{m_plan.source.width, m_plan.source.height};
+    m_isScaled = m_plan.output != PixelSize{m_plan.source.width, m_plan.source.height};
     m_changed.emplace(m_plan.source.height); // all of it
     m_pixels.assign(static_cast<std::size_t>(m_plan.source.area() * RGBAFrame::bytesPerPixel), 0);
     for (std::size_t alpha = RGBAFrame::bytesPerPixel - 1; alpha < m_pixels.size(); alpha += RGBAFrame::bytesPerPixel)

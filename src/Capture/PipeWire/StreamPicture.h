@@ -19,7 +19,7 @@ namespace quillbox {
 class StreamPicture {
 public:
     /// The size in points of what a picture of this size in pixels, upright, shows; none: it is not known.
-    using PointsOf = std::function<std::optional<FrameResampler::Size>(FrameResampler::Size picture)>;
+    using PointsOf = std::function<std::optional<PixelSize>(PixelSize picture)>;
 
     /// @param region    Points of the output that is cast.
     /// @param pointsOf  Asked by update() at the first picture and when the pictures' size has changed. Where it knows
@@ -38,8 +38,8 @@ public:
     [[nodiscard]] RGBAFrame frame();
 
 private:
-    void planFirst(FrameResampler::Size picture, FrameResampler::Size points);
-    void plan(FrameResampler::Size picture);
+    void planFirst(PixelSize picture, PixelSize points);
+    void plan(PixelSize picture);
     bool merge(const StreamBuffer& buffer, const PixelStrides& walk, PixelRect box);
 
     CaptureRegion m_region; // from the first picture on what of it is shown

@@ -7,8 +7,7 @@
 
 namespace quillbox {
 
-PipeWireStream::Source sourceOf(
-    const ScreenCast& cast, FileDescriptor remote, std::optional<FrameResampler::Size> points)
+PipeWireStream::Source sourceOf(const ScreenCast& cast, FileDescriptor remote, std::optional<PixelSize> points)
 {
     PipeWireStream::Source source;
     source.remote = std::move(remote);
@@ -21,7 +20,7 @@ PipeWireStream::Source sourceOf(
     source.connect = [compositor, stop] {
         compositor->emplace(stop);
     };
-    source.points = [compositor, stop, points, facts = cast.facts](FrameResampler::Size picture) mutable {
+    source.points = [compositor, stop, points, facts = cast.facts](PixelSize picture) mutable {
         auto answer = std::exchange(points, std::nullopt); // known of the first picture only
         if (!answer) {
             if (!*compositor)

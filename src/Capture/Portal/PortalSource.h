@@ -11,6 +11,6 @@ namespace quillbox {
 /// @param points  Of the monitor, where that is known already; none: the compositor is asked.
 /// @throws CaptureError  Unreadable: there is no free file descriptor.
 [[nodiscard]] PipeWireStream::Source sourceOf(
-    const ScreenCast& cast, FileDescriptor remote, std::optional<FrameResampler::Size> points);
+    const ScreenCast& cast, FileDescriptor remote, std::optional<PixelSize> points);
 
 } // namespace quillbox

@@ -1,8 +1,8 @@
 #include "Capture/Portal/PortalStream.h"
 
 #include "Capture/PipeWire/PipeWireStream.h"
-#include "Capture/Portal/ScreenCastPortal.h"
 #include "Capture/Portal/PortalSource.h"
+#include "Capture/Portal/ScreenCastPortal.h"
 #include "Capture/Portal/SelectedCast.h"
 #include "Encoding/Precondition.h"
 
@@ -29,7 +29,7 @@ QCoro::Task<> PortalStream::start(CaptureRegion region, FrameSink sink)
     m_portal = selected ? selected->portal : std::make_shared<ScreenCastPortal>();
     const QPointer portal(m_portal.get());
     ScreenCast cast;
-    std::optional<FrameResampler::Size> points;
+    std::optional<PixelSize> points;
     if (selected) {
         cast = selected->cast;
         points = selected->points;

@@ -1,8 +1,8 @@
 #include "Capture/Portal/ScreenCastPortal.h"
 
+#include "Capture/Portal/RestoreToken.h"
 #include "Platform/Portal/DesktopPortal.h"
 #include "Platform/Portal/PortalRequest.h"
-#include "Capture/Portal/RestoreToken.h"
 #include "Translation/Translate.h"
 
 #include <QCoro/QCoroDBus>
@@ -121,7 +121,7 @@ std::optional<ScreenCast> firstStream(const QVariantMap& results)
     if (size.userType() == qMetaTypeId<QDBusArgument>()) {
         const auto points = qdbus_cast<QSize>(size);
         if (!points.isEmpty())
-            cast.facts.size = FrameResampler::Size{points.width(), points.height()};
+            cast.facts.size = PixelSize{points.width(), points.height()};
     }
     return cast;
 }

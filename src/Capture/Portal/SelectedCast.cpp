@@ -1,8 +1,8 @@
 #include "Capture/Portal/SelectedCast.h"
 
 #include "Capture/PipeWire/PipeWireStream.h"
-#include "Capture/Portal/ScreenCastPortal.h"
 #include "Capture/Portal/PortalSource.h"
+#include "Capture/Portal/ScreenCastPortal.h"
 #include "Translation/Translate.h"
 
 #include <QCoreApplication>
@@ -86,16 +86,16 @@ QCoro::Task<std::pair<SelectedCast, FileDescriptor>> openPortal()
 /// Written by the stream's thread until the stream has started, read afterwards.
 struct Snapshot {
     std::optional<RGBAFrame> picture;
-    std::optional<FrameResampler::Size> points;
+    std::optional<PixelSize> points;
 };
 
 /// The same source, but in its own pixels; the points are noted.
 PipeWireStream::Source inPixels(PipeWireStream::Source source, const std::shared_ptr<Snapshot>& snapshot)
 {
-    source.points = [ask = std::move(source.points), snapshot](FrameResampler::Size picture) {
+    source.points = [ask = std::move(source.points), snapshot](PixelSize picture) {
         if (!snapshot->picture)
             snapshot->points = ask(picture);
-        return std::optional<FrameResampler::Size>();
+        return std::optional<PixelSize>();
     };
     return source;
 }

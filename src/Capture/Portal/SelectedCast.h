@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Platform/CaptureError.h"
 #include "Capture/Portal/ScreenCast.h"
 #include "Encoding/PixelTypes.h"
+#include "Platform/CaptureError.h"
 
 #include <QCoro/QCoroTask>
 
@@ -18,7 +18,7 @@ class ScreenCastPortal;
 struct SelectedCast {
     std::shared_ptr<ScreenCastPortal> portal;
     ScreenCast cast;
-    std::optional<FrameResampler::Size> points; ///< of the monitor, as far as that is known
+    std::optional<PixelSize> points; ///< of the monitor, as far as that is known
 
     struct FirstPicture;
 

@@ -26,7 +26,7 @@ std::vector<QScreen*> CastScreen::candidates(const SelectedCast::FirstPicture& f
 {
     const auto& position = first.cast.cast.facts.position;
     const auto& points = first.cast.points;
-    const FrameResampler::Size picture{first.picture.width(), first.picture.height()};
+    const PixelSize picture{first.picture.width(), first.picture.height()};
     const QSize pixels(static_cast<int>(first.picture.width()), static_cast<int>(first.picture.height()));
     // What a screen has in common with the cast, the most telling first.
     const auto likeness = [&](const QScreen& screen) {
@@ -57,7 +57,7 @@ QScreen* CastScreen::recorded()
     return noted();
 }
 
-QRect CastScreen::frame(const QScreen& screen, FrameResampler::Size picture)
+QRect CastScreen::frame(const QScreen& screen, PixelSize picture)
 {
     const QSize said = screen.geometry().size();
     const auto scale = std::max<std::int64_t>(std::lround(screen.devicePixelRatio()), 1);

@@ -25,7 +25,7 @@ void setRecorded(QScreen* screen);
 
 /// Where a window that covers all of `screen` is, points, given the size of the screen's picture, pixels: the toolkit
 /// may know the size in pixels only.
-[[nodiscard]] QRect frame(const QScreen& screen, FrameResampler::Size picture);
+[[nodiscard]] QRect frame(const QScreen& screen, PixelSize picture);
 
 /// A picture of all of `screen`, whatever its number of pixels.
 [[nodiscard]] QPixmap pixmap(const RGBAFrame& picture, const QScreen& screen);

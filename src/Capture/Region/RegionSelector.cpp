@@ -1,9 +1,9 @@
 #include "Capture/Region/RegionSelector.h"
 
 #include "Capture/CaptureStream.h"
+#include "Capture/Portal/SelectedCast.h"
 #include "Capture/Region/CastScreen.h"
 #include "Capture/Region/ScreenBackdrop.h"
-#include "Capture/Portal/SelectedCast.h"
 #include "Capture/Region/SelectionWindow.h"
 
 #include <QGuiApplication>
@@ -63,7 +63,7 @@ void showOverlays(const SelectedCast::FirstPicture& first, const RegionSelector:
     for (QScreen* const screen : screens) {
         const QRect frame = CastScreen::frame(*screen, {first.picture.width(), first.picture.height()});
         auto cast = first.cast;
-        cast.points = FrameResampler::Size{frame.width(), frame.height()}; // what the region counts
+        cast.points = PixelSize{frame.width(), frame.height()}; // what the region counts
         const auto report = [cast = std::move(cast), completion](std::optional<CaptureRegion> region) {
             if (region)
                 SelectedCast::keep(cast);

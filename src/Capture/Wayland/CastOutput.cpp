@@ -10,7 +10,7 @@ namespace quillbox {
 
 namespace {
 
-FrameResampler::Size turned(FrameResampler::Size size)
+PixelSize turned(PixelSize size)
 {
     return {size.height, size.width};
 }
@@ -19,7 +19,7 @@ FrameResampler::Size turned(FrameResampler::Size size)
 /// none: what counts most is what the portal and the picture agree on.
 enum class Fit { None, Position, Mode, ModeAndPosition, PointsAndPosition };
 
-Fit fitOf(const OutputFacts& output, const CastFacts& cast, FrameResampler::Size picture)
+Fit fitOf(const OutputFacts& output, const CastFacts& cast, PixelSize picture)
 {
     const bool isThere = cast.position && output.position == cast.position;
     if (isThere && output.points == cast.size)
@@ -31,7 +31,7 @@ Fit fitOf(const OutputFacts& output, const CastFacts& cast, FrameResampler::Size
 
 } // namespace
 
-bool isOfOneShape(FrameResampler::Size points, FrameResampler::Size picture)
+bool isOfOneShape(PixelSize points, PixelSize picture)
 {
     // Points are rounded: with each side less than one off, the products differ by less than the picture's sides.
     const auto across = checkedMul(points.width, picture.height);
@@ -39,18 +39,17 @@ bool isOfOneShape(FrameResampler::Size points, FrameResampler::Size picture)
     return std::abs(across - along) < picture.width + picture.height;
 }
 
-FrameResampler::Size pointsOfOutput(FrameResampler::Size said, FrameResampler::Size pixels, std::int64_t scale)
+PixelSize pointsOfOutput(PixelSize said, PixelSize pixels, std::int64_t scale)
 {
     precondition(scale >= 1, "a point has a pixel");
     const bool isInPixels = said == pixels || said == turned(pixels);
-    return isInPixels ? FrameResampler::Size{said.width / scale, said.height / scale} : said;
+    return isInPixels ? PixelSize{said.width / scale, said.height / scale} : said;
 }
 
-std::optional<FrameResampler::Size> pointsOfCast(
-    const CastFacts& cast, FrameResampler::Size picture, std::span<const OutputFacts> outputs)
+std::optional<PixelSize> pointsOfCast(const CastFacts& cast, PixelSize picture, std::span<const OutputFacts> outputs)
 {
     Fit best = Fit::None;
-    std::vector<FrameResampler::Size> found; // of those that fit best, each once
+    std::vector<PixelSize> found; // of those that fit best, each once
     for (const OutputFacts& output : outputs) {
         if (!output.points || !isOfOneShape(*output.points, picture))
             continue;

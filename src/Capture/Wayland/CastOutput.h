@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Encoding/FrameResampler.h"
+#include "Encoding/PixelSize.h"
 
 #include <QPoint>
 
@@ -12,32 +12,31 @@ namespace quillbox {
 
 /// What the compositor tells of one of its outputs.
 struct OutputFacts {
-    std::optional<QPoint> position;             ///< of its top left corner, points
-    std::optional<FrameResampler::Size> points; ///< what it shows, points
-    FrameResampler::Size mode;                  ///< device pixels, before it is turned; 0 × 0: not told
+    std::optional<QPoint> position;  ///< of its top left corner, points
+    std::optional<PixelSize> points; ///< what it shows, points
+    PixelSize mode;                  ///< device pixels, before it is turned; 0 × 0: not told
 };
 
 /// What a portal tells of the output that it casts.
 struct CastFacts {
-    std::optional<QPoint> position;           ///< points; some portals always say (0, 0)
-    std::optional<FrameResampler::Size> size; ///< points; some portals say pixels
+    std::optional<QPoint> position; ///< points; some portals always say (0, 0)
+    std::optional<PixelSize> size;  ///< points; some portals say pixels
 };
 
 /// Whether `points` may be the size in points of what `picture` shows: they have one shape, as far as sizes in whole
 /// points can tell.
-[[nodiscard]] bool isOfOneShape(FrameResampler::Size points, FrameResampler::Size picture);
+[[nodiscard]] bool isOfOneShape(PixelSize points, PixelSize picture);
 
 /// The size in points of an output whose size is `said` to be that. Mutter says the pixels where it arranges outputs by
 /// those, as GNOME does unless fractional scales are switched on; windows nevertheless have points.
 /// @param pixels  Of the output, before or after it is turned.
 /// @param scale   Pixels a point that the compositor asks windows for, at least 1.
-[[nodiscard]] FrameResampler::Size pointsOfOutput(
-    FrameResampler::Size said, FrameResampler::Size pixels, std::int64_t scale);
+[[nodiscard]] PixelSize pointsOfOutput(PixelSize said, PixelSize pixels, std::int64_t scale);
 
 /// The size in points of the output that is cast, as far as that can be known: where several outputs fit alike that
 /// differ in it, it is not.
 /// @param picture  The size of the cast's upright picture, pixels; positive.
-[[nodiscard]] std::optional<FrameResampler::Size> pointsOfCast(
-    const CastFacts& cast, FrameResampler::Size picture, std::span<const OutputFacts> outputs);
+[[nodiscard]] std::optional<PixelSize> pointsOfCast(
+    const CastFacts& cast, PixelSize picture, std::span<const OutputFacts> outputs);
 
 } // namespace quillbox

@@ -77,7 +77,7 @@ void Compositor::Connection::addOutput(const WaylandDisplay::Global& global)
         .mode =
             [](void* data, wl_output*, std::uint32_t flags, std::int32_t width, std::int32_t height, std::int32_t) {
                 if ((flags & WL_OUTPUT_MODE_CURRENT) != 0)
-                    static_cast<Output*>(data)->facts.mode = FrameResampler::Size{width, height};
+                    static_cast<Output*>(data)->facts.mode = PixelSize{width, height};
             },
         .done = [](void*, wl_output*) {},
         .scale
@@ -98,7 +98,7 @@ void Compositor::Connection::askForDetails(Output& output)
         .logicalSize =
             [](void* data, wl_proxy*, std::int32_t width, std::int32_t height) {
                 if (width > 0 && height > 0)
-                    static_cast<Output*>(data)->facts.points = FrameResampler::Size{width, height};
+                    static_cast<Output*>(data)->facts.points = PixelSize{width, height};
             },
         .done = [](void*, wl_proxy*) {},
         .name = [](void*, wl_proxy*, const char*) {},

@@ -122,7 +122,7 @@ RGBAFrame ScreenGrabber::compose()
     const bool hasPointer = !m_drawn.place.isEmpty();
     const DrawnPointer drawn(m_picture.data(), m_picture.stride(), extent(), hasPointer ? m_pointer.image() : none,
         hasPointer ? m_drawn.place : PixelRect{});
-    const bool isScaled = m_plan.output != FrameResampler::Size{m_plan.source.width, m_plan.source.height};
+    const bool isScaled = m_plan.output != PixelSize{m_plan.source.width, m_plan.source.height};
     if (!isScaled)
         return m_bands.remade(
             m_plan.output, m_picture.changedBands(), [this](std::int64_t firstRow, std::int64_t rows) {

@@ -94,7 +94,7 @@ void DistinctFrames::begin(const RGBAFrame& frame)
 void DistinctFrames::take(const RGBAFrame& frame)
 {
     // As `FrameResampler::WidthCap`: what is no larger than the screen stays as it is.
-    const FrameResampler::Size size{
+    const PixelSize size{
         .width = std::min(frame.width(), m_size.width), .height = std::min(frame.height(), m_size.height)};
     if (size.width == 0 || size.height == 0)
         return;

@@ -58,8 +58,8 @@ public:
 
     /// What the frames came to so far.
     struct Recording {
-        FrameResampler::Size size;         ///< of the screen, pixels
-        FrameResampler::Size recordedSize; ///< of the first frame before it was shrunk
+        PixelSize size;                    ///< of the screen, pixels
+        PixelSize recordedSize;            ///< of the first frame before it was shrunk
         std::int64_t sourceFPS = 0;        ///< frames per second
         std::int64_t maxFPS = 0;           ///< of them looked at, frames per second
         std::int64_t frameCount = 0;       ///< all there were
@@ -86,8 +86,8 @@ private:
     Options m_options;
     FPSAdaptive::Resampler m_sampler;
     std::int64_t m_frameCount = 0;
-    FrameResampler::Size m_recordedSize;
-    FrameResampler::Size m_size;
+    PixelSize m_recordedSize;
+    PixelSize m_size;
     std::optional<RGBAFrame> m_previous;    ///< the frame looked at last, as it came
     std::vector<std::uint32_t> m_screen;    ///< what it looks like, RGBA
     std::vector<std::uint32_t> m_changedBy; ///< for each pixel, the number of the picture that it is from

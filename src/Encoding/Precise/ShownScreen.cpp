@@ -38,7 +38,7 @@ PackedTable packedTable(std::span<const RGBColor> table)
 
 } // namespace
 
-ShownScreen::ShownScreen(FrameResampler::Size size)
+ShownScreen::ShownScreen(PixelSize size)
     : m_size(size)
     , m_recorded(static_cast<std::size_t>(size.width * size.height), 0)
     , m_shown(m_recorded.size(), 0)

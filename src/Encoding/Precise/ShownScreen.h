@@ -18,7 +18,7 @@ namespace quillbox {
 /// how much they differ. A value; one thread at a time.
 class ShownScreen {
 public:
-    explicit ShownScreen(FrameResampler::Size size);
+    explicit ShownScreen(PixelSize size);
 
     /// The recording goes on to its next picture. The GIF need not follow at once.
     /// @param seconds  Since the picture before, in units of the caller's choice.
@@ -49,7 +49,7 @@ public:
     [[nodiscard]] double errorTicks() const { return m_errorTicks; }
 
 private:
-    FrameResampler::Size m_size;
+    PixelSize m_size;
     std::vector<std::uint32_t> m_recorded; ///< RGB, red in the low byte; the high byte is `changed` or 0
     std::vector<std::uint32_t> m_shown;    ///< the same without a high byte
     PictureArea m_changedArea;

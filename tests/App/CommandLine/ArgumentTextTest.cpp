@@ -9,13 +9,13 @@ namespace {
 
 TEST(ArgumentText, ReadsASize)
 {
-    EXPECT_EQ(ArgumentText::size("1280x720"), (FrameSize{1280, 720}));
-    EXPECT_EQ(ArgumentText::size("0x0"), (FrameSize{0, 0}));
+    EXPECT_EQ(ArgumentText::size("1280x720"), (PixelSize{1280, 720}));
+    EXPECT_EQ(ArgumentText::size("0x0"), (PixelSize{0, 0}));
 }
 
 TEST(ArgumentText, ReadsAnAbsurdSizeAsTheLargestOne)
 {
-    EXPECT_EQ(ArgumentText::size("99999999999999999999x1"), (FrameSize{INT64_MAX, 1}));
+    EXPECT_EQ(ArgumentText::size("99999999999999999999x1"), (PixelSize{INT64_MAX, 1}));
 }
 
 TEST(ArgumentText, RefusesWhatIsNoSize)

@@ -88,7 +88,7 @@ TEST(CommandLineParser, ReadsEveryOptionOfEncode)
     EXPECT_EQ(options.out.output, "out.gif");
     EXPECT_EQ(options.sourceFPS, 25);
     EXPECT_EQ(options.dithering, false);
-    EXPECT_EQ(options.raw, (FrameSize{64, 48}));
+    EXPECT_EQ(options.raw, (PixelSize{64, 48}));
     EXPECT_TRUE(options.out.json);
     EXPECT_TRUE(options.out.force);
     EXPECT_EQ(parseEncode({"--dither", "always", "a"}).dithering, true);

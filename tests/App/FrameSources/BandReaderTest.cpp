@@ -19,16 +19,16 @@ namespace {
 
 using support::MemoryByteSource;
 
-constexpr FrameSize smallPicture{.width = 3, .height = 70};
-constexpr FrameSize largePicture{.width = 701, .height = 901}; // read by two threads, several at once
+constexpr PixelSize smallPicture{.width = 3, .height = 70};
+constexpr PixelSize largePicture{.width = 701, .height = 901}; // read by two threads, several at once
 
-std::int64_t byteCountOf(FrameSize size)
+std::int64_t byteCountOf(PixelSize size)
 {
     return size.width * size.height * 4;
 }
 
 /// Bytes that hardly repeat themselves.
-Bytes bytesOf(FrameSize size)
+Bytes bytesOf(PixelSize size)
 {
     Bytes bytes(static_cast<std::size_t>(byteCountOf(size)));
     std::uint32_t state = 1;
@@ -47,7 +47,7 @@ Bytes joined(const std::vector<Bytes>& pictures)
     return bytes;
 }
 
-class BandReaderOf : public ::testing::TestWithParam<FrameSize> { };
+class BandReaderOf : public ::testing::TestWithParam<PixelSize> { };
 
 TEST_P(BandReaderOf, APictureSharesWhatRepeatsTheOneBefore)
 {
@@ -122,7 +122,7 @@ TEST_P(BandReaderOf, APictureOfAFileIsElsewhereToo)
     EXPECT_THROW((void)frames[1].pixels(), FrameReadError);
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, BandReaderOf, ::testing::Values(FrameSize{1, 1}, smallPicture, largePicture));
+INSTANTIATE_TEST_SUITE_P(Sizes, BandReaderOf, ::testing::Values(PixelSize{1, 1}, smallPicture, largePicture));
 
 TEST(BandReader, ReadsLargePicturesFromAPipe)
 {

@@ -19,7 +19,7 @@ namespace {
 using support::MemoryByteSource;
 using support::SourceClip;
 
-std::vector<RGBAFrame> readRaw(const std::vector<std::uint8_t>& bytes, FrameSize size)
+std::vector<RGBAFrame> readRaw(const std::vector<std::uint8_t>& bytes, PixelSize size)
 {
     MemoryByteSource source("clip.rgba", bytes);
     SourceClip clip;
@@ -27,7 +27,7 @@ std::vector<RGBAFrame> readRaw(const std::vector<std::uint8_t>& bytes, FrameSize
     return clip.frames;
 }
 
-std::string complaintAbout(const std::vector<std::uint8_t>& bytes, FrameSize size)
+std::string complaintAbout(const std::vector<std::uint8_t>& bytes, PixelSize size)
 {
     try {
         (void)readRaw(bytes, size);

@@ -113,7 +113,7 @@ TEST(Y4MHeader, RefusesAColorRangeItDoesNotKnow)
 
 TEST(Y4MHeader, SkipsBlanksInARow)
 {
-    EXPECT_EQ(parse("YUV4MPEG2  W3   H4 ").size, (FrameSize{3, 4}));
+    EXPECT_EQ(parse("YUV4MPEG2  W3   H4 ").size, (PixelSize{3, 4}));
 }
 
 } // namespace

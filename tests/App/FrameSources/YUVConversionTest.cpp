@@ -30,7 +30,7 @@ std::array<double, 3> exactColor(int y, int cb, int cr, YUVRange range)
 }
 
 std::vector<std::uint8_t> convert(
-    const std::vector<std::uint8_t>& planes, FrameSize size, ChromaSubsampling subsampling, YUVRange range)
+    const std::vector<std::uint8_t>& planes, PixelSize size, ChromaSubsampling subsampling, YUVRange range)
 {
     std::vector<std::uint8_t> pixels(static_cast<std::size_t>(size.width * size.height * 4));
     YUVConversion::convert(planes, size, subsampling, range, pixels);
@@ -40,7 +40,7 @@ std::vector<std::uint8_t> convert(
 void expectEveryColorToBeExact(YUVRange range)
 {
     // One picture for each Cb: Y runs along the rows, Cr down the columns.
-    constexpr FrameSize size{256, 256};
+    constexpr PixelSize size{256, 256};
     constexpr std::size_t count = 256 * 256;
     double worst = 0;
     for (int cb = 0; cb < 256; ++cb) {
@@ -72,10 +72,10 @@ TEST(YUVConversion, RoundsEveryFullRangeColorToTheNearest)
 
 TEST(YUVConversion, RoundsOddChromaSizesUp)
 {
-    EXPECT_EQ(YUVConversion::chromaSize({5, 3}, ChromaSubsampling::yuv420), (FrameSize{3, 2}));
-    EXPECT_EQ(YUVConversion::chromaSize({5, 3}, ChromaSubsampling::yuv422), (FrameSize{3, 3}));
-    EXPECT_EQ(YUVConversion::chromaSize({5, 3}, ChromaSubsampling::yuv411), (FrameSize{2, 3}));
-    EXPECT_EQ(YUVConversion::chromaSize({5, 3}, ChromaSubsampling::mono), (FrameSize{0, 0}));
+    EXPECT_EQ(YUVConversion::chromaSize({5, 3}, ChromaSubsampling::yuv420), (PixelSize{3, 2}));
+    EXPECT_EQ(YUVConversion::chromaSize({5, 3}, ChromaSubsampling::yuv422), (PixelSize{3, 3}));
+    EXPECT_EQ(YUVConversion::chromaSize({5, 3}, ChromaSubsampling::yuv411), (PixelSize{2, 3}));
+    EXPECT_EQ(YUVConversion::chromaSize({5, 3}, ChromaSubsampling::mono), (PixelSize{0, 0}));
     EXPECT_EQ(YUVConversion::byteCount({5, 3}, ChromaSubsampling::yuv420), 15 + 2 * 6);
     EXPECT_EQ(YUVConversion::byteCount({5, 3}, ChromaSubsampling::mono), 15);
 }
@@ -83,7 +83,7 @@ TEST(YUVConversion, RoundsOddChromaSizesUp)
 /// Which chroma sample each pixel of a 5×3 picture shows, told apart by its blue; luma is everywhere the same.
 std::vector<int> chromaOfPixels(ChromaSubsampling subsampling)
 {
-    constexpr FrameSize size{5, 3};
+    constexpr PixelSize size{5, 3};
     const auto chroma = YUVConversion::chromaSize(size, subsampling);
     const auto count = static_cast<std::size_t>(chroma.width * chroma.height);
     std::vector<std::uint8_t> planes(15, 126);
@@ -121,7 +121,7 @@ TEST(YUVConversion, ShowsLimitedBlackAndWhiteAsBlackAndWhite)
 /// The largest difference to FFmpeg's conversion of the same noise.
 int differenceToFFmpeg(const std::string& format, ChromaSubsampling subsampling, YUVRange range)
 {
-    constexpr FrameSize size{64, 32};
+    constexpr PixelSize size{64, 32};
     support::Random random(7);
     std::vector<std::uint8_t> planes(static_cast<std::size_t>(YUVConversion::byteCount(size, subsampling)));
     for (auto& byte : planes) // within the limited range: FFmpeg clips what lies outside in its own way

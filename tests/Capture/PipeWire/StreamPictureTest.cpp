@@ -48,14 +48,14 @@ private:
     std::vector<std::uint8_t> m_bytes;
 };
 
-std::optional<FrameResampler::Size> notKnown(FrameResampler::Size /*picture*/)
+std::optional<PixelSize> notKnown(PixelSize /*picture*/)
 {
     return std::nullopt;
 }
 
-StreamPicture::PointsOf always(FrameResampler::Size points)
+StreamPicture::PointsOf always(PixelSize points)
 {
-    return [points](FrameResampler::Size /*picture*/) {
+    return [points](PixelSize /*picture*/) {
         return points;
     };
 }
@@ -223,8 +223,8 @@ TEST(StreamPicture, PointsStayWhatTheyAreWhenThePictureGetsDenser)
 TEST(StreamPicture, APointHasAsManyPixelsAsBeforeWhereNobodyKnows)
 {
     int asked = 0;
-    StreamPicture picture({10, 10, 5, 6}, [&asked](FrameResampler::Size /*picture*/) {
-        return ++asked == 1 ? std::optional(FrameResampler::Size{40, 30}) : std::nullopt;
+    StreamPicture picture({10, 10, 5, 6}, [&asked](PixelSize /*picture*/) {
+        return ++asked == 1 ? std::optional(PixelSize{40, 30}) : std::nullopt;
     });
     (void)picture.update(Memory(80, 60).buffer(), std::nullopt);
     const RGBAFrame before = picture.frame();

@@ -144,7 +144,7 @@ TEST_F(PortalStreamTest, RecordsOnTheCastThatTheRegionWasSelectedOn)
     EXPECT_EQ(first.picture.width(), 1280) << "all of the monitor";
     EXPECT_EQ(first.picture.height(), 720);
     const auto sessions = openSessions();
-    first.cast.points = FrameResampler::Size{640, 360}; // the region is in these
+    first.cast.points = PixelSize{640, 360}; // the region is in these
     SelectedCast::keep(std::move(first.cast));
     start();
     EXPECT_EQ(openSessions(), sessions) << "no second cast";
@@ -195,10 +195,10 @@ TEST_F(PortalStreamTest, AStopDoesNotWaitForWhatTheSourceWaitsFor)
     std::binary_semaphore asked{0};
     std::binary_semaphore stopped{0};
     bool isStopped = false;
-    source.points = [&](FrameResampler::Size) {
+    source.points = [&](PixelSize) {
         asked.release();
         isStopped = stopped.try_acquire_for(test::patience);
-        return std::optional<FrameResampler::Size>();
+        return std::optional<PixelSize>();
     };
     source.stop = [&] {
         stopped.release();

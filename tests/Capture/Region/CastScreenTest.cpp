@@ -12,7 +12,6 @@
 namespace quillbox {
 namespace {
 
-using Size = FrameResampler::Size;
 using Corners = std::vector<QPoint>;
 
 /// Three monitors of 1920 × 1080 pixels: one as it is, one that is turned, and one with two pixels a point; and one
@@ -24,7 +23,7 @@ constexpr auto monitors = R"({ "screens": [
     { "name": "told in pixels", "x": 4000, "y": 0, "width": 2560, "height": 1440, "dpr": 2 } ] })";
 
 /// Where the screens are, from left to right, on which a region of such a cast is selected.
-Corners candidates(Size picture, std::optional<Size> points, std::optional<QPoint> position)
+Corners candidates(PixelSize picture, std::optional<PixelSize> points, std::optional<QPoint> position)
 {
     SelectedCast cast;
     cast.cast.facts.position = position;
@@ -42,7 +41,7 @@ TEST(CastScreen, IsTheOneThatIsTurnedLikeThePicture)
 {
     EXPECT_EQ(candidates({1080, 1920}, std::nullopt, std::nullopt), (Corners{{1920, 0}}));
     EXPECT_EQ(candidates({1080, 1920}, std::nullopt, QPoint(0, 0)), (Corners{{1920, 0}})) << "the position is none";
-    EXPECT_EQ(candidates({1080, 1920}, Size{1920, 1080}, std::nullopt), (Corners{{1920, 0}}));
+    EXPECT_EQ(candidates({1080, 1920}, PixelSize{1920, 1080}, std::nullopt), (Corners{{1920, 0}}));
     EXPECT_EQ(candidates({540, 960}, std::nullopt, QPoint(0, 0)), (Corners{{1920, 0}})) << "a picture that is smaller";
 }
 
@@ -53,8 +52,8 @@ TEST(CastScreen, MayBeEachOfThoseWithAsManyPixelsWhereNoPointsAreKnown)
 
 TEST(CastScreen, IsTheOneThatHasThePoints)
 {
-    EXPECT_EQ(candidates({1920, 1080}, Size{960, 540}, std::nullopt), (Corners{{3000, 0}}));
-    EXPECT_EQ(candidates({1920, 1080}, Size{1920, 1080}, std::nullopt), (Corners{{0, 0}}));
+    EXPECT_EQ(candidates({1920, 1080}, PixelSize{960, 540}, std::nullopt), (Corners{{3000, 0}}));
+    EXPECT_EQ(candidates({1920, 1080}, PixelSize{1920, 1080}, std::nullopt), (Corners{{0, 0}}));
 }
 
 TEST(CastScreen, IsTheOneAtThePositionWhereNothingElseTells)
@@ -71,7 +70,7 @@ const QScreen& screenAt(int x)
 
 TEST(CastScreen, IsCoveredInPointsWhereTheToolkitWasToldPixels)
 {
-    EXPECT_EQ(candidates({2560, 1440}, Size{1280, 720}, std::nullopt), (Corners{{4000, 0}}));
+    EXPECT_EQ(candidates({2560, 1440}, PixelSize{1280, 720}, std::nullopt), (Corners{{4000, 0}}));
     EXPECT_EQ(CastScreen::frame(screenAt(4000), {2560, 1440}), QRect(4000, 0, 1280, 720));
     EXPECT_EQ(CastScreen::frame(screenAt(3000), {1920, 1080}), QRect(3000, 0, 960, 540));
     EXPECT_EQ(CastScreen::frame(screenAt(1920), {1080, 1920}), QRect(1920, 0, 1080, 1920));

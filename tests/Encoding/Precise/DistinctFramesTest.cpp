@@ -118,8 +118,8 @@ TEST(DistinctFrames, ShrunkAreThoseOfFramesShrunkBefore)
     for (const auto& input : {frames, support::inBands(frames)}) {
         const auto direct = recorded(input, {.maxWidth = 50});
         const auto shrunk = recorded(FrameResampler::cappedToWidth(frames, 50));
-        EXPECT_EQ(direct.size, (FrameResampler::Size{50, 38}));
-        EXPECT_EQ(direct.recordedSize, (FrameResampler::Size{120, 90}));
+        EXPECT_EQ(direct.size, (PixelSize{50, 38}));
+        EXPECT_EQ(direct.recordedSize, (PixelSize{120, 90}));
         EXPECT_EQ(composed(direct), composed(shrunk));
         EXPECT_EQ(direct.colors, shrunk.colors);
     }

@@ -1,4 +1,4 @@
-#include "App/FrameSources/FrameSize.h"
+#include "App/FrameSources/FrameMemory.h"
 
 #include "App/FrameSources/FrameReadError.h"
 #include "Encoding/GIFEncoder.h"
@@ -8,7 +8,7 @@
 
 namespace quillbox {
 
-std::int64_t checkedByteCount(const std::string& input, std::int64_t frame, FrameSize size)
+std::int64_t checkedByteCount(const std::string& input, std::int64_t frame, PixelSize size)
 {
     const auto fits = [](std::int64_t side) {
         return side >= 1 && side <= GIFEncoder::maximumFieldValue;

@@ -1,22 +1,16 @@
 #pragma once
 
+#include "Encoding/PixelSize.h"
+
 #include <cstdint>
 #include <string>
 
 namespace quillbox {
 
-/// Width and height of a frame, pixels.
-struct FrameSize {
-    std::int64_t width = 0;
-    std::int64_t height = 0;
-
-    friend bool operator==(const FrameSize&, const FrameSize&) = default;
-};
-
 /// The bytes of one RGBA frame of `size`, once it is known that a GIF can hold it and that this machine's memory can.
 /// @param input, frame  For the message; frames count from 1.
 /// @throws FrameReadError  a side is outside 1…65535, or the frame is larger than the machine's memory.
-[[nodiscard]] std::int64_t checkedByteCount(const std::string& input, std::int64_t frame, FrameSize size);
+[[nodiscard]] std::int64_t checkedByteCount(const std::string& input, std::int64_t frame, PixelSize size);
 
 /// Memory of this machine, bytes.
 [[nodiscard]] std::int64_t physicalMemory();
