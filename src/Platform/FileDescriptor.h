@@ -28,7 +28,7 @@ public:
     ~FileDescriptor()
     {
         if (m_number >= 0)
-            (void)::close(m_number); // memory, sockets and files that are only read: there is nothing to lose
+            (void)::close(m_number); // a file that is written is synced, or checked otherwise, before
     }
 
     [[nodiscard]] int number() const { return m_number; }

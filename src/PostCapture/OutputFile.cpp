@@ -1,5 +1,7 @@
 #include "PostCapture/OutputFile.h"
 
+#include "Platform/FileDescriptor.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -17,26 +19,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using OutputFile::IfExists;
-
-/// An open file.
-class Descriptor {
-public:
-    explicit Descriptor(int descriptor)
-        : m_descriptor(descriptor)
-    {
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor()
-    {
-        if (m_descriptor >= 0)
-            (void)::close(m_descriptor); // what was written has been checked by then
-    }
-    [[nodiscard]] int get() const { return m_descriptor; }
-
-private:
-    int m_descriptor;
-};
 
 /// While it lives, this thread is not interrupted by the signals that end a program from outside.
 class SignalsHeld {
@@ -129,12 +111,12 @@ void moveInto(Leftover& temporary, const fs::path& path, IfExists ifExists)
 bool saveUnnamed(
     const fs::path& path, std::span<const std::uint8_t> bytes, IfExists ifExists, const std::optional<struct stat>& old)
 {
-    const Descriptor file(::open(folderOf(path).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666));
-    if (file.get() < 0)
+    const FileDescriptor file(::open(folderOf(path).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666));
+    if (file.number() < 0)
         return false; // a true error comes back from the attempt with a name
-    fill(file.get(), bytes, path, old);
+    fill(file.number(), bytes, path, old);
 
-    const auto self = "/proc/self/fd/" + std::to_string(file.get());
+    const auto self = "/proc/self/fd/" + std::to_string(file.number());
     const SignalsHeld held;
     if (::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0)
         return true;
@@ -161,14 +143,14 @@ void saveNamed(
 {
     const SignalsHeld held;
     auto name = (folderOf(path) / ".quillbox-XXXXXX").string();
-    const Descriptor file(::mkostemp(name.data(), O_CLOEXEC));
-    if (file.get() < 0)
+    const FileDescriptor file(::mkostemp(name.data(), O_CLOEXEC));
+    if (file.number() < 0)
         throw failure(path);
     Leftover temporary(name);
     const auto mask = ::umask(0); // can only be read by setting it
     ::umask(mask);
-    (void)::fchmod(file.get(), 0666U & ~mask); // mkstemp makes it private
-    fill(file.get(), bytes, path, old);
+    (void)::fchmod(file.number(), 0666U & ~mask); // mkstemp makes it private
+    fill(file.number(), bytes, path, old);
     moveInto(temporary, path, ifExists);
 }
 
@@ -210,10 +192,10 @@ void OutputFile::save(const std::filesystem::path& path, std::span<const std::ui
     const auto target = resolved(path);
     const auto old = statusOf(target);
     if (old && !S_ISREG(old->st_mode)) {
-        const Descriptor device(::open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
-        if (device.get() < 0)
+        const FileDescriptor device(::open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
+        if (device.number() < 0)
             throw failure(path);
-        write(device.get(), bytes, path);
+        write(device.number(), bytes, path);
         return;
     }
     if (!saveUnnamed(target, bytes, ifExists, old))

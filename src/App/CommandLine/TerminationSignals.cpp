@@ -2,19 +2,19 @@
 
 #include "Encoding/Precondition.h"
 
-#include <array>
 #include <atomic>
 #include <cerrno>
 #include <cstddef>
-#include <fcntl.h>
+#include <cstdint>
+#include <sys/eventfd.h>
 #include <system_error>
 #include <unistd.h>
 
 namespace quillbox {
 namespace {
 
-/// A pipe to this very process: all that a signal handler may do is write to it.
-std::array<int, 2> selfPipe{-1, -1};
+/// The event of the object that there is, or -1: all that a signal handler may do is write to it.
+std::atomic<int> eventToRaise = -1;
 std::atomic<int> receivedCount = 0;
 static_assert(std::atomic<int>::is_always_lock_free, "a signal handler can't wait for a lock");
 
@@ -26,21 +26,23 @@ extern "C" void passOn(int signal)
         return;
     }
     const int savedError = errno;
-    [[maybe_unused]] const ssize_t written = ::write(selfPipe[1], "", 1); // an empty pipe takes a byte
+    const std::uint64_t one = 1;
+    [[maybe_unused]] const ssize_t written = ::write(eventToRaise, &one, sizeof one); // fails only at 2^64 − 1
     errno = savedError;
 }
 
 } // namespace
 
 TerminationSignals::TerminationSignals()
+    : m_event(::eventfd(0, EFD_CLOEXEC))
 {
-    precondition(selfPipe[0] < 0, "one object at a time waits for the signals");
-    if (::pipe2(selfPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
-        throw std::system_error(errno, std::generic_category(), "a pipe is needed");
+    if (m_event.number() < 0)
+        throw std::system_error(errno, std::generic_category(), "a file descriptor is needed");
+    precondition(eventToRaise.exchange(m_event.number()) < 0, "one object at a time waits for the signals");
     receivedCount = 0;
-    m_notifier.emplace(selfPipe[0], QSocketNotifier::Read);
+    m_notifier.emplace(m_event.number(), QSocketNotifier::Read);
     connect(&*m_notifier, &QSocketNotifier::activated, this, [this] {
-        m_notifier->setEnabled(false); // one byte, one signal
+        m_notifier->setEnabled(false); // it stays raised
         Q_EMIT received();
     });
     struct sigaction action { };
@@ -58,11 +60,7 @@ TerminationSignals::~TerminationSignals()
 {
     for (std::size_t i = 0; i < endingSignals.size(); ++i)
         ::sigaction(endingSignals[i], &m_before[i], nullptr);
-    m_notifier.reset();
-    for (int& end : selfPipe) {
-        ::close(end);
-        end = -1;
-    }
+    eventToRaise = -1;
 }
 
 void leaveEndingSignalsToMainThread()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "App/CommandLine/EndingSignals.h"
+#include "Platform/FileDescriptor.h"
 
 #include <QObject>
 #include <QSocketNotifier>
@@ -24,6 +25,7 @@ Q_SIGNALS:
     void received();
 
 private:
+    FileDescriptor m_event; // readable once a signal has come
     std::optional<QSocketNotifier> m_notifier;
     std::array<struct sigaction, endingSignals.size()> m_before{}; ///< what the signals did until now
 };

@@ -145,17 +145,12 @@ std::optional<std::int64_t> ByteSource::remaining() const
 
 FileByteSource::FileByteSource(const std::string& path)
     : ByteSource(path)
-    , m_descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY))
-    , m_closes(true)
+    , m_opened(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY))
+    , m_descriptor(m_opened.number())
 {
     if (m_descriptor < 0)
         throw FrameReadError(path, FrameReadError::CannotOpen{errno});
-    try {
-        examine();
-    } catch (...) {
-        ::close(m_descriptor);
-        throw;
-    }
+    examine();
 }
 
 FileByteSource::FileByteSource(std::string name, int descriptor)
@@ -163,12 +158,6 @@ FileByteSource::FileByteSource(std::string name, int descriptor)
     , m_descriptor(descriptor)
 {
     examine();
-}
-
-FileByteSource::~FileByteSource()
-{
-    if (m_closes)
-        ::close(m_descriptor);
 }
 
 void FileByteSource::examine()

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/FileDescriptor.h"
 #include "Encoding/Bytes.h"
+#include "Platform/FileDescriptor.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -105,7 +105,6 @@ public:
     explicit FileByteSource(const std::string& path);
     /// Reads on from `descriptor`, which stays open afterwards. @throws FrameReadError  it is a folder, or not open.
     FileByteSource(std::string name, int descriptor);
-    ~FileByteSource() override;
 
     [[nodiscard]] int descriptor() const { return m_descriptor; }
     /// Whether this is a file whose bytes can be read in any order, rather than a pipe or a device.
@@ -123,8 +122,8 @@ private:
     void skipBelow(std::int64_t count) override;
     [[nodiscard]] std::optional<std::int64_t> remainingBelow() const override;
 
-    int m_descriptor = -1;
-    bool m_closes = false;
+    FileDescriptor m_opened; ///< none where the caller has it
+    int m_descriptor;
     bool m_isRegularFile = false;
     std::int64_t m_size = 0; ///< of a regular file, when it was opened
 };

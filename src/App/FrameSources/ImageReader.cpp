@@ -3,6 +3,7 @@
 #include "App/FrameSources/FrameMaker.h"
 #include "App/FrameSources/FrameMemory.h"
 #include "App/FrameSources/FrameReadError.h"
+#include "Platform/FileDescriptor.h"
 
 #include <QBuffer>
 #include <QByteArray>
@@ -32,24 +33,20 @@ public:
     StandardErrorSilenced()
         : m_original(::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3))
     {
-        const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
-        if (m_original >= 0 && nowhere >= 0)
-            (void)::dup2(nowhere, STDERR_FILENO); // a remark that gets through does no harm
-        if (nowhere >= 0)
-            ::close(nowhere);
+        const FileDescriptor nowhere(::open("/dev/null", O_WRONLY | O_CLOEXEC));
+        if (m_original.number() >= 0 && nowhere.number() >= 0)
+            (void)::dup2(nowhere.number(), STDERR_FILENO); // a remark that gets through does no harm
     }
     StandardErrorSilenced(const StandardErrorSilenced&) = delete;
     StandardErrorSilenced& operator=(const StandardErrorSilenced&) = delete;
     ~StandardErrorSilenced()
     {
-        if (m_original < 0)
-            return;
-        (void)::dup2(m_original, STDERR_FILENO); // both are open, so it can't fail
-        ::close(m_original);
+        if (m_original.number() >= 0)
+            (void)::dup2(m_original.number(), STDERR_FILENO); // both are open, so it can't fail
     }
 
 private:
-    int m_original;
+    FileDescriptor m_original;
 };
 
 /// An open image. Decoders jump about in their input, so a pipe is read to its end first.

@@ -20,17 +20,17 @@ std::string reasonOf(int errorNumber)
     return std::generic_category().message(errorNumber);
 }
 
-/// A file in `folder`, which is made if need be, that no name leads to. @return a descriptor, or −1 and errno.
-int openUnnamed(const std::filesystem::path& folder)
+/// A file in `folder`, which is made if need be, that no name leads to; none, and errno, where there can't be one.
+FileDescriptor openUnnamed(const std::filesystem::path& folder)
 {
     std::error_code error;
     std::filesystem::create_directories(folder, error); // if that failed, opening says so
-    const int file = ::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600);
-    if (file >= 0 || (errno != EOPNOTSUPP && errno != EISDIR && errno != ENOENT))
+    FileDescriptor file(::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600));
+    if (file.number() >= 0 || (errno != EOPNOTSUPP && errno != EISDIR && errno != ENOENT))
         return file;
     std::string name = folder / "clip-XXXXXX"; // a file system that has no files without a name
-    const int named = ::mkostemp(name.data(), O_CLOEXEC);
-    if (named >= 0)
+    FileDescriptor named(::mkostemp(name.data(), O_CLOEXEC));
+    if (named.number() >= 0)
         (void)::unlink(name.c_str()); // it has just been made
     return named;
 }
@@ -41,14 +41,9 @@ SpillFile::SpillFile(const std::filesystem::path& folder, std::uint64_t spaceToL
     : m_file(openUnnamed(folder))
     , m_spaceToLeave(spaceToLeave)
 {
-    if (m_file < 0)
+    if (m_file.number() < 0)
         throw SpillError(withArguments(
             translate("CaptureError", "A long clip needs a file in %1: %2"), {folder.string(), reasonOf(errno)}));
-}
-
-SpillFile::~SpillFile()
-{
-    (void)::close(m_file); // what was written is given up anyway
 }
 
 std::int64_t SpillFile::append(std::span<const std::uint8_t> bytes)
@@ -56,14 +51,14 @@ std::int64_t SpillFile::append(std::span<const std::uint8_t> bytes)
     const std::int64_t place = m_size;
     if (place == 0 || place - m_checkedUpTo >= bytesBetweenChecks) {
         struct statvfs disk { };
-        if (::fstatvfs(m_file, &disk) == 0 && disk.f_bavail * disk.f_frsize < m_spaceToLeave)
+        if (::fstatvfs(m_file.number(), &disk) == 0 && disk.f_bavail * disk.f_frsize < m_spaceToLeave)
             throw SpillError(translate("CaptureError", "The disk is nearly full"));
         m_checkedUpTo = place;
     }
     std::size_t done = 0;
     while (done < bytes.size()) {
-        const ssize_t written
-            = ::pwrite(m_file, bytes.data() + done, bytes.size() - done, place + static_cast<std::int64_t>(done));
+        const ssize_t written = ::pwrite(
+            m_file.number(), bytes.data() + done, bytes.size() - done, place + static_cast<std::int64_t>(done));
         if (written < 0 && errno == EINTR)
             continue;
         if (written <= 0)
@@ -79,8 +74,8 @@ void SpillFile::read(std::int64_t offset, std::span<std::uint8_t> bytes) const
 {
     std::size_t done = 0;
     while (done < bytes.size()) {
-        const ssize_t got
-            = ::pread(m_file, bytes.data() + done, bytes.size() - done, offset + static_cast<std::int64_t>(done));
+        const ssize_t got = ::pread(
+            m_file.number(), bytes.data() + done, bytes.size() - done, offset + static_cast<std::int64_t>(done));
         if (got < 0 && errno == EINTR)
             continue;
         if (got <= 0)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Encoding/Bytes.h"
+#include "Platform/FileDescriptor.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -23,9 +24,6 @@ public:
     /// @param spaceToLeave  Bytes of the disk that stay free for others.
     /// @throws SpillError  there can be no file.
     SpillFile(const std::filesystem::path& folder, std::uint64_t spaceToLeave);
-    ~SpillFile();
-    SpillFile(const SpillFile&) = delete;
-    SpillFile& operator=(const SpillFile&) = delete;
 
     /// @return where the bytes are. @throws SpillError  nothing was added.
     [[nodiscard]] std::int64_t append(std::span<const std::uint8_t> bytes);
@@ -36,7 +34,7 @@ public:
     [[nodiscard]] std::int64_t size() const { return m_size; }
 
 private:
-    int m_file;
+    FileDescriptor m_file;
     std::uint64_t m_spaceToLeave;
     std::int64_t m_size = 0;
     std::int64_t m_checkedUpTo = 0; ///< so far there was enough space when it was last looked at
