@@ -2,8 +2,8 @@
 
 #include "Capture/Portal/PortalStream.h"
 #include "Capture/UnavailableStream.h"
-#include "Platform/WindowSystem.h"
 #include "Capture/X11/X11Stream.h"
+#include "Platform/WindowSystem.h"
 #include "Translation/Translate.h"
 
 #include <QByteArray>
@@ -20,7 +20,7 @@ CaptureBackend captureBackend()
         return CaptureBackend::Portal;
     if (!wanted.isEmpty())
         return wanted == "none" ? CaptureBackend::None : CaptureBackend::Unknown;
-    return windowSystem() == WindowSystem::Wayland ? CaptureBackend::Portal : CaptureBackend::X11;
+    return sessionWindowSystem() == WindowSystem::Wayland ? CaptureBackend::Portal : CaptureBackend::X11;
 }
 
 std::unique_ptr<CaptureStream> makeCaptureStream()

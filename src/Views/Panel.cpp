@@ -1,5 +1,6 @@
 #include "Views/Panel.h"
 
+#include "Platform/WindowSystem.h"
 #include "Views/Card.h"
 #include "Views/FlatButton.h"
 #include "Views/HistoryPanel.h"
@@ -26,8 +27,7 @@ constexpr int usualWidth = 384; // the status of a finished clip in one line; lo
 
 Panel::Corners usualCorners()
 {
-    return QGuiApplication::platformName().startsWith(QLatin1String("wayland")) ? Panel::Corners::Rounded
-                                                                                : Panel::Corners::Square;
+    return toolkitWindowSystem() == WindowSystem::Wayland ? Panel::Corners::Rounded : Panel::Corners::Square;
 }
 
 } // namespace

@@ -2,12 +2,10 @@
 
 #include "Platform/CaptureError.h"
 #include "Platform/QtArguments.h"
+#include "Platform/WindowSystem.h"
 #include "Platform/X11/X11Queries.h"
 #include "Translation/Catalogues.h"
 #include "Translation/Translate.h"
-
-#include <QByteArray>
-#include <QtGlobal>
 
 namespace quillbox {
 
@@ -16,10 +14,7 @@ namespace {
 /// Without a display Qt ends the process; better to know before.
 int& checked(int& count)
 {
-    // A platform that was asked for by name, or a Wayland desktop, is Qt's to find.
-    const bool isX11 = qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
-        && (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || qgetenv("QT_QPA_PLATFORM") == "xcb");
-    if (!isX11)
+    if (!toolkitNeedsX11())
         return count;
     try {
         X11Queries::checkDisplay();

@@ -2,6 +2,7 @@
 
 #include "Capture/Region/CastScreen.h"
 #include "Capture/StreamRecorder.h"
+#include "Platform/WindowSystem.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -20,11 +21,6 @@ QRect placeOf(const CaptureRegion& region)
     return QRect(static_cast<int>(region.x), static_cast<int>(region.y), static_cast<int>(region.width),
         static_cast<int>(region.height))
         .translated(origin);
-}
-
-bool isWayland()
-{
-    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
 } // namespace
@@ -68,7 +64,8 @@ bool PanelGuard::isInTheWay() const
     const auto region = m_recorder.region();
     if (!region || !m_panel.isVisible())
         return false;
-    return isWayland() ? isOnRecordedScreen() : placeOf(*region).intersects(m_panel.frameGeometry());
+    return toolkitWindowSystem() == WindowSystem::Wayland ? isOnRecordedScreen()
+                                                          : placeOf(*region).intersects(m_panel.frameGeometry());
 }
 
 /// Whether it is, or may be: a window on Wayland knows no more of its place than the screen.
@@ -84,7 +81,7 @@ bool PanelGuard::isOnRecordedScreen() const
 void PanelGuard::followScreen()
 {
     auto* const window = m_panel.windowHandle();
-    if (!isWayland() || window == nullptr)
+    if (toolkitWindowSystem() != WindowSystem::Wayland || window == nullptr)
         return;
     connect(window, &QWindow::screenChanged, this, &PanelGuard::check, Qt::UniqueConnection);
     if (m_recorder.isRecording() && CastScreen::recorded() != nullptr)

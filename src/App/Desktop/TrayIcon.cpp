@@ -1,6 +1,7 @@
 #include "App/Desktop/TrayIcon.h"
 
 #include "App/Workflow/CurrentCoordinator.h"
+#include "Platform/WindowSystem.h"
 #include "Views/Icons.h"
 
 #include <QCursor>
@@ -16,7 +17,7 @@ constexpr int panelThickness = 64;
 /// Where the pointer is, if it can be on a panel of the desktop.
 QRect clickedPlace()
 {
-    if (QGuiApplication::platformName() != QLatin1String("xcb"))
+    if (toolkitWindowSystem() != WindowSystem::X11)
         return {}; // elsewhere a program does not know where the pointer is
     const auto position = QCursor::pos();
     const auto* const screen = QGuiApplication::screenAt(position);

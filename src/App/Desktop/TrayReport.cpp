@@ -38,7 +38,7 @@ QCoro::Task<ServiceReport> TrayReport::make()
         watcher, QLatin1String(TrayHost::hostProperty));
     const QVariant hasHost = co_await asking;
     bool hasSelection = false;
-    if (windowSystem() == WindowSystem::X11) {
+    if (sessionWindowSystem() == WindowSystem::X11) {
         const auto answer = runWithTimeout<bool>(reportPatience, &hasTraySelection);
         const std::optional<bool> answered = co_await answer;
         hasSelection = answered.value_or(false);

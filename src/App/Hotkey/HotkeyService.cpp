@@ -46,7 +46,7 @@ HotkeyChoice chooseHotkey()
             withArguments(
                 translate("Doctor", "QUILLBOX_HOTKEY_BACKEND is \"%1\", which is none of x11, portal and none"),
                 {wanted.toStdString()})};
-    return {windowSystem() == WindowSystem::Wayland ? Backend::Portal : Backend::X11, {}};
+    return {sessionWindowSystem() == WindowSystem::Wayland ? Backend::Portal : Backend::X11, {}};
 }
 
 std::unique_ptr<HotkeyService> makeHotkeyService()

@@ -2,9 +2,9 @@
 
 #include "Capture/Region/ScreenBackdrop.h"
 #include "Capture/Region/SelectionGeometry.h"
+#include "Platform/WindowSystem.h"
 
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QMouseEvent>
@@ -34,7 +34,7 @@ constexpr std::chrono::milliseconds animationTime{250};
 /// Whether windows may go past the window manager: it would animate the overlay, or keep it below panels.
 bool managesItself()
 {
-    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+    return toolkitWindowSystem() != WindowSystem::Wayland;
 }
 
 Qt::WindowFlags windowKind()

@@ -3,6 +3,7 @@
 #include "Capture/X11/ScreenGrabber.h"
 #include "Encoding/Precondition.h"
 #include "Platform/CancelEvent.h"
+#include "Platform/WindowSystem.h"
 #include "Platform/X11/X11Display.h"
 #include "Translation/Translate.h"
 
@@ -37,7 +38,7 @@ CaptureClock::time_point tickTime(CaptureClock::time_point start, std::int64_t t
 std::optional<double> toolkitScale()
 {
     const bool hasWindows = qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr;
-    if (!hasWindows || QGuiApplication::platformName() != QLatin1String("xcb"))
+    if (!hasWindows || toolkitWindowSystem() != WindowSystem::X11)
         return std::nullopt;
     const auto* const screen = QGuiApplication::primaryScreen();
     return screen == nullptr ? std::nullopt : std::optional(screen->devicePixelRatio());

@@ -1,10 +1,11 @@
 #include "PostCapture/Clipboard/ClipboardChoice.h"
 
+#include "Platform/WindowSystem.h"
 #include "PostCapture/Clipboard/Wayland/DataControl.h"
 #include "Translation/Translate.h"
 
-#include <QGuiApplication>
-#include <QString>
+#include <QByteArray>
+#include <QtGlobal>
 
 #include <algorithm>
 #include <array>
@@ -22,23 +23,6 @@ constexpr std::array names{
     std::pair<std::string_view, BackEnd>{"none", BackEnd::None},
 };
 
-/// What the toolkit shows windows on, or would, as it calls it; empty where there is nothing.
-QString platform()
-{
-    if (auto name = QGuiApplication::platformName(); !name.isEmpty())
-        return name;
-    if (auto wanted = qEnvironmentVariable("QT_QPA_PLATFORM"); !wanted.isEmpty())
-        return wanted.section(QLatin1Char(';'), 0, 0).section(QLatin1Char(':'), 0, 0);
-    if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-        return QStringLiteral("wayland");
-    return qEnvironmentVariableIsEmpty("DISPLAY") ? QString() : QStringLiteral("xcb");
-}
-
-bool isWayland(const QString& name)
-{
-    return name.startsWith(QLatin1String("wayland"));
-}
-
 /// What the environment variable asks for.
 ClipboardChoice forced(const std::string& wanted)
 {
@@ -50,7 +34,7 @@ ClipboardChoice forced(const std::string& wanted)
                     "QUILLBOX_CLIPBOARD_BACKEND is \"%1\", which is none of x11, data-control, toolkit and none"),
                 {wanted})};
     return {known->second, withArguments(translate("Clipboard", "QUILLBOX_CLIPBOARD_BACKEND is \"%1\""), {wanted}),
-        known->second == BackEnd::Toolkit && isWayland(platform())};
+        known->second == BackEnd::Toolkit && toolkitWindowSystem() == WindowSystem::Wayland};
 }
 
 } // namespace
@@ -59,14 +43,17 @@ ClipboardChoice chooseClipboard()
 {
     if (const auto wanted = qgetenv("QUILLBOX_CLIPBOARD_BACKEND"); !wanted.isEmpty())
         return forced(wanted.toStdString());
-    const auto name = platform();
-    if (name.isEmpty())
+    switch (toolkitWindowSystem()) {
+    case WindowSystem::None:
         return {BackEnd::None, translate("Clipboard", "There is no display")};
-    if (name == QLatin1String("xcb"))
+    case WindowSystem::X11:
         return {BackEnd::X11, translate("Clipboard", "The desktop is an X11 display")};
-    if (!isWayland(name))
+    case WindowSystem::Other:
         return {BackEnd::Toolkit,
-            withArguments(translate("Clipboard", "The toolkit shows its windows on \"%1\""), {name.toStdString()})};
+            withArguments(translate("Clipboard", "The toolkit shows its windows on \"%1\""), {toolkitPlatform()})};
+    case WindowSystem::Wayland:
+        break;
+    }
     if (const char* const protocol = DataControl::offered())
         return {BackEnd::DataControl, withArguments(translate("Clipboard", "The compositor offers %1"), {protocol})};
     return {BackEnd::Toolkit,

@@ -3,8 +3,8 @@
 #include "App/CommandLine/CoreApplication.h"
 #include "App/CommandLine/DoctorReport.h"
 #include "App/CommandLine/ErrorReport.h"
-#include "App/Desktop/TrayReport.h"
 #include "App/Desktop/HotkeyReport.h"
+#include "App/Desktop/TrayReport.h"
 #include "App/Updates/UpdateReport.h"
 #include "Capture/CaptureReport.h"
 #include "Platform/WindowSystem.h"
@@ -61,6 +61,13 @@ DoctorReport::Style styleOfOutput()
     return style;
 }
 
+const char* nameOf(WindowSystem windowSystem)
+{
+    if (windowSystem == WindowSystem::None)
+        return QT_TRANSLATE_NOOP("Doctor", "no display");
+    return windowSystem == WindowSystem::Wayland ? "Wayland" : "X11";
+}
+
 } // namespace
 
 int DoctorCommand::run(const DoctorOptions& options)
@@ -70,9 +77,7 @@ int DoctorCommand::run(const DoctorOptions& options)
         const CoreApplication application;
         findings.services = QCoro::waitFor(askEverybody());
     }
-    findings.windowSystem = windowSystem() == WindowSystem::Wayland ? "Wayland"
-        : variable("DISPLAY").empty()                               ? QT_TRANSLATE_NOOP("Doctor", "no display")
-                                                                    : "X11";
+    findings.windowSystem = nameOf(sessionWindowSystem());
     findings.desktop = variable("XDG_CURRENT_DESKTOP");
     const auto text = options.json ? DoctorReport::json(findings) : DoctorReport::humanText(findings, styleOfOutput());
     (void)std::fwrite(text.data(), 1, text.size(), stdout); // checked by the flush
