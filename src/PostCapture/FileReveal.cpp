@@ -1,5 +1,8 @@
 #include "PostCapture/FileReveal.h"
 
+#include "Platform/Portal/DesktopPortal.h"
+#include "Platform/Sandbox.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
@@ -50,8 +53,8 @@ private:
         }
         QDBusUnixFileDescriptor file;
         file.giveFileDescriptor(descriptor);
-        auto call = QDBusMessage::createMethodCall(QLatin1String(portalService), QLatin1String(portalPath),
-            QLatin1String(portalInterface), QStringLiteral("OpenDirectory"));
+        auto call = QDBusMessage::createMethodCall(QLatin1String(DesktopPortal::service),
+            QLatin1String(DesktopPortal::path), QLatin1String(portalInterface), QStringLiteral("OpenDirectory"));
         call << QString() << QVariant::fromValue(file) << QVariantMap();
         send(call, [path] { openFolder(path); });
     }
@@ -74,11 +77,6 @@ private:
 };
 
 } // namespace
-
-bool FileReveal::isInSandbox()
-{
-    return QFile::exists(QStringLiteral("/.flatpak-info"));
-}
 
 std::unique_ptr<FileReveal> makeFileReveal()
 {

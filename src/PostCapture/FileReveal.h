@@ -18,12 +18,7 @@ public:
 
     // Whom it asks on the session bus.
     static constexpr auto fileManagerService = "org.freedesktop.FileManager1"; ///< its interface is called the same
-    static constexpr auto portalService = "org.freedesktop.portal.Desktop";
-    static constexpr auto portalPath = "/org/freedesktop/portal/desktop";
     static constexpr auto portalInterface = "org.freedesktop.portal.OpenURI";
-
-    /// Whether the program runs in a sandbox, which keeps the file manager's interface out of its reach.
-    [[nodiscard]] static bool isInSandbox();
 };
 
 /// The way of this desktop.

@@ -1,6 +1,8 @@
 #include "PostCapture/FileRevealReport.h"
 
 #include "Platform/DBus/BusQueries.h"
+#include "Platform/Portal/DesktopPortal.h"
+#include "Platform/Sandbox.h"
 #include "PostCapture/FileReveal.h"
 #include "Translation/Translate.h"
 
@@ -17,8 +19,8 @@ QCoro::Task<ServiceReport> FileRevealReport::make()
     const auto bus = QDBusConnection::sessionBus();
     auto lookingForManager = BusQueries::presence(bus, QLatin1String(FileReveal::fileManagerService));
     const bool hasManager = co_await lookingForManager != Presence::None;
-    auto asking = BusQueries::property(bus, QLatin1String(FileReveal::portalService),
-        QLatin1String(FileReveal::portalPath), QLatin1String(FileReveal::portalInterface), QStringLiteral("version"));
+    auto asking = BusQueries::property(bus, QLatin1String(DesktopPortal::service), QLatin1String(DesktopPortal::path),
+        QLatin1String(FileReveal::portalInterface), QStringLiteral("version"));
     const QVariant version = co_await asking;
     const bool hasOpener = !QStandardPaths::findExecutable(QStringLiteral("xdg-open")).isEmpty();
     if (hasManager)
@@ -27,7 +29,7 @@ QCoro::Task<ServiceReport> FileRevealReport::make()
         report.found.push_back(
             withArguments(translate("Doctor", "the portal's OpenURI, version %1"), {std::to_string(version.toUInt())}));
     report.health = ServiceReport::Health::Works;
-    if (hasManager && !FileReveal::isInSandbox()) {
+    if (hasManager && !isInSandbox()) {
         report.used = translate("Doctor", "the file manager, which selects the clip");
     } else if (version.isValid()) {
         report.used = translate("Doctor", "the desktop portal, which opens the folder");

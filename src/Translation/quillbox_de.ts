@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>BackEnd</name>
+    <message>
+        <source>%1 is &quot;%2&quot;, which is none of %3</source>
+        <translation>%1 ist „%2“, also keins von %3</translation>
+    </message>
+</context>
+<context>
     <name>CaptureError</name>
     <message>
         <source>Pixels of the clip can&apos;t be read back: they are damaged</source>
@@ -142,10 +149,6 @@
 </context>
 <context>
     <name>Clipboard</name>
-    <message>
-        <source>QUILLBOX_CLIPBOARD_BACKEND is &quot;%1&quot;, which is none of x11, data-control, toolkit and none</source>
-        <translation>QUILLBOX_CLIPBOARD_BACKEND ist „%1“, also weder x11 noch data-control noch toolkit noch none</translation>
-    </message>
     <message>
         <source>QUILLBOX_CLIPBOARD_BACKEND is &quot;%1&quot;</source>
         <translation>QUILLBOX_CLIPBOARD_BACKEND ist „%1“</translation>
@@ -306,10 +309,6 @@
     <message>
         <source>The hotkey is switched off by QUILLBOX_HOTKEY_BACKEND</source>
         <translation>Das Tastenkürzel ist durch QUILLBOX_HOTKEY_BACKEND abgeschaltet</translation>
-    </message>
-    <message>
-        <source>QUILLBOX_HOTKEY_BACKEND is &quot;%1&quot;, which is none of x11, portal and none</source>
-        <translation>QUILLBOX_HOTKEY_BACKEND ist „%1“, also weder x11 noch portal noch none</translation>
     </message>
     <message>
         <source>Updates</source>

@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
+    <name>BackEnd</name>
+    <message>
+        <source>%1 is &quot;%2&quot;, which is none of %3</source>
+        <translation>%1 vale «%2», que no es ninguno de %3</translation>
+    </message>
+</context>
+<context>
     <name>CaptureError</name>
     <message>
         <source>Pixels of the clip can&apos;t be read back: they are damaged</source>
@@ -142,10 +149,6 @@
 </context>
 <context>
     <name>Clipboard</name>
-    <message>
-        <source>QUILLBOX_CLIPBOARD_BACKEND is &quot;%1&quot;, which is none of x11, data-control, toolkit and none</source>
-        <translation>QUILLBOX_CLIPBOARD_BACKEND vale «%1», que no es ni x11 ni data-control ni toolkit ni none</translation>
-    </message>
     <message>
         <source>QUILLBOX_CLIPBOARD_BACKEND is &quot;%1&quot;</source>
         <translation>QUILLBOX_CLIPBOARD_BACKEND vale «%1»</translation>
@@ -306,10 +309,6 @@
     <message>
         <source>The hotkey is switched off by QUILLBOX_HOTKEY_BACKEND</source>
         <translation>El atajo está desactivado por QUILLBOX_HOTKEY_BACKEND</translation>
-    </message>
-    <message>
-        <source>QUILLBOX_HOTKEY_BACKEND is &quot;%1&quot;, which is none of x11, portal and none</source>
-        <translation>QUILLBOX_HOTKEY_BACKEND vale «%1», que no es ni x11 ni portal ni none</translation>
     </message>
     <message>
         <source>Updates</source>

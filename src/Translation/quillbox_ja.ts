@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
+    <name>BackEnd</name>
+    <message>
+        <source>%1 is &quot;%2&quot;, which is none of %3</source>
+        <translation>%1 の値「%2」は %3 のいずれでもありません</translation>
+    </message>
+</context>
+<context>
     <name>CaptureError</name>
     <message>
         <source>Pixels of the clip can&apos;t be read back: they are damaged</source>
@@ -142,10 +149,6 @@
 </context>
 <context>
     <name>Clipboard</name>
-    <message>
-        <source>QUILLBOX_CLIPBOARD_BACKEND is &quot;%1&quot;, which is none of x11, data-control, toolkit and none</source>
-        <translation>QUILLBOX_CLIPBOARD_BACKEND の値「%1」は x11、data-control、toolkit、none のいずれでもありません</translation>
-    </message>
     <message>
         <source>QUILLBOX_CLIPBOARD_BACKEND is &quot;%1&quot;</source>
         <translation>QUILLBOX_CLIPBOARD_BACKEND の値は「%1」です</translation>
@@ -306,10 +309,6 @@
     <message>
         <source>The hotkey is switched off by QUILLBOX_HOTKEY_BACKEND</source>
         <translation>ホットキーは QUILLBOX_HOTKEY_BACKEND で無効にされています</translation>
-    </message>
-    <message>
-        <source>QUILLBOX_HOTKEY_BACKEND is &quot;%1&quot;, which is none of x11, portal and none</source>
-        <translation>QUILLBOX_HOTKEY_BACKEND の値「%1」は x11、portal、none のいずれでもありません</translation>
     </message>
     <message>
         <source>Updates</source>

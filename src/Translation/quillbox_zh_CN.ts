@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>BackEnd</name>
+    <message>
+        <source>%1 is &quot;%2&quot;, which is none of %3</source>
+        <translation>%1 的值“%2”不是 %3 中的任何一个</translation>
+    </message>
+</context>
+<context>
     <name>CaptureError</name>
     <message>
         <source>Pixels of the clip can&apos;t be read back: they are damaged</source>
@@ -142,10 +149,6 @@
 </context>
 <context>
     <name>Clipboard</name>
-    <message>
-        <source>QUILLBOX_CLIPBOARD_BACKEND is &quot;%1&quot;, which is none of x11, data-control, toolkit and none</source>
-        <translation>QUILLBOX_CLIPBOARD_BACKEND 的值“%1”不是 x11、data-control、toolkit 或 none</translation>
-    </message>
     <message>
         <source>QUILLBOX_CLIPBOARD_BACKEND is &quot;%1&quot;</source>
         <translation>QUILLBOX_CLIPBOARD_BACKEND 的值为“%1”</translation>
@@ -306,10 +309,6 @@
     <message>
         <source>The hotkey is switched off by QUILLBOX_HOTKEY_BACKEND</source>
         <translation>快捷键已被 QUILLBOX_HOTKEY_BACKEND 关闭</translation>
-    </message>
-    <message>
-        <source>QUILLBOX_HOTKEY_BACKEND is &quot;%1&quot;, which is none of x11, portal and none</source>
-        <translation>QUILLBOX_HOTKEY_BACKEND 的值“%1”不是 x11、portal 或 none</translation>
     </message>
     <message>
         <source>Updates</source>

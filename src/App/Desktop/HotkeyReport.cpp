@@ -174,13 +174,13 @@ QVariantMap HotkeyReport::told(const HotkeyState& state)
 
 QCoro::Task<ServiceReport> HotkeyReport::make()
 {
-    const HotkeyChoice choice = chooseHotkey();
-    if (choice.backend == HotkeyChoice::Backend::None) {
+    const auto choice = chooseHotkey();
+    if (choice.backEnd == HotkeyBackEnd::None) {
         ServiceReport report = begun();
         report.used = choice.reason;
         co_return report;
     }
-    auto asking = choice.backend == HotkeyChoice::Backend::Portal ? portalReport() : x11Report();
+    auto asking = choice.backEnd == HotkeyBackEnd::Portal ? portalReport() : x11Report();
     co_return co_await asking;
 }
 

@@ -5,14 +5,14 @@
 #include "Platform/WindowSystem.h"
 #include "Translation/Translate.h"
 
-#include <QByteArray>
-
 #include <utility>
 
 namespace quillbox {
 namespace {
 
-using Backend = HotkeyChoice::Backend;
+using BackEnd = HotkeyBackEnd;
+
+constexpr BackEndNames<BackEnd, 3> names{{{"x11", BackEnd::X11}, {"portal", BackEnd::Portal}, {"none", BackEnd::None}}};
 
 class NoHotkey : public HotkeyService {
 public:
@@ -32,31 +32,24 @@ void HotkeyService::setState(HotkeyState next)
     Q_EMIT stateChanged();
 }
 
-HotkeyChoice chooseHotkey()
+BackEndChoice<BackEnd> chooseHotkey()
 {
-    const QByteArray wanted = qgetenv("QUILLBOX_HOTKEY_BACKEND");
-    if (wanted == "x11")
-        return {Backend::X11, {}};
-    if (wanted == "portal")
-        return {Backend::Portal, {}};
-    if (wanted == "none")
-        return {Backend::None, translate("Doctor", "The hotkey is switched off by QUILLBOX_HOTKEY_BACKEND")};
-    if (!wanted.isEmpty())
-        return {Backend::None,
-            withArguments(
-                translate("Doctor", "QUILLBOX_HOTKEY_BACKEND is \"%1\", which is none of x11, portal and none"),
-                {wanted.toStdString()})};
-    return {sessionWindowSystem() == WindowSystem::Wayland ? Backend::Portal : Backend::X11, {}};
+    auto choice = backEndByEnvironment("QUILLBOX_HOTKEY_BACKEND", names);
+    if (!choice)
+        return {sessionWindowSystem() == WindowSystem::Wayland ? BackEnd::Portal : BackEnd::X11};
+    if (choice->backEnd == BackEnd::None && choice->reason.empty())
+        choice->reason = translate("Doctor", "The hotkey is switched off by QUILLBOX_HOTKEY_BACKEND");
+    return *choice;
 }
 
 std::unique_ptr<HotkeyService> makeHotkeyService()
 {
-    switch (chooseHotkey().backend) {
-    case Backend::X11:
+    switch (chooseHotkey().backEnd) {
+    case BackEnd::X11:
         return std::make_unique<X11Hotkey>();
-    case Backend::Portal:
+    case BackEnd::Portal:
         return std::make_unique<PortalHotkey>();
-    case Backend::None:
+    case BackEnd::None:
         break;
     }
     return std::make_unique<NoHotkey>();

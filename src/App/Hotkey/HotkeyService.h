@@ -1,11 +1,12 @@
 #pragma once
 
+#include "Platform/BackEndChoice.h"
+
 #include <QObject>
 #include <QString>
 
 #include <cstdint>
 #include <memory>
-#include <string>
 
 namespace quillbox {
 
@@ -53,16 +54,12 @@ private:
     HotkeyState m_state;
 };
 
-/// Which service is for the session that this process belongs to.
-struct HotkeyChoice {
-    enum class Backend { X11, Portal, None };
-    Backend backend = Backend::None;
-    std::string reason; ///< why there is none: one sentence, UTF-8, without a full stop
-};
+enum class HotkeyBackEnd { X11, Portal, None };
 
-/// Alone asks what the session is: on Wayland the desktop portal, else the X server. The environment variable
-/// QUILLBOX_HOTKEY_BACKEND overrides the choice: "x11", "portal" or "none".
-[[nodiscard]] HotkeyChoice chooseHotkey();
+/// Which service is for the session that this process belongs to; alone asks what the session is: on Wayland the
+/// desktop portal, else the X server. The environment variable QUILLBOX_HOTKEY_BACKEND overrides the choice: "x11",
+/// "portal" or "none".
+[[nodiscard]] BackEndChoice<HotkeyBackEnd> chooseHotkey();
 
 /// The chosen service; one that is never available where there is none.
 [[nodiscard]] std::unique_ptr<HotkeyService> makeHotkeyService();

@@ -41,19 +41,17 @@ QCoro::Task<ServiceReport> packageKitReport()
 
 QCoro::Task<ServiceReport> UpdateReport::make()
 {
-    const UpdateBackend backend = updateBackend();
-    if (backend == UpdateBackend::PackageKit) {
+    const auto choice = chooseUpdates();
+    if (choice.backEnd == UpdateBackEnd::PackageKit) {
         auto asking = packageKitReport();
         co_return co_await asking;
     }
     ServiceReport report = limited();
-    if (backend == UpdateBackend::Flatpak) {
+    report.used = choice.reason;
+    if (choice.backEnd == UpdateBackEnd::Flatpak) {
         report.health = ServiceReport::Health::Works;
         report.used = "Flatpak";
-    } else if (backend == UpdateBackend::SwitchedOff) {
-        report.used = translate("Doctor", "Updates are switched off by QUILLBOX_UPDATE_BACKEND");
-    } else {
-        report.used = translate("Doctor", "Quillbox was not installed as a package");
+    } else if (choice.backEnd == UpdateBackEnd::Unpackaged) {
         report.advice.emplace_back(translate("Doctor", "update Quillbox the way it was installed"));
     }
     co_return report;

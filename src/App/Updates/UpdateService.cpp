@@ -3,12 +3,18 @@
 #include "App/Updates/FlatpakService.h"
 #include "App/Updates/NoUpdateService.h"
 #include "App/Updates/PackageKitService.h"
-#include "PostCapture/FileReveal.h"
+#include "Platform/Sandbox.h"
+#include "Translation/Translate.h"
 
 #include <QCoreApplication>
 
 namespace quillbox {
 namespace {
+
+using BackEnd = UpdateBackEnd;
+
+constexpr BackEndNames<BackEnd, 3> names{
+    {{"packagekit", BackEnd::PackageKit}, {"flatpak", BackEnd::Flatpak}, {"none", BackEnd::None}}};
 
 /// Programs of packages are below /usr, but not below /usr/local. @see Filesystem Hierarchy Standard 3.0, chapter 4
 bool isPlacedByThePackageManager()
@@ -19,30 +25,30 @@ bool isPlacedByThePackageManager()
 
 } // namespace
 
-UpdateBackend updateBackend()
+BackEndChoice<BackEnd> chooseUpdates()
 {
-    const auto wanted = qgetenv("QUILLBOX_UPDATE_BACKEND");
-    if (wanted == "packagekit")
-        return UpdateBackend::PackageKit;
-    if (wanted == "flatpak")
-        return UpdateBackend::Flatpak;
-    if (!wanted.isEmpty())
-        return UpdateBackend::SwitchedOff;
-    if (FileReveal::isInSandbox())
-        return UpdateBackend::Flatpak;
-    return isPlacedByThePackageManager() ? UpdateBackend::PackageKit : UpdateBackend::None;
+    if (auto choice = backEndByEnvironment("QUILLBOX_UPDATE_BACKEND", names)) {
+        if (choice->backEnd == BackEnd::None && choice->reason.empty())
+            choice->reason = translate("Doctor", "Updates are switched off by QUILLBOX_UPDATE_BACKEND");
+        return *choice;
+    }
+    if (isInSandbox())
+        return {BackEnd::Flatpak};
+    if (isPlacedByThePackageManager())
+        return {BackEnd::PackageKit};
+    return {BackEnd::Unpackaged, translate("Doctor", "Quillbox was not installed as a package")};
 }
 
 std::unique_ptr<UpdateService> makeUpdateService()
 {
-    switch (updateBackend()) {
-    case UpdateBackend::PackageKit:
+    switch (chooseUpdates().backEnd) {
+    case BackEnd::PackageKit:
         return std::make_unique<PackageKitService>();
-    case UpdateBackend::Flatpak:
+    case BackEnd::Flatpak:
         return std::make_unique<FlatpakService>();
-    case UpdateBackend::SwitchedOff:
+    case BackEnd::None:
         return std::make_unique<NoUpdateService>(UpdateService::Obstacle::SwitchedOff);
-    case UpdateBackend::None:
+    case BackEnd::Unpackaged:
         break;
     }
     return std::make_unique<NoUpdateService>(UpdateService::Obstacle::NotPackaged);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "App/Updates/UpdateError.h"
+#include "Platform/BackEndChoice.h"
 
 #include <QCoro/QCoroTask>
 #include <QObject>
@@ -67,16 +68,16 @@ Q_SIGNALS:
 };
 
 /// Who updates this program on this system.
-enum class UpdateBackend {
+enum class UpdateBackEnd {
     PackageKit,
     Flatpak,
-    None,        ///< it was not installed by anything that could
-    SwitchedOff, ///< by the environment
+    Unpackaged, ///< nobody: it was not installed by anything that could
+    None,       ///< nobody: switched off by the environment
 };
 
-/// By where the program lies, or as QUILLBOX_UPDATE_BACKEND says: packagekit, flatpak, or anything else for none.
-/// Thread: main.
-[[nodiscard]] UpdateBackend updateBackend();
+/// By where the program lies, or as QUILLBOX_UPDATE_BACKEND says: packagekit, flatpak or none. There is a reason where
+/// it is nobody. Thread: main.
+[[nodiscard]] BackEndChoice<UpdateBackEnd> chooseUpdates();
 
 /// The service that goes with it; where there is none, one that says why.
 [[nodiscard]] std::unique_ptr<UpdateService> makeUpdateService();

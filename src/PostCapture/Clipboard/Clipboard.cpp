@@ -144,21 +144,21 @@ std::unique_ptr<Clipboard> makeClipboard()
 {
     const auto choice = chooseClipboard();
     switch (choice.backEnd) {
-    case ClipboardChoice::BackEnd::X11:
+    case ClipboardBackEnd::X11:
         try {
             return std::make_unique<X11Pasteboard>();
         } catch (const CaptureError&) { // the server takes no more programs; the toolkit is connected already
             return std::make_unique<ToolkitClipboard>();
         }
-    case ClipboardChoice::BackEnd::DataControl:
+    case ClipboardBackEnd::DataControl:
         if (auto control = DataControl::open())
             return std::make_unique<DataControlClipboard>(std::move(control));
         break;
-    case ClipboardChoice::BackEnd::Toolkit:
-        if (choice.needsFocus)
-            return std::make_unique<FocusClipboard>();
+    case ClipboardBackEnd::Toolkit:
         return std::make_unique<ToolkitClipboard>();
-    case ClipboardChoice::BackEnd::None:
+    case ClipboardBackEnd::FocusedToolkit:
+        return std::make_unique<FocusClipboard>();
+    case ClipboardBackEnd::None:
         break;
     }
     return std::make_unique<NoClipboard>();

@@ -4,45 +4,31 @@
 #include "PostCapture/Clipboard/Wayland/DataControl.h"
 #include "Translation/Translate.h"
 
-#include <QByteArray>
-#include <QtGlobal>
-
-#include <algorithm>
-#include <array>
-#include <utility>
-
 namespace quillbox {
 namespace {
 
-using BackEnd = ClipboardChoice::BackEnd;
+using BackEnd = ClipboardBackEnd;
 
-constexpr std::array names{
-    std::pair<std::string_view, BackEnd>{"x11", BackEnd::X11},
-    std::pair<std::string_view, BackEnd>{"data-control", BackEnd::DataControl},
-    std::pair<std::string_view, BackEnd>{"toolkit", BackEnd::Toolkit},
-    std::pair<std::string_view, BackEnd>{"none", BackEnd::None},
-};
-
-/// What the environment variable asks for.
-ClipboardChoice forced(const std::string& wanted)
-{
-    const auto* const known = std::ranges::find(names, std::string_view(wanted), &decltype(names)::value_type::first);
-    if (known == names.end())
-        return {BackEnd::None,
-            withArguments(
-                translate("Clipboard",
-                    "QUILLBOX_CLIPBOARD_BACKEND is \"%1\", which is none of x11, data-control, toolkit and none"),
-                {wanted})};
-    return {known->second, withArguments(translate("Clipboard", "QUILLBOX_CLIPBOARD_BACKEND is \"%1\""), {wanted}),
-        known->second == BackEnd::Toolkit && toolkitWindowSystem() == WindowSystem::Wayland};
-}
+constexpr auto variable = "QUILLBOX_CLIPBOARD_BACKEND";
+constexpr BackEndNames<BackEnd, 4> names{{
+    {"x11", BackEnd::X11},
+    {"data-control", BackEnd::DataControl},
+    {"toolkit", BackEnd::Toolkit},
+    {"none", BackEnd::None},
+}};
 
 } // namespace
 
-ClipboardChoice chooseClipboard()
+BackEndChoice<BackEnd> chooseClipboard()
 {
-    if (const auto wanted = qgetenv("QUILLBOX_CLIPBOARD_BACKEND"); !wanted.isEmpty())
-        return forced(wanted.toStdString());
+    if (auto forced = backEndByEnvironment(variable, names)) {
+        if (forced->reason.empty())
+            forced->reason = withArguments(
+                translate("Clipboard", "QUILLBOX_CLIPBOARD_BACKEND is \"%1\""), {qgetenv(variable).toStdString()});
+        if (forced->backEnd == BackEnd::Toolkit && toolkitWindowSystem() == WindowSystem::Wayland)
+            forced->backEnd = BackEnd::FocusedToolkit;
+        return *forced;
+    }
     switch (toolkitWindowSystem()) {
     case WindowSystem::None:
         return {BackEnd::None, translate("Clipboard", "There is no display")};
@@ -56,13 +42,8 @@ ClipboardChoice chooseClipboard()
     }
     if (const char* const protocol = DataControl::offered())
         return {BackEnd::DataControl, withArguments(translate("Clipboard", "The compositor offers %1"), {protocol})};
-    return {BackEnd::Toolkit,
-        translate("Clipboard", "The compositor lets only a window that has the keyboard set the clipboard"), true};
-}
-
-std::string_view nameOf(BackEnd backEnd)
-{
-    return std::ranges::find(names, backEnd, &decltype(names)::value_type::second)->first;
+    return {BackEnd::FocusedToolkit,
+        translate("Clipboard", "The compositor lets only a window that has the keyboard set the clipboard")};
 }
 
 } // namespace quillbox

@@ -36,22 +36,23 @@ ServiceReport x11Report()
 
 ServiceReport reportOfChoice()
 {
-    const ClipboardChoice choice = chooseClipboard();
+    const auto choice = chooseClipboard();
     ServiceReport report;
     switch (choice.backEnd) {
-    case ClipboardChoice::BackEnd::X11:
+    case ClipboardBackEnd::X11:
         return x11Report();
-    case ClipboardChoice::BackEnd::DataControl:
+    case ClipboardBackEnd::DataControl:
         report.health = Health::Works;
         report.used = translate("Doctor", "the compositor's data control");
         report.found.push_back(choice.reason);
         break;
-    case ClipboardChoice::BackEnd::Toolkit:
-        report.health = choice.needsFocus ? Health::Limited : Health::Works;
+    case ClipboardBackEnd::Toolkit:
+    case ClipboardBackEnd::FocusedToolkit:
+        report.health = choice.backEnd == ClipboardBackEnd::Toolkit ? Health::Works : Health::Limited;
         report.used = translate("Doctor", "the toolkit");
         report.found.push_back(choice.reason);
         break;
-    case ClipboardChoice::BackEnd::None:
+    case ClipboardBackEnd::None:
         report.used = choice.reason;
         break;
     }

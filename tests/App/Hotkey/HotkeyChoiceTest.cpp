@@ -8,9 +8,9 @@
 namespace quillbox {
 namespace {
 
-using Backend = HotkeyChoice::Backend;
+using BackEnd = HotkeyBackEnd;
 
-HotkeyChoice choiceFor(const char* wanted, const char* waylandDisplay, const char* sessionType)
+BackEndChoice<BackEnd> choiceFor(const char* wanted, const char* waylandDisplay, const char* sessionType)
 {
     qputenv("QUILLBOX_HOTKEY_BACKEND", wanted);
     qputenv("WAYLAND_DISPLAY", waylandDisplay);
@@ -20,26 +20,26 @@ HotkeyChoice choiceFor(const char* wanted, const char* waylandDisplay, const cha
 
 TEST(HotkeyChoice, IsTheSessions)
 {
-    EXPECT_EQ(choiceFor("", "", "x11").backend, Backend::X11);
-    EXPECT_EQ(choiceFor("", "", "").backend, Backend::X11);
-    EXPECT_EQ(choiceFor("", "wayland-1", "").backend, Backend::Portal);
-    EXPECT_EQ(choiceFor("", "", "wayland").backend, Backend::Portal);
+    EXPECT_EQ(choiceFor("", "", "x11").backEnd, BackEnd::X11);
+    EXPECT_EQ(choiceFor("", "", "").backEnd, BackEnd::X11);
+    EXPECT_EQ(choiceFor("", "wayland-1", "").backEnd, BackEnd::Portal);
+    EXPECT_EQ(choiceFor("", "", "wayland").backEnd, BackEnd::Portal);
 }
 
 TEST(HotkeyChoice, CanBeMadeByName)
 {
-    EXPECT_EQ(choiceFor("portal", "", "x11").backend, Backend::Portal);
-    EXPECT_EQ(choiceFor("x11", "wayland-1", "wayland").backend, Backend::X11);
+    EXPECT_EQ(choiceFor("portal", "", "x11").backEnd, BackEnd::Portal);
+    EXPECT_EQ(choiceFor("x11", "wayland-1", "wayland").backEnd, BackEnd::X11);
     const auto none = choiceFor("none", "", "x11");
-    EXPECT_EQ(none.backend, Backend::None);
+    EXPECT_EQ(none.backEnd, BackEnd::None);
     EXPECT_EQ(none.reason, "The hotkey is switched off by QUILLBOX_HOTKEY_BACKEND");
 }
 
 TEST(HotkeyChoice, SaysWhichNamesThereAre)
 {
     const auto unknown = choiceFor("gesture", "", "x11");
-    EXPECT_EQ(unknown.backend, Backend::None);
-    EXPECT_EQ(unknown.reason, "QUILLBOX_HOTKEY_BACKEND is \"gesture\", which is none of x11, portal and none");
+    EXPECT_EQ(unknown.backEnd, BackEnd::None);
+    EXPECT_EQ(unknown.reason, "QUILLBOX_HOTKEY_BACKEND is \"gesture\", which is none of x11, portal, none");
 }
 
 TEST(HotkeyChoice, GivesAServiceThatIsNeverAvailableWhereThereIsNone)

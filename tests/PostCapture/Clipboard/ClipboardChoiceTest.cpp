@@ -12,10 +12,10 @@
 namespace quillbox {
 namespace {
 
-using BackEnd = ClipboardChoice::BackEnd;
+using BackEnd = ClipboardBackEnd;
 
 /// The choice in a session that has these variables and none of the others that count. No compositor answers in it.
-ClipboardChoice choiceIn(const std::map<const char*, QByteArray>& session)
+BackEndChoice<BackEnd> choiceIn(const std::map<const char*, QByteArray>& session)
 {
     for (const char* name : {"QUILLBOX_CLIPBOARD_BACKEND", "QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"})
         qunsetenv(name);
@@ -42,32 +42,32 @@ TEST(ClipboardChoice, IsX11OnAnX11Desktop)
 TEST(ClipboardChoice, NeedsTheFocusWhereTheCompositorOffersNothingElse)
 {
     const auto choice = choiceIn({{"WAYLAND_DISPLAY", "wayland-0"}, {"DISPLAY", ":7"}});
-    EXPECT_EQ(choice.backEnd, BackEnd::Toolkit);
-    EXPECT_TRUE(choice.needsFocus);
+    EXPECT_EQ(choice.backEnd, BackEnd::FocusedToolkit);
 }
 
 TEST(ClipboardChoice, IsTheToolkitOnAnyOtherPlatform)
 {
     const auto choice = choiceIn({{"QT_QPA_PLATFORM", "offscreen:size=1x1;xcb"}, {"DISPLAY", ":7"}});
     EXPECT_EQ(choice.backEnd, BackEnd::Toolkit);
-    EXPECT_FALSE(choice.needsFocus);
     EXPECT_EQ(choice.reason, "The toolkit shows its windows on \"offscreen\"");
 }
 
 TEST(ClipboardChoice, DoesWhatItIsTold)
 {
-    for (const auto backEnd : {BackEnd::X11, BackEnd::DataControl, BackEnd::Toolkit, BackEnd::None}) {
-        const QByteArray name(nameOf(backEnd).data(), static_cast<qsizetype>(nameOf(backEnd).size()));
-        const auto choice = choiceIn({{"QUILLBOX_CLIPBOARD_BACKEND", name}, {"DISPLAY", ":7"}});
+    const std::map<std::string, BackEnd> backEnds{{"x11", BackEnd::X11}, {"data-control", BackEnd::DataControl},
+        {"toolkit", BackEnd::Toolkit}, {"none", BackEnd::None}};
+    for (const auto& [name, backEnd] : backEnds) {
+        const auto choice
+            = choiceIn({{"QUILLBOX_CLIPBOARD_BACKEND", QByteArray::fromStdString(name)}, {"DISPLAY", ":7"}});
         EXPECT_EQ(choice.backEnd, backEnd);
-        EXPECT_EQ(choice.reason, "QUILLBOX_CLIPBOARD_BACKEND is \"" + name.toStdString() + '"');
-        EXPECT_FALSE(choice.needsFocus);
+        EXPECT_EQ(choice.reason, "QUILLBOX_CLIPBOARD_BACKEND is \"" + name + '"');
     }
 }
 
 TEST(ClipboardChoice, KnowsThatAToolkitItIsToldToUseNeedsTheFocusOnWayland)
 {
-    EXPECT_TRUE(choiceIn({{"QUILLBOX_CLIPBOARD_BACKEND", "toolkit"}, {"WAYLAND_DISPLAY", "wayland-0"}}).needsFocus);
+    EXPECT_EQ(choiceIn({{"QUILLBOX_CLIPBOARD_BACKEND", "toolkit"}, {"WAYLAND_DISPLAY", "wayland-0"}}).backEnd,
+        BackEnd::FocusedToolkit);
 }
 
 TEST(ClipboardChoice, IsNoneWhenItIsToldNonsense)
@@ -75,7 +75,7 @@ TEST(ClipboardChoice, IsNoneWhenItIsToldNonsense)
     const auto choice = choiceIn({{"QUILLBOX_CLIPBOARD_BACKEND", "paper"}, {"DISPLAY", ":7"}});
     EXPECT_EQ(choice.backEnd, BackEnd::None);
     EXPECT_EQ(
-        choice.reason, "QUILLBOX_CLIPBOARD_BACKEND is \"paper\", which is none of x11, data-control, toolkit and none");
+        choice.reason, "QUILLBOX_CLIPBOARD_BACKEND is \"paper\", which is none of x11, data-control, toolkit, none");
 }
 
 } // namespace

@@ -145,12 +145,11 @@ std::string obstacleToCopying()
     if (RunningInstance::exists()) // which has windows
         return {};
     const auto choice = chooseClipboard();
-    if (choice.needsFocus)
+    if (choice.backEnd == ClipboardBackEnd::FocusedToolkit)
         return withArguments(
             translate("RecordCommand", "%1. The desktop application does it: start quillbox first."), {choice.reason});
-    return choice.backEnd == ClipboardChoice::BackEnd::None
-        ? withArguments(translate("RecordCommand", "%1."), {choice.reason})
-        : std::string();
+    return choice.backEnd == ClipboardBackEnd::None ? withArguments(translate("RecordCommand", "%1."), {choice.reason})
+                                                    : std::string();
 }
 
 /// Has the running application copy the clip. @return false where that can't be
