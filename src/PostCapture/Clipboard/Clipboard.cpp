@@ -2,17 +2,16 @@
 
 #include "Platform/CaptureError.h"
 #include "PostCapture/Clipboard/ClipboardChoice.h"
-#include "PostCapture/Clipboard/ClipMimeData.h"
-#include "PostCapture/Clipboard/MimeItem.h"
+#include "PostCapture/Clipboard/ClipboardOwner.h"
+#include "PostCapture/Clipboard/ToolkitClipboard.h"
 #include "PostCapture/Clipboard/Wayland/DataControl.h"
-#include "PostCapture/Clipboard/Wayland/FocusClipboard.h"
 #include "PostCapture/Clipboard/X11/SelectionOwner.h"
 
-#include <QClipboard>
 #include <QGuiApplication>
 #include <QPointer>
 #include <QWindow>
 
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -20,76 +19,34 @@
 namespace quillbox {
 namespace {
 
-/// A clip's forms, in the order in which they are offered.
-std::vector<MimeItem> formsOf(const QUrl& fileURL, const std::optional<QByteArray>& gifData)
+/// A clip in the order in which it is offered.
+std::vector<MimeItem> itemsOf(const QUrl& fileURL, const std::optional<QByteArray>& gifData)
 {
-    std::vector<MimeItem> forms{{"text/uri-list", fileURL.toEncoded() + "\r\n"}};
+    std::vector<MimeItem> items{{"text/uri-list", fileURL.toEncoded() + "\r\n"}};
     if (gifData)
-        forms.push_back({"image/gif", *gifData});
-    return forms;
+        items.push_back({"image/gif", *gifData});
+    return items;
 }
 
-/// What the toolkit offers on every desktop. On X11 it adds the URL as text, of its own accord.
-class ToolkitClipboard : public Clipboard {
+std::unique_ptr<ClipboardOwner> openSelection()
+{
+    try {
+        return std::make_unique<SelectionOwner>("CLIPBOARD");
+    } catch (const CaptureError&) {
+        return nullptr;
+    }
+}
+
+/// A clipboard that a back end owns. A clip that the connection broke under is pending until there is another one.
+class OwnedClipboard : public Clipboard {
 public:
-    ToolkitClipboard()
-    {
-        connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
-            if (state() != State::Accepted || ownsContent())
-                return;
-            setState(State::Empty);
-            Q_EMIT lost();
-        });
-    }
-    void setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData) override
-    {
-        QGuiApplication::clipboard()->setMimeData(makeMimeData(fileURL, gifData)); // which owns it
-        setState(ownsContent() ? State::Accepted : State::Empty);
-    }
-    void clear() override
-    {
-        setState(State::Empty);
-        if (ownsContent())
-            QGuiApplication::clipboard()->clear();
-    }
+    using Open = std::function<std::unique_ptr<ClipboardOwner>()>;
 
-private:
-    [[nodiscard]] static bool ownsContent() { return QGuiApplication::clipboard()->ownsClipboard(); }
-};
-
-/// The CLIPBOARD selection of an X server.
-class X11Pasteboard : public Clipboard {
-public:
-    /// @throws CaptureError  NoDisplay
-    X11Pasteboard()
+    /// @param open  Connects anew; null where that fails.
+    OwnedClipboard(std::unique_ptr<ClipboardOwner> owner, Open open)
+        : m_open(std::move(open))
     {
-        connect(&m_owner, &SelectionOwner::lost, this, [this] {
-            setState(State::Empty);
-            Q_EMIT lost();
-        });
-    }
-    void setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData) override
-    {
-        m_owner.own(formsOf(fileURL, gifData));
-        setState(m_owner.owns() ? State::Accepted : State::Empty);
-    }
-    void clear() override
-    {
-        m_owner.disown();
-        setState(State::Empty);
-    }
-
-private:
-    SelectionOwner m_owner{"CLIPBOARD"};
-};
-
-/// The clipboard of a Wayland compositor that takes it from any program. A clip that the connection to it broke under
-/// is pending until there is another connection.
-class DataControlClipboard : public Clipboard {
-public:
-    explicit DataControlClipboard(std::unique_ptr<DataControl> control)
-    {
-        use(std::move(control));
+        use(std::move(owner));
         connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](QWindow* window) {
             if (window != nullptr)
                 retry();
@@ -97,7 +54,7 @@ public:
     }
     void setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData) override
     {
-        m_forms = formsOf(fileURL, gifData);
+        m_items = itemsOf(fileURL, gifData);
         offer();
     }
     void retry() override
@@ -107,30 +64,32 @@ public:
     }
     void clear() override
     {
-        m_control->disown();
+        m_owner->disown();
         setState(State::Empty);
     }
 
 private:
-    void use(std::unique_ptr<DataControl> control)
+    void use(std::unique_ptr<ClipboardOwner> owner)
     {
-        m_control = std::move(control);
-        connect(m_control.get(), &DataControl::lost, this, [this] {
-            setState(m_control->isConnected() ? State::Empty : State::Pending);
+        m_owner = std::move(owner);
+        connect(m_owner.get(), &ClipboardOwner::lost, this, [this] {
+            setState(stateWithoutOwning());
             Q_EMIT lost();
         });
     }
     void offer()
     {
-        if (!m_control->isConnected())
-            if (auto control = DataControl::open())
-                use(std::move(control));
-        m_control->own(m_forms);
-        setState(m_control->owns() ? State::Accepted : State::Pending);
+        if (!m_owner->isConnected())
+            if (auto owner = m_open())
+                use(std::move(owner));
+        m_owner->own(m_items);
+        setState(m_owner->owns() ? State::Accepted : stateWithoutOwning());
     }
+    [[nodiscard]] State stateWithoutOwning() const { return m_owner->isConnected() ? State::Empty : State::Pending; }
 
-    std::unique_ptr<DataControl> m_control;
-    std::vector<MimeItem> m_forms; // what was set last
+    Open m_open;
+    std::unique_ptr<ClipboardOwner> m_owner;
+    std::vector<MimeItem> m_items; // what was set last
 };
 
 /// Where there is no clipboard.
@@ -142,17 +101,14 @@ public:
 
 std::unique_ptr<Clipboard> makeClipboard()
 {
-    const auto choice = chooseClipboard();
-    switch (choice.backEnd) {
+    switch (chooseClipboard().backEnd) {
     case ClipboardBackEnd::X11:
-        try {
-            return std::make_unique<X11Pasteboard>();
-        } catch (const CaptureError&) { // the server takes no more programs; the toolkit is connected already
-            return std::make_unique<ToolkitClipboard>();
-        }
+        if (auto owner = openSelection())
+            return std::make_unique<OwnedClipboard>(std::move(owner), &openSelection);
+        return std::make_unique<ToolkitClipboard>(); // the server takes no more programs; the toolkit is connected
     case ClipboardBackEnd::DataControl:
-        if (auto control = DataControl::open())
-            return std::make_unique<DataControlClipboard>(std::move(control));
+        if (auto owner = DataControl::open())
+            return std::make_unique<OwnedClipboard>(std::move(owner), &DataControl::open);
         break;
     case ClipboardBackEnd::Toolkit:
         return std::make_unique<ToolkitClipboard>();

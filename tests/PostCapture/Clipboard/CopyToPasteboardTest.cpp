@@ -3,7 +3,7 @@
 
 #include "Pasting.h"
 #include "PostCapture/Clipboard/Clipboard.h"
-#include "PostCapture/Clipboard/ClipMimeData.h"
+#include "PostCapture/Clipboard/ToolkitClipboard.h"
 
 #include <gtest/gtest.h>
 

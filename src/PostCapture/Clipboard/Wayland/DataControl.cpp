@@ -62,7 +62,7 @@ struct DataControl::State {
     CHandle<wl_proxy, destroySource> source; // null while nothing of ours is on the clipboard
     QSocketNotifier readNotifier;
     QSocketNotifier writeNotifier; // on while the compositor takes nothing more
-    std::vector<MimeItem> forms;
+    std::vector<MimeItem> items;
     QObject transfers; // the parent of what is being given
     bool isGone = false;
 };
@@ -80,15 +80,15 @@ void DataControl::State::openDevice()
 
 void DataControl::State::give(const char* type, FileDescriptor pipe)
 {
-    const auto form = std::ranges::find(forms, type, &MimeItem::type);
-    if (form != forms.end())
-        new PipeWriter(std::move(pipe), form->data, &transfers); // which owns it
+    const auto item = std::ranges::find(items, type, &MimeItem::type);
+    if (item != items.end())
+        new PipeWriter(std::move(pipe), item->data, &transfers); // which owns it
 }
 
 void DataControl::State::leave()
 {
     source.reset();
-    forms.clear();
+    items.clear();
 }
 
 std::unique_ptr<DataControl> DataControl::open()
@@ -124,7 +124,7 @@ bool DataControl::isConnected() const
     return !m_state->isGone;
 }
 
-void DataControl::own(std::vector<MimeItem> forms)
+void DataControl::own(std::vector<MimeItem> items)
 {
     static SourceEvents events{
         .send =
@@ -144,11 +144,11 @@ void DataControl::own(std::vector<MimeItem> forms)
     if (m_state->isGone)
         return;
     CHandle<wl_proxy, destroySource> next(createSource(m_state->family, m_state->manager.get(), events, m_state.get()));
-    for (const MimeItem& form : forms)
-        offer(next.get(), form.type.c_str());
+    for (const MimeItem& item : items)
+        offer(next.get(), item.type.c_str());
     setSelection(m_state->device.get(), next.get());
     m_state->source = std::move(next); // the one before goes after it has been replaced: the clipboard is never empty
-    m_state->forms = std::move(forms);
+    m_state->items = std::move(items);
     send();
 }
 

@@ -1,19 +1,16 @@
 #pragma once
 
-#include "PostCapture/Clipboard/MimeItem.h"
-
-#include <QObject>
+#include "PostCapture/Clipboard/ClipboardOwner.h"
 
 #include <memory>
 #include <vector>
 
 namespace quillbox {
 
-/// The clipboard of a Wayland compositor that lets programs set it whether or not they have the focus. What was put
-/// there is given to whoever asks, however large, to several programs at a time. Has a connection of its own. Of
-/// several seats, it is the first one's clipboard. Thread: main.
+/// The clipboard of a Wayland compositor that lets programs set it whether or not they have the focus. Of several
+/// seats, it is the first one's clipboard.
 /// @see Wayland protocols ext-data-control-v1, wlr-data-control-unstable-v1
-class DataControl : public QObject {
+class DataControl : public ClipboardOwner {
     Q_OBJECT
 
 public:
@@ -24,18 +21,11 @@ public:
     [[nodiscard]] static std::unique_ptr<DataControl> open();
     ~DataControl() override;
 
-    /// False once the compositor, or the seat, has gone: nothing works any more then.
-    [[nodiscard]] bool isConnected() const;
-
-    /// Replaces what is on the clipboard. Nothing else is offered than what `forms` names, in that order.
-    void own(std::vector<MimeItem> forms);
-    /// Empties the clipboard, if what is there is ours.
-    void disown();
-    [[nodiscard]] bool owns() const;
-
-Q_SIGNALS:
-    /// Another program has put something there, or the compositor is gone.
-    void lost();
+    void own(std::vector<MimeItem> items) override;
+    void disown() override;
+    [[nodiscard]] bool owns() const override;
+    /// Also false once the seat has gone.
+    [[nodiscard]] bool isConnected() const override;
 
 private:
     struct State;

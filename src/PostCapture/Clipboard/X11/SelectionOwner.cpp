@@ -189,12 +189,12 @@ SelectionOwner::SelectionOwner(std::string_view selection)
 
 SelectionOwner::~SelectionOwner() = default;
 
-void SelectionOwner::own(std::vector<MimeItem> forms)
+void SelectionOwner::own(std::vector<MimeItem> items)
 {
     std::vector<State::Form> named;
-    named.reserve(forms.size());
-    for (MimeItem& form : forms)
-        named.push_back({m_state->atom(form.type), std::move(form.data)});
+    named.reserve(items.size());
+    for (MimeItem& item : items)
+        named.push_back({m_state->atom(item.type), std::move(item.data)});
     const auto time = m_state->now();
     m_state->forms = std::move(named);
     m_state->ownedSince = time;
@@ -221,6 +221,11 @@ bool SelectionOwner::owns() const
     return m_state->isOwned;
 }
 
+bool SelectionOwner::isConnected() const
+{
+    return xcb_connection_has_error(m_state->connection()) == 0;
+}
+
 void SelectionOwner::takeEvents()
 {
     auto* const connection = m_state->connection();
@@ -228,7 +233,7 @@ void SelectionOwner::takeEvents()
     while (const XCBPointer<xcb_generic_event_t> event{xcb_poll_for_event(connection)})
         m_state->handle(*event);
     xcb_flush(connection);
-    if (xcb_connection_has_error(connection) != 0) {
+    if (!isConnected()) {
         m_state->notifier.setEnabled(false);
         m_state->isOwned = false;
     }

@@ -2,9 +2,26 @@
 
 #include "PostCapture/Clipboard/Clipboard.h"
 
+class QMimeData;
+
 namespace quillbox {
 
-/// The toolkit's clipboard on a Wayland compositor that takes a clip only from the program that has the focus. Sets it
+/// A clip as the toolkit's clipboard takes it, which then owns it: exactly the file's URL and, if given, its bytes as
+/// image/gif.
+[[nodiscard]] QMimeData* makeMimeData(const QUrl& fileURL, const std::optional<QByteArray>& gifData);
+
+/// The toolkit's clipboard, on any desktop. On X11 it adds the URL as text, of its own accord. Thread: main.
+class ToolkitClipboard : public Clipboard {
+    Q_OBJECT
+
+public:
+    ToolkitClipboard();
+
+    void setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData) override;
+    void clear() override;
+};
+
+/// The same on a Wayland compositor that takes a clip only from the program that has the focus. Sets it
 /// at once where one of our windows has it, else, and where the compositor refuses, when one gets it. Thread: main.
 /// @see Wayland protocol, wl_data_device
 class FocusClipboard : public Clipboard {

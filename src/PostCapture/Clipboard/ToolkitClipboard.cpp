@@ -1,12 +1,52 @@
-#include "PostCapture/Clipboard/Wayland/FocusClipboard.h"
-
-#include "PostCapture/Clipboard/ClipMimeData.h"
+#include "PostCapture/Clipboard/ToolkitClipboard.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QMimeData>
 #include <QWindow>
 
 namespace quillbox {
+
+QMimeData* makeMimeData(const QUrl& fileURL, const std::optional<QByteArray>& gifData)
+{
+    auto* const content = new QMimeData;
+    content->setUrls({fileURL});
+    if (gifData)
+        content->setData(QStringLiteral("image/gif"), *gifData);
+    return content;
+}
+
+namespace {
+
+bool toolkitOwnsClipboard()
+{
+    return QGuiApplication::clipboard()->ownsClipboard();
+}
+
+} // namespace
+
+ToolkitClipboard::ToolkitClipboard()
+{
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
+        if (state() != State::Accepted || toolkitOwnsClipboard())
+            return;
+        setState(State::Empty);
+        Q_EMIT lost();
+    });
+}
+
+void ToolkitClipboard::setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData)
+{
+    QGuiApplication::clipboard()->setMimeData(makeMimeData(fileURL, gifData));
+    setState(toolkitOwnsClipboard() ? State::Accepted : State::Empty);
+}
+
+void ToolkitClipboard::clear()
+{
+    setState(State::Empty);
+    if (toolkitOwnsClipboard())
+        QGuiApplication::clipboard()->clear();
+}
 
 FocusClipboard::FocusClipboard()
 {
@@ -45,7 +85,7 @@ void FocusClipboard::offer()
     if (!m_clip || m_isOffered || QGuiApplication::focusWindow() == nullptr)
         return;
     m_isOffering = true;
-    QGuiApplication::clipboard()->setMimeData(makeMimeData(m_clip->fileURL, m_clip->gifData)); // which owns it
+    QGuiApplication::clipboard()->setMimeData(makeMimeData(m_clip->fileURL, m_clip->gifData));
     m_isOffering = false;
     m_isOffered = true;
 }
@@ -56,7 +96,7 @@ void FocusClipboard::look()
 {
     if (m_isOffering)
         return;
-    const bool isOurs = QGuiApplication::clipboard()->ownsClipboard();
+    const bool isOurs = toolkitOwnsClipboard();
     if (state() == State::Pending && m_isOffered) {
         m_isOffered = isOurs;
         if (isOurs) {
