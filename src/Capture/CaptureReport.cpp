@@ -134,12 +134,12 @@ void reportPortal(ServiceReport& report, const std::string& failure, BusQueries:
 QCoro::Task<ServiceReport> portalReport()
 {
     ServiceReport report = begun();
-    auto portal = std::make_unique<ScreenCastPortal>();
+    auto portal = std::make_unique<ScreenCastPortal>(reportPatience);
     ScreenCastPortal::Offer offer;
     std::string failure;
     bool doesNotAnswer = false;
     try {
-        auto looking = portal->look(reportPatience);
+        auto looking = portal->look();
         offer = co_await looking;
     } catch (const CaptureError& error) {
         failure = error.what();

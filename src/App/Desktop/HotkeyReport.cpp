@@ -7,6 +7,7 @@
 #include "App/Hotkey/X11Hotkey.h"
 #include "Platform/CaptureError.h"
 #include "Platform/DBus/BusQueries.h"
+#include "Platform/Portal/PortalSession.h"
 #include "Platform/RunWithTimeout.h"
 #include "Translation/Translate.h"
 
@@ -23,7 +24,6 @@ namespace quillbox {
 namespace {
 
 using Health = ServiceReport::Health;
-using Lack = ShortcutsPortal::Offer::Lack;
 
 constexpr std::array statusNames{
     std::pair{HotkeyStatus::NotRegistered, "none"},
@@ -119,30 +119,32 @@ void reportBinding(ServiceReport& report, const std::optional<HotkeyState>& stat
     }
 }
 
+/// Why the portal has no shortcuts for us.
+std::string obstacleIn(const PortalError& error)
+{
+    switch (error.reason()) {
+    case PortalError::Reason::NoBus:
+        return translate("Doctor", "There is no session bus");
+    case PortalError::Reason::NoPortal:
+        return translate("Doctor", "There is no desktop portal");
+    case PortalError::Reason::NoInterface:
+        return translate("Doctor", "The portal has no global shortcuts on this desktop");
+    default:
+        return translate("Doctor", "The desktop portal does not answer");
+    }
+}
+
 QCoro::Task<ServiceReport> portalReport()
 {
     ServiceReport report = begun();
-    auto looking = ShortcutsPortal::look(QDBusConnection::sessionBus(), static_cast<int>(reportPatience.count()));
-    const auto offer = co_await looking;
-    switch (offer.lack) {
-    case Lack::None:
-        report.found.push_back(withArguments(
-            translate("Doctor", "the portal's GlobalShortcuts, version %1"), {std::to_string(offer.version)}));
-        break;
-    case Lack::NoBus:
-        report.used = translate("Doctor", "There is no session bus");
-        break;
-    case Lack::NoPortal:
-        report.used = translate("Doctor", "There is no desktop portal");
-        break;
-    case Lack::NoInterface:
-        report.used = translate("Doctor", "The portal has no global shortcuts on this desktop");
-        break;
-    case Lack::NoAnswer:
-        report.used = translate("Doctor", "The desktop portal does not answer");
-        break;
-    }
-    if (offer.lack != Lack::None) {
+    PortalSession portal(QLatin1String(ShortcutsPortal::interface), reportPatience);
+    try {
+        auto looking = portal.look();
+        const QVariantMap properties = co_await looking;
+        report.found.push_back(withArguments(translate("Doctor", "the portal's GlobalShortcuts, version %1"),
+            {std::to_string(properties.value(QStringLiteral("version")).toUInt())}));
+    } catch (const PortalError& error) {
+        report.used = obstacleIn(error);
         report.advice.push_back(bindToggle());
         co_return report;
     }

@@ -5,14 +5,9 @@
 #include "Platform/Detach.h"
 #include "Platform/Portal/DesktopPortal.h"
 
-#include <QCoro/QCoroDBus>
-#include <QCoro/QCoroFuture>
 #include <QDBusObjectPath>
-#include <QPointer>
-#include <QUuid>
 
 #include <algorithm>
-#include <utility>
 
 namespace quillbox {
 
@@ -21,7 +16,6 @@ namespace {
 using ShortcutsPortal::Shortcut;
 
 const auto shortcutID = QStringLiteral("record-region");
-const auto sessionInterface = QStringLiteral("org.freedesktop.portal.Session");
 
 /// What a list of shortcuts, which holds those that are bound, means for ours.
 HotkeyState stateIn(const QVariant& shortcuts)
@@ -49,10 +43,7 @@ PortalHotkey::PortalHotkey()
     m_bus.connect(QString(), path, interface, QStringLiteral("ShortcutsChanged"), this, SLOT(noteChange(QDBusMessage)));
 }
 
-PortalHotkey::~PortalHotkey()
-{
-    closeSession();
-}
+PortalHotkey::~PortalHotkey() = default; // the session goes, and with it the question and the shortcut
 
 void PortalHotkey::grab(std::uint32_t keyCode, std::uint32_t modifiers)
 {
@@ -69,9 +60,8 @@ void PortalHotkey::grab(std::uint32_t keyCode, std::uint32_t modifiers)
 void PortalHotkey::followOwner(const QString& before, const QString& now)
 {
     if (!before.isEmpty()) { // what it had for us is gone with it
-        ++m_attempt;
         m_isBinding = false;
-        m_session.clear();
+        m_session.reset();
         if (state().status != HotkeyStatus::NotRegistered)
             setState({.status = HotkeyStatus::Unavailable});
     }
@@ -81,53 +71,44 @@ void PortalHotkey::followOwner(const QString& before, const QString& now)
 
 void PortalHotkey::begin()
 {
-    ++m_attempt;
     m_isBinding = true;
+    m_session = std::make_unique<PortalSession>(QLatin1String(ShortcutsPortal::interface));
+    connect(m_session.get(), &PortalSession::ended, this, [this](const PortalError& reason) {
+        if (!m_isBinding && reason.reason() == PortalError::Reason::Closed)
+            setState({.status = HotkeyStatus::Unassigned, .isDesktops = true});
+    });
     detach(bindAndTell());
 }
 
 QCoro::Task<> PortalHotkey::bindAndTell()
 {
-    const auto isOver = [self = QPointer(this), attempt = m_attempt] {
-        return self.isNull() || self->m_attempt != attempt;
-    };
-    auto binding = bind();
-    const HotkeyState outcome = co_await binding;
-    if (isOver())
-        co_return;
+    HotkeyState outcome;
+    outcome.status = HotkeyStatus::Unavailable;
+    try {
+        auto binding = bind();
+        outcome = co_await binding;
+    } catch (const PortalError& error) {
+        if (error.reason() == PortalError::Reason::Withdrawn)
+            co_return; // this object is gone, or has begun anew
+    }
     m_isBinding = false;
     if (outcome.status != HotkeyStatus::Active && outcome.status != HotkeyStatus::Unassigned)
-        closeSession(); // the user may still assign a key to one that is open
+        m_session.reset(); // the user may still assign a key to one that is open
     setState(outcome);
 }
 
-/// What becomes of the wish; without a meaning when the portal, or this object, goes meanwhile.
+/// What becomes of the wish. @throws PortalError  Withdrawn: the session, and perhaps this object, is gone.
 QCoro::Task<HotkeyState> PortalHotkey::bind()
 {
-    const auto isOver = [self = QPointer(this), attempt = m_attempt] {
-        return self.isNull() || self->m_attempt != attempt;
-    };
-    HotkeyState outcome;
-    outcome.status = HotkeyStatus::Unavailable;
-    auto looking = ShortcutsPortal::look(m_bus);
-    const auto offer = co_await looking;
-    if (isOver() || offer.lack != ShortcutsPortal::Offer::Lack::None)
-        co_return outcome;
-    if (HotkeyRefusal::isRemembered()) {
-        outcome.status = HotkeyStatus::Refused;
-        co_return outcome;
-    }
+    HotkeyState refused;
+    refused.status = HotkeyStatus::Refused;
+    auto looking = m_session->look();
+    co_await looking;
+    if (HotkeyRefusal::isRemembered())
+        co_return refused;
     setState({.status = HotkeyStatus::Asking, .isDesktops = true});
-
-    QVariantMap options;
-    options.insert(QStringLiteral("session_handle_token"),
-        QString(QStringLiteral("quillbox_") + QUuid::createUuid().toString(QUuid::Id128)));
-    auto creating = ask(QStringLiteral("CreateSession"), QVariantList(), options);
-    const PortalRequest::Outcome created = co_await creating;
-    if (isOver() || !created || created->code != 0)
-        co_return outcome;
-    m_session = DesktopPortal::sessionIn(created->results);
-    m_bus.connect(QString(), m_session, sessionInterface, QStringLiteral("Closed"), this, SLOT(noteClosed()));
+    auto opening = m_session->open();
+    co_await opening;
 
     Shortcut wish;
     wish.id = shortcutID;
@@ -136,40 +117,17 @@ QCoro::Task<HotkeyState> PortalHotkey::bind()
     QList<Shortcut> wishes;
     wishes << wish;
     QVariantList arguments;
-    arguments << QVariant::fromValue(QDBusObjectPath(m_session)) << QVariant::fromValue(wishes)
-              << QString(); // no window that a question could belong to
-    auto binding = ask(QStringLiteral("BindShortcuts"), arguments, QVariantMap());
-    const PortalRequest::Outcome bound = co_await binding;
-    if (isOver() || !bound)
-        co_return outcome;
-    constexpr uint refused = 1;
-    if (bound->code == 0) {
-        outcome = stateIn(bound->results.value(QStringLiteral("shortcuts")));
-    } else if (bound->code == refused) {
-        HotkeyRefusal::remember();
-        outcome.status = HotkeyStatus::Refused;
+    arguments << QVariant::fromValue(wishes) << QString(); // no window that a question could belong to
+    auto binding = m_session->request(QStringLiteral("BindShortcuts"), arguments, QVariantMap());
+    try {
+        const QVariantMap bound = co_await binding;
+        co_return stateIn(bound.value(QStringLiteral("shortcuts")));
+    } catch (const PortalError& error) {
+        if (error.reason() != PortalError::Reason::Denied)
+            throw;
     }
-    co_return outcome;
-}
-
-/// Calls `method` of GlobalShortcuts, `options` last, and waits for the user's answer. None if the portal, or this
-/// object, goes meanwhile, or the portal wants none of it.
-QCoro::Task<PortalRequest::Outcome> PortalHotkey::ask(QString method, QVariantList arguments, QVariantMap options)
-{
-    const QPointer request(new PortalRequest(m_bus));
-    request->setParent(this);
-    const auto outcome = request->outcome();
-    options.insert(QStringLiteral("handle_token"), request->token());
-    arguments << options;
-    const QDBusPendingCall calling
-        = m_bus.asyncCall(DesktopPortal::method(QLatin1String(ShortcutsPortal::interface), method, arguments));
-    const QDBusMessage reply = co_await calling;
-    PortalRequest::Outcome answer;
-    if (reply.type() != QDBusMessage::ErrorMessage)
-        answer = co_await outcome;
-    if (request) // else this object destroyed it
-        request->deleteLater();
-    co_return answer;
+    HotkeyRefusal::remember();
+    co_return refused;
 }
 
 void PortalHotkey::notePress(const QDBusMessage& signal)
@@ -187,19 +145,8 @@ void PortalHotkey::noteChange(const QDBusMessage& signal)
 
 bool PortalHotkey::isFromOurSession(const QDBusMessage& signal) const
 {
-    return !m_session.isEmpty() && signal.arguments().value(0).value<QDBusObjectPath>().path() == m_session;
-}
-
-void PortalHotkey::noteClosed()
-{
-    m_session.clear();
-    if (!m_isBinding)
-        setState({.status = HotkeyStatus::Unassigned, .isDesktops = true});
-}
-
-void PortalHotkey::closeSession()
-{
-    PortalRequest::closeSession(m_bus, std::exchange(m_session, QString()));
+    return m_session && !m_session->path().isEmpty()
+        && signal.arguments().value(0).value<QDBusObjectPath>().path() == m_session->path();
 }
 
 } // namespace quillbox

@@ -1,14 +1,15 @@
 #pragma once
 
 #include "App/Hotkey/HotkeyService.h"
-#include "Platform/Portal/PortalRequest.h"
+#include "Platform/Portal/PortalSession.h"
 
 #include <QCoro/QCoroTask>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusServiceWatcher>
 #include <QString>
-#include <QVariantMap>
+
+#include <memory>
 
 namespace quillbox {
 
@@ -29,21 +30,17 @@ private:
     // Whole messages: Qt may not know the name of a path's type yet when the signals are connected.
     Q_SLOT void notePress(const QDBusMessage& signal);
     Q_SLOT void noteChange(const QDBusMessage& signal);
-    Q_SLOT void noteClosed();
 
     void followOwner(const QString& before, const QString& now);
     void begin();
     QCoro::Task<> bindAndTell();
     QCoro::Task<HotkeyState> bind();
-    QCoro::Task<PortalRequest::Outcome> ask(QString method, QVariantList arguments, QVariantMap options);
     [[nodiscard]] bool isFromOurSession(const QDBusMessage& signal) const;
-    void closeSession();
 
     QDBusConnection m_bus;
     QDBusServiceWatcher m_watcher;
-    QString m_trigger; // proposed; empty before a wish
-    QString m_session; // empty before there is one
-    int m_attempt = 0; // which one; an earlier one has nothing to say any more
+    QString m_trigger;                        // proposed; empty before a wish
+    std::unique_ptr<PortalSession> m_session; // null before a wish, and while there is no portal
     bool m_isBinding = false;
 };
 

@@ -2,34 +2,12 @@
 
 #include "App/Hotkey/HotkeyMath.h"
 #include "App/Hotkey/KeyboardMap.h"
-#include "Platform/Portal/DesktopPortal.h"
 
-#include <QCoro/QCoroDBus>
-#include <QDBusMessage>
 #include <QDBusMetaType>
-#include <QDBusPendingCall>
 
 namespace quillbox {
 
 namespace ShortcutsPortal {
-
-namespace {
-
-Offer::Lack lackBehind(const QDBusMessage& error)
-{
-    switch (DesktopPortal::failureToLook(error)) {
-    case DesktopPortal::Failure::NoPortal:
-        return Offer::Lack::NoPortal;
-    case DesktopPortal::Failure::NoInterface:
-        return Offer::Lack::NoInterface;
-    case DesktopPortal::Failure::Gone:
-    case DesktopPortal::Failure::Refused:
-        break;
-    }
-    return Offer::Lack::NoAnswer;
-}
-
-} // namespace
 
 QDBusArgument& operator<<(QDBusArgument& argument, const Shortcut& shortcut)
 {
@@ -45,28 +23,6 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, Shortcut& shortcu
     argument >> shortcut.id >> shortcut.properties;
     argument.endStructure();
     return argument;
-}
-
-QCoro::Task<Offer> look(QDBusConnection bus, int milliseconds)
-{
-    Offer offer;
-    if (!bus.isConnected()) {
-        offer.lack = Offer::Lack::NoBus;
-        co_return offer;
-    }
-    const QDBusPendingCall introducing = DesktopPortal::introduce(bus, milliseconds);
-    co_await introducing;
-    const QDBusPendingCall asking = bus.asyncCall(DesktopPortal::propertiesOf(QLatin1String(interface)), milliseconds);
-    const QDBusMessage reply = co_await asking;
-    if (reply.type() == QDBusMessage::ErrorMessage) {
-        offer.lack = lackBehind(reply);
-        co_return offer;
-    }
-    const auto properties = qdbus_cast<QVariantMap>(reply.arguments().value(0));
-    offer.version = properties.value(QStringLiteral("version")).toUInt();
-    if (offer.version == 0)
-        offer.lack = Offer::Lack::NoInterface;
-    co_return offer;
 }
 
 void registerTypes()

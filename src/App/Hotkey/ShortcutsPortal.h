@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QCoro/QCoroTask>
 #include <QDBusArgument>
-#include <QDBusConnection>
 #include <QList>
 #include <QMetaType>
 #include <QString>
@@ -18,23 +16,6 @@ namespace quillbox {
 namespace ShortcutsPortal {
 
 inline constexpr auto interface = "org.freedesktop.portal.GlobalShortcuts";
-
-/// Whether the desktop has them, or why not.
-struct Offer {
-    enum class Lack {
-        None,
-        NoBus,       ///< no session bus
-        NoPortal,    ///< no portal on it
-        NoInterface, ///< a portal without global shortcuts
-        NoAnswer,    ///< a portal that does not answer, or with an error
-    };
-    Lack lack = Lack::None;
-    uint version = 0; ///< of the interface
-};
-
-/// Makes us known to the portal and asks; asks the user nothing.
-/// @param milliseconds  How long an answer may take; -1 for as long as the bus waits.
-[[nodiscard]] QCoro::Task<Offer> look(QDBusConnection bus, int milliseconds = -1);
 
 /// One shortcut, as the portal is told of it, and tells of it.
 struct Shortcut {

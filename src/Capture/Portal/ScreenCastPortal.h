@@ -1,23 +1,15 @@
 #pragma once
 
+#include "Capture/Portal/ScreenCast.h"
 #include "Platform/CaptureError.h"
 #include "Platform/FileDescriptor.h"
-#include "Capture/Portal/ScreenCast.h"
+#include "Platform/Portal/PortalSession.h"
 
 #include <QCoro/QCoroTask>
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusServiceWatcher>
 #include <QObject>
-#include <QPointer>
 #include <QVariantMap>
 
-#include <chrono>
-#include <optional>
-
 namespace quillbox {
-
-class PortalRequest;
 
 /// One screen cast of one monitor, pointer included, from the desktop portal: asks for it, and gives the PipeWire
 /// stream in which the pictures come. The user's permission is asked for the first time only, as far as the desktop
@@ -27,8 +19,8 @@ class ScreenCastPortal : public QObject {
     Q_OBJECT
 
 public:
-    ScreenCastPortal();
-    ~ScreenCastPortal() override;
+    /// @param callTimeout  As PortalSession has it.
+    explicit ScreenCastPortal(std::chrono::milliseconds callTimeout = PortalSession::busTimeout);
 
     /// Begins the cast. Called once. If the object is destroyed meanwhile, the task ends with CaptureError::Stopped.
     /// @throws CaptureError  Unavailable: no bus, no portal, or one that casts no screen. Refused. DisplayGone: the
@@ -47,35 +39,20 @@ public:
 
     /// Makes us known to the portal and finds out what it can do; asks the user nothing, and begins nothing. If the
     /// object is destroyed meanwhile, the task ends with CaptureError::Stopped.
-    /// @param patience  How long each of two answers may take.
     /// @throws CaptureError  Unavailable: no bus, no portal, or one that casts no screen. DisplayGone: the portal does
     ///                       not answer. Unreadable: it answered an error.
-    QCoro::Task<Offer> look(std::chrono::milliseconds patience);
+    QCoro::Task<Offer> look();
 
 Q_SIGNALS:
     /// The cast that open() began has ended without our doing. At most once.
     void ended(const quillbox::CaptureError& reason);
 
 private:
-    Q_SLOT void noteClosed();
+    QCoro::Task<ScreenCast> begin();
+    QCoro::Task<QVariantMap> lookAtScreenCast();
 
-    QCoro::Task<> lookAtPortal();
-    QCoro::Task<QVariantMap> ask(QString method, QVariantList arguments, QVariantMap options);
-    QCoro::Task<QDBusMessage> call(QString interface, QString method, QVariantList arguments);
-    [[nodiscard]] int timeLimit() const;
-    void end(const CaptureError& reason);
-
-    QDBusConnection m_bus;
-    std::optional<std::chrono::milliseconds> m_patience; // none: as long as the bus has it
-    QDBusServiceWatcher m_watcher;
-    QString m_session;                 // empty before there is one
-    QPointer<PortalRequest> m_request; // the latest
-    bool m_isCreating = false;         // the latest asks for the session
-    uint m_version = 0;
-    uint m_cursorModes = 0;
-    uint m_sources = 0;
+    PortalSession m_session;
     bool m_isOpen = false;
-    std::optional<CaptureError> m_end; // of the cast, without our doing
 };
 
 } // namespace quillbox

@@ -1,7 +1,5 @@
 #include "Platform/Portal/DesktopPortal.h"
 
-#include <QDBusObjectPath>
-
 namespace quillbox::DesktopPortal {
 
 QDBusMessage method(const QString& interface, const QString& name, const QVariantList& arguments)
@@ -11,42 +9,28 @@ QDBusMessage method(const QString& interface, const QString& name, const QVarian
     return message;
 }
 
-QDBusPendingCall introduce(const QDBusConnection& bus, int milliseconds)
+QDBusMessage closing(const QString& object, const QString& interface)
 {
-    return bus.asyncCall(method(QStringLiteral("org.freedesktop.host.portal.Registry"), QStringLiteral("Register"),
-                             {QStringLiteral(QUILLBOX_APP_ID), QVariantMap()}),
-        milliseconds);
+    auto message = QDBusMessage::createMethodCall(QLatin1String(service), object, interface, QStringLiteral("Close"));
+    message.setAutoStartService(false);
+    return message;
 }
 
-QDBusMessage propertiesOf(const QString& interface)
+PortalError errorIn(const QDBusMessage& reply)
 {
-    return method(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("GetAll"), {interface});
-}
-
-Failure failureOf(const QDBusMessage& reply)
-{
+    using Reason = PortalError::Reason;
     const QString name = reply.errorName();
+    const QString text = reply.errorMessage().simplified();
+    auto reason = Reason::Refused;
     if (name.endsWith(QLatin1String(".ServiceUnknown")) || name.endsWith(QLatin1String(".NameHasNoOwner"))
         || name.contains(QLatin1String(".Spawn.")))
-        return Failure::NoPortal;
-    if (name.endsWith(QLatin1String(".UnknownMethod")) || name.endsWith(QLatin1String(".UnknownInterface"))
+        reason = Reason::NoPortal;
+    else if (name.endsWith(QLatin1String(".UnknownMethod")) || name.endsWith(QLatin1String(".UnknownInterface"))
         || name.endsWith(QLatin1String(".UnknownObject")))
-        return Failure::NoInterface;
-    if (name.endsWith(QLatin1String(".NoReply")) || name.endsWith(QLatin1String(".Disconnected")))
-        return Failure::Gone;
-    return Failure::Refused;
-}
-
-Failure failureToLook(const QDBusMessage& reply)
-{
-    return reply.errorName().endsWith(QLatin1String(".InvalidArgs")) ? Failure::NoInterface : failureOf(reply);
-}
-
-QString sessionIn(const QVariantMap& results)
-{
-    const QVariant session = results.value(QStringLiteral("session_handle"));
-    return session.userType() == qMetaTypeId<QDBusObjectPath>() ? session.value<QDBusObjectPath>().path()
-                                                                : session.toString();
+        reason = Reason::NoInterface;
+    else if (name.endsWith(QLatin1String(".NoReply")) || name.endsWith(QLatin1String(".Disconnected")))
+        reason = Reason::Gone;
+    return PortalError(reason, text.isEmpty() ? name : text);
 }
 
 } // namespace quillbox::DesktopPortal

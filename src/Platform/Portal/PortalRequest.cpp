@@ -3,6 +3,7 @@
 #include "Platform/Portal/DesktopPortal.h"
 
 #include <QDBusMessage>
+#include <QDBusObjectPath>
 #include <QUuid>
 
 #include <utility>
@@ -23,9 +24,10 @@ QString handleFor(const QDBusConnection& bus, const QString& token)
 
 } // namespace
 
-PortalRequest::PortalRequest(const QDBusConnection& bus)
-    : m_bus(bus)
-    , m_token(QStringLiteral("quillbox_") + QUuid::createUuid().toString(QUuid::Id128))
+PortalRequest::PortalRequest(const QDBusConnection& bus, QObject* parent)
+    : QObject(parent)
+    , m_bus(bus)
+    , m_token(newToken())
     , m_handle(handleFor(bus, m_token))
     , m_watcher(QLatin1String(DesktopPortal::service), bus, QDBusServiceWatcher::WatchForUnregistration)
 {
@@ -39,9 +41,7 @@ PortalRequest::~PortalRequest()
 {
     if (m_promise.future().isFinished())
         return;
-    const auto close = QDBusMessage::createMethodCall(
-        QLatin1String(DesktopPortal::service), m_handle, requestInterface, QStringLiteral("Close"));
-    (void)m_bus.send(close); // whether a dialog goes away with us is up to the portal
+    (void)m_bus.send(DesktopPortal::closing(m_handle, requestInterface)); // whether a dialog goes with us, it decides
     settle(std::nullopt);
 }
 
@@ -71,17 +71,26 @@ void PortalRequest::closeWhatComes()
 void PortalRequest::closeWhatCame()
 {
     if (const Outcome outcome = m_promise.future().result())
-        closeSession(m_bus, outcome->results.value(QStringLiteral("session_handle")).toString());
+        closeSession(m_bus, sessionIn(outcome->results));
     deleteLater();
 }
 
 void PortalRequest::closeSession(const QDBusConnection& bus, const QString& handle)
 {
-    if (handle.isEmpty())
-        return;
-    const auto close = QDBusMessage::createMethodCall(QLatin1String(DesktopPortal::service), handle,
-        QStringLiteral("org.freedesktop.portal.Session"), QStringLiteral("Close"));
-    (void)bus.send(close); // a portal that is gone has closed it
+    if (!handle.isEmpty())
+        (void)bus.send(DesktopPortal::closing(handle, QStringLiteral("org.freedesktop.portal.Session")));
+}
+
+QString PortalRequest::newToken()
+{
+    return QStringLiteral("quillbox_") + QUuid::createUuid().toString(QUuid::Id128);
+}
+
+QString PortalRequest::sessionIn(const QVariantMap& results)
+{
+    const QVariant session = results.value(QStringLiteral("session_handle"));
+    return session.userType() == qMetaTypeId<QDBusObjectPath>() ? session.value<QDBusObjectPath>().path()
+                                                                : session.toString();
 }
 
 } // namespace quillbox

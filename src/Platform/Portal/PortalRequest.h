@@ -24,7 +24,7 @@ public:
     };
     using Outcome = std::optional<Answer>; // none: the portal went away, or the request was given up
 
-    explicit PortalRequest(const QDBusConnection& bus);
+    PortalRequest(const QDBusConnection& bus, QObject* parent);
     ~PortalRequest() override;
 
     /// For the call's option `handle_token`.
@@ -33,6 +33,10 @@ public:
 
     /// Ends a session of the portal's; an empty handle is none.
     static void closeSession(const QDBusConnection& bus, const QString& handle);
+    /// The session that an answer brings, which portals give as a string or as a path; empty if there is none.
+    [[nodiscard]] static QString sessionIn(const QVariantMap& results);
+    /// What names a new request or session of ours.
+    [[nodiscard]] static QString newToken();
 
     /// Nobody waits for the answer any more, to a question that cannot be withdrawn: closes the session that it brings,
     /// then destroys this object, which has no other owner from here on.
