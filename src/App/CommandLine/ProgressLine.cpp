@@ -1,6 +1,6 @@
 #include "App/CommandLine/ProgressLine.h"
 
-#include "App/CommandLine/EndingSignals.h"
+#include "App/CommandLine/TerminationSignals.h"
 
 #include <csignal>
 #include <unistd.h>

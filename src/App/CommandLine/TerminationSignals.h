@@ -1,6 +1,5 @@
 #pragma once
 
-#include "App/CommandLine/EndingSignals.h"
 #include "Platform/FileDescriptor.h"
 
 #include <QObject>
@@ -11,6 +10,9 @@
 #include <optional>
 
 namespace quillbox {
+
+/// The signals with which a terminal, a service manager or another process asks a program to end.
+inline constexpr std::array endingSignals{SIGINT, SIGTERM, SIGHUP};
 
 /// Turns the first SIGINT, SIGTERM or SIGHUP into a Qt signal while it lives; a second one ends the process at once.
 /// One at a time; made and used on the main thread.

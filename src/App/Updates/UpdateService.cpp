@@ -1,7 +1,6 @@
 #include "App/Updates/UpdateService.h"
 
 #include "App/Updates/FlatpakService.h"
-#include "App/Updates/NoUpdateService.h"
 #include "App/Updates/PackageKitService.h"
 #include "Platform/Sandbox.h"
 #include "Translation/Translate.h"
@@ -22,6 +21,25 @@ bool isPlacedByThePackageManager()
     const auto program = QCoreApplication::applicationFilePath();
     return program.startsWith(QLatin1String("/usr/")) && !program.startsWith(QLatin1String("/usr/local/"));
 }
+
+/// For a program that nothing can update.
+class NoUpdateService : public UpdateService {
+public:
+    explicit NoUpdateService(Obstacle obstacle)
+        : m_obstacle(obstacle)
+    {
+    }
+
+    void start() override { }
+    [[nodiscard]] Obstacle obstacle() const override { return m_obstacle; }
+    QCoro::Task<Finding> look() override { throw UpdateError(UpdateError::Reason::NotPackaged); }
+    QCoro::Task<> install(Update /*update*/) override { throw UpdateError(UpdateError::Reason::NotPackaged); }
+    void cancelLook() override { }
+    bool startInstalledVersion() override { return false; } // there is none
+
+private:
+    Obstacle m_obstacle;
+};
 
 } // namespace
 

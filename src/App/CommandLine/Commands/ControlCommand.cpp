@@ -1,4 +1,4 @@
-#include "App/CommandLine/Commands/ControlCommand.h"
+#include "App/CommandLine/Commands/Command.h"
 
 #include "App/CommandLine/CoreApplication.h"
 #include "App/CommandLine/ErrorReport.h"
@@ -73,7 +73,7 @@ int carryOut(const ControlOptions& options)
 
 } // namespace
 
-int ControlCommand::run(const ControlOptions& options)
+int Command::run(const ControlOptions& options)
 {
     const CoreApplication application;
     if (!RunningInstance::exists()) {

@@ -1,4 +1,4 @@
-#include "App/CommandLine/Commands/DoctorCommand.h"
+#include "App/CommandLine/Commands/Command.h"
 
 #include "App/CommandLine/CoreApplication.h"
 #include "App/CommandLine/DoctorReport.h"
@@ -70,7 +70,7 @@ const char* nameOf(WindowSystem windowSystem)
 
 } // namespace
 
-int DoctorCommand::run(const DoctorOptions& options)
+int Command::run(const DoctorOptions& options)
 {
     DoctorReport::Findings findings;
     {

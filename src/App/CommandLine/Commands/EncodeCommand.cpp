@@ -1,4 +1,4 @@
-#include "App/CommandLine/Commands/EncodeCommand.h"
+#include "App/CommandLine/Commands/Command.h"
 
 #include "App/CommandLine/ClipOutput.h"
 #include "App/CommandLine/InputReader.h"
@@ -90,7 +90,7 @@ void encodePrecisely(const EncodeOptions& options, const ClipOutput& output, Pro
 
 } // namespace
 
-int EncodeCommand::run(const EncodeOptions& options)
+int Command::run(const EncodeOptions& options)
 {
     const ClipOutput output(outputName(options), options.out.force);
     examineFiles(options.inputs, output);

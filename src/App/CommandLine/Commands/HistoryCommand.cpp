@@ -1,4 +1,4 @@
-#include "App/CommandLine/Commands/HistoryCommand.h"
+#include "App/CommandLine/Commands/Command.h"
 
 #include "App/CommandLine/ErrorReport.h"
 #include "PostCapture/HistoryFile.h"
@@ -35,7 +35,7 @@ std::string textOf(const std::vector<ClipEntry>& entries)
 
 } // namespace
 
-int HistoryCommand::run(const HistoryOptions& options)
+int Command::run(const HistoryOptions& options)
 {
     const HistoryStore history;
     const auto text = options.json ? HistoryFile::encode(history.entries()).toStdString() : textOf(history.entries());

@@ -1,4 +1,4 @@
-#include "App/CommandLine/Commands/RecordCommand.h"
+#include "App/CommandLine/Commands/Command.h"
 
 #include "App/CommandLine/ClipboardHold.h"
 #include "App/CommandLine/ClipOutput.h"
@@ -223,7 +223,7 @@ QCoro::Task<int> recordAndSave(RecordOptions options)
 
 } // namespace
 
-int RecordCommand::run(const RecordOptions& options)
+int Command::run(const RecordOptions& options)
 {
     if (options.out.output)
         ClipOutput(*options.out.output, options.out.force).check();
