@@ -1,4 +1,4 @@
-// Runs on a real Wayland desktop that the caller starts: see CMakeLists.txt beside it.
+// Runs on a real desktop, X11 or Wayland, that the caller starts: see CMakeLists.txt beside it.
 #include "PostCapture/Clipboard/Clipboard.h"
 
 #include "Pasting.h"
@@ -12,6 +12,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace quillbox {
 namespace {
@@ -21,16 +22,25 @@ using test::pasted;
 
 const QUrl file("file:///clip.gif");
 
-/// Breaks what connects this process with the compositor, which goes on.
+/// How the path of the socket begins on which the display is reached.
+std::string displaySockets()
+{
+    if (!test::isOnWayland())
+        return "/tmp/.X11-unix/X";
+    return (qgetenv("XDG_RUNTIME_DIR") + '/' + qgetenv("WAYLAND_DISPLAY")).toStdString();
+}
+
+/// Breaks what connects this process with the display, which goes on.
 void breakConnections()
 {
-    const auto compositor = qgetenv("XDG_RUNTIME_DIR") + '/' + qgetenv("WAYLAND_DISPLAY");
     for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
         const int descriptor = std::stoi(entry.path().filename());
         sockaddr_un address{};
         socklen_t length = sizeof address;
-        if (::getpeername(descriptor, reinterpret_cast<sockaddr*>(&address), &length) == 0
-            && compositor == static_cast<const char*>(address.sun_path))
+        if (::getpeername(descriptor, reinterpret_cast<sockaddr*>(&address), &length) != 0)
+            continue;
+        const bool isAbstract = address.sun_path[0] == 0;
+        if (std::string_view(&address.sun_path[isAbstract ? 1 : 0]).starts_with(displaySockets()))
             ::shutdown(descriptor, SHUT_RDWR);
     }
 }
@@ -85,7 +95,7 @@ TEST_F(ClipboardTest, TheNextClipTakesTheWayThereIs)
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen"); // the toolkit's own connection must not be the one that breaks
-    qputenv("QUILLBOX_CLIPBOARD_BACKEND", qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "x11" : "data-control");
+    qputenv("QUILLBOX_CLIPBOARD_BACKEND", quillbox::test::isOnWayland() ? "data-control" : "x11");
     QGuiApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
