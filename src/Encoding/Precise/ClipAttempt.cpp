@@ -9,7 +9,7 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
+#include <cmath>
 #include <utility>
 
 namespace quillbox {
@@ -23,6 +23,7 @@ struct Job {
     ShownScreen::Mapping mapping;
     std::vector<RGBColor> localTable; ///< empty for the global one
     std::int64_t delayCentiseconds = 0;
+    std::int64_t changedPixels = 0; ///< of the recording, since the picture before
 };
 
 /// Maps a recording's pictures in order, each with the table that suits it.
@@ -49,9 +50,19 @@ public:
         for (std::int64_t pixels = 0; m_next < m_recording.pictures.size() && pixels < batchPixels;) {
             const auto& picture = m_recording.pictures[m_next];
             m_screen.record(picture);
+            m_changedPixels += picture.changedPixels;
             if (!m_plan.leavesOut[m_next]) {
-                jobs.push_back(mapped(picture));
-                pixels += jobs.back().area.pixelCount();
+                if (m_shown % m_plan.sampleEvery == 0) {
+                    jobs.push_back(mapped(picture));
+                    jobs.back().changedPixels = std::exchange(m_changedPixels, 0);
+                    pixels += jobs.back().area.pixelCount();
+                } else {
+                    // What the sampled picture after it differs from.
+                    if ((m_shown + 1) % m_plan.sampleEvery == 0)
+                        m_screen.show(m_screen.mapping(m_global), m_plan.table);
+                    m_changedPixels = 0;
+                }
+                ++m_shown;
             }
             ++m_next;
             const std::int64_t end
@@ -62,22 +73,29 @@ public:
     }
 
     [[nodiscard]] std::int64_t pictureCount() const { return std::ssize(m_delays); }
+    /// Changed pixels of all pictures shown but the first.
+    [[nodiscard]] std::int64_t allPixels() const
+    {
+        std::int64_t sum = 0;
+        for (std::size_t i = 1; i < m_recording.pictures.size(); ++i)
+            sum += m_recording.pictures[i].changedPixels;
+        return sum;
+    }
     [[nodiscard]] double errorTicks() const { return m_screen.errorTicks(); }
     [[nodiscard]] std::int64_t colorCount() const { return m_colorCount; }
 
 private:
     [[nodiscard]] Job mapped(const DistinctFrames::Picture& picture)
     {
-        Job job{.area = m_screen.changedArea(),
-            .mapping = m_screen.mapping(m_global),
-            .localTable = {},
-            .delayCentiseconds = m_delays[m_mapped]};
-        const bool isFirst = m_mapped == 0;
-        if (job.mapping.error > 0 && m_plan.errorTicksPerByte > 0 && !isFirst)
-            tryLocalTable(job, static_cast<double>(picture.pixelTicks) / static_cast<double>(picture.changedPixels));
+        Job job;
+        job.area = m_screen.changedArea();
+        job.delayCentiseconds = m_delays[static_cast<std::size_t>(m_shown)];
+        const double frames = static_cast<double>(picture.pixelTicks) / static_cast<double>(picture.changedPixels);
+        job.mapping = m_screen.mapping(m_global);
+        if (job.mapping.error > 0 && m_plan.gainPerByte > 0 && m_shown > 0)
+            tryLocalTable(job, frames);
         m_colorCount = std::max(m_colorCount, std::ssize(job.localTable));
         m_screen.show(job.mapping, job.localTable.empty() ? m_plan.table : job.localTable);
-        ++m_mapped;
         return job;
     }
 
@@ -91,7 +109,7 @@ private:
         const std::int64_t tableBytes = 3LL << GIFEncoder::colorTableBits(std::ssize(table));
         const std::int64_t more = roughSize(mapping) + tableBytes - roughSize(job.mapping);
         const double gain = static_cast<double>(job.mapping.error - mapping.error) * ticks;
-        if (gain <= m_plan.errorTicksPerByte * static_cast<double>(more))
+        if (gain <= m_plan.gainPerByte * static_cast<double>(more))
             return;
         job.mapping = std::move(mapping);
         job.localTable = std::move(table);
@@ -123,16 +141,17 @@ private:
     NearestColors m_global;
     std::vector<std::int64_t> m_delays; ///< of the pictures shown
     std::size_t m_next = 0;             ///< picture of the recording
-    std::size_t m_mapped = 0;           ///< pictures shown so far
+    std::int64_t m_shown = 0;           ///< pictures shown so far, or passed over in a sample
+    std::int64_t m_changedPixels = 0;   ///< of the recording, since the picture shown last
     std::int64_t m_colorCount = 0;      ///< of the largest local table
     LZW::Encoder m_compressor;
     Bytes m_scratch;
 };
 
-Bytes compressed(const Job& job, LZWSearch::Search& search)
+Bytes compressed(const Job& job, LZWSearch::Search& search, LZWSearch::Effort effort)
 {
-    LZWSearch::Codes codes
-        = search.best({.width = job.area.width, .indices = job.mapping.indices, .freedoms = job.mapping.freedoms});
+    LZWSearch::Codes codes = search.best(
+        {.width = job.area.width, .indices = job.mapping.indices, .freedoms = job.mapping.freedoms}, effort);
     return DeltaGIF::part({.left = job.area.left,
         .top = job.area.top,
         .width = job.area.width,
@@ -155,6 +174,8 @@ ClipAttempt ClipAttempt::make(const DistinctFrames::Recording& recording, const 
     Mapper mapper(recording, plan);
     std::vector<LZWSearch::Search> searches(static_cast<std::size_t>(workerCount(parallelism, 256)));
     std::vector<Job> jobs = mapper.nextBatch();
+    std::int64_t madePixels = 0; // behind the first picture
+    std::int64_t madeBytes = 0;
     while (!jobs.empty()) {
         const std::size_t done = attempt.parts.size();
         attempt.parts.resize(done + jobs.size());
@@ -166,10 +187,16 @@ ClipAttempt ClipAttempt::make(const DistinctFrames::Recording& recording, const 
                 return;
             }
             const auto place = static_cast<std::size_t>(item - 1);
-            attempt.parts[done + place] = compressed(jobs[place], searches[static_cast<std::size_t>(worker)]);
+            attempt.parts[done + place]
+                = compressed(jobs[place], searches[static_cast<std::size_t>(worker)], {.passes = plan.passes});
         });
-        for (std::size_t i = done; i < attempt.parts.size(); ++i)
+        for (std::size_t i = done; i < attempt.parts.size(); ++i) {
             attempt.byteCount += std::ssize(attempt.parts[i]);
+            if (i > 0) {
+                madeBytes += std::ssize(attempt.parts[i]);
+                madePixels += jobs[i - done].changedPixels;
+            }
+        }
         if (report)
             report(std::ssize(attempt.parts));
         if (attempt.byteCount > limits.byteCount || limits.stop.stop_requested()) {
@@ -177,6 +204,13 @@ ClipAttempt ClipAttempt::make(const DistinctFrames::Recording& recording, const 
             break;
         }
         jobs = std::move(next);
+    }
+    attempt.predictedByteCount = attempt.byteCount;
+    if (plan.sampleEvery > 1) {
+        attempt.isWhole = false;
+        const double ratio
+            = madePixels == 0 ? 0 : static_cast<double>(mapper.allPixels()) / static_cast<double>(madePixels);
+        attempt.predictedByteCount += std::llround((ratio - 1) * static_cast<double>(madeBytes));
     }
     attempt.errorTicks = mapper.errorTicks();
     attempt.colorCount = std::max(std::ssize(plan.table), mapper.colorCount());

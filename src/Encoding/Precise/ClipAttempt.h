@@ -13,22 +13,25 @@
 
 namespace quillbox {
 
-/// One way to show a recording.
+/// One way to show a recording. Errors are squared, summed up over channels, pixels and frames.
 struct ClipPlan {
     std::vector<RGBColor> table;  ///< global, 1…256 colours
     std::vector<bool> leavesOut;  ///< one for each picture: not shown at all. The first one is shown.
-    double errorTicksPerByte = 0; ///< what a byte must save, for a picture to get a table of its own; 0: none gets one
-    std::int64_t maxColors = 256; ///< of such tables
+    std::int64_t maxColors = 256; ///< of a picture's own table
+    double gainPerByte = 0;       ///< error that a byte must save for a picture to get such a table; 0: none gets
+    std::int64_t passes = 30;     ///< of the search for codes, as `LZWSearch::Effort`
+    std::int64_t sampleEvery = 1; ///< only every so manyth picture is made, to predict the size
 };
 
 /// A file made by a plan.
 struct ClipAttempt {
     DeltaGIF::Screen screen;
-    std::vector<Bytes> parts;    ///< one a picture shown
-    std::int64_t byteCount = 0;  ///< of the file
-    std::int64_t colorCount = 0; ///< of the largest table
-    double errorTicks = 0;       ///< squared errors summed up over pixels, channels and frames of the recording
-    bool isWhole = true;         ///< false if it was left before its end
+    std::vector<Bytes> parts;            ///< one a picture shown
+    std::int64_t byteCount = 0;          ///< of the file
+    std::int64_t colorCount = 0;         ///< of the largest table
+    double errorTicks = 0;               ///< squared errors summed up over pixels, channels and frames of the recording
+    bool isWhole = true;                 ///< false if it was left before its end, or is a sample
+    std::int64_t predictedByteCount = 0; ///< of the whole file, from those pictures that were made
 
     /// What limits an attempt.
     struct Limits {

@@ -1,11 +1,14 @@
 #include "Encoding/Precise/PreciseOptimizer.h"
 
 #include "Encoding/Precise/ClipAttempt.h"
+#include "Encoding/Precise/NearestColors.h"
 #include "Encoding/Precise/ScreenPalette.h"
 #include "Encoding/Precise/Thinning.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <limits>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -15,8 +18,17 @@ namespace {
 
 using Recording = DistinctFrames::Recording;
 
-constexpr double errorTicksPerByte = 150;
+// Squared errors, summed up over channels, pixels and frames.
+constexpr double gainPerByte = 150;       // what a table of a picture's own must save at least
+constexpr double largeGainPerByte = 1200; // where bytes are scarce
+
 constexpr std::int64_t leastPicturesPerSecond = 10;
+constexpr double aim = 0.96;     // of the budget: predictions miss by some per cent
+constexpr double hopeless = 1.1; // a prediction so far above the budget is not tried out
+constexpr std::int64_t sampledPictures = 12;
+constexpr std::int64_t samplePasses = 6;           // of the search for codes: somewhat larger files, much sooner
+constexpr std::int64_t smallRecording = 3'000'000; // changed pixels: to try it out costs little
+constexpr double leastScale = 0.25;
 
 double decibels(double errorTicks, const Recording& recording)
 {
@@ -26,82 +38,212 @@ double decibels(double errorTicks, const Recording& recording)
     return mean <= 0 ? perfectDecibels : std::min(perfectDecibels, 10 * std::log10(255.0 * 255.0 / mean));
 }
 
-std::int64_t centiseconds(const Recording& recording)
+std::int64_t changedPixels(const Recording& recording)
 {
-    return std::max<std::int64_t>((recording.frameCount * 200 + recording.sourceFPS) / (2 * recording.sourceFPS), 2);
+    std::int64_t sum = 0;
+    for (const auto& picture : recording.pictures)
+        sum += picture.changedPixels;
+    return sum;
 }
 
-/// Tries one plan after another.
+/// The error of showing every picture with the nearest colours of a table.
+double errorTicks(const Recording& recording, const std::vector<RGBColor>& table)
+{
+    NearestColors nearest(table);
+    double sum = 0;
+    for (const auto& [color, weight] : recording.colors)
+        sum += static_cast<double>(color.distanceSquared(table[nearest.index(color)])) * static_cast<double>(weight);
+    return sum;
+}
+
+/// The same recording with a smaller screen.
+Recording shrunk(const Recording& recording, std::int64_t width)
+{
+    DistinctFrames frames({.sourceFPS = recording.sourceFPS,
+        .maxWidth = width,
+        .maxFPS = std::max(recording.maxFPS, recording.sourceFPS)});
+    Bytes screen(static_cast<std::size_t>(recording.size.width * recording.size.height * RGBAFrame::bytesPerPixel), 0);
+    for (std::size_t i = 0; i < recording.pictures.size(); ++i) {
+        const auto& picture = recording.pictures[i];
+        const PixelView pixels = picture.pixels.pixels();
+        const auto rowBytes = static_cast<std::size_t>(picture.area.width * RGBAFrame::bytesPerPixel);
+        for (std::int64_t y = 0; y < picture.area.height; ++y) {
+            std::copy_n(pixels.data() + static_cast<std::size_t>(y) * rowBytes, rowBytes,
+                screen.data()
+                    + static_cast<std::size_t>(((picture.area.top + y) * recording.size.width + picture.area.left)
+                        * RGBAFrame::bytesPerPixel));
+        }
+        const RGBAFrame frame(recording.size.width, recording.size.height, screen);
+        const std::int64_t end
+            = i + 1 < recording.pictures.size() ? recording.pictures[i + 1].tick : recording.frameCount;
+        for (std::int64_t tick = picture.tick; tick < end; ++tick)
+            frames.append(frame);
+    }
+    Recording result = frames.recording();
+    result.maxFPS = recording.maxFPS;
+    return result;
+}
+
+/// What a plan is made of.
+struct Means {
+    std::int64_t colors = 256;
+    double thinned = 0; ///< share of the pictures that may be left out
+    double gainPerByte = 0;
+};
+
+/// Tries one way after another to show one recording.
 class Search {
 public:
-    Search(const Recording& recording, const Config& config, const GIFOptimizer::Execution& execution)
+    /// @param attempts  made before, at another size
+    Search(const Recording& recording, const Config& config, const GIFOptimizer::Execution& execution,
+        std::int64_t attempts)
         : m_recording(recording)
         , m_config(config)
         , m_execution(execution)
         , m_thinningOrder(
               Thinning::order(recording, std::max<std::int64_t>(recording.sourceFPS / leastPicturesPerSecond, 1)))
+        , m_number(attempts)
     {
     }
 
-    /// @return whether it fits
-    bool tryPlan(std::int64_t colors, double thinnedShare)
+    /// Ends with the best file that the budget allows at this size. @return whether it fits
+    bool run()
     {
-        ClipPlan plan{.table = ScreenPalette::make(m_recording.colors, colors, m_execution.parallelism),
-            .leavesOut = std::vector<bool>(m_recording.pictures.size(), false),
-            .errorTicksPerByte = thinnedShare > 0 || colors < m_config.maxColors ? 0 : errorTicksPerByte,
-            .maxColors = colors};
-        const auto thinned
-            = static_cast<std::size_t>(std::llround(thinnedShare * static_cast<double>(m_thinningOrder.size())));
-        for (std::size_t i = 0; i < thinned; ++i)
-            plan.leavesOut[m_thinningOrder[i]] = true;
-        ++m_number;
-        const std::int64_t pictures = std::ssize(m_recording.pictures) - static_cast<std::int64_t>(thinned);
-        const auto report = [&](std::int64_t done) {
-            if (m_execution.progress)
-                m_execution.progress(
-                    {.attempt = m_number, .colors = colors, .framesDone = done, .frameCount = pictures});
-        };
-        report(0);
-        const std::int64_t limit
-            = m_best ? std::max(m_config.targetBytes, m_best->byteCount) : std::numeric_limits<std::int64_t>::max();
-        ClipAttempt attempt
-            = ClipAttempt::make(m_recording, plan, m_execution.parallelism, {.byteCount = limit, .stop = {}}, report);
-        if (!m_best)
-            m_unlimited = decibels(attempt.errorTicks, m_recording);
-        if (attempt.isWhole && (!m_best || attempt.byteCount < m_best->byteCount)) {
-            m_best = std::move(attempt);
-            m_thinned = static_cast<std::int64_t>(thinned);
+        if (triesExactly() && fits(attempt({.colors = m_config.maxColors, .gainPerByte = gainPerByte})))
+            return true;
+        if (m_best && isEnough())
+            return false;
+        const std::int64_t plain = predicted({.colors = m_config.maxColors});
+        if (static_cast<double>(plain) <= aim * static_cast<double>(m_config.targetBytes)) {
+            for (const double gain : {largeGainPerByte, 0.0}) {
+                if (fits(attempt({.colors = m_config.maxColors, .gainPerByte = gain})) || isEnough())
+                    return fits(m_best);
+            }
         }
-        return m_best->byteCount <= m_config.targetBytes || m_execution.finishNow.stop_requested();
+        return giveUpMore();
     }
+
+    /// Takes the strongest means at once. @return whether the file fits
+    bool giveUpMost() { return fits(attempt(ways().back())); }
+
+    [[nodiscard]] bool isEnough() const { return m_execution.finishNow.stop_requested(); }
+    [[nodiscard]] std::int64_t number() const { return m_number; }
+    [[nodiscard]] std::int64_t byteCount() const { return m_best->byteCount; }
 
     [[nodiscard]] Result result() const
     {
-        const std::int64_t rate = std::min(m_recording.sourceFPS, m_recording.maxFPS);
+        const double seconds = static_cast<double>(m_recording.frameCount) / static_cast<double>(m_recording.sourceFPS);
         Result result;
         result.clip = {.data = DeltaGIF::fileOf(m_best->screen, m_best->parts),
             .byteCount = m_best->byteCount,
             .frameCount = std::ssize(m_best->parts),
             .sourceFrameCount = m_recording.frameCount,
             .colorCount = m_best->colorCount,
-            .effectiveFPS = rate,
+            .effectiveFPS = std::min(m_recording.sourceFPS, m_recording.maxFPS),
             .usedDithering = false,
-            .durationSeconds = static_cast<double>(centiseconds(m_recording)) / 100.0};
+            .durationSeconds = static_cast<double>(std::max(std::llround(seconds * 100), 2LL)) / 100.0};
         result.qualityDecibels = decibels(m_best->errorTicks, m_recording);
-        result.lossDecibels = std::max(m_unlimited - result.qualityDecibels, 0.0);
-        result.thinnedFrames = m_thinned;
+        result.lossDecibels = std::max(
+            decibels(errorTicks(m_recording, table(m_config.maxColors)), m_recording) - result.qualityDecibels, 0.0);
+        result.thinnedFrames = std::ssize(m_recording.pictures) - result.clip.frameCount;
         return result;
     }
 
 private:
+    /// Whether it is worth to make a file without giving up anything.
+    [[nodiscard]] bool triesExactly()
+    {
+        return changedPixels(m_recording) <= smallRecording
+            || static_cast<double>(predicted({.colors = m_config.maxColors}))
+            <= hopeless * static_cast<double>(m_config.targetBytes);
+    }
+
+    /// Means in the order in which they are taken.
+    [[nodiscard]] std::vector<Means> ways() const
+    {
+        std::vector<Means> ways;
+        for (const auto& [colors, thinned] :
+            {std::pair<std::int64_t, double>{128, 0}, {64, 0}, {64, 0.5}, {64, 1}, {48, 1}, {32, 1}})
+            ways.push_back({.colors = std::min(colors, m_config.maxColors), .thinned = thinned});
+        return ways;
+    }
+
+    bool giveUpMore()
+    {
+        for (const Means& way : ways()) {
+            const auto size = static_cast<double>(predicted(way));
+            if (size > aim * static_cast<double>(m_config.targetBytes))
+                continue;
+            if (fits(attempt(way)) || isEnough())
+                return fits(m_best);
+        }
+        return !m_best ? giveUpMost() : fits(m_best);
+    }
+
+    [[nodiscard]] bool fits(const std::optional<ClipAttempt>& attempt) const
+    {
+        return attempt && attempt->byteCount <= m_config.targetBytes;
+    }
+
+    [[nodiscard]] const std::vector<RGBColor>& table(std::int64_t colors) const
+    {
+        auto known = std::ranges::find(m_tables, colors, &std::pair<std::int64_t, std::vector<RGBColor>>::first);
+        if (known == m_tables.end()) {
+            m_tables.emplace_back(colors, ScreenPalette::make(m_recording.colors, colors, m_execution.parallelism));
+            known = std::prev(m_tables.end());
+        }
+        return known->second;
+    }
+
+    [[nodiscard]] ClipPlan planOf(const Means& means) const
+    {
+        ClipPlan plan{.table = table(means.colors),
+            .leavesOut = std::vector<bool>(m_recording.pictures.size(), false),
+            .maxColors = means.colors,
+            .gainPerByte = means.gainPerByte};
+        const auto thinned = std::llround(means.thinned * static_cast<double>(m_thinningOrder.size()));
+        for (std::size_t i = 0; i < static_cast<std::size_t>(thinned); ++i)
+            plan.leavesOut[m_thinningOrder[i]] = true;
+        return plan;
+    }
+
+    [[nodiscard]] std::int64_t predicted(const Means& means) const
+    {
+        ClipPlan plan = planOf(means);
+        const auto shown = std::ranges::count(plan.leavesOut, false);
+        plan.passes = samplePasses;
+        plan.sampleEvery = std::max<std::int64_t>(shown / sampledPictures, 1);
+        return ClipAttempt::make(m_recording, plan, m_execution.parallelism, {}, {}).predictedByteCount;
+    }
+
+    /// Makes a file; keeps it if it is the best so far. @return it, unless it was left unfinished
+    const std::optional<ClipAttempt>& attempt(const Means& means)
+    {
+        const ClipPlan plan = planOf(means);
+        const auto pictures = std::ranges::count(plan.leavesOut, false);
+        const std::int64_t number = ++m_number;
+        const auto report = [&](std::int64_t done) {
+            if (m_execution.progress)
+                m_execution.progress(
+                    {.attempt = number, .colors = means.colors, .framesDone = done, .frameCount = pictures});
+        };
+        report(0);
+        const std::int64_t limit
+            = m_best ? std::max(m_best->byteCount, m_config.targetBytes) : std::numeric_limits<std::int64_t>::max();
+        ClipAttempt made
+            = ClipAttempt::make(m_recording, plan, m_execution.parallelism, {.byteCount = limit, .stop = {}}, report);
+        if (made.isWhole && (!m_best || made.byteCount < m_best->byteCount))
+            m_best = std::move(made);
+        return m_best;
+    }
+
     const Recording& m_recording;
     const Config& m_config;
     const GIFOptimizer::Execution& m_execution;
     std::vector<std::size_t> m_thinningOrder;
-    std::int64_t m_number = 0;
+    mutable std::vector<std::pair<std::int64_t, std::vector<RGBColor>>> m_tables; ///< made so far, by size asked for
+    std::int64_t m_number;
     std::optional<ClipAttempt> m_best;
-    std::int64_t m_thinned = 0;
-    double m_unlimited = 0; ///< decibels without a budget
 };
 
 } // namespace
@@ -120,17 +262,28 @@ DistinctFrames framesFor(const Config& config, std::int64_t sourceFPS, DistinctF
 Result optimize(const DistinctFrames& frames, const Config& config, const GIFOptimizer::Execution& execution)
 {
     const Recording recording = frames.recording();
-    Search search(recording, config, execution);
-    bool fits = search.tryPlan(config.maxColors, 0);
-    for (const std::int64_t colors : {128, 64}) {
-        if (!fits && colors < config.maxColors)
-            fits = search.tryPlan(colors, 0);
+    Search search(recording, config, execution, 0);
+    if (search.run() || search.isEnough())
+        return search.result();
+    Result best = search.result();
+    std::int64_t number = search.number();
+    double scale = 1;
+    while (best.clip.byteCount > config.targetBytes && scale > leastScale && !execution.finishNow.stop_requested()) {
+        const double excess = static_cast<double>(best.clip.byteCount) / static_cast<double>(config.targetBytes);
+        scale = std::max(leastScale, scale * std::clamp(std::sqrt(aim / excess), 0.4, 0.95));
+        const auto width = std::llround(scale * static_cast<double>(recording.size.width));
+        if (width < 1)
+            break;
+        const Recording smaller = shrunk(recording, width);
+        Search again(smaller, config, execution, number);
+        (void)again.giveUpMost();
+        number = again.number();
+        if (again.byteCount() < best.clip.byteCount) {
+            best = again.result();
+            best.scale = static_cast<double>(smaller.size.width) / static_cast<double>(recording.size.width);
+        }
     }
-    for (const double share : {0.5, 1.0}) {
-        if (!fits)
-            fits = search.tryPlan(std::min<std::int64_t>(64, config.maxColors), share);
-    }
-    return search.result();
+    return best;
 }
 
 } // namespace quillbox::PreciseOptimizer

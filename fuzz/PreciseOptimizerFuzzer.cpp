@@ -1,0 +1,73 @@
+#include "Encoding/Precise/PreciseOptimizer.h"
+#include "FuzzInput.h"
+#include "support/GifDecoding.h"
+
+#include <algorithm>
+#include <numeric>
+#include <vector>
+
+using namespace quillbox;
+
+namespace {
+
+/// All pictures composed, as giflib decodes them.
+std::vector<std::vector<RGBColor>> shown(const support::DecodedGif& gif)
+{
+    std::vector<std::vector<RGBColor>> pictures;
+    std::vector<RGBColor> screen(static_cast<std::size_t>(gif.width * gif.height));
+    for (const support::DecodedFrame& frame : gif.frames) {
+        const auto& colors = frame.localColorTable.empty() ? gif.globalColorTable : frame.localColorTable;
+        for (std::int64_t i = 0; i < frame.width * frame.height; ++i) {
+            const std::uint8_t index = frame.indices.at(static_cast<std::size_t>(i));
+            if (frame.transparentIndex != index)
+                screen.at(
+                    static_cast<std::size_t>((frame.top + i / frame.width) * gif.width + frame.left + i % frame.width))
+                    = colors.at(index);
+        }
+        pictures.push_back(screen);
+    }
+    return pictures;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    fuzz::Input input(data, size);
+    const std::int64_t fps = 1 + input.below(70);
+    const PreciseOptimizer::Config config{.targetBytes = 1 + input.number16(),
+        .maxWidth = input.byte() % 2 == 0 ? std::nullopt : std::optional<std::int64_t>(1 + input.below(40)),
+        .maxFPS = 1 + input.below(50),
+        .maxColors = 2 + input.below(255)};
+    const int threads = static_cast<int>(1 + input.below(4));
+    const std::vector<RGBAFrame> frames = input.recording(10, 24);
+    if (frames.empty() || frames.front().pixelCount() == 0)
+        return 0;
+
+    DistinctFrames distinct = PreciseOptimizer::framesFor(config, fps);
+    for (const RGBAFrame& frame : frames)
+        distinct.append(frame);
+    const auto result
+        = PreciseOptimizer::optimize(distinct, config, {.parallelism = {threads}, .progress = {}, .finishNow = {}});
+    const auto same
+        = PreciseOptimizer::optimize(distinct, config, {.parallelism = {1}, .progress = {}, .finishNow = {}});
+    precondition(result == same, "threads change nothing");
+
+    const support::DecodedGif gif = support::decodeWithGiflib(result.clip.data);
+    precondition(std::ssize(gif.frames) == result.clip.frameCount, "giflib finds every picture");
+    std::int64_t centiseconds = 0;
+    for (const support::DecodedFrame& frame : gif.frames)
+        centiseconds += frame.delayCentiseconds;
+    const std::int64_t length = (std::ssize(frames) * 200 + fps) / (2 * fps);
+    precondition(centiseconds >= length - 1 && centiseconds <= std::max(length + 1, 2 * result.clip.frameCount),
+        "the clip takes as long as the recording");
+    if (result.qualityDecibels == PreciseOptimizer::perfectDecibels && !config.maxWidth) {
+        std::vector<RGBColor> last;
+        const auto pictures = shown(gif);
+        if (frames.size() == 1) {
+            frames.front().forEachColor([&](RGBColor color) { last.push_back(color); });
+            precondition(pictures.back() == last, "what is said to be perfect is");
+        }
+    }
+    return 0;
+}
