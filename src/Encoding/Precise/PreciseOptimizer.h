@@ -9,8 +9,7 @@
 namespace quillbox {
 
 /// Turns what changed in a recording into a GIF that shows each change at its time, as exactly as a byte budget allows.
-/// Over the budget it gives up what is least visible, in this order: bounded errors of single pixels where they save
-/// bytes, colours, pictures, size.
+/// Over the budget it gives up what is least visible: first colours, then pictures, then size.
 /// Pure: the same frames and configuration give the same bytes on any machine with any number of threads.
 namespace PreciseOptimizer {
 
