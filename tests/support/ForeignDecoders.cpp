@@ -5,7 +5,9 @@
 #include "support/Subprocess.h"
 #include "support/TemporaryFolder.h"
 
+#include <algorithm>
 #include <sstream>
+#include <string_view>
 
 namespace quillbox::support {
 
@@ -71,7 +73,88 @@ for picture in pictures:
     sys.stdout.buffer.write(picture)
 )";
 
+// Between "begin" and "end": the loop count (-1 for ever), the delays in microseconds, and all pictures as RGB, the
+// bytes in hexadecimal digits. A picture that is not opaque everywhere is an error.
+constexpr auto chromiumProgram = R"(
+async function show(text) {
+    const decoder = new ImageDecoder({data: Uint8Array.from(atob(text), c => c.charCodeAt(0)), type: "image/gif"});
+    await decoder.tracks.ready;
+    await decoder.completed;
+    const track = decoder.tracks.selectedTrack;
+    const digits = Array.from({length: 256}, (_, byte) => byte.toString(16).padStart(2, "0"));
+    const numbers = [track.repetitionCount === Infinity ? -1 : track.repetitionCount];
+    const pictures = [];
+    for (let frameIndex = 0; frameIndex < track.frameCount; ++frameIndex) {
+        const {image} = await decoder.decode({frameIndex});
+        numbers.push(image.duration);
+        const canvas = new OffscreenCanvas(image.displayWidth, image.displayHeight);
+        const context = canvas.getContext("2d", {willReadFrequently: true});
+        context.drawImage(image, 0, 0);
+        image.close();
+        const pixels = context.getImageData(0, 0, canvas.width, canvas.height).data;
+        const bytes = [];
+        for (let i = 0; i < pixels.length; i += 4) {
+            if (pixels[i + 3] !== 255)
+                throw new Error("a pixel that is not opaque");
+            bytes.push(digits[pixels[i]], digits[pixels[i + 1]], digits[pixels[i + 2]]);
+        }
+        pictures.push(bytes.join(""));
+    }
+    return "begin " + numbers.join(" ") + " pictures " + pictures.join("") + " end";
+}
+)";
+
+std::string base64(std::span<const std::uint8_t> bytes)
+{
+    constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::string text;
+    for (std::size_t i = 0; i < bytes.size(); i += 3) {
+        std::uint32_t three = 0;
+        for (std::size_t k = i; k < i + 3; ++k)
+            three = three << 8U | (k < bytes.size() ? bytes[k] : 0U);
+        for (std::size_t k = 0; k < 4; ++k)
+            text += i + k <= bytes.size() ? digits[three >> (18 - 6 * k) & 63U] : '=';
+    }
+    return text;
+}
+
+std::string bytesOfHexadecimal(std::string_view digits)
+{
+    std::string bytes;
+    for (std::size_t i = 0; i + 1 < digits.size(); i += 2)
+        bytes += static_cast<char>(std::stoi(std::string(digits.substr(i, 2)), nullptr, 16));
+    return bytes;
+}
+
 } // namespace
+
+ShownGif decodeWithChromium(std::span<const std::uint8_t> file, std::int64_t width, std::int64_t height)
+{
+    const TemporaryFolder folder;
+    // The page is dumped when it has been loaded, for which a document that is not closed makes it wait.
+    const std::string page = "<body><iframe></iframe><script>" + std::string(chromiumProgram)
+        + "const frame = document.querySelector('iframe'); frame.contentDocument.open(); show('" + base64(file)
+        + "').catch(error => 'failed: ' + error).then(text => {"
+          " document.body.append(text); frame.contentDocument.close(); });</script></body>";
+    const std::string path = folder.path() / "clip.html";
+    writeFile(path, {reinterpret_cast<const std::uint8_t*>(page.data()), page.size()}); // NOLINT(*-reinterpret-cast)
+    // What it says on standard error is about services that a machine without a desktop lacks.
+    const ProcessResult result = runProcess({"chromium", "--headless", "--no-sandbox", "--disable-gpu",
+        "--user-data-dir=" + (folder.path() / "profile").string(), "--dump-dom", "file://" + path});
+    const std::size_t begin = result.output.rfind("begin ");
+    const std::size_t pictures = result.output.rfind(" pictures ");
+    const std::size_t end = result.output.rfind(" end<");
+    if (begin == std::string::npos || pictures == std::string::npos || end == std::string::npos)
+        throw ForeignDecoderError("chromium: " + result.output.substr(0, 1000) + result.errors);
+    const std::vector<std::int64_t> numbers = numbersFrom(result.output.substr(begin + 6, pictures - begin - 6));
+    ShownGif shown;
+    shown.loopCount = std::max<std::int64_t>(numbers.at(0), 0);
+    for (std::size_t i = 1; i < numbers.size(); ++i)
+        shown.delaysCentiseconds.push_back(numbers[i] / 10'000);
+    shown.pictures = picturesFrom(
+        bytesOfHexadecimal(std::string_view(result.output).substr(pictures + 10, end - pictures - 10)), width, height);
+    return shown;
+}
 
 ShownGif decodeWithFFmpeg(std::span<const std::uint8_t> file, std::int64_t width, std::int64_t height)
 {

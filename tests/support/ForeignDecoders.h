@@ -29,6 +29,9 @@ class ForeignDecoderError : public std::runtime_error {
 [[nodiscard]] ShownGif decodeWithImageMagick(
     std::span<const std::uint8_t> file, std::int64_t width, std::int64_t height);
 
+/// By Chromium without a window, through its ImageDecoder.
+[[nodiscard]] ShownGif decodeWithChromium(std::span<const std::uint8_t> file, std::int64_t width, std::int64_t height);
+
 /// What giflib reads, composed by the rules of the format: pictures overwrite their part of the screen, except where
 /// they are transparent, and stay. @throws GifDecodingError  giflib refused the file.   @pre every disposal is "leave
 /// in place".

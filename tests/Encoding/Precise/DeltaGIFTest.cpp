@@ -274,6 +274,11 @@ TEST_P(DeltaGIFDecoders, ImageMagickShowsWhatWasMeant)
     expectSeen(support::decodeWithImageMagick(m_clip.file, m_clip.width, m_clip.height));
 }
 
+TEST_P(DeltaGIFDecoders, ChromiumShowsWhatWasMeant)
+{
+    expectSeen(support::decodeWithChromium(m_clip.file, m_clip.width, m_clip.height));
+}
+
 TEST_P(DeltaGIFDecoders, GifsicleFindsNoFault)
 {
     EXPECT_EQ(support::faultsFoundByGifsicle(m_clip.file), "");
