@@ -7,7 +7,7 @@
 namespace quillbox {
 namespace {
 
-constexpr std::size_t maxQueue = 4; // frames
+constexpr std::size_t maxFramesUnderWay = 4;
 
 } // namespace
 
@@ -30,7 +30,7 @@ void BackgroundDistinctFrames::take(const RGBAFrame& frame)
 {
     if (!m_thread)
         m_thread.emplace(
-            PreciseOptimizer::framesFor(m_config, m_sourceFPS.value_or(defaultFPS), m_keeper), maxQueue);
+            PreciseOptimizer::framesFor(m_config, m_sourceFPS.value_or(defaultFPS), m_keeper), maxFramesUnderWay);
     m_thread->take(frame);
 }
 
