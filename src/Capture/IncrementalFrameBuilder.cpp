@@ -1,36 +1,29 @@
 #include "Capture/IncrementalFrameBuilder.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace quillbox {
 
 RGBAFrame IncrementalFrameBuilder::remade(PixelSize size, DirtyBands& changed, const MakeBand& makeBand)
 {
-    m_bands.resize(changed.count());
-    for (std::size_t index = 0; index < m_bands.size(); ++index) {
-        if (!changed.contains(index))
-            continue;
-        const std::int64_t first = static_cast<std::int64_t>(index) * RGBAFrame::rowsPerBand;
-        m_bands[index] = makeBand(first, std::min(RGBAFrame::rowsPerBand, size.height - first));
+    std::vector<RGBAFrame::Band> bands(changed.count());
+    for (std::size_t index = 0; index < bands.size(); ++index) {
+        const auto number = static_cast<std::int64_t>(index);
+        const std::int64_t first = number * RGBAFrame::rowsPerBand;
+        bands[index] = changed.contains(index) ? makeBand(first, std::min(RGBAFrame::rowsPerBand, size.height - first))
+                                               : m_latest.value().ownBand(number);
     }
     changed.clear();
-    return RGBAFrame::ofBands(size.width, size.height, m_bands);
+    m_latest = RGBAFrame::ofBands(size.width, size.height, std::move(bands));
+    return *m_latest;
 }
 
 RGBAFrame IncrementalFrameBuilder::compared(const RGBAFrame& frame)
 {
-    m_bands.resize(static_cast<std::size_t>(frame.bandCount()));
-    for (std::int64_t index = 0; index < frame.bandCount(); ++index) {
-        RGBAFrame::Band& band = m_bands[static_cast<std::size_t>(index)];
-        if (RGBAFrame::Band own = frame.ownBand(index)) {
-            band = std::move(own);
-            continue;
-        }
-        const PixelView pixels = frame.band(index);
-        if (!band || !(band->pixels() == pixels))
-            band = std::make_shared<const PixelBand>(Bytes(pixels));
-    }
-    return RGBAFrame::ofBands(frame.width(), frame.height(), m_bands);
+    m_latest = frame.inBands(m_latest);
+    return *m_latest;
 }
 
 } // namespace quillbox

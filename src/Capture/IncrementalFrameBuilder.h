@@ -6,7 +6,7 @@
 
 #include <cstdint>
 #include <functional>
-#include <vector>
+#include <optional>
 
 namespace quillbox {
 
@@ -17,14 +17,14 @@ public:
     using MakeBand = std::function<RGBAFrame::Band(std::int64_t firstRow, std::int64_t rows)>;
 
     /// A frame whose changed bands are made anew. `changed` is cleared.
-    /// @param size  Pixels; positive.
+    /// @param size  Pixels; positive. @pre all bands have changed if there was no frame before.
     [[nodiscard]] RGBAFrame remade(PixelSize size, DirtyBands& changed, const MakeBand& makeBand);
 
-    /// `frame`, compared with the one before unless it is made of bands already. @pre it has pixels.
+    /// `frame`, compared with the one before unless it is made of bands already.
     [[nodiscard]] RGBAFrame compared(const RGBAFrame& frame);
 
 private:
-    std::vector<RGBAFrame::Band> m_bands; // of the latest frame
+    std::optional<RGBAFrame> m_latest;
 };
 
 } // namespace quillbox

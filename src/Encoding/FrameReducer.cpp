@@ -56,7 +56,7 @@ FrameReducer::FrameReducer(std::int64_t sourceFPS, std::span<const ExportPreset>
     precondition(!presets.empty(), "a recording is made for at least one preset");
     for (const std::int64_t fps : possibleRates(presets)) {
         m_candidates.push_back({fps, FPSAdaptive::Resampler(sourceFPS, fps),
-            FrameDeduplicator::Deduplicator(delayForFPS(fps), duplicateThreshold)});
+            FrameDeduplicator::Deduplicator(delayForFPS(fps), duplicateThreshold), {}});
     }
 }
 
@@ -66,10 +66,10 @@ FrameReducer FrameReducer::forAnyPreset(std::int64_t sourceFPS)
     return FrameReducer(sourceFPS, all);
 }
 
-FrameReducer FrameReducer::sparing(std::int64_t sourceFPS, ExportPreset preset, Keeper keeper)
+FrameReducer FrameReducer::sparing(std::int64_t sourceFPS, ExportPreset preset, OnKept onKept)
 {
     FrameReducer reducer(sourceFPS, std::span(&preset, 1));
-    reducer.m_keeper = std::move(keeper);
+    reducer.m_onKept = std::move(onKept);
     reducer.m_isSparing = true;
     reducer.m_maxWidth = preset.maxWidth();
     return reducer;
@@ -91,8 +91,10 @@ void FrameReducer::append(const RGBAFrame& frame)
     m_comparisons.turnTo(frame);
     m_activity.append(frame, m_comparisons);
     for (Candidate& candidate : m_candidates) {
-        if (candidate.resampler.keepsNext() && candidate.deduplicator.append(frame, m_comparisons) && m_isSparing)
+        if (candidate.resampler.keepsNext() && candidate.deduplicator.append(frame, m_comparisons) && m_isSparing) {
+            candidate.pinned = frame.isBacked() ? frame.pinned() : std::vector<PixelView>();
             candidate.deduplicator.replaceLast(substituteFor(frame));
+        }
     }
 }
 
@@ -105,14 +107,19 @@ RGBAFrame FrameReducer::shrunk(const RGBAFrame& frame)
 
 const RGBAFrame& FrameReducer::substituteFor(const RGBAFrame& frame)
 {
-    if (!m_lastKept || !m_lastKept->original.sharesPixels(frame)) {
-        std::optional<RGBAFrame> substitute = frame.elsewhere();
-        if (!substitute) {
-            const RGBAFrame small = shrunk(frame);
-            substitute = m_keeper ? m_keeper(small) : small;
+    if (m_lastKept && m_lastKept->original.sharesPixels(frame))
+        return m_lastKept->substitute;
+    RGBAFrame substitute = frame;
+    if (frame.isBacked()) {
+        frame.evict();
+    } else {
+        substitute = shrunk(frame);
+        if (m_onKept) {
+            substitute = substitute.inBands(m_lastKept ? std::optional(m_lastKept->substitute) : std::nullopt);
+            m_onKept(substitute);
         }
-        m_lastKept = {frame, *substitute};
     }
+    m_lastKept = {frame, std::move(substitute)};
     return m_lastKept->substitute;
 }
 

@@ -32,13 +32,13 @@ public:
     /// A reducer for any preset, to be chosen in the end.
     [[nodiscard]] static FrameReducer forAnyPreset(std::int64_t sourceFPS);
 
-    /// Called once with each picture that is to be kept here; gives the one, equal to it, that is kept instead.
-    using Keeper = std::function<RGBAFrame(const RGBAFrame&)>;
+    /// Called once with each picture that is kept in memory. It is made of bands, so that they can be evicted.
+    using OnKept = std::function<void(const RGBAFrame&)>;
 
-    /// A reducer for one preset whose frames take up as little memory as may be: one that is elsewhere too is kept
-    /// there, any other is shrunk to the preset's width as soon as it is to be kept.
-    /// @param keeper  May be empty. What it throws comes out of append().
-    [[nodiscard]] static FrameReducer sparing(std::int64_t sourceFPS, ExportPreset preset, Keeper keeper = nullptr);
+    /// A reducer for one preset whose frames take up as little memory as may be: those that have a backing store are
+    /// evicted, any other is shrunk to the preset's width as soon as it is to be kept.
+    /// @param onKept  May be empty. What it throws comes out of append().
+    [[nodiscard]] static FrameReducer sparing(std::int64_t sourceFPS, ExportPreset preset, OnKept onKept = nullptr);
 
     /// Takes the next frame. Its pixels are shared, not copied.
     void append(const RGBAFrame& frame);
@@ -63,6 +63,7 @@ private:
         std::int64_t fps;
         FPSAdaptive::Resampler resampler;
         FrameDeduplicator::Deduplicator deduplicator;
+        std::vector<PixelView> pinned; ///< of the last frame kept if it was evicted: the next ones are compared with it
     };
 
     /// A frame, and what is kept of it.
@@ -72,7 +73,7 @@ private:
     };
 
     [[nodiscard]] RGBAFrame shrunk(const RGBAFrame& frame);
-    /// What is kept instead of a frame; perhaps itself.
+    /// What is kept instead of a frame; perhaps itself, evicted.
     [[nodiscard]] const RGBAFrame& substituteFor(const RGBAFrame& frame);
 
     std::int64_t m_sourceFPS;
@@ -80,7 +81,7 @@ private:
     bool m_isSparing = false;
     std::optional<std::int64_t> m_maxWidth;        ///< what to shrink to at once, pixels
     std::optional<FrameResampler::WidthCap> m_cap; ///< the same for the size of the first frame
-    Keeper m_keeper;                               ///< may be empty
+    OnKept m_onKept;                               ///< may be empty
     std::optional<Kept> m_lastKept;                ///< several rates may keep one frame
     std::unique_ptr<ForkJoinThread> m_side;        ///< shrinks the upper halves, once there was something to shrink
     std::vector<Candidate> m_candidates;

@@ -11,47 +11,53 @@ PixelBand::PixelBand(Bytes pixels)
 {
 }
 
-PixelBand::PixelBand(std::shared_ptr<const Bytes> pixels, std::shared_ptr<const PixelBand> elsewhere)
+PixelBand::PixelBand(std::shared_ptr<const Bytes> pixels, std::unique_ptr<const BackingStore> backing)
     : m_byteCount(pixels->size())
-    , m_elsewhere(std::move(elsewhere))
     , m_resident(std::move(pixels))
+    , m_backing(std::move(backing))
 {
-    precondition(!m_elsewhere || m_elsewhere->byteCount() == m_byteCount, "a band elsewhere has the same pixels");
 }
 
-PixelBand::PixelBand(std::size_t byteCount, std::unique_ptr<const Source> source)
-    : m_byteCount(byteCount)
-    , m_source(std::move(source))
+bool PixelBand::isBacked() const
 {
-    precondition(m_source != nullptr, "parked pixels are somewhere");
+    const std::scoped_lock lock(m_mutex);
+    return m_backing != nullptr;
 }
 
 PixelView PixelBand::pixels() const
 {
-    std::shared_ptr<const Source> source;
+    std::shared_ptr<const BackingStore> backing;
     {
         const std::scoped_lock lock(m_mutex);
         if (m_resident)
             return PixelView(m_resident);
-        if (auto held = m_broughtBack.lock())
+        if (auto held = m_held.lock())
             return PixelView(std::move(held));
-        source = m_source;
+        backing = m_backing;
     }
-    // Not under the lock: several threads may bring several bands back at once, and one twice at the worst.
-    auto pixels = source->pixels();
-    precondition(pixels->size() == m_byteCount, "parked pixels come back whole");
+    // Not under the lock: several threads may read several bands at once, and one twice at the worst.
+    auto pixels = backing->read();
+    precondition(pixels->size() == m_byteCount, "evicted pixels come back whole");
     const std::scoped_lock lock(m_mutex);
-    m_broughtBack = pixels;
+    m_held = pixels;
     return PixelView(std::move(pixels));
 }
 
-void PixelBand::park(std::unique_ptr<const Source> source) const
+void PixelBand::evict() const
 {
-    precondition(source != nullptr, "parked pixels are somewhere");
     const std::scoped_lock lock(m_mutex);
-    m_broughtBack = m_resident;
-    m_resident.reset();
-    m_source = std::move(source);
+    precondition(m_backing != nullptr, "evicted pixels come back from somewhere");
+    if (m_resident)
+        m_held = std::exchange(m_resident, nullptr);
+}
+
+void PixelBand::evict(std::unique_ptr<const BackingStore> backing) const
+{
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_backing = std::move(backing);
+    }
+    evict();
 }
 
 } // namespace quillbox

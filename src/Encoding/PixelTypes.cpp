@@ -69,16 +69,42 @@ RGBAFrame::Band RGBAFrame::ownBand(std::int64_t index) const
     return m_storage->whole ? nullptr : m_storage->bands[static_cast<std::size_t>(index)];
 }
 
-std::optional<RGBAFrame> RGBAFrame::elsewhere() const
+RGBAFrame RGBAFrame::inBands(const std::optional<RGBAFrame>& before) const
 {
-    const std::vector<Band>& here = m_storage->bands;
-    if (here.empty() || !std::ranges::all_of(here, [](const Band& band) { return band->elsewhere() != nullptr; }))
-        return std::nullopt;
-    std::vector<Band> there;
-    there.reserve(here.size());
-    for (const Band& band : here)
-        there.push_back(band->elsewhere());
-    return ofBands(m_width, m_height, std::move(there));
+    if (!m_storage->whole || pixelCount() == 0)
+        return *this;
+    const bool isLikeBefore = before && before->m_width == m_width && before->m_height == m_height;
+    std::vector<Band> bands;
+    bands.reserve(static_cast<std::size_t>(bandCount()));
+    for (std::int64_t index = 0; index < bandCount(); ++index) {
+        const PixelView pixels = band(index);
+        Band same = isLikeBefore ? before->ownBand(index) : nullptr;
+        const bool isSame = same && same->pixels() == pixels;
+        bands.push_back(isSame ? std::move(same) : std::make_shared<const PixelBand>(Bytes(pixels)));
+    }
+    return ofBands(m_width, m_height, std::move(bands));
+}
+
+bool RGBAFrame::isBacked() const
+{
+    return !m_storage->whole
+        && std::ranges::all_of(m_storage->bands, [](const Band& band) { return band->isBacked(); });
+}
+
+void RGBAFrame::evict() const
+{
+    precondition(isBacked(), "evicted pixels come back from somewhere");
+    for (const Band& band : m_storage->bands)
+        band->evict();
+}
+
+std::vector<PixelView> RGBAFrame::pinned() const
+{
+    std::vector<PixelView> pixels;
+    pixels.reserve(m_storage->bands.size());
+    for (const Band& band : m_storage->bands)
+        pixels.push_back(band->pixels());
+    return pixels;
 }
 
 const void* RGBAFrame::bandIdentity(std::int64_t index) const

@@ -79,9 +79,16 @@ public:
     [[nodiscard]] PixelView band(std::int64_t index) const;
     /// The band itself; none if the frame is in one piece.
     [[nodiscard]] Band ownBand(std::int64_t index) const;
-    /// The same picture without memory for its pixels, if all its bands are elsewhere too: they come back when they are
-    /// looked at.
-    [[nodiscard]] std::optional<RGBAFrame> elsewhere() const;
+    /// The same picture, made of bands: its own if it is made of some; else those of `before` where they are equal,
+    /// and copies. One without pixels stays as it is. Throws as PixelBand::pixels().
+    [[nodiscard]] RGBAFrame inBands(const std::optional<RGBAFrame>& before) const;
+    /// Whether it is made of bands that all have a backing store.
+    [[nodiscard]] bool isBacked() const;
+    /// Evicts the pixels of all bands. @pre isBacked().
+    void evict() const;
+    /// The pixels of all bands, in memory for as long as the result is held; none of a frame that is in one piece.
+    /// Throws as PixelBand::pixels().
+    [[nodiscard]] std::vector<PixelView> pinned() const;
     /// What tells a band from all others of its size that exist at the same time.
     [[nodiscard]] const void* bandIdentity(std::int64_t index) const;
     /// Whether that band of both frames is the same storage. @pre both have the same size.

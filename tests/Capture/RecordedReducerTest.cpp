@@ -28,13 +28,13 @@ constexpr FrameSpill::Limits fewWaiting{
     .plainBytes = noLimit, .memoryBytes = noLimit, .diskSpaceToLeave = 0, .waitingBytes = 8};
 
 /// Pixels that come back once somebody lets them: whoever looks at them waits.
-class HeldUp : public PixelBand::Source {
+class HeldUp : public BackingStore {
 public:
     explicit HeldUp(std::shared_future<void> release)
         : m_release(std::move(release))
     {
     }
-    [[nodiscard]] std::shared_ptr<const Bytes> pixels() const override
+    [[nodiscard]] std::shared_ptr<const Bytes> read() const override
     {
         m_release.wait();
         return std::make_shared<const Bytes>(Bytes{1, 1, 1, 255});
@@ -48,7 +48,7 @@ private:
 void recordHeldUp(Fixture& fixture, std::uint8_t last, std::promise<void>& release)
 {
     const auto band = std::make_shared<const PixelBand>(Bytes{1, 1, 1, 255});
-    band->park(std::make_unique<HeldUp>(release.get_future().share()));
+    band->evict(std::make_unique<HeldUp>(release.get_future().share()));
     fixture.start();
     fixture.script->sink.frame(RGBAFrame::ofBands(1, 1, {band}), *fixture.now);
     for (std::uint8_t number = 2; number <= last; ++number) {

@@ -8,8 +8,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -147,33 +149,45 @@ TEST(FrameReducer, KeepsFramesSmallWhenItIsToldToSpareMemory)
     EXPECT_TRUE(frames[1].frame.sharesPixels(narrow)) << "what is small enough is passed on";
 }
 
-TEST(FrameReducer, KeepsWhatTheKeeperGivesForEachPictureOnce)
+TEST(FrameReducer, TellsOfEachPictureKeptOnce)
 {
-    std::vector<RGBAFrame> asked;
-    const auto keeper = [&asked](const RGBAFrame& picture) {
-        asked.push_back(picture);
-        return support::inBands({picture}).front();
-    };
-    FrameReducer reducer = FrameReducer::sparing(30, ExportPreset::slack, keeper);
+    std::vector<RGBAFrame> told;
+    FrameReducer reducer = FrameReducer::sparing(
+        30, ExportPreset::slack, [&told](const RGBAFrame& picture) { told.push_back(picture); });
     reducer.append(support::solid(1920, 4, gray(0))); // the first of every rate
     reducer.append(support::solid(1920, 4, gray(0)));
     reducer.append(support::solid(1920, 4, gray(100))); // of 12 a second
-    ASSERT_EQ(asked, (std::vector{support::solid(960, 2, gray(0)), support::solid(960, 2, gray(100))}));
+    ASSERT_EQ(told, (std::vector{support::solid(960, 2, gray(0)), support::solid(960, 2, gray(100))}));
     const auto frames = reducer.selection(ExportPreset::slack).frames;
     ASSERT_EQ(frames.size(), 2U);
-    EXPECT_EQ(frames[1].frame, asked[1]);
-    EXPECT_NE(frames[1].frame.ownBand(0), nullptr);
+    EXPECT_TRUE(frames[1].frame.sharesPixels(told[1]));
+    EXPECT_NE(frames[1].frame.ownBand(0), nullptr) << "it can be evicted";
 }
 
-/// Pixels that lie elsewhere. Counts how often they are fetched.
-class Elsewhere final : public PixelBand::Source {
+TEST(FrameReducer, KeptPicturesShareTheBandsThatStayTheSame)
+{
+    FrameReducer reducer = FrameReducer::sparing(30, ExportPreset::slack, [](const RGBAFrame&) {});
+    const RGBAFrame first = support::solid(10, 40, gray(0));
+    Bytes pixels(first.pixels());
+    std::fill(pixels.end() - 10 * 4, pixels.end(), std::uint8_t{200});
+    reducer.append(first);
+    for (int i = 0; i < 5; ++i)
+        reducer.append(RGBAFrame(10, 40, pixels));
+    const auto frames = reducer.selection(ExportPreset::slack).frames;
+    ASSERT_EQ(frames.size(), 2U);
+    EXPECT_TRUE(frames[0].frame.sharesBand(frames[1].frame, 0));
+    EXPECT_FALSE(frames[0].frame.sharesBand(frames[1].frame, 1));
+}
+
+/// Counts how often pixels are read again.
+class CountingStore final : public BackingStore {
 public:
-    Elsewhere(Bytes bytes, std::atomic<int>& visits)
+    CountingStore(Bytes bytes, std::atomic<int>& visits)
         : m_bytes(std::move(bytes))
         , m_visits(visits)
     {
     }
-    [[nodiscard]] std::shared_ptr<const Bytes> pixels() const override
+    [[nodiscard]] std::shared_ptr<const Bytes> read() const override
     {
         ++m_visits;
         return std::make_shared<const Bytes>(m_bytes);
@@ -184,43 +198,74 @@ private:
     std::atomic<int>& m_visits;
 };
 
-RGBAFrame alsoElsewhere(const RGBAFrame& frame, std::atomic<int>& visits)
+/// The frame in bands that have a backing store, and share what they can with those of `before`.
+RGBAFrame backed(const RGBAFrame& frame, const std::optional<RGBAFrame>& before, std::atomic<int>& visits)
 {
     std::vector<RGBAFrame::Band> bands;
+    const RGBAFrame banded = frame.inBands(before);
+    const bool isLikeBefore = before && before->width() == frame.width() && before->height() == frame.height();
     for (std::int64_t index = 0; index < frame.bandCount(); ++index) {
+        const bool isShared = isLikeBefore && banded.sharesBand(*before, index);
         const Bytes pixels(frame.band(index));
-        bands.push_back(std::make_shared<const PixelBand>(std::make_shared<const Bytes>(pixels),
-            std::make_shared<const PixelBand>(pixels.size(), std::make_unique<Elsewhere>(pixels, visits))));
+        bands.push_back(isShared ? before->ownBand(index)
+                                 : std::make_shared<const PixelBand>(std::make_shared<const Bytes>(pixels),
+                                     std::make_unique<CountingStore>(pixels, visits)));
     }
     return RGBAFrame::ofBands(frame.width(), frame.height(), std::move(bands));
 }
 
-TEST(FrameReducer, KeepsPicturesElsewhereThatAreThereAnyway)
+TEST(FrameReducer, EvictsPicturesThatHaveABackingStore)
 {
     std::atomic<int> visits = 0;
-    int asked = 0;
-    const std::vector<RGBAFrame> frames{support::solid(1920, 40, gray(0)), support::solid(1920, 40, gray(0)),
+    int told = 0;
+    std::vector<RGBAFrame> frames{support::solid(1920, 40, gray(0)), support::solid(1920, 40, gray(0)),
         support::solid(1920, 40, gray(100)), support::solid(1920, 40, gray(100))};
-    FrameReducer reducer = FrameReducer::sparing(30, ExportPreset::slack, [&asked](const RGBAFrame& picture) {
-        ++asked;
-        return picture;
-    });
+    frames.resize(16, support::solid(1920, 40, gray(200))); // so many that no rate compares with the first ones
+    FrameReducer reducer
+        = FrameReducer::sparing(30, ExportPreset::slack, [&told](const RGBAFrame& /*picture*/) { ++told; });
     for (const RGBAFrame& frame : frames)
-        reducer.append(alsoElsewhere(frame, visits));
-    EXPECT_EQ(visits, 0) << "what is at hand is not fetched to be compared";
-    EXPECT_EQ(asked, 0);
+        reducer.append(backed(frame, std::nullopt, visits));
+    EXPECT_EQ(visits, 0) << "pixels that the next frame is compared with stay at hand";
+    EXPECT_EQ(told, 0) << "they take up no memory";
     const auto kept = reducer.selection(ExportPreset::slack).frames;
-    ASSERT_EQ(kept.size(), 2U);
+    ASSERT_EQ(kept.size(), 3U);
+    EXPECT_EQ(kept[0].frame, frames[0]);
     EXPECT_EQ(kept[1].frame, frames[2]);
+    EXPECT_EQ(kept[2].frame, frames[4]);
     EXPECT_GT(visits, 0);
     const GIFOptimizer::Config config{.preset = ExportPreset::slack, .sourceFPS = 30};
     EXPECT_EQ(GIFOptimizer::optimize(reducer, config), reference::optimize(frames, config).result);
 }
 
+TEST(FrameReducer, ReadsNoPixelsAgainToCompareFrames)
+{
+    Random random(133);
+    for (std::int64_t i = support::iterations(40); i > 0; --i) {
+        std::atomic<int> visits = 0;
+        const ExportPreset preset = allPresets[static_cast<std::size_t>(random.below(std::ssize(allPresets)))];
+        FrameReducer reducer = FrameReducer::sparing(30, preset);
+        std::vector<RGBAFrame> frames{support::randomPicture(1 + random.below(30), 1 + random.below(90), random)};
+        RGBAFrame latest = backed(frames.front(), std::nullopt, visits);
+        std::vector<PixelView> pinned = latest.pinned(); // as a reader does that compares the next one with it
+        reducer.append(latest);
+        for (std::int64_t count = random.below(40); count > 0; --count) {
+            frames.push_back(support::randomSuccessor(frames.back(), random));
+            if (frames.back().pixelCount() == 0)
+                frames.back() = frames[frames.size() - 2];
+            latest = backed(frames.back(), latest, visits);
+            pinned = latest.pinned();
+            reducer.append(latest);
+        }
+        ASSERT_EQ(visits, 0);
+        const GIFOptimizer::Config config{.preset = preset, .sourceFPS = 30};
+        ASSERT_EQ(GIFOptimizer::optimize(reducer, config), reference::optimize(frames, config).result);
+    }
+}
+
 TEST(FrameReducer, PassesOnWhyAPictureCannotBeKept)
 {
-    FrameReducer reducer = FrameReducer::sparing(
-        30, ExportPreset::slack, [](const RGBAFrame&) -> RGBAFrame { throw std::runtime_error("no room"); });
+    FrameReducer reducer
+        = FrameReducer::sparing(30, ExportPreset::slack, [](const RGBAFrame&) { throw std::runtime_error("no room"); });
     EXPECT_THROW(reducer.append(support::solid(2, 2, gray(0))), std::runtime_error);
 }
 

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <memory>
+#include <optional>
 #include <stdexcept>
 #include <thread>
 #include <utility>
@@ -16,14 +18,14 @@ namespace {
 
 using support::Random;
 
-class Shelf : public PixelBand::Source {
+class Shelf : public BackingStore {
 public:
     explicit Shelf(Bytes bytes, std::atomic<int>* visits = nullptr)
         : m_bytes(std::move(bytes))
         , m_visits(visits)
     {
     }
-    [[nodiscard]] std::shared_ptr<const Bytes> pixels() const override
+    [[nodiscard]] std::shared_ptr<const Bytes> read() const override
     {
         if (m_visits != nullptr)
             ++*m_visits;
@@ -35,8 +37,8 @@ private:
     std::atomic<int>* m_visits;
 };
 
-class BrokenShelf : public PixelBand::Source {
-    [[nodiscard]] std::shared_ptr<const Bytes> pixels() const override { throw std::runtime_error("gone"); }
+class BrokenShelf : public BackingStore {
+    [[nodiscard]] std::shared_ptr<const Bytes> read() const override { throw std::runtime_error("gone"); }
 };
 
 TEST(PixelBand, GivesItsPixels)
@@ -46,11 +48,11 @@ TEST(PixelBand, GivesItsPixels)
     EXPECT_EQ(band.pixels(), (Bytes{1, 2, 3, 4}));
 }
 
-TEST(PixelBand, BringsParkedPixelsBack)
+TEST(PixelBand, BringsEvictedPixelsBack)
 {
     std::atomic<int> visits = 0;
     const PixelBand band(Bytes{1, 2, 3, 4});
-    band.park(std::make_unique<Shelf>(Bytes{1, 2, 3, 4}, &visits));
+    band.evict(std::make_unique<Shelf>(Bytes{1, 2, 3, 4}, &visits));
     EXPECT_EQ(band.pixels(), (Bytes{1, 2, 3, 4}));
     EXPECT_EQ(band.pixels(), (Bytes{1, 2, 3, 4}));
     EXPECT_EQ(visits, 2) << "nobody held them in between";
@@ -61,38 +63,58 @@ TEST(PixelBand, PixelsThatSomebodyHoldsAreNotReadAgain)
     std::atomic<int> visits = 0;
     const PixelBand band(Bytes{1, 2, 3, 4});
     const PixelView held = band.pixels();
-    band.park(std::make_unique<Shelf>(Bytes{9, 9, 9, 9}, &visits));
+    band.evict(std::make_unique<Shelf>(Bytes{9, 9, 9, 9}, &visits));
     EXPECT_EQ(band.pixels().size(), held.size());
     EXPECT_EQ(held, (Bytes{1, 2, 3, 4}));
     EXPECT_EQ(visits, 0);
 }
 
-TEST(PixelBand, MayBeParkedFromTheStart)
+TEST(PixelBand, MayHaveABackingStoreFromTheStart)
 {
     std::atomic<int> visits = 0;
-    const PixelBand band(4, std::make_unique<Shelf>(Bytes{1, 2, 3, 4}, &visits));
-    EXPECT_EQ(band.byteCount(), 4U);
-    EXPECT_EQ(visits, 0);
+    const PixelBand band(
+        std::make_shared<const Bytes>(Bytes{1, 2, 3, 4}), std::make_unique<Shelf>(Bytes{1, 2, 3, 4}, &visits));
+    EXPECT_TRUE(band.isBacked());
     EXPECT_EQ(band.pixels(), (Bytes{1, 2, 3, 4}));
+    EXPECT_EQ(visits, 0) << "which is not asked while the pixels are at hand";
+    band.evict();
+    EXPECT_EQ(band.pixels(), (Bytes{1, 2, 3, 4}));
+    EXPECT_EQ(visits, 1);
 }
 
-TEST(PixelBand, KnowsItsPixelsElsewhere)
-{
-    const auto parked = std::make_shared<const PixelBand>(4, std::make_unique<BrokenShelf>());
-    const PixelBand band(std::make_shared<const Bytes>(Bytes{1, 2, 3, 4}), parked);
-    EXPECT_EQ(band.elsewhere(), parked);
-    EXPECT_EQ(band.pixels(), (Bytes{1, 2, 3, 4})) << "which are at hand nevertheless";
-    EXPECT_EQ(PixelBand(Bytes{1, 2, 3, 4}).elsewhere(), nullptr);
-}
-
-TEST(PixelBand, SaysWhenParkedPixelsAreGone)
+TEST(PixelBand, HasABackingStoreOnceItWasEvicted)
 {
     const PixelBand band(Bytes{1, 2, 3, 4});
-    band.park(std::make_unique<BrokenShelf>());
+    EXPECT_FALSE(band.isBacked());
+    band.evict(std::make_unique<Shelf>(Bytes{1, 2, 3, 4}));
+    EXPECT_TRUE(band.isBacked());
+}
+
+TEST(PixelBand, LetsGoOfEvictedPixels)
+{
+    auto pixels = std::make_shared<const Bytes>(Bytes{1, 2, 3, 4});
+    const std::weak_ptr<const Bytes> watched = pixels;
+    const PixelBand band(std::move(pixels), std::make_unique<Shelf>(Bytes{1, 2, 3, 4}));
+    std::optional<PixelView> held = band.pixels();
+    band.evict();
+    band.evict(); // a second time changes nothing
+    EXPECT_FALSE(watched.expired()) << "somebody holds them";
+    {
+        const PixelView again = band.pixels();
+        EXPECT_EQ(again.data(), std::as_const(*held).data());
+    }
+    held.reset();
+    EXPECT_TRUE(watched.expired());
+}
+
+TEST(PixelBand, SaysWhenEvictedPixelsAreGone)
+{
+    const PixelBand band(Bytes{1, 2, 3, 4});
+    band.evict(std::make_unique<BrokenShelf>());
     EXPECT_THROW((void)band.pixels(), std::runtime_error);
 }
 
-TEST(PixelBand, MayBeReadWhileItIsParked)
+TEST(PixelBand, MayBeReadWhileItIsEvicted)
 {
     const PixelBand band(Bytes(4000, 7));
     std::thread reader([&band] {
@@ -100,15 +122,22 @@ TEST(PixelBand, MayBeReadWhileItIsParked)
             EXPECT_EQ(band.pixels(), Bytes(4000, 7));
     });
     for (int i = 0; i < 50; ++i)
-        band.park(std::make_unique<Shelf>(Bytes(4000, 7)));
+        band.evict(std::make_unique<Shelf>(Bytes(4000, 7)));
     reader.join();
 }
 
-TEST(PixelBandDeathTest, ParkedPixelsComeBackWhole)
+TEST(PixelBandDeathTest, EvictedPixelsComeBackWhole)
 {
     const PixelBand band(Bytes{1, 2, 3, 4});
-    band.park(std::make_unique<Shelf>(Bytes{1, 2, 3}));
+    band.evict(std::make_unique<Shelf>(Bytes{1, 2, 3}));
     EXPECT_DEATH((void)band.pixels(), "come back whole");
+}
+
+TEST(PixelBandDeathTest, IsNotEvictedWithoutABackingStore)
+{
+    const PixelBand band(Bytes{1, 2, 3, 4});
+    EXPECT_DEATH(band.evict(), "come back from somewhere");
+    EXPECT_DEATH(band.evict(nullptr), "come back from somewhere");
 }
 
 TEST(FrameOfBands, EqualsTheSamePicture)
@@ -140,18 +169,46 @@ TEST(FrameOfBands, SharesWhatHasNotChanged)
     EXPECT_NE(frames[0], frames[1]);
 }
 
-TEST(FrameOfBands, IsElsewhereIfAllItsBandsAre)
+TEST(FrameOfBands, IsMadeOfOneInOnePiece)
 {
-    const auto band = [](bool isElsewhere) {
-        auto there
-            = isElsewhere ? std::make_shared<const PixelBand>(4, std::make_unique<Shelf>(Bytes{1, 2, 3, 4})) : nullptr;
-        return std::make_shared<const PixelBand>(std::make_shared<const Bytes>(Bytes(4, 9)), std::move(there));
+    const RGBAFrame first = support::solid(5, 70, support::gray(1));
+    Bytes pixels(first.pixels());
+    pixels[static_cast<std::size_t>(5 * 40 * 4)] = 99; // in the second band
+    const RGBAFrame second(5, 70, std::move(pixels));
+    const RGBAFrame banded = first.inBands(std::nullopt);
+    EXPECT_EQ(banded, first);
+    ASSERT_NE(banded.ownBand(0), nullptr);
+    const RGBAFrame next = second.inBands(banded);
+    EXPECT_EQ(next, second);
+    EXPECT_TRUE(next.sharesBand(banded, 0));
+    EXPECT_FALSE(next.sharesBand(banded, 1));
+    EXPECT_TRUE(next.sharesBand(banded, 2));
+    EXPECT_TRUE(next.inBands(banded).sharesPixels(next)) << "which has bands already";
+    const RGBAFrame narrow = support::solid(4, 70, support::gray(1));
+    EXPECT_EQ(narrow.inBands(banded), narrow) << "of another size";
+    EXPECT_EQ(second.inBands(first), second) << "after one in one piece";
+    const RGBAFrame nothing(0, 5, Bytes());
+    EXPECT_EQ(nothing.inBands(banded), nothing);
+}
+
+TEST(FrameOfBands, IsEvictedIfAllItsBandsHaveABackingStore)
+{
+    std::atomic<int> visits = 0;
+    const auto band = [&visits](bool isBacked) {
+        auto backing = isBacked ? std::make_unique<Shelf>(Bytes(32 * 4, 9), &visits) : nullptr;
+        return std::make_shared<const PixelBand>(std::make_shared<const Bytes>(Bytes(32 * 4, 9)), std::move(backing));
     };
-    const auto elsewhere = RGBAFrame::ofBands(1, 1, {band(true)}).elsewhere();
-    ASSERT_TRUE(elsewhere);
-    EXPECT_EQ(elsewhere->pixels(), (Bytes{1, 2, 3, 4}));
-    EXPECT_FALSE(RGBAFrame::ofBands(1, 1, {band(false)}).elsewhere());
-    EXPECT_FALSE(RGBAFrame(1, 1, Bytes(4)).elsewhere()) << "a frame in one piece is where it is";
+    const auto frame = RGBAFrame::ofBands(1, 64, {band(true), band(true)});
+    ASSERT_TRUE(frame.isBacked());
+    std::optional pinned = frame.pinned();
+    frame.evict();
+    EXPECT_EQ(frame.pixels(), Bytes(64 * 4, 9));
+    EXPECT_EQ(visits, 0) << "pinned pixels stay at hand";
+    pinned.reset();
+    EXPECT_EQ(frame.pixels(), Bytes(64 * 4, 9));
+    EXPECT_EQ(visits, 2);
+    EXPECT_FALSE(RGBAFrame::ofBands(1, 64, {band(true), band(false)}).isBacked());
+    EXPECT_FALSE(RGBAFrame(1, 1, Bytes(4)).isBacked()) << "a frame in one piece";
 }
 
 TEST(FrameOfBandsDeathTest, NeedsAllItsRows)

@@ -12,10 +12,10 @@ constexpr std::size_t maxFramesUnderWay = 4;
 } // namespace
 
 BackgroundDistinctFrames::BackgroundDistinctFrames(
-    const PreciseOptimizer::Config& config, std::optional<std::int64_t> sourceFPS, DistinctFrames::Keeper keeper)
+    const PreciseOptimizer::Config& config, std::optional<std::int64_t> sourceFPS, DistinctFrames::OnKept onKept)
     : m_config(config)
     , m_sourceFPS(sourceFPS)
-    , m_keeper(std::move(keeper))
+    , m_onKept(std::move(onKept))
 {
 }
 
@@ -30,7 +30,7 @@ void BackgroundDistinctFrames::take(const RGBAFrame& frame)
 {
     if (!m_thread)
         m_thread.emplace(
-            PreciseOptimizer::framesFor(m_config, m_sourceFPS.value_or(defaultFPS), m_keeper), maxFramesUnderWay);
+            PreciseOptimizer::framesFor(m_config, m_sourceFPS.value_or(defaultFPS), m_onKept), maxFramesUnderWay);
     m_thread->take(frame);
 }
 

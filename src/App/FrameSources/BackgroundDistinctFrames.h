@@ -14,15 +14,15 @@ namespace quillbox {
 class BackgroundDistinctFrames final : public FrameConsumer {
 public:
     /// @param sourceFPS  Rate of the frames, whatever the input says; none: the input's own, or else `defaultFPS`.
-    /// @param keeper     As `DistinctFrames`; called on the thread.
+    /// @param onKept     As `DistinctFrames`; called on the thread.
     BackgroundDistinctFrames(const PreciseOptimizer::Config& config, std::optional<std::int64_t> sourceFPS,
-        DistinctFrames::Keeper keeper = nullptr);
+        DistinctFrames::OnKept onKept = nullptr);
 
     void setRate(std::int64_t framesPerSecond) override;
     void take(const RGBAFrame& frame) override;
 
     /// What the frames came to, once all have been looked at. No frame may follow.
-    /// @throws std::bad_alloc  there is not enough memory; and whatever the keeper threw.
+    /// @throws std::bad_alloc  there is not enough memory; and whatever `onKept` threw.
     [[nodiscard]] const DistinctFrames& finished();
 
 private:
@@ -30,7 +30,7 @@ private:
 
     PreciseOptimizer::Config m_config;
     std::optional<std::int64_t> m_sourceFPS;
-    DistinctFrames::Keeper m_keeper;
+    DistinctFrames::OnKept m_onKept;
     std::optional<DistinctFramesThread> m_thread; ///< runs from the first frame on
 };
 

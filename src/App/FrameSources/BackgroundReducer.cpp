@@ -12,10 +12,10 @@ constexpr std::size_t maxQueue = 4; // frames
 } // namespace
 
 BackgroundReducer::BackgroundReducer(
-    ExportPreset preset, std::optional<std::int64_t> sourceFPS, FrameReducer::Keeper keeper)
+    ExportPreset preset, std::optional<std::int64_t> sourceFPS, FrameReducer::OnKept onKept)
     : m_preset(preset)
     , m_sourceFPS(sourceFPS)
-    , m_keeper(std::move(keeper))
+    , m_onKept(std::move(onKept))
 {
 }
 
@@ -29,7 +29,7 @@ void BackgroundReducer::setRate(std::int64_t framesPerSecond)
 void BackgroundReducer::take(const RGBAFrame& frame)
 {
     if (!m_thread)
-        m_thread.emplace(FrameReducer::sparing(m_sourceFPS.value_or(defaultFPS), m_preset, m_keeper), maxQueue);
+        m_thread.emplace(FrameReducer::sparing(m_sourceFPS.value_or(defaultFPS), m_preset, m_onKept), maxQueue);
     m_thread->take(frame);
 }
 

@@ -14,15 +14,15 @@ namespace quillbox {
 class BackgroundReducer final : public FrameConsumer {
 public:
     /// @param sourceFPS  Rate of the frames, whatever the input says; none: the input's own, or else `defaultFPS`.
-    /// @param keeper     As `FrameReducer::sparing`; called on the thread.
+    /// @param onKept     As `FrameReducer::sparing`; called on the thread.
     BackgroundReducer(
-        ExportPreset preset, std::optional<std::int64_t> sourceFPS, FrameReducer::Keeper keeper = nullptr);
+        ExportPreset preset, std::optional<std::int64_t> sourceFPS, FrameReducer::OnKept onKept = nullptr);
 
     void setRate(std::int64_t framesPerSecond) override;
     void take(const RGBAFrame& frame) override;
 
     /// What the frames came to, once all have been taken in. No frame may follow.
-    /// @throws std::bad_alloc  measuring ran out of memory; and whatever the keeper threw.
+    /// @throws std::bad_alloc  measuring ran out of memory; and whatever `onKept` threw.
     [[nodiscard]] const FrameReducer& finished();
 
 private:
@@ -30,7 +30,7 @@ private:
 
     ExportPreset m_preset;
     std::optional<std::int64_t> m_sourceFPS;
-    FrameReducer::Keeper m_keeper;
+    FrameReducer::OnKept m_onKept;
     std::optional<FrameReducerThread> m_thread; ///< runs from the first frame on
 };
 

@@ -10,17 +10,17 @@ namespace {
 constexpr std::int64_t smallestSharedBytes = 1 << 20; // below, waking a thread costs more than it saves
 constexpr std::int64_t bytesAtOnce = 16 << 20;        // the more, the less do two threads wait for each other
 
-/// Pixels of a picture in a file.
-class InExtract final : public PixelBand::Source {
+/// Pixels in a file that is read as raw pictures.
+class ExtractStore final : public BackingStore {
 public:
-    InExtract(std::shared_ptr<const FileExtract> file, std::int64_t offset, std::size_t byteCount, FramePool pool)
+    ExtractStore(std::shared_ptr<const FileExtract> file, std::int64_t offset, std::size_t byteCount, FramePool pool)
         : m_file(std::move(file))
         , m_offset(offset)
         , m_byteCount(byteCount)
         , m_pool(std::move(pool))
     {
     }
-    [[nodiscard]] std::shared_ptr<const Bytes> pixels() const override
+    [[nodiscard]] std::shared_ptr<const Bytes> read() const override
     {
         Bytes bytes = m_pool.take(static_cast<std::int64_t>(m_byteCount));
         m_file->read(m_offset, bytes);
@@ -34,21 +34,6 @@ private:
     FramePool m_pool;
 };
 
-bool holds(const PixelBand& band, const Bytes& pixels)
-{
-    const PixelView held = band.pixels();
-    return std::memcmp(held.data(), pixels.data(), pixels.size()) == 0;
-}
-
-bool isMadeOf(const RGBAFrame& frame, const std::vector<RGBAFrame::Band>& bands)
-{
-    for (std::size_t index = 0; index < bands.size(); ++index) {
-        if (frame.ownBand(static_cast<std::int64_t>(index)) != bands[index])
-            return false;
-    }
-    return true;
-}
-
 } // namespace
 
 BandReader::BandReader(ByteSource& source, PixelSize size)
@@ -57,7 +42,7 @@ BandReader::BandReader(ByteSource& source, PixelSize size)
     , m_pictureBytes(size.width * size.height * RGBAFrame::bytesPerPixel)
     , m_bandCount((size.height + RGBAFrame::rowsPerBand - 1) / RGBAFrame::rowsPerBand)
     , m_bandBytes(size.width * RGBAFrame::rowsPerBand * RGBAFrame::bytesPerPixel)
-    , m_again(source.extract())
+    , m_file(source.extract())
 {
     if (source.canReadAhead() && ForkJoinThread::isWorthIt() && m_bandCount > 1
         && m_pictureBytes >= smallestSharedBytes)
@@ -99,8 +84,12 @@ void BandReader::readPictures()
             return;
         }
         left -= m_pictureBytes;
-        if (!m_previous || !isMadeOf(*m_previous, bands))
-            m_previous = RGBAFrame::ofBands(m_size.width, m_size.height, std::move(bands));
+        if (!std::ranges::equal(bands, m_pinned, {}, &PinnedBand::band, &PinnedBand::band)) {
+            std::vector<RGBAFrame::Band> made(bands.size());
+            std::ranges::transform(bands, made.begin(), &PinnedBand::band);
+            m_previous = RGBAFrame::ofBands(m_size.width, m_size.height, std::move(made));
+            m_pinned = std::move(bands);
+        }
         m_waiting.push_back({.frame = m_previous, .byteCount = m_pictureBytes});
     }
 }
@@ -126,12 +115,12 @@ template <typename ReadBytes> void BandReader::readPart(std::vector<Bands>& pict
             part.byteCount += got;
             if (got < byteCount)
                 return;
-            RGBAFrame::Band before;
+            PinnedBand before;
             if (number > 0)
                 before = pictures[number - 1][place];
             else if (m_previous)
-                before = m_previous->ownBand(index);
-            const bool isSame = before && holds(*before, buffer);
+                before = m_pinned[place];
+            const bool isSame = before.band && std::memcmp(before.pixels->data(), buffer.data(), buffer.size()) == 0;
             pictures[number][place] = isSame ? std::move(before) : made(m_offset + distance, std::exchange(buffer, {}));
         }
     }
@@ -139,14 +128,13 @@ template <typename ReadBytes> void BandReader::readPart(std::vector<Bands>& pict
         m_pool.giveBack(std::move(buffer));
 }
 
-RGBAFrame::Band BandReader::made(std::int64_t offset, Bytes pixels) const
+BandReader::PinnedBand BandReader::made(std::int64_t offset, Bytes pixels) const
 {
-    RGBAFrame::Band elsewhere;
-    if (m_again) {
-        elsewhere = std::make_shared<const PixelBand>(
-            pixels.size(), std::make_unique<InExtract>(m_again, offset, pixels.size(), m_pool));
-    }
-    return std::make_shared<const PixelBand>(m_pool.shared(std::move(pixels)), std::move(elsewhere));
+    std::unique_ptr<const BackingStore> backing;
+    if (m_file)
+        backing = std::make_unique<ExtractStore>(m_file, offset, pixels.size(), m_pool);
+    const auto shared = m_pool.shared(std::move(pixels));
+    return {.band = std::make_shared<const PixelBand>(shared, std::move(backing)), .pixels = shared};
 }
 
 } // namespace quillbox

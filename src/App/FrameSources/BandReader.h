@@ -16,8 +16,8 @@ namespace quillbox {
 
 /// Reads raw RGBA pictures of one size, one after another. A picture shares with the one before it the bands in which
 /// nothing changed, or all of its storage where it is the same: each band is compared while it is still in the
-/// processor's cache, and takes up memory only if it differs. Pictures of a file are elsewhere, too: in the file. Large
-/// ones are read by two threads where the source can be read anywhere. Used by one thread at a time.
+/// processor's cache, and takes up memory only if it differs. Bands of a file have it as their backing store. Large
+/// pictures are read by two threads where the source can be read anywhere. Used by one thread at a time.
 class BandReader {
 public:
     /// @param source  Outlives the reader, which may read ahead; used by nobody else in the meantime.
@@ -33,8 +33,13 @@ public:
     [[nodiscard]] Outcome read();
 
 private:
+    /// A band, and its pixels, in memory as long as the next picture is compared with them.
+    struct PinnedBand {
+        RGBAFrame::Band band;
+        std::shared_ptr<const Bytes> pixels;
+    };
     /// The bands of one picture; null from where it is cut off.
-    using Bands = std::vector<RGBAFrame::Band>;
+    using Bands = std::vector<PinnedBand>;
 
     /// The bands from `first` to before `last` of some pictures.
     struct Part {
@@ -45,7 +50,7 @@ private:
 
     /// Reads a part. @param readBytes  (distance from the first picture's beginning, buffer) → bytes read.
     template <typename ReadBytes> void readPart(std::vector<Bands>& pictures, Part& part, ReadBytes readBytes);
-    [[nodiscard]] RGBAFrame::Band made(std::int64_t offset, Bytes pixels) const;
+    [[nodiscard]] PinnedBand made(std::int64_t offset, Bytes pixels) const;
     [[nodiscard]] std::int64_t picturesAtOnce() const;
     void readPictures();
 
@@ -55,11 +60,12 @@ private:
     std::int64_t m_bandCount;
     std::int64_t m_bandBytes; ///< of each but perhaps the last
     FramePool m_pool;
-    std::shared_ptr<const FileExtract> m_again; ///< all pictures, to be read again, if they can be
-    std::int64_t m_offset = 0;                  ///< of the next picture to be read among all of them, bytes
-    std::optional<RGBAFrame> m_previous;        ///< the latest that was read
-    std::deque<Outcome> m_waiting;              ///< read and not yet handed out
-    std::unique_ptr<ForkJoinThread> m_side;     ///< none if two threads can't read the source, or it is not worth it
+    std::shared_ptr<const FileExtract> m_file; ///< all pictures, to be read again, if they can be
+    std::int64_t m_offset = 0;                 ///< of the next picture to be read among all of them, bytes
+    std::optional<RGBAFrame> m_previous;       ///< the latest that was read
+    Bands m_pinned;                            ///< of it
+    std::deque<Outcome> m_waiting;             ///< read and not yet handed out
+    std::unique_ptr<ForkJoinThread> m_side;    ///< none if two threads can't read the source, or it is not worth it
 };
 
 } // namespace quillbox

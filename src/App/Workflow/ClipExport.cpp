@@ -2,7 +2,7 @@
 
 #include "Capture/FrameTimeline.h"
 #include "Capture/RecordingReducer.h"
-#include "Capture/Spill/KeptPictures.h"
+#include "Capture/Spill/FrameSpill.h"
 #include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/OutputFile.h"
 
@@ -31,9 +31,9 @@ PreciseOptimizer::Result ClipExport::encodePrecisely(
 {
     if (recording.reducer) // it may be at work on the frames
         (void)recording.reducer->of(recording.frames);
-    KeptPictures pictures = KeptPictures::frugal();
-    DistinctFrames frames = PreciseOptimizer::framesFor(config, FrameTimeline::framesPerSecond,
-        [&pictures](const RGBAFrame& picture) { return pictures.keep(picture); });
+    FrameSpill spill(FrameSpill::inputLimits(FrameSpill::usualMemory), FrameSpill::usualFolder());
+    DistinctFrames frames = PreciseOptimizer::framesFor(
+        config, FrameTimeline::framesPerSecond, [&spill](const RGBAFrame& picture) { spill.keep(picture); });
     for (const RGBAFrame& frame : recording.frames)
         frames.append(frame);
     return PreciseOptimizer::optimize(frames, config, execution);

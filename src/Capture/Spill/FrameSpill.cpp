@@ -59,14 +59,14 @@ std::shared_ptr<const Bytes> decompressed(std::span<const std::uint8_t> bytes, s
 }
 
 /// Compressed pixels in memory.
-class InMemory : public PixelBand::Source {
+class CompressedInMemory final : public BackingStore {
 public:
-    InMemory(Bytes bytes, std::size_t byteCount)
+    CompressedInMemory(Bytes bytes, std::size_t byteCount)
         : m_bytes(std::move(bytes))
         , m_byteCount(byteCount)
     {
     }
-    [[nodiscard]] std::shared_ptr<const Bytes> pixels() const override { return decompressed(m_bytes, m_byteCount); }
+    [[nodiscard]] std::shared_ptr<const Bytes> read() const override { return decompressed(m_bytes, m_byteCount); }
 
 private:
     Bytes m_bytes;
@@ -74,16 +74,17 @@ private:
 };
 
 /// Compressed pixels in a file.
-class InFile : public PixelBand::Source {
+class CompressedInFile final : public BackingStore {
 public:
-    InFile(std::shared_ptr<const SpillFile> file, std::int64_t offset, std::size_t size, std::size_t byteCount)
+    CompressedInFile(
+        std::shared_ptr<const SpillFile> file, std::int64_t offset, std::size_t size, std::size_t byteCount)
         : m_file(std::move(file))
         , m_offset(offset)
         , m_size(size)
         , m_byteCount(byteCount)
     {
     }
-    [[nodiscard]] std::shared_ptr<const Bytes> pixels() const override
+    [[nodiscard]] std::shared_ptr<const Bytes> read() const override
     {
         Bytes bytes(m_size);
         m_file->read(m_offset, bytes);
@@ -107,8 +108,16 @@ std::int64_t FrameSpill::memoryShare(std::int64_t most)
 
 FrameSpill::Limits FrameSpill::usualLimits()
 {
-    const std::int64_t memory = memoryShare(128 * megabyte);
+    const std::int64_t memory = memoryShare(usualMemory);
     return {.plainBytes = memory / 3, .memoryBytes = memory - memory / 3, .diskSpaceToLeave = 1000 * megabyte};
+}
+
+FrameSpill::Limits FrameSpill::inputLimits(std::int64_t most)
+{
+    constexpr std::int64_t lastFew = 32 * megabyte; // with which the next ones are compared
+    return {.plainBytes = std::max(memoryShare(most), lastFew),
+        .memoryBytes = 0,
+        .diskSpaceToLeave = usualLimits().diskSpaceToLeave};
 }
 
 std::filesystem::path FrameSpill::usualFolder()
@@ -137,14 +146,18 @@ void FrameSpill::keep(const RGBAFrame& frame)
     m_previous = frame;
     while (m_plainBytes > m_limits.plainBytes) {
         if (const auto band = m_plain.front().band.lock())
-            park(*band);
+            evict(*band);
         m_plainBytes -= m_plain.front().byteCount;
         m_plain.pop_front();
     }
 }
 
-void FrameSpill::park(const PixelBand& band)
+void FrameSpill::evict(const PixelBand& band)
 {
+    if (band.isBacked()) {
+        band.evict();
+        return;
+    }
     const PixelView pixels = band.pixels();
     m_scratch.resize(static_cast<std::size_t>(LZ4_compressBound(static_cast<int>(pixels.size()))));
     const int size = LZ4_compress_default(reinterpret_cast<const char*>(pixels.data()),
@@ -155,12 +168,12 @@ void FrameSpill::park(const PixelBand& band)
     const auto count = std::ssize(bytes);
     if (m_compressedBytes + count <= m_limits.memoryBytes) {
         m_compressedBytes += count;
-        band.park(std::make_unique<InMemory>(Bytes(bytes.begin(), bytes.end()), pixels.size()));
+        band.evict(std::make_unique<CompressedInMemory>(Bytes(bytes.begin(), bytes.end()), pixels.size()));
     } else {
         if (!m_file)
             m_file = std::make_shared<SpillFile>(m_folder, m_limits.diskSpaceToLeave);
         const std::int64_t place = m_file->append(bytes);
-        band.park(std::make_unique<InFile>(m_file, place, bytes.size(), pixels.size()));
+        band.evict(std::make_unique<CompressedInFile>(m_file, place, bytes.size(), pixels.size()));
     }
 }
 

@@ -11,9 +11,9 @@
 
 namespace quillbox {
 
-/// Keeps what a long recording holds within a bound. The newest bands of its frames stay as they are; older ones are
-/// compressed (LZ4), in memory as long as there is room, then in a file without a name. One thread at a time; the
-/// frames may be looked at by any meanwhile, and outlive the store.
+/// Keeps what a long recording or input holds within a bound. The newest bands of its frames stay as they are; older
+/// ones are evicted: compressed (LZ4), in memory as long as there is room, then in a file without a name. One thread at
+/// a time; the frames may be looked at by any meanwhile, and outlive the store.
 class FrameSpill {
 public:
     struct Limits {
@@ -23,17 +23,20 @@ public:
         std::int64_t waitingBytes = 256'000'000; ///< of pictures that nobody has taken care of yet
     };
     static constexpr std::int64_t maxMemory = 2'000'000'000;
+    static constexpr std::int64_t usualMemory = 128'000'000;
     /// `most` bytes, but no more than a quarter of the memory that is available now; or what the environment's
     /// QUILLBOX_RECORDING_MEMORY says, in megabytes, but no more than `maxMemory`.
     [[nodiscard]] static std::int64_t memoryShare(std::int64_t most);
-    /// A share of 128 MB of memory, a third of it for bands as they are. 1 GB of disk for others.
+    /// A share of `usualMemory`, a third of it for bands as they are. 1 GB of disk for others.
     [[nodiscard]] static Limits usualLimits();
+    /// For what is kept of an input: a share of `most` bytes of memory for bands as they are, the rest in the file.
+    [[nodiscard]] static Limits inputLimits(std::int64_t most = maxMemory);
     /// The program's own in the user's cache folder; it need not exist.
     [[nodiscard]] static std::filesystem::path usualFolder();
 
     FrameSpill(Limits limits, std::filesystem::path folder);
 
-    /// Takes care of the next frame. Bands that it shares with the one before are in care already.
+    /// Takes care of the next frame's bands. Those that it shares with the frame before are in care already.
     /// @throws SpillError  there is no room any more. What was recorded is all there; no frame should follow.
     void keep(const RGBAFrame& frame);
 
@@ -49,7 +52,7 @@ private:
         std::int64_t byteCount;
     };
 
-    void park(const PixelBand& band);
+    void evict(const PixelBand& band);
 
     Limits m_limits;
     std::filesystem::path m_folder;

@@ -187,9 +187,13 @@ void DistinctFrames::addPicture(const Change& change)
             output += sizeof pixel;
         }
     }
-    const RGBAFrame picture(area.width, area.height, std::move(pixels));
+    RGBAFrame picture(area.width, area.height, std::move(pixels));
+    if (m_options.onKept) {
+        picture = picture.inBands(std::nullopt);
+        m_options.onKept(picture);
+    }
     m_pictures.push_back({.area = area,
-        .pixels = m_options.keeper ? m_options.keeper(picture) : picture,
+        .pixels = std::move(picture),
         .tick = m_frameCount - 1,
         .changedPixels = changed,
         .pixelTicks = 0,

@@ -25,14 +25,14 @@ namespace quillbox {
 /// Can be moved; one thread at a time.
 class DistinctFrames {
 public:
-    /// Called once with each picture that is to be kept here; gives the one, equal to it, that is kept instead.
-    using Keeper = std::function<RGBAFrame(const RGBAFrame&)>;
+    /// Called once with each picture that is kept. It is made of bands, so that they can be evicted.
+    using OnKept = std::function<void(const RGBAFrame&)>;
 
     struct Options {
         std::int64_t sourceFPS = 30;            ///< rate of the frames to come, frames per second, at least 1
         std::optional<std::int64_t> maxWidth{}; ///< what wider frames are shrunk to, pixels
         std::int64_t maxFPS = 30;               ///< frames a second that are looked at, at least 1
-        Keeper keeper{};                        ///< may be empty. What it throws comes out of append().
+        OnKept onKept{};                        ///< may be empty. What it throws comes out of append().
     };
 
     /// A picture that differs from the one before.

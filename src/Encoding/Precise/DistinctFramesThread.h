@@ -27,7 +27,7 @@ public:
     void take(RGBAFrame frame);
 
     /// What the frames came to. Waits until all have been looked at; no frame may follow.
-    /// @throws whatever looking at them threw, as a rule std::bad_alloc or what the keeper throws.
+    /// @throws whatever looking at them threw, as a rule std::bad_alloc or what `onKept` throws.
     [[nodiscard]] const DistinctFrames& finished();
 
 private:

@@ -253,10 +253,10 @@ Config Config::of(ExportPreset preset)
     return {.targetBytes = preset.targetBytes(), .maxWidth = preset.maxWidth()};
 }
 
-DistinctFrames framesFor(const Config& config, std::int64_t sourceFPS, DistinctFrames::Keeper keeper)
+DistinctFrames framesFor(const Config& config, std::int64_t sourceFPS, DistinctFrames::OnKept onKept)
 {
     return DistinctFrames(
-        {.sourceFPS = sourceFPS, .maxWidth = config.maxWidth, .maxFPS = config.maxFPS, .keeper = std::move(keeper)});
+        {.sourceFPS = sourceFPS, .maxWidth = config.maxWidth, .maxFPS = config.maxFPS, .onKept = std::move(onKept)});
 }
 
 Result optimize(const DistinctFrames& frames, const Config& config, const GIFOptimizer::Execution& execution)

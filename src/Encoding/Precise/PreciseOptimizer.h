@@ -31,7 +31,7 @@ struct Config {
 
 /// Frames that `optimize` may be given, to be taken at `sourceFPS`.
 [[nodiscard]] DistinctFrames framesFor(
-    const Config& config, std::int64_t sourceFPS, DistinctFrames::Keeper keeper = nullptr);
+    const Config& config, std::int64_t sourceFPS, DistinctFrames::OnKept onKept = nullptr);
 
 /// A clip and what was given up for the budget.
 struct Result {

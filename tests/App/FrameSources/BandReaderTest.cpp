@@ -93,7 +93,7 @@ TEST_P(BandReaderOf, APictureTellsHowMuchThereIsOfOneThatIsCutOff)
     }
 }
 
-TEST_P(BandReaderOf, APictureOfAFileIsElsewhereToo)
+TEST_P(BandReaderOf, APictureOfAFileCanBeEvicted)
 {
     const support::TemporaryFolder folder;
     const auto path = folder.path() / "pictures";
@@ -110,12 +110,16 @@ TEST_P(BandReaderOf, APictureOfAFileIsElsewhereToo)
         EXPECT_EQ(source.read(passed), header.size());
         EXPECT_EQ(source.peek(1).size(), 1U) << "looking ahead does no harm";
         BandReader reader(source, GetParam());
-        frames.push_back(reader.read().frame->elsewhere().value());
-        frames.push_back(reader.read().frame->elsewhere().value());
+        frames.push_back(reader.read().frame.value());
+        ASSERT_TRUE(frames[0].isBacked());
+        frames[0].evict();
+        frames.push_back(reader.read().frame.value());
+        frames[1].evict();
     }
     EXPECT_EQ(frames[0].pixels(), first);
     EXPECT_EQ(frames[1].pixels(), second);
-    EXPECT_EQ(frames[0].bandCount() > 1, frames[0].sharesBand(frames[1], 0)) << "what is shared is shared there too";
+    EXPECT_EQ(frames[0].bandCount() > 1, frames[0].sharesBand(frames[1], 0))
+        << "what is evicted is shared nevertheless";
 
     std::filesystem::resize_file(path, bytes.size() - 1);
     EXPECT_EQ(frames[0].pixels(), first);
@@ -141,7 +145,7 @@ TEST(BandReader, ReadsLargePicturesFromAPipe)
     const auto second = reader.read().frame;
     EXPECT_EQ(first->pixels(), picture);
     EXPECT_TRUE(first->sharesPixels(*second));
-    EXPECT_FALSE(first->elsewhere()) << "what came through a pipe is nowhere else";
+    EXPECT_FALSE(first->isBacked()) << "what came through a pipe is nowhere else";
     EXPECT_EQ(reader.read().byteCount, 0);
     writer.join();
     close(ends[0]);

@@ -129,9 +129,41 @@ TEST(FrameSpill, ForgetsWhatNobodyShows)
     FrameSpill store(
         {.plainBytes = 50'000, .memoryBytes = 0, .diskSpaceToLeave = std::numeric_limits<std::uint64_t>::max()},
         folder());
-    for (const RGBAFrame& frame : recording(40)) // nothing is to be parked, so the full disk does not matter
+    for (const RGBAFrame& frame : recording(40)) // nothing is to be evicted, so the full disk does not matter
         store.keep(support::inBands({frame}).front());
     EXPECT_LE(store.plainBytes(), 50'000);
+}
+
+/// Gives a byte of its own again and again.
+class Filled final : public BackingStore {
+public:
+    explicit Filled(std::size_t byteCount)
+        : m_byteCount(byteCount)
+    {
+    }
+    [[nodiscard]] std::shared_ptr<const Bytes> read() const override
+    {
+        return std::make_shared<const Bytes>(m_byteCount, std::uint8_t{7});
+    }
+
+private:
+    std::size_t m_byteCount;
+};
+
+TEST(FrameSpill, WritesNothingThatHasABackingStore)
+{
+    const auto band = std::make_shared<const PixelBand>(
+        std::make_shared<const Bytes>(400, std::uint8_t{1}), std::make_unique<Filled>(400));
+    FrameSpill store({.plainBytes = 0, .memoryBytes = 0, .diskSpaceToLeave = 0}, "/proc/nowhere");
+    store.keep(RGBAFrame::ofBands(10, 10, {band}));
+    EXPECT_EQ(band->pixels(), Bytes(400, 7)) << "it was evicted";
+    EXPECT_EQ(store.compressedBytes() + store.fileBytes(), 0);
+}
+
+TEST(FrameSpill, SaysWhenThereCanBeNoFile)
+{
+    FrameSpill store({.plainBytes = 0, .memoryBytes = 0, .diskSpaceToLeave = 0}, "/proc/nowhere");
+    EXPECT_THROW(keepAll(store, support::inBands(recording(1))), SpillError);
 }
 
 TEST(FrameSpill, TakesFramesInOnePieceAsTheyAre)
@@ -148,6 +180,10 @@ TEST(FrameSpill, TheUsualLimitsFitTheMachine)
     EXPECT_GT(limits.memoryBytes, 0);
     EXPECT_LE(limits.memoryBytes, 2'000'000'000);
     EXPECT_TRUE(FrameSpill::usualFolder().is_absolute());
+    const FrameSpill::Limits input = FrameSpill::inputLimits();
+    EXPECT_GE(input.plainBytes, 32'000'000);
+    EXPECT_LE(input.plainBytes, 2'000'000'000);
+    EXPECT_EQ(input.memoryBytes, 0);
 }
 
 } // namespace

@@ -166,14 +166,14 @@ TEST(DistinctFrames, AreLookedAtNoMoreOftenThanAsked)
     EXPECT_EQ(ticks, (std::vector<std::int64_t>{0, 2, 5, 7, 10}));
 }
 
-TEST(DistinctFrames, GoToTheKeeper)
+TEST(DistinctFrames, AreToldOfWhenTheyAreKept)
 {
     std::vector<std::int64_t> kept;
     const RGBAFrame plain = solid(6, 6, gray(0));
     DistinctFrames::Options options;
-    options.keeper = [&](const RGBAFrame& picture) {
+    options.onKept = [&](const RGBAFrame& picture) {
         kept.push_back(picture.pixelCount());
-        return picture;
+        EXPECT_NE(picture.ownBand(0), nullptr) << "it can be evicted";
     };
     (void)recorded({plain, with(plain, {{1, 1}, {2, 2}}, gray(3)), plain}, std::move(options));
     EXPECT_EQ(kept, (std::vector<std::int64_t>{36, 4, 4}));

@@ -23,11 +23,12 @@ TEST(DistinctFramesThread, GivesWhatAppendingAllFramesGives)
     EXPECT_EQ(frames.recording().colors, plain.recording().colors);
 }
 
-TEST(DistinctFramesThread, PassesOnWhatTheKeeperThrows)
+TEST(DistinctFramesThread, PassesOnWhyAPictureCannotBeKept)
 {
-    DistinctFramesThread thread(DistinctFrames({.keeper = [](const RGBAFrame&) -> RGBAFrame {
-        throw std::runtime_error("full");
-    }}),
+    DistinctFramesThread thread(DistinctFrames({.onKept =
+                                                    [](const RGBAFrame&) {
+                                                        throw std::runtime_error("full");
+                                                    }}),
         1);
     for (int i = 0; i < 5; ++i) // more than may wait: none of them blocks
         thread.take(support::solid(2, 2, support::gray(i)));

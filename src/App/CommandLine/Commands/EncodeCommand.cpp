@@ -8,7 +8,7 @@
 #include "App/FrameSources/BackgroundDistinctFrames.h"
 #include "App/FrameSources/BackgroundReducer.h"
 #include "App/FrameSources/FrameReadError.h"
-#include "Capture/Spill/KeptPictures.h"
+#include "Capture/Spill/FrameSpill.h"
 #include "Encoding/GIFOptimizer.h"
 #include "Encoding/Precise/PreciseOptimizer.h"
 #include "PostCapture/OutputFile.h"
@@ -64,9 +64,9 @@ void save(const ResultReport::Clip& clip, const ClipOutput& output, bool json, P
 
 void encodeByPreset(const EncodeOptions& options, const ClipOutput& output, ProgressLine& line)
 {
-    KeptPictures pictures;
-    BackgroundReducer reducer(options.out.preset, options.sourceFPS,
-        [&pictures](const RGBAFrame& picture) { return pictures.keep(picture); });
+    FrameSpill spill(FrameSpill::inputLimits(), FrameSpill::usualFolder());
+    BackgroundReducer reducer(
+        options.out.preset, options.sourceFPS, [&spill](const RGBAFrame& picture) { spill.keep(picture); });
     InputReader::read(options, reducer);
     const FrameReducer& frames = reducer.finished();
     const GIFOptimizer::Config config{
@@ -79,9 +79,9 @@ void encodeByPreset(const EncodeOptions& options, const ClipOutput& output, Prog
 void encodePrecisely(const EncodeOptions& options, const ClipOutput& output, ProgressLine& line)
 {
     const PreciseOptimizer::Config& config = *options.out.precise;
-    KeptPictures pictures = KeptPictures::frugal();
+    FrameSpill spill(FrameSpill::inputLimits(FrameSpill::usualMemory), FrameSpill::usualFolder());
     BackgroundDistinctFrames distinct(
-        config, options.sourceFPS, [&pictures](const RGBAFrame& picture) { return pictures.keep(picture); });
+        config, options.sourceFPS, [&spill](const RGBAFrame& picture) { spill.keep(picture); });
     InputReader::read(options, distinct);
     const auto result = PreciseOptimizer::optimize(distinct.finished(), config, {.progress = progressOn(line)});
     save({result.clip, options.out.preset, output.name(), ResultReport::Clip::Precise{result, config}}, output,
