@@ -3,57 +3,13 @@
 #include <QtConcurrent/QtConcurrentRun>
 
 #include <algorithm>
-#include <mutex>
 #include <utility>
 
 namespace quillbox {
 
-/// Holds the worker's latest word until the main thread fetches it: however fast the worker is, one call at most waits
-/// in the event loop. Shared by both threads.
-class ExportJob::Mailbox {
-public:
-    explicit Mailbox(ExportJob& owner)
-        : m_owner(&owner)
-    {
-    }
-
-    /// Thread: any.
-    void put(const GIFOptimizer::Progress& progress)
-    {
-        const std::scoped_lock lock(m_mutex);
-        const bool isAnnounced = m_latest.has_value();
-        m_latest = progress;
-        if (m_owner && !isAnnounced) // the owner can't go meanwhile: closing waits for the lock
-            QMetaObject::invokeMethod(m_owner, &ExportJob::takeProgress, Qt::QueuedConnection);
-    }
-
-    [[nodiscard]] std::optional<GIFOptimizer::Progress> take()
-    {
-        const std::scoped_lock lock(m_mutex);
-        return std::exchange(m_latest, std::nullopt);
-    }
-
-    /// From now on nothing is announced.
-    void close()
-    {
-        const std::scoped_lock lock(m_mutex);
-        m_owner = nullptr;
-    }
-
-private:
-    std::mutex m_mutex;
-    ExportJob* m_owner;
-    std::optional<GIFOptimizer::Progress> m_latest;
-};
-
 ExportJob::ExportJob()
-    : m_mailbox(std::make_shared<Mailbox>(*this))
+    : m_mailbox(*this, [this] { takeProgress(); })
 {
-}
-
-ExportJob::~ExportJob()
-{
-    m_mailbox->close();
 }
 
 QFuture<ClipExport::Saved> ExportJob::start(ClipExport::Recording recording, ExportPreset preset)
@@ -62,7 +18,8 @@ QFuture<ClipExport::Saved> ExportJob::start(ClipExport::Recording recording, Exp
         m_attempts = 2 * std::ssize(preset.colorLadder()) - 1;
     const GIFOptimizer::Execution execution{
         .parallelism = {},
-        .progress = [mailbox = m_mailbox](const GIFOptimizer::Progress& progress) { mailbox->put(progress); },
+        .progress
+        = [sender = m_mailbox.sender()](const GIFOptimizer::Progress& progress) { sender.sendLatest(progress); },
         .finishNow = m_stop.get_token(),
     };
     return QtConcurrent::run(&ClipExport::run, std::move(recording), preset, execution);
@@ -91,11 +48,11 @@ void ExportJob::finishNow()
 
 void ExportJob::takeProgress()
 {
-    const auto latest = m_mailbox->take();
-    if (!latest)
+    const auto latest = m_mailbox.take();
+    if (latest.empty())
         return;
     const auto before = progress();
-    const auto previous = std::exchange(m_latest, latest);
+    const auto previous = std::exchange(m_latest, latest.back());
     if (before && progress()->fraction() < before->fraction())
         m_latest = previous; // the wish to finish met an attempt that we had not heard of: more are left than was said
     else

@@ -2,24 +2,25 @@
 
 #include "App/Workflow/ClipExport.h"
 #include "App/Workflow/ExportProgress.h"
+#include "Encoding/GIFOptimizer.h"
+#include "Platform/Mailbox.h"
 
 #include <QFuture>
 #include <QObject>
 
-#include <memory>
 #include <optional>
 #include <stop_token>
 
 namespace quillbox {
 
-/// Makes one clip on a worker thread and tells how far it is. The work owns all that it needs: it goes on when the job
-/// is destroyed, and the clip is still saved. Thread: main.
+/// Makes one clip on a worker thread and tells how far it is: one long piece of work whose result the event loop
+/// awaits, and so one for the toolkit's own workers. The work owns all that it needs: it goes on when the job is
+/// destroyed, and the clip is still saved. Thread: main.
 class ExportJob : public QObject {
     Q_OBJECT
 
 public:
     ExportJob();
-    ~ExportJob() override;
 
     /// Begins. To be called once. @pre the recording has a frame; a violation ends the process.
     /// @return What `ClipExport::run` returns; the future throws what that throws.
@@ -37,11 +38,9 @@ Q_SIGNALS:
     void progressChanged();
 
 private:
-    class Mailbox;
-
     void takeProgress();
 
-    std::shared_ptr<Mailbox> m_mailbox;
+    Mailbox<GIFOptimizer::Progress> m_mailbox; // the worker's latest word
     std::stop_source m_stop;
     std::optional<GIFOptimizer::Progress> m_latest;
     std::int64_t m_attempts = 0; // at most
