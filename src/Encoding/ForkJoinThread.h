@@ -8,7 +8,8 @@
 
 namespace quillbox {
 
-/// A thread that does half of its owner's work, for work that is shared too often to start a thread each time.
+/// For two halves of work that comes again and again, hundreds of times a second: a thread that stays and does one of
+/// them, where `parallelFor` would start one each time.
 /// Used by one thread at a time.
 class ForkJoinThread {
 public:

@@ -15,7 +15,8 @@
 
 namespace quillbox {
 
-/// Gives frames to a `FrameReducer` on a thread of its own, so that whoever has them is not held up by the measuring.
+/// For frames that come one by one and are taken in in this order: a thread with a queue. It gives them to a
+/// `FrameReducer`, so that whoever has them is not held up by the measuring.
 /// Thread: take() and finished() are for one thread at a time.
 class FrameReducerThread {
 public:

@@ -10,6 +10,8 @@ struct Parallelism {
     int threads = 0; ///< 0 means one a core
 };
 
+/// For many items that are all there: threads of its own share them, and are gone when it returns.
+///
 /// Calls `body(item, worker)` once for every item in 0…count−1, in any order. `worker`, in 0…workerCount−1, names the
 /// thread, so that scratch memory can be reused. Returns when all calls have.
 /// @throws whatever a call threw (the first one, if several did); items not begun by then are left out.

@@ -2,6 +2,7 @@
 
 #include <QFuture>
 #include <QPromise>
+#include <QThreadPool>
 #include <QTimer>
 
 #include <atomic>
@@ -9,14 +10,17 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <thread>
 #include <utility>
 
 namespace quillbox {
 
-/// Runs `ask`, which may wait for another program, on a thread of its own. @return what it gives, or none once `limit`
-/// is over; the thread is then left to itself, and ends with the process at the latest. `ask` must not throw. Thread:
-/// any with an event loop.
+/// Workers for questions that may never be answered. Unlike the toolkit's own, nobody waits for them when the program
+/// ends. Thread: any.
+[[nodiscard]] QThreadPool& patientWorkers();
+
+/// Runs `ask`, which may wait for another program, on a worker. @return what it gives, or none once `limit` is over;
+/// the worker is then left to itself, and ends with the process at the latest. `ask` must not throw. Thread: any with
+/// an event loop.
 template <typename T>
 [[nodiscard]] QFuture<std::optional<T>> runWithTimeout(std::chrono::milliseconds limit, std::function<T()> ask)
 {
@@ -34,7 +38,7 @@ template <typename T>
     };
     const auto state = std::make_shared<State>();
     state->promise.start();
-    std::thread([state, ask = std::move(ask)] { state->settle(ask()); }).detach();
+    patientWorkers().start([state, ask = std::move(ask)] { state->settle(ask()); });
     QTimer::singleShot(limit, [state] { state->settle(std::nullopt); });
     return state->promise.future();
 }

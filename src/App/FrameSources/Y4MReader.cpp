@@ -8,32 +8,37 @@
 #include "Translation/Translate.h"
 
 #include <algorithm>
-#include <deque>
-#include <future>
 #include <limits>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace quillbox {
 namespace {
 
-/// Converts pictures in the background, a few at a time, and returns them in the order in which they came.
+/// Converts pictures, as many at a time as there are threads, and hands them over in the order in which they came.
 class ConversionQueue {
 public:
     ConversionQueue(const Y4MHeader& header, FrameConsumer& receiver)
         : m_header(header)
         , m_receiver(receiver)
-        , m_inFlight(static_cast<std::size_t>(workerCount({}, std::numeric_limits<std::int64_t>::max())))
+        , m_batch(static_cast<std::size_t>(workerCount({}, std::numeric_limits<std::int64_t>::max())))
     {
     }
 
     /// A buffer for the next picture's planes.
     [[nodiscard]] std::shared_ptr<Bytes> takeBuffer(std::int64_t byteCount)
     {
-        auto buffer = m_spare ? std::exchange(m_spare, nullptr) : std::make_shared<Bytes>();
+        std::shared_ptr<Bytes> buffer;
+        if (m_spares.empty()) {
+            buffer = std::make_shared<Bytes>();
+        } else {
+            buffer = std::move(m_spares.back());
+            m_spares.pop_back();
+        }
         buffer->resize(static_cast<std::size_t>(byteCount));
         return buffer;
     }
@@ -41,59 +46,62 @@ public:
     void add(std::shared_ptr<Bytes> planes)
     {
         if (m_previous && *m_previous == *planes) {
-            m_spare = std::move(planes);
-            if (m_pending.empty())
+            m_spares.push_back(std::move(planes));
+            if (m_waiting.empty())
                 m_receiver.take(*m_latest);
             else
-                ++m_pending.back().count;
+                ++m_waiting.back().count;
             return;
         }
-        if (m_pending.size() == m_inFlight)
-            finishOldest();
-        // A thread costs more than the conversion of a small picture.
-        const auto policy = planes->size() < 1U << 16U ? std::launch::deferred : std::launch::async;
-        auto convert = [header = m_header, pool = m_pool, planes]() mutable {
-            Bytes pixels = pool.take(header.size.width * header.size.height * 4);
-            YUVConversion::convert(*planes, header.size, header.subsampling, header.range, pixels);
-            return pool.frame(header.size.width, header.size.height, std::move(pixels));
-        };
-        m_pending.push_back({std::async(policy, std::move(convert)), planes, 1});
+        m_waiting.push_back({.planes = planes, .count = 1, .frame = std::nullopt});
+        if (m_previous && m_waiting.size() == 1)
+            m_spares.push_back(std::move(m_previous)); // its picture has been handed over
         m_previous = std::move(planes);
+        if (m_waiting.size() == m_batch)
+            finish();
     }
 
+    /// Hands over all that wait.
     void finish()
     {
-        while (!m_pending.empty())
-            finishOldest();
+        constexpr std::size_t worthAThread = 1U << 16U; // bytes: starting one costs more than converting less
+        const Parallelism parallelism{.threads = m_previous && m_previous->size() < worthAThread ? 1 : 0};
+        parallelFor(parallelism, std::ssize(m_waiting), [this](std::int64_t item, int /*worker*/) {
+            Waiting& waiting = m_waiting[static_cast<std::size_t>(item)];
+            waiting.frame = converted(*waiting.planes);
+        });
+        for (Waiting& waiting : m_waiting) {
+            m_latest = std::move(waiting.frame);
+            for (std::size_t i = 0; i < waiting.count; ++i)
+                m_receiver.take(*m_latest);
+            if (waiting.planes != m_previous)
+                m_spares.push_back(std::move(waiting.planes));
+        }
+        m_waiting.clear();
     }
 
 private:
-    struct Pending {
-        std::future<RGBAFrame> frame;
+    struct Waiting {
         std::shared_ptr<Bytes> planes;
         std::size_t count = 1; ///< how often the picture comes in a row
+        std::optional<RGBAFrame> frame;
     };
 
-    void finishOldest()
+    [[nodiscard]] RGBAFrame converted(const Bytes& planes) const
     {
-        Pending oldest = std::move(m_pending.front());
-        m_pending.pop_front();
-        m_latest = oldest.frame.get();
-        for (std::size_t i = 0; i < oldest.count; ++i)
-            m_receiver.take(*m_latest);
-        oldest.frame = {}; // lets go of the planes
-        if (oldest.planes != m_previous)
-            m_spare = std::move(oldest.planes);
+        Bytes pixels = m_pool.take(m_header.size.width * m_header.size.height * RGBAFrame::bytesPerPixel);
+        YUVConversion::convert(planes, m_header.size, m_header.subsampling, m_header.range, pixels);
+        return m_pool.frame(m_header.size.width, m_header.size.height, std::move(pixels));
     }
 
     Y4MHeader m_header;
     FrameConsumer& m_receiver;
-    std::size_t m_inFlight;
-    FramePool m_pool;                  ///< copies share the spare buffers
+    std::size_t m_batch;
+    FramePool m_pool;
     std::optional<RGBAFrame> m_latest; ///< the one last handed over
-    std::deque<Pending> m_pending;
+    std::vector<Waiting> m_waiting;    ///< read and still to be converted, fewer than a batch
     std::shared_ptr<Bytes> m_previous; ///< planes of the newest picture
-    std::shared_ptr<Bytes> m_spare;
+    std::vector<std::shared_ptr<Bytes>> m_spares;
 };
 
 /// Takes the line before a frame. @return false at the end of the stream.

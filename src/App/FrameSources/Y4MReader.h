@@ -12,9 +12,8 @@ namespace Y4MReader {
 /// Whether the input starts like a YUV4MPEG2 stream. Nothing is consumed. @throws FrameReadError
 [[nodiscard]] bool recognizes(ByteSource& source);
 
-/// Hands over the stream's rate and every frame up to the end of the input. Reading and conversion overlap; a picture
-/// that equals the one before it is not converted again and shares its pixels. Only a few pictures are held unconverted
-/// at a time.
+/// Hands over the stream's rate and every frame up to the end of the input. A few pictures at a time are converted, on
+/// a thread each; one that equals the one before it is not converted again and shares its pixels.
 /// @throws FrameReadError  something that isn't understood, no frame, or an end inside a frame.
 void read(ByteSource& source, FrameConsumer& receiver);
 
