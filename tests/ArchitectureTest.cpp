@@ -92,6 +92,20 @@ Arrows arrowsOfTheSources(const Arrows& folders)
     return arrows;
 }
 
+/// What each module of Encoding, a header with its source, includes of the others: names such as "Encoding/LZW".
+Arrows arrowsOfTheModulesOfEncoding()
+{
+    const fs::path sources(QUILLBOX_SOURCES);
+    Arrows arrows;
+    for (const auto& [file, target] : includesBelow(sources / "Encoding")) {
+        const std::string from = fs::relative(file, sources).replace_extension();
+        const std::string to = fs::path(target.substr(1, target.size() - 2)).replace_extension();
+        if (target.front() == '"' && from != to)
+            arrows[from].insert(to);
+    }
+    return arrows;
+}
+
 /// Whether following the arrows from `folder` leads back to it.
 bool isOnACircle(const Arrows& arrows, const std::string& folder)
 {
@@ -130,6 +144,14 @@ TEST(Architecture, NoArrowsLeadInACircle)
     const Arrows documented = arrowsOfTheDocument();
     for (const auto& [folder, targets] : documented)
         EXPECT_FALSE(isOnACircle(documented, folder)) << folder;
+}
+
+TEST(Architecture, NoModulesOfEncodingIncludeEachOtherInACircle)
+{
+    const Arrows modules = arrowsOfTheModulesOfEncoding();
+    ASSERT_TRUE(modules.contains("Encoding/GIFOptimizer"));
+    for (const auto& [module, targets] : modules)
+        EXPECT_FALSE(isOnACircle(modules, module)) << module;
 }
 
 TEST(Architecture, EncodingIncludesTheStandardLibraryAndItselfOnly)
