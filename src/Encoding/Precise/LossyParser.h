@@ -1,7 +1,8 @@
 #pragma once
 
+#include "Encoding/Bytes.h"
 #include "Encoding/Precise/CodeTree.h"
-#include "Encoding/Precise/LossyLZW.h"
+#include "Encoding/Precise/LossyPicture.h"
 
 #include <array>
 #include <cstdint>
