@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Capture/Portal/SelectedCast.h"
+#include "Capture/ScreenSession.h"
 
 #include <QPixmap>
 #include <QRect>

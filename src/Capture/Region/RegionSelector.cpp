@@ -5,6 +5,7 @@
 #include "Capture/Region/CastScreen.h"
 #include "Capture/Region/ScreenBackdrop.h"
 #include "Capture/Region/SelectionWindow.h"
+#include "Capture/ScreenSession.h"
 
 #include <QGuiApplication>
 #include <QPixmap>

@@ -3,7 +3,7 @@
 
 #include "Capture/PipeWire/PipeWireStream.h"
 #include "Capture/Portal/ScreenCastPortal.h"
-#include "Capture/Portal/SelectedCast.h"
+#include "Capture/ScreenSession.h"
 #include "Capture/StreamRecorder.h"
 #include "Gallery.h"
 

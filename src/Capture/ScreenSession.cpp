@@ -1,4 +1,4 @@
-#include "Capture/Portal/SelectedCast.h"
+#include "Capture/ScreenSession.h"
 
 #include "Capture/PipeWire/PipeWireStream.h"
 #include "Capture/Portal/PortalSource.h"

@@ -10,7 +10,7 @@
 namespace quillbox {
 
 /// The choice of a back end.
-class CaptureStreamTest : public QObject {
+class CaptureBackendTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -20,7 +20,7 @@ private Q_SLOTS:
     void theBackEndIsTheSessions();
 };
 
-void CaptureStreamTest::theBackEndCanBeChosenByName_data()
+void CaptureBackendTest::theBackEndCanBeChosenByName_data()
 {
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<QString>("sentence");
@@ -30,7 +30,7 @@ void CaptureStreamTest::theBackEndCanBeChosenByName_data()
         "mirror") << QStringLiteral("QUILLBOX_CAPTURE_BACKEND is \"mirror\", which is none of x11, portal and none");
 }
 
-void CaptureStreamTest::theBackEndCanBeChosenByName()
+void CaptureBackendTest::theBackEndCanBeChosenByName()
 {
     QFETCH(const QByteArray, name);
     QFETCH(const QString, sentence);
@@ -47,7 +47,7 @@ void CaptureStreamTest::theBackEndCanBeChosenByName()
     test::await(stream->stop());
 }
 
-void CaptureStreamTest::theBackEndIsTheSessions_data()
+void CaptureBackendTest::theBackEndIsTheSessions_data()
 {
     QTest::addColumn<QByteArray>("chosen");
     QTest::addColumn<QByteArray>("waylandDisplay");
@@ -61,7 +61,7 @@ void CaptureStreamTest::theBackEndIsTheSessions_data()
     QTest::newRow("X11 on Wayland") << QByteArray("x11") << QByteArray("wayland-1") << QByteArray("wayland") << false;
 }
 
-void CaptureStreamTest::theBackEndIsTheSessions()
+void CaptureBackendTest::theBackEndIsTheSessions()
 {
     QFETCH(const QByteArray, chosen);
     QFETCH(const QByteArray, waylandDisplay);
@@ -77,5 +77,5 @@ void CaptureStreamTest::theBackEndIsTheSessions()
 
 } // namespace quillbox
 
-QTEST_GUILESS_MAIN(quillbox::CaptureStreamTest)
-#include "CaptureStreamTest.moc"
+QTEST_GUILESS_MAIN(quillbox::CaptureBackendTest)
+#include "CaptureBackendTest.moc"

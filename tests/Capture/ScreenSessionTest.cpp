@@ -1,5 +1,5 @@
 // Runs on a desktop without a portal that the caller starts, and brings one: see CMakeLists.txt beside it.
-#include "Capture/Portal/SelectedCast.h"
+#include "Capture/ScreenSession.h"
 
 #include "support/Await.h"
 
