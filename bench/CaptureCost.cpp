@@ -8,7 +8,7 @@
 // of its threads; while everything moves, a frame without a new picture is a tick that was missed.
 #include "Painters.h"
 
-#include "Capture/CaptureStream.h"
+#include "Capture/CaptureBackend.h"
 #include "Capture/StreamRecorder.h"
 
 #include <QCoreApplication>
@@ -55,7 +55,8 @@ QCoro::Task<> measure(const char* name, CaptureRegion region, std::chrono::secon
     co_await QCoro::sleepFor(duration);
     const double cpu = cpuSeconds() - cpuBefore;
     const double wall = std::chrono::duration<double>(std::chrono::steady_clock::now() - wallBefore).count();
-    const auto frames = co_await recorder.stop();
+    const auto recording = co_await recorder.stop();
+    const auto& frames = recording.frames();
     std::size_t repeated = 0;
     for (std::size_t i = 1; i < frames.size(); ++i)
         if (frames[i].sharesPixels(frames[i - 1]))

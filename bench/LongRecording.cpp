@@ -5,7 +5,6 @@
 //     long-recording work|motion|noise SECONDS [slack|github|docs [WIDTH HEIGHT]]
 #include "Painters.h"
 
-#include "Capture/RecordingReducer.h"
 #include "Capture/StreamRecorder.h"
 #include "Encoding/GIFOptimizer.h"
 #include "Platform/HugePages.h"
@@ -63,21 +62,22 @@ QCoro::Task<> measure(Order order, int& status)
         co_await recorder.start(order.region);
         co_await QCoro::sleepFor(order.duration);
         const auto stopped = Clock::now();
-        const auto frames = co_await recorder.stop();
-        const FrameReducer* const reducer = recorder.reducer()->of(frames);
+        const auto recording = co_await recorder.stop();
+        const FrameReducer& reducer = recording.reduced();
         const auto known = Clock::now();
         const double recordingPeak = statusMegabytes("VmHWM");
         GIFOptimizer::Config config;
         config.preset = order.preset;
         config.sourceFPS = 30;
-        const auto result = GIFOptimizer::optimize(*reducer, config, {});
+        const auto result = GIFOptimizer::optimize(reducer, config, {});
         const auto done = Clock::now();
         std::printf(
             "{\"frames\": %zu, \"recordingPeak\": %.1f, \"wholePeak\": %.1f, \"settle\": %.2f, \"optimize\": %.1f, "
             "\"fileBytes\": %lld, \"bytes\": %lld, \"gifFrames\": %lld, \"interruption\": \"%s\"}\n",
-            frames.size(), recordingPeak, statusMegabytes("VmHWM"), seconds(known - stopped), seconds(done - known),
-            static_cast<long long>(recorder.reducer()->fileBytes()), static_cast<long long>(result.byteCount),
-            static_cast<long long>(result.frameCount), interruption.toUtf8().constData());
+            recording.frames().size(), recordingPeak, statusMegabytes("VmHWM"), seconds(known - stopped),
+            seconds(done - known), static_cast<long long>(recording.fileBytes()),
+            static_cast<long long>(result.byteCount), static_cast<long long>(result.frameCount),
+            interruption.toUtf8().constData());
     } catch (const std::exception& error) {
         (void)std::fprintf(stderr, "long-recording: %s\n", error.what()); // nothing is left to do if that fails
         status = EXIT_FAILURE;

@@ -13,9 +13,9 @@
 #include "App/Hotkey/HotkeyNotice.h"
 #include "App/Updates/UpdaterController.h"
 #include "App/Workflow/CurrentCoordinator.h"
+#include "Capture/Region/RegionSelector.h"
 #include "Capture/Region/ScreenBackdrop.h"
 #include "Capture/StreamRecorder.h"
-#include "Encoding/Precondition.h"
 #include "PostCapture/Clipboard/Clipboard.h"
 #include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/FileReveal.h"
@@ -55,8 +55,10 @@ void readFonts()
 QuillboxApp::QuillboxApp(SystemServices services)
     : m_services(std::move(services))
     , m_history(std::make_shared<HistoryStore>())
-    , m_coordinator(
-          std::make_unique<CurrentCoordinator>(std::make_unique<RecordingCoordinator>(nullptr, nullptr, m_history)))
+    , m_screen(std::make_shared<ScreenSession>())
+    , m_recorder(std::make_shared<StreamRecorder>(m_screen))
+    , m_coordinator(std::make_unique<CurrentCoordinator>(
+          std::make_unique<RecordingCoordinator>(m_recorder, std::make_shared<RegionSelector>(m_screen), m_history)))
     , m_hotkey(std::make_unique<GlobalHotkey>(
           [coordinator = QPointer(m_coordinator.get())] {
               if (coordinator)
@@ -73,7 +75,7 @@ QuillboxApp::QuillboxApp(SystemServices services)
         ApplicationService::Actions{.showPanel = [this] { showPanel(); },
             .showSettings = [this] { showSettings(); },
             .quit = [this] { quit(); },
-            .frameCount = [this] { return recorder().frameCount(); },
+            .frameCount = [this] { return m_recorder->frameCount(); },
             .hotkey =
                 [this] {
                     return HotkeyReport::told(m_hotkey->state());
@@ -107,7 +109,7 @@ QuillboxApp::QuillboxApp(SystemServices services)
 
     // The recording can't go on: what there is becomes the clip.
     QObject::connect(
-        &recorder(), &StreamRecorder::interrupted, m_coordinator.get(),
+        m_recorder.get(), &ScreenRecorder::interrupted, m_coordinator.get(),
         [coordinator = m_coordinator.get()](const QString& reason) {
             coordinator->stop();
             DesktopNotification::show(
@@ -129,14 +131,6 @@ void QuillboxApp::start()
     m_tray->show();
 }
 
-/// The coordinator makes its own recorder, and hands it on to the one that takes its place.
-StreamRecorder& QuillboxApp::recorder() const
-{
-    auto* const recorder = dynamic_cast<StreamRecorder*>(m_coordinator->get().recorder().get());
-    precondition(recorder != nullptr, "the application records with a stream recorder");
-    return *recorder;
-}
-
 Panel& QuillboxApp::panel()
 {
     if (m_panel)
@@ -147,7 +141,7 @@ Panel& QuillboxApp::panel()
     QObject::connect(m_panel.get(), &Panel::copyRequested, &Clipboard::general(), &Clipboard::retry);
     QObject::connect(&Clipboard::general(), &Clipboard::stateChanged, m_panel.get(), [this] { showClipboard(); });
     QObject::connect(m_panel.get(), &Panel::introductionUnderstood, m_firstUse.get(), [this] { m_firstUse->end(); });
-    new PanelGuard(recorder(), *m_panel); // the panel owns it
+    new PanelGuard(*m_recorder, *m_screen, *m_panel); // the panel owns it
     showClipboard();
     explain();
     return *m_panel;

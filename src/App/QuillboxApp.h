@@ -18,8 +18,9 @@ class FirstUse;
 class GlobalHotkey;
 class HistoryStore;
 class Panel;
+class ScreenRecorder;
+class ScreenSession;
 class SettingsView;
-class StreamRecorder;
 class TrayIcon;
 class UpdateView;
 class UpdaterController;
@@ -53,7 +54,6 @@ public:
     void quit();
 
 private:
-    [[nodiscard]] StreamRecorder& recorder() const;
     Panel& panel();
     UpdaterController& updater();
     void showUpdate();
@@ -69,6 +69,8 @@ private:
 
     SystemServices m_services;
     std::shared_ptr<HistoryStore> m_history;
+    std::shared_ptr<ScreenSession> m_screen;
+    std::shared_ptr<ScreenRecorder> m_recorder;
     std::unique_ptr<CurrentCoordinator> m_coordinator;
     std::unique_ptr<GlobalHotkey> m_hotkey;
     std::unique_ptr<FirstUse> m_firstUse;

@@ -1,8 +1,6 @@
-#include "Capture/CaptureStream.h"
+#include "Capture/CaptureBackend.h"
 
-#include "Capture/Portal/PortalStream.h"
-#include "Capture/UnavailableStream.h"
-#include "Capture/X11/X11Stream.h"
+#include "Encoding/Precondition.h"
 #include "Platform/WindowSystem.h"
 #include "Translation/Translate.h"
 
@@ -23,22 +21,16 @@ CaptureBackend captureBackend()
     return sessionWindowSystem() == WindowSystem::Wayland ? CaptureBackend::Portal : CaptureBackend::X11;
 }
 
-std::unique_ptr<CaptureStream> makeCaptureStream()
+CaptureError captureObstacle(CaptureBackend backend)
 {
-    switch (captureBackend()) {
-    case CaptureBackend::X11:
-        return std::make_unique<X11Stream>();
-    case CaptureBackend::Portal:
-        return std::make_unique<PortalStream>();
-    case CaptureBackend::None:
-        return std::make_unique<UnavailableStream>(
-            translate("CaptureError", "Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND"));
-    case CaptureBackend::Unknown:
-        break;
-    }
-    return std::make_unique<UnavailableStream>(withArguments(
-        translate("CaptureError", "QUILLBOX_CAPTURE_BACKEND is \"%1\", which is none of x11, portal and none"),
-        {qgetenv("QUILLBOX_CAPTURE_BACKEND").toStdString()}));
+    precondition(backend == CaptureBackend::None || backend == CaptureBackend::Unknown, "a way to the screen is none");
+    if (backend == CaptureBackend::None)
+        return {CaptureError::Reason::Unavailable,
+            translate("CaptureError", "Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND")};
+    return {CaptureError::Reason::Unavailable,
+        withArguments(
+            translate("CaptureError", "QUILLBOX_CAPTURE_BACKEND is \"%1\", which is none of x11, portal and none"),
+            {qgetenv("QUILLBOX_CAPTURE_BACKEND").toStdString()})};
 }
 
 } // namespace quillbox

@@ -1,6 +1,6 @@
 #include "Capture/CaptureReport.h"
 
-#include "Capture/CaptureStream.h"
+#include "Capture/CaptureBackend.h"
 #include "Capture/PipeWire/PipeWireSession.h"
 #include "Capture/Portal/RestoreToken.h"
 #include "Capture/Portal/ScreenCastPortal.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Platform/CaptureError.h"
 #include "Capture/CaptureRegion.h"
 #include "Encoding/PixelTypes.h"
+#include "Platform/CaptureError.h"
 
 #include <QCoro/QCoroTask>
 
@@ -43,21 +43,5 @@ public:
     /// @throws CaptureError  the platform refused; the sink is not called any more even so.
     virtual QCoro::Task<> stop() = 0;
 };
-
-/// The ways to the screen.
-enum class CaptureBackend {
-    X11,
-    Portal,
-    None,    ///< switched off
-    Unknown, ///< asked for by a name that there is none of
-};
-
-/// The way that fits the session this process runs in; alone decides that. The environment variable
-/// QUILLBOX_CAPTURE_BACKEND overrides the choice: "x11", "portal" or "none".
-[[nodiscard]] CaptureBackend captureBackend();
-
-/// A stream for the desktop that this process runs on. Never null: where nothing can be captured
-/// the stream's start() says why.
-[[nodiscard]] std::unique_ptr<CaptureStream> makeCaptureStream();
 
 } // namespace quillbox

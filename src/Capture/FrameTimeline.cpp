@@ -33,7 +33,8 @@ std::int64_t roundedTicks(FrameTimeline::TimePoint zero, FrameTimeline::TimePoin
 void FrameTimeline::deliver(RGBAFrame frame, TimePoint time)
 {
     if (m_finished) {
-        m_frames.push_back(std::move(frame));
+        m_latest = std::move(frame);
+        fillUpTo(std::ssize(m_frames) + 1);
         return;
     }
     if (!m_latest) {
@@ -58,12 +59,13 @@ std::int64_t FrameTimeline::frameCount(TimePoint time) const
     const std::int64_t complete = std::ssize(m_frames);
     if (m_finished || !m_latest)
         return complete;
-    return std::max({complete, roundedTicks(m_zero, std::max(time, m_lastDelivery)), std::int64_t{1}});
+    return std::min(
+        m_maxFrames, std::max({complete, roundedTicks(m_zero, std::max(time, m_lastDelivery)), std::int64_t{1}}));
 }
 
 void FrameTimeline::fillUpTo(std::int64_t count)
 {
-    while (std::ssize(m_frames) < count)
+    while (std::ssize(m_frames) < std::min(count, m_maxFrames))
         m_frames.push_back(*m_latest);
 }
 

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -17,13 +18,21 @@ class FrameTimeline {
 public:
     using TimePoint = std::chrono::steady_clock::time_point;
     static constexpr std::int64_t framesPerSecond = 30;
+    static constexpr std::int64_t unlimited = std::numeric_limits<std::int64_t>::max();
+
+    /// @param maxFrames  The list never gets longer.
+    explicit FrameTimeline(std::int64_t maxFrames = unlimited)
+        : m_maxFrames(maxFrames)
+    {
+    }
 
     /// Adds a picture that was on the screen at `time`. A time before the latest one counts as the latest one. After
     /// finish() the picture is appended as one frame of its own.
     void deliver(RGBAFrame frame, TimePoint time);
 
     /// Ends the list at `time`, or at the last delivery if that was later: it then holds round(30 × duration in
-    /// seconds) frames, halves away from zero, and at least one if there was any picture. A second call does nothing.
+    /// seconds) frames, halves away from zero, and at least one if there was any picture; all within its limit. A
+    /// second call does nothing.
     void finish(TimePoint time);
 
     [[nodiscard]] bool isFinished() const { return m_finished; }
@@ -43,6 +52,7 @@ private:
     std::optional<RGBAFrame> m_latest; // not yet in m_frames as a tick of its own
     TimePoint m_zero;
     TimePoint m_lastDelivery;
+    std::int64_t m_maxFrames;
     bool m_finished = false;
 };
 

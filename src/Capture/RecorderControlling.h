@@ -1,16 +1,11 @@
 #pragma once
 
 #include "Capture/CaptureRegion.h"
-#include "Encoding/PixelTypes.h"
+#include "Capture/Recording.h"
 
 #include <QCoro/QCoroTask>
 
-#include <memory>
-#include <vector>
-
 namespace quillbox {
-
-class RecordingReducer;
 
 /// What the recording workflow asks of a recorder. Used by reference only. Thread: main.
 class RecorderControlling {
@@ -32,12 +27,7 @@ public:
     /// Ends the recording. Never fails.
     /// @return Every frame recorded since the last successful start, oldest first, 30 a second. When not recording:
     ///         the frames still held, without further effect.
-    virtual QCoro::Task<std::vector<RGBAFrame>> stop() = 0;
-
-    /// What was learnt of the frames that stop() has returned while they were recorded; null where that is nothing.
-    /// To be asked for between the end of stop() and the next start(). The recorder has finished with it by then: the
-    /// caller may hand it to another thread, and it outlives the recorder.
-    [[nodiscard]] virtual std::shared_ptr<RecordingReducer> reducer() const { return nullptr; }
+    virtual QCoro::Task<Recording> stop() = 0;
 };
 
 } // namespace quillbox

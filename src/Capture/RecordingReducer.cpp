@@ -14,13 +14,18 @@ RecordingReducer::RecordingReducer(FrameSpill store, std::function<void()> onFul
 
 void RecordingReducer::follow(const std::vector<RGBAFrame>& frames)
 {
-    precondition(!m_isFinished, "a recording is followed until its end");
-    takeUpTo(frames);
+    if (!m_thread && !frames.empty())
+        m_thread.emplace(FrameReducer::forAnyPreset(FrameTimeline::framesPerSecond), FrameReducerThread::unlimited,
+            [this](const RGBAFrame& frame) { keep(frame); });
+    for (auto i = m_thread ? m_thread->takenCount() : 0; i < std::ssize(frames); ++i)
+        m_thread->take(frames[static_cast<std::size_t>(i)]);
 }
 
 bool RecordingReducer::isBehind(const std::vector<RGBAFrame>& frames) const
 {
-    const std::int64_t limit = m_store.limits().waitingBytes;
+    if (!m_store)
+        return false;
+    const std::int64_t limit = m_store->limits().waitingBytes;
     std::int64_t waiting = 0;
     for (auto i = std::ssize(frames) - 1; i >= (m_thread ? m_thread->doneCount() : 0) && waiting <= limit; --i) {
         const RGBAFrame& frame = frames[static_cast<std::size_t>(i)];
@@ -30,31 +35,19 @@ bool RecordingReducer::isBehind(const std::vector<RGBAFrame>& frames) const
     return waiting > limit;
 }
 
-const FrameReducer* RecordingReducer::of(const std::vector<RGBAFrame>& frames)
+const FrameReducer& RecordingReducer::finished()
 {
-    if (!m_isFinished)
-        takeUpTo(frames);
-    m_isFinished = true;
-    if (!m_thread || m_thread->takenCount() != std::ssize(frames))
-        return nullptr;
-    return &m_thread->finished();
-}
-
-void RecordingReducer::takeUpTo(const std::vector<RGBAFrame>& frames)
-{
-    if (!m_thread && !frames.empty())
-        m_thread.emplace(FrameReducer::forAnyPreset(FrameTimeline::framesPerSecond), FrameReducerThread::unlimited,
-            [this](const RGBAFrame& frame) { keep(frame); });
-    for (auto i = m_thread ? m_thread->takenCount() : 0; i < std::ssize(frames); ++i)
-        m_thread->take(frames[static_cast<std::size_t>(i)]);
+    const std::scoped_lock lock(m_finishing);
+    precondition(m_thread.has_value(), "a recording that is finished has a frame");
+    return m_thread->finished();
 }
 
 void RecordingReducer::keep(const RGBAFrame& frame)
 {
-    if (!fullReason().empty())
+    if (!m_store || !fullReason().empty())
         return;
     try {
-        m_store.keep(frame);
+        m_store->keep(frame);
     } catch (const SpillError& error) {
         {
             const std::scoped_lock lock(m_mutex);

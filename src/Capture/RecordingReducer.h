@@ -16,6 +16,8 @@ namespace quillbox {
 /// keeps what they take up within a bound. Its thread runs from the first frame on. One thread at a time.
 class RecordingReducer {
 public:
+    /// For frames that stay in memory.
+    RecordingReducer() = default;
     /// @param store   Takes care of the frames.
     /// @param onFull  Called once, on the reducer's thread, when the store has no room any more; may be empty. Frames
     ///                that come later stay in memory.
@@ -24,34 +26,31 @@ public:
     /// Why there is no room any more, one sentence without a full stop; empty while there is. Thread: any.
     [[nodiscard]] std::string fullReason() const;
 
-    /// What lies in a file. @pre of() has been called.
-    [[nodiscard]] std::int64_t fileBytes() const { return m_store.fileBytes(); }
+    /// What lies in a file. @pre finished() has been called.
+    [[nodiscard]] std::int64_t fileBytes() const { return m_store ? m_store->fileBytes() : 0; }
 
     /// Whether pictures come faster than they can be taken care of: more bytes of them wait than the store's limit.
     /// @param frames  As for follow().
     [[nodiscard]] bool isBehind(const std::vector<RGBAFrame>& frames) const;
 
     /// Takes in what is new. Never waits.
-    /// @param frames  All complete frames so far, 30 a second, oldest first. @pre of() has not been called.
+    /// @param frames  All complete frames so far, 30 a second, oldest first. @pre finished() has not been called.
     void follow(const std::vector<RGBAFrame>& frames);
 
-    /// Takes in the rest of the recording and waits until all of it has been measured.
-    /// @param frames  The recording; those that were followed are its first ones.
-    /// @return What `FrameReducer::forAnyPreset` makes of `frames`, valid as long as this object; null where the
-    ///         recording has been cut since, or there is nothing to measure.
+    /// What `FrameReducer::forAnyPreset` makes of the frames. Waits until all of them have been measured; none may
+    /// follow. Valid as long as this object. Thread: any. @pre a frame was followed.
     /// @throws std::bad_alloc  measuring ran out of memory.
-    [[nodiscard]] const FrameReducer* of(const std::vector<RGBAFrame>& frames);
+    [[nodiscard]] const FrameReducer& finished();
 
 private:
-    void takeUpTo(const std::vector<RGBAFrame>& frames);
     void keep(const RGBAFrame& frame);
 
-    FrameSpill m_store; // the thread's while it runs
+    std::optional<FrameSpill> m_store; // the thread's while it runs
     std::function<void()> m_onFull;
     mutable std::mutex m_mutex;
     std::string m_fullReason; // guarded by m_mutex
     std::optional<FrameReducerThread> m_thread;
-    bool m_isFinished = false;
+    std::mutex m_finishing; // for one thread at a time
 };
 
 } // namespace quillbox

@@ -1,45 +1,54 @@
 #pragma once
 
-#include "Capture/Portal/ScreenCast.h"
-#include "Encoding/PixelTypes.h"
-#include "Platform/CaptureError.h"
+#include "Capture/CaptureStream.h"
+#include "Capture/Portal/CastPicture.h"
 
 #include <QCoro/QCoroTask>
+#include <QPointer>
 
 #include <memory>
 #include <optional>
 
+class QScreen;
+
 namespace quillbox {
 
-class ScreenCastPortal;
+struct OpenCast;
 
-/// A cast of a monitor on whose first picture a region is selected: the recording that follows uses the same cast, so
-/// that the user is asked for the screen once. Thread: main.
-struct SelectedCast {
-    std::shared_ptr<ScreenCastPortal> portal;
-    ScreenCast cast;
-    std::optional<PixelSize> points; ///< of the monitor, as far as that is known
+/// The screen, as one selector and one recorder share it. On desktops that have to be asked for the screen, the
+/// selector opens a cast, whose first picture lies behind the overlay, and the stream of the recording that follows
+/// takes this cast over: the user is asked once. Elsewhere it has no state. Thread: main.
+class ScreenSession {
+public:
+    ScreenSession();
+    /// A question to the user that is still open is withdrawn.
+    ~ScreenSession();
+    ScreenSession(const ScreenSession&) = delete;
+    ScreenSession& operator=(const ScreenSession&) = delete;
 
-    struct FirstPicture;
+    /// Asks for a cast of a monitor, keeps it, and waits for its first picture, which is taken when the windows that
+    /// were closed for it have faded out. If this object is destroyed meanwhile, the task ends with
+    /// CaptureError::Stopped.
+    /// @throws CaptureError  as CaptureStream::start() does; no cast is kept then.
+    [[nodiscard]] QCoro::Task<CastPicture> openCast();
+    /// A region was selected on the cast, in points of a monitor that has `points` of them.
+    /// @param screen  The one that is cast; null where that is not known.
+    /// @pre openCast() has succeeded, and nothing has been called since.
+    void selectOnCast(PixelSize points, QScreen* screen);
+    /// Ends the cast that is kept, if any: nothing was selected.
+    void closeCast();
 
-    /// Begins a cast and waits for the first picture of it, which is taken when the windows that were closed for it
-    /// have faded out.
-    /// @throws CaptureError  as CaptureStream::start() does.
-    [[nodiscard]] static QCoro::Task<FirstPicture> open();
+    /// A stream for the desktop that this process runs on. It takes over the cast that is kept; without one it asks
+    /// for one.
+    /// @throws CaptureError  Unavailable: capture is switched off, or the back end that was asked for is unknown.
+    [[nodiscard]] std::unique_ptr<CaptureStream> makeStream();
 
-    /// Keeps it for the next recording.
-    static void keep(SelectedCast cast);
-    /// There is none, and this is what the next recording is to fail with.
-    static void keep(CaptureError failure);
-    /// What was kept, once; none where nothing was.
-    /// @throws CaptureError  the one that was kept.
-    [[nodiscard]] static std::optional<SelectedCast> take();
-};
+    /// The screen on whose cast a region was selected last; null where it is not known, or gone.
+    [[nodiscard]] QScreen* castScreen() const;
 
-/// What the monitor showed before the region is selected.
-struct SelectedCast::FirstPicture {
-    SelectedCast cast;
-    RGBAFrame picture; ///< all of the monitor, in its own pixels
+private:
+    std::unique_ptr<OpenCast> m_cast; // from the question on, until a stream takes it over
+    QPointer<QScreen> m_castScreen;
 };
 
 } // namespace quillbox

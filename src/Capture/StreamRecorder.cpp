@@ -1,6 +1,8 @@
 #include "Capture/StreamRecorder.h"
 
 #include "Capture/RecordingReducer.h"
+#include "Capture/ScreenSession.h"
+#include "Platform/Detach.h"
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -11,6 +13,19 @@
 #include <variant>
 
 namespace quillbox {
+namespace {
+
+/// Ends a stream that is starting; its start() tells what came of it.
+QCoro::Task<> giveUp(CaptureStream& stream)
+{
+    try {
+        auto stopping = stream.stop();
+        co_await stopping;
+    } catch (const CaptureError&) { // it delivers nothing even so
+    }
+}
+
+} // namespace
 
 /// Where the streams' threads leave what the main thread then takes. An event tells that there is something.
 class StreamRecorder::Inbox {
@@ -66,10 +81,18 @@ private:
     std::vector<Delivery> m_deliveries;
 };
 
-StreamRecorder::StreamRecorder(
-    StreamFactory makeStream, Now now, std::optional<FrameSpill::Limits> limits, QObject* parent)
-    : QObject(parent)
-    , m_makeStream(std::move(makeStream))
+StreamRecorder::StreamRecorder()
+    : StreamRecorder(std::make_shared<ScreenSession>())
+{
+}
+
+StreamRecorder::StreamRecorder(std::shared_ptr<ScreenSession> screen)
+    : StreamRecorder([screen = std::move(screen)] { return screen->makeStream(); })
+{
+}
+
+StreamRecorder::StreamRecorder(StreamFactory makeStream, Now now, std::optional<FrameSpill::Limits> limits)
+    : m_makeStream(std::move(makeStream))
     , m_now(std::move(now))
     , m_limits(limits)
     , m_inbox(std::make_shared<Inbox>(this))
@@ -92,6 +115,7 @@ QCoro::Task<> StreamRecorder::start(CaptureRegion region)
     const QPointer self(this);
     auto session = std::make_shared<Session>();
     session->region = region.normalized();
+    session->timeline = FrameTimeline(m_maxFrames);
     session->reducer = makeReducer();
     m_starting.push_back(m_makeStream());
     CaptureStream* const stream = m_starting.back().get();
@@ -125,14 +149,14 @@ QCoro::Task<> StreamRecorder::start(CaptureRegion region)
 void StreamRecorder::giveUpStart()
 {
     for (const auto& stream : m_starting)
-        (void)stream->stop(); // start() tells what came of it
+        detach(giveUp(*stream));
 }
 
-QCoro::Task<std::vector<RGBAFrame>> StreamRecorder::stop()
+QCoro::Task<Recording> StreamRecorder::stop()
 {
     const auto session = m_session;
     if (!m_isRecording)
-        co_return session->timeline.frames();
+        co_return recordingOf(*session);
     const QPointer self(this);
     const auto stoppedAt = m_now();
     try {
@@ -148,12 +172,7 @@ QCoro::Task<std::vector<RGBAFrame>> StreamRecorder::stop()
         m_hold.reset();
         setRecording(false);
     }
-    co_return session->timeline.frames();
-}
-
-std::shared_ptr<RecordingReducer> StreamRecorder::reducer() const
-{
-    return m_session->reducer;
+    co_return recordingOf(*session);
 }
 
 std::int64_t StreamRecorder::frameCount() const
@@ -244,7 +263,9 @@ void StreamRecorder::deliver(Session& session, RGBAFrame frame, CaptureClock::ti
     }
     takeLate(session);
     session.timeline.deliver(std::move(frame), time);
-    if (!session.timeline.isFinished()) // a picture that comes later is in no clip
+    if (session.timeline.isFinished()) // the picture came after the recording that was measured
+        session.recording.reset();
+    else
         session.reducer->follow(session.timeline.frames());
 }
 
@@ -258,8 +279,19 @@ void StreamRecorder::takeLate(Session& session)
 
 void StreamRecorder::finish(Session& session, CaptureClock::time_point time)
 {
+    if (session.timeline.isFinished())
+        return;
     takeLate(session);
     session.timeline.finish(time);
+    session.reducer->follow(session.timeline.frames());
+    session.recording.emplace(session.timeline.frames(), session.reducer);
+}
+
+Recording StreamRecorder::recordingOf(Session& session)
+{
+    if (!session.recording)
+        session.recording.emplace(session.timeline.frames());
+    return *session.recording;
 }
 
 void StreamRecorder::end(

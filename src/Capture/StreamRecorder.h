@@ -2,11 +2,10 @@
 
 #include "Capture/CaptureStream.h"
 #include "Capture/FrameTimeline.h"
-#include "Capture/RecorderControlling.h"
+#include "Capture/ScreenRecorder.h"
 #include "Capture/Spill/FrameSpill.h"
 
 #include <QEvent>
-#include <QObject>
 #include <QString>
 
 #include <cstddef>
@@ -20,9 +19,12 @@
 
 namespace quillbox {
 
+class RecordingReducer;
+class ScreenSession;
+
 /// Records a region of the main display, 30 frames a second, until told to stop or neither memory nor disk take more.
 /// Thread: main; pictures are converted on the stream's thread and appended here.
-class StreamRecorder : public QObject, public RecorderControlling {
+class StreamRecorder : public ScreenRecorder {
     Q_OBJECT
 
 public:
@@ -45,47 +47,32 @@ public:
         Case m_case;
     };
 
-    using StreamFactory = std::function<std::unique_ptr<CaptureStream>()>;
+    using StreamFactory = std::function<std::unique_ptr<CaptureStream>()>; ///< what it throws comes out of start()
     using Now = std::function<CaptureClock::time_point()>;
 
+    /// Records the screen in a session of its own.
+    StreamRecorder();
+    /// @param screen  Makes the stream of each recording.
+    explicit StreamRecorder(std::shared_ptr<ScreenSession> screen);
     /// @param makeStream  Makes the stream of each recording.
     /// @param now         The clock that ends a recording; called from any thread.
     /// @param limits      What a recording may take up; then it is interrupted.
-    explicit StreamRecorder(StreamFactory makeStream = &makeCaptureStream, Now now = &CaptureClock::now,
-        std::optional<FrameSpill::Limits> limits = std::nullopt, QObject* parent = nullptr);
+    explicit StreamRecorder(StreamFactory makeStream, Now now = &CaptureClock::now,
+        std::optional<FrameSpill::Limits> limits = std::nullopt);
     ~StreamRecorder() override;
 
     [[nodiscard]] bool isRecording() const override { return m_isRecording; }
     QCoro::Task<> start(CaptureRegion region) override;
-    QCoro::Task<std::vector<RGBAFrame>> stop() override;
-    [[nodiscard]] std::shared_ptr<RecordingReducer> reducer() const override;
+    QCoro::Task<Recording> stop() override;
 
-    /// Ends a start() that is under way, as when the user goes away from the question whether the screen may be
-    /// recorded: it fails with CaptureError::Stopped, unless it has just succeeded. Ignored otherwise.
-    void giveUpStart();
+    /// A recording that starts later has no more than `count` frames; it goes on until it is stopped.
+    void setMaxFrames(std::int64_t count) { m_maxFrames = count; }
 
-    /// How many frames stop() would return now.
-    [[nodiscard]] std::int64_t frameCount() const;
-
-    /// What is being recorded; none while nothing is.
-    [[nodiscard]] std::optional<CaptureRegion> region() const;
-
-    /// From now on the clip goes on showing the latest picture, whatever the screen shows: something of our own is
-    /// about to cover a part of the region. Where there was no picture yet, the first one is taken. Ignored while not
-    /// recording; a stop() ends it.
-    void holdPicture();
-    /// What covered the region has left the screen and the programs below have repainted it: the clip shows the latest
-    /// picture that arrived meanwhile, and follows the screen again.
-    void releasePicture();
-
-Q_SIGNALS:
-    /// Announced before isRecording() becomes `next`.
-    void isRecordingAboutToChange(bool next);
-    /// Announced after isRecording() has changed.
-    void isRecordingChanged();
-    /// The screen can't be captured any longer, for `reason` (one sentence without a full stop). isRecording() stays
-    /// true, no frame follows, and stop() returns those recorded so far.
-    void interrupted(const QString& reason);
+    void giveUpStart() override;
+    [[nodiscard]] std::int64_t frameCount() const override;
+    [[nodiscard]] std::optional<CaptureRegion> region() const override;
+    void holdPicture() override;
+    void releasePicture() override;
 
 protected:
     void customEvent(QEvent* event) override;
@@ -96,6 +83,7 @@ private:
         CaptureRegion region;
         FrameTimeline timeline;
         std::shared_ptr<RecordingReducer> reducer;                          // follows the timeline until its end
+        std::optional<Recording> recording;                                 // none while the timeline may change
         QString interruption;                                               // empty unless it ended by itself
         std::optional<std::pair<RGBAFrame, CaptureClock::time_point>> late; // not taken: too many were waiting
     };
@@ -106,6 +94,7 @@ private:
     FrameSink sinkFor(const std::shared_ptr<Session>& session);
     void takeDeliveries();
     static void takeLate(Session& session);
+    [[nodiscard]] static Recording recordingOf(Session& session);
     static void finish(Session& session, CaptureClock::time_point time);
     static void deliver(Session& session, RGBAFrame frame, CaptureClock::time_point time);
     void end(const std::shared_ptr<Session>& session, CaptureClock::time_point time, const CaptureError& reason);
@@ -119,6 +108,7 @@ private:
     StreamFactory m_makeStream;
     Now m_now;
     std::optional<FrameSpill::Limits> m_limits; // none: the usual ones
+    std::int64_t m_maxFrames = FrameTimeline::unlimited;
     bool m_isRecording = false;
     std::optional<Hold> m_hold; // only while recording
     std::shared_ptr<Inbox> m_inbox;

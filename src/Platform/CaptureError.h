@@ -27,6 +27,9 @@ public:
     {
     }
 
+    /// What a start fails with that was given up.
+    [[nodiscard]] static CaptureError stopped();
+
     [[nodiscard]] Reason reason() const { return m_reason; }
     [[nodiscard]] const char* what() const noexcept override { return m_sentence.c_str(); }
 

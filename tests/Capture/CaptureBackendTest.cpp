@@ -1,9 +1,7 @@
-#include "Capture/CaptureStream.h"
+#include "Capture/ScreenSession.h"
 
 #include "Capture/Portal/PortalStream.h"
 #include "Capture/X11/X11Stream.h"
-
-#include "support/Await.h"
 
 #include <QTest>
 
@@ -35,16 +33,14 @@ void CaptureBackendTest::theBackEndCanBeChosenByName()
     QFETCH(const QByteArray, name);
     QFETCH(const QString, sentence);
     qputenv("QUILLBOX_CAPTURE_BACKEND", name);
-    const auto stream = makeCaptureStream();
     QString said;
     try {
-        test::await(stream->start(CaptureRegion{0, 0, 10, 10}, FrameSink{}));
+        (void)ScreenSession().makeStream();
     } catch (const CaptureError& error) {
         QVERIFY(error.reason() == CaptureError::Reason::Unavailable);
         said = QString::fromUtf8(error.what());
     }
     QCOMPARE(said, sentence);
-    test::await(stream->stop());
 }
 
 void CaptureBackendTest::theBackEndIsTheSessions_data()
@@ -70,7 +66,7 @@ void CaptureBackendTest::theBackEndIsTheSessions()
     qputenv("QUILLBOX_CAPTURE_BACKEND", chosen);
     qputenv("WAYLAND_DISPLAY", waylandDisplay);
     qputenv("XDG_SESSION_TYPE", sessionType);
-    const auto stream = makeCaptureStream();
+    const auto stream = ScreenSession().makeStream();
     QCOMPARE(dynamic_cast<const PortalStream*>(stream.get()) != nullptr, isPortal);
     QCOMPARE(dynamic_cast<const X11Stream*>(stream.get()) != nullptr, !isPortal);
 }

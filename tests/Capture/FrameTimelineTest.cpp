@@ -187,6 +187,21 @@ TEST(FrameTimeline, APictureAfterAnEmptyEndIsTheOnlyFrame)
     EXPECT_EQ(numbers(timeline), (std::vector{2}));
 }
 
+TEST(FrameTimeline, NeverGetsLongerThanItsLimit)
+{
+    FrameTimeline timeline(3);
+    timeline.deliver(frame(1), zero);
+    timeline.deliver(frame(2), tick(2));
+    EXPECT_EQ(timeline.frameCount(tick(2)), 2);
+    EXPECT_EQ(timeline.frameCount(tick(3)), 3);
+    EXPECT_EQ(timeline.frameCount(tick(9)), 3);
+    timeline.deliver(frame(3), tick(8));
+    timeline.finish(tick(9));
+    EXPECT_EQ(timeline.frameCount(tick(9)), 3);
+    timeline.deliver(frame(4), tick(10));
+    EXPECT_EQ(numbers(timeline), (std::vector{1, 1, 2}));
+}
+
 TEST(FrameTimeline, PicturesFasterThanTheTicksReplaceEachOther)
 {
     FrameTimeline timeline;

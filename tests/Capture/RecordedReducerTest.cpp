@@ -9,6 +9,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdint>
 #include <future>
 #include <limits>
@@ -44,13 +45,35 @@ private:
     std::shared_future<void> m_release;
 };
 
+/// Pixels that tell when somebody looks at them.
+class Watched : public BackingStore {
+public:
+    explicit Watched(std::shared_ptr<std::atomic<bool>> wasSeen)
+        : m_wasSeen(std::move(wasSeen))
+    {
+    }
+    [[nodiscard]] std::shared_ptr<const Bytes> read() const override
+    {
+        *m_wasSeen = true;
+        return std::make_shared<const Bytes>(Bytes{3, 3, 3, 255});
+    }
+
+private:
+    std::shared_ptr<std::atomic<bool>> m_wasSeen;
+};
+
+void deliver(Fixture& fixture, std::unique_ptr<const BackingStore> store)
+{
+    const auto band = std::make_shared<const PixelBand>(Bytes(4));
+    band->evict(std::move(store));
+    fixture.script->sink.frame(RGBAFrame::ofBands(1, 1, {band}), *fixture.now);
+}
+
 /// A recording of pictures 1 to `last`, a tick each, while the reducer is held up by the first.
 void recordHeldUp(Fixture& fixture, std::uint8_t last, std::promise<void>& release)
 {
-    const auto band = std::make_shared<const PixelBand>(Bytes{1, 1, 1, 255});
-    band->evict(std::make_unique<HeldUp>(release.get_future().share()));
     fixture.start();
-    fixture.script->sink.frame(RGBAFrame::ofBands(1, 1, {band}), *fixture.now);
+    deliver(fixture, std::make_unique<HeldUp>(release.get_future().share()));
     for (std::uint8_t number = 2; number <= last; ++number) {
         fixture.tick();
         fixture.deliver(number);
@@ -85,8 +108,9 @@ class RecordedReducerTest : public QObject {
 
 private Q_SLOTS:
     void learnsOfTheFramesWhatTheyComeTo();
-    void learnsNothingOfAPictureAfterTheStop();
-    void hasLearntNothingWithoutARecording();
+    void aPictureAfterTheStopIsInTheNextRecordingOnly();
+    void theSameRecordingIsMeasuredOnce();
+    void theRecordingOutlivesTheRecorder();
     void endsTheRecordingWhenThereIsNoRoom();
     void endsTheRecordingWhenThereWasNoRoomBeforeItBegan();
     void skipsPicturesThatItCannotTakeCareOf();
@@ -101,33 +125,40 @@ void RecordedReducerTest::learnsOfTheFramesWhatTheyComeTo()
     fixture.deliver(3);
     for (int i = 0; i < 10; ++i)
         fixture.tick();
-    const auto frames = fixture.stop();
-    const auto reducer = fixture.recorder->reducer();
-    const FrameReducer* const taken = reducer->of(frames);
-    QVERIFY(taken != nullptr);
-    QCOMPARE(taken->frameCount(), std::ssize(frames));
+    const auto recording = fixture.stopRecording();
+    QCOMPARE(recording.frames().size(), 12U);
+    QCOMPARE(recording.reduced().frameCount(), 12);
     const GIFOptimizer::Config config{.preset = ExportPreset::docs, .sourceFPS = 30, .ditheringOverride = {}};
-    QVERIFY(GIFOptimizer::optimize(*taken, config) == GIFOptimizer::optimize(frames, config));
+    QVERIFY(GIFOptimizer::optimize(recording.reduced(), config) == GIFOptimizer::optimize(recording.frames(), config));
 }
 
-void RecordedReducerTest::learnsNothingOfAPictureAfterTheStop()
+void RecordedReducerTest::aPictureAfterTheStopIsInTheNextRecordingOnly()
 {
     Fixture fixture;
     fixture.recordTwo();
-    const auto frames = fixture.stop();
+    const auto two = fixture.stopRecording();
     fixture.deliver(3);
     QCoreApplication::processEvents();
-    const auto reducer = fixture.recorder->reducer();
-    const FrameReducer* const taken = reducer->of(frames);
-    QVERIFY(taken != nullptr);
-    QCOMPARE(taken->frameCount(), 2);
-    QVERIFY(reducer->of(fixture.stop()) == nullptr); // that one has three
+    const auto three = fixture.stopRecording();
+    QCOMPARE(two.reduced().frameCount(), 2);
+    QCOMPARE(three.reduced().frameCount(), 3);
 }
 
-void RecordedReducerTest::hasLearntNothingWithoutARecording()
+void RecordedReducerTest::theSameRecordingIsMeasuredOnce()
 {
     Fixture fixture;
-    QVERIFY(fixture.recorder->reducer() == nullptr);
+    fixture.recordTwo();
+    const auto first = fixture.stopRecording();
+    QCOMPARE(&fixture.stopRecording().reduced(), &first.reduced());
+}
+
+void RecordedReducerTest::theRecordingOutlivesTheRecorder()
+{
+    Fixture fixture;
+    fixture.recordTwo();
+    const auto recording = fixture.stopRecording();
+    fixture.recorder.reset();
+    QCOMPARE(recording.reduced().frameCount(), 2);
 }
 
 void RecordedReducerTest::endsTheRecordingWhenThereIsNoRoom()
@@ -191,13 +222,18 @@ void RecordedReducerTest::showsAPictureThatHadToWaitUntilTheNextOne()
 {
     Fixture fixture(fewWaiting);
     std::promise<void> release;
-    recordHeldUp(fixture, 9, release); // the ninth waits
-    for (int i = 0; i < 5; ++i)
+    recordHeldUp(fixture, 2, release);
+    const auto isAtTheThird = std::make_shared<std::atomic<bool>>(false);
+    deliver(fixture, std::make_unique<Watched>(isAtTheThird));
+    for (std::uint8_t number = 4; number <= 9; ++number) { // the ninth waits
+        fixture.tick();
+        fixture.deliver(number);
+        QCoreApplication::processEvents();
+    }
+    for (int i = 0; i < 6; ++i)
         fixture.tick();
     release.set_value();
-    const test::Frames five{test::frame(1), test::frame(2), test::frame(3), test::frame(4), test::frame(5)};
-    const auto reducer = fixture.recorder->reducer();
-    QVERIFY(test::eventually([&] { return !reducer->isBehind(five); })); // three of them are done with
+    QVERIFY(test::eventually([&] { return isAtTheThird->load(); })); // so the first is done with
     fixture.deliver(10);
     QCoreApplication::processEvents();
     fixture.tick();

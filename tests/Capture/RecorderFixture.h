@@ -31,6 +31,11 @@ inline std::vector<int> numbers(const Frames& frames)
     return result;
 }
 
+inline std::vector<int> numbers(const Recording& recording)
+{
+    return numbers(recording.frames());
+}
+
 /// A recorder whose streams and clock are made up.
 struct RecorderFixture {
     std::shared_ptr<Script> script = std::make_shared<Script>(); // of the next stream
@@ -51,7 +56,8 @@ struct RecorderFixture {
     RecorderFixture& operator=(const RecorderFixture&) = delete;
 
     void start() { await(recorder->start(recordedRegion)); }
-    Frames stop() { return await(recorder->stop()); }
+    Frames stop() { return stopRecording().frames(); }
+    Recording stopRecording() { return await(recorder->stop()); }
     /// Time goes on by one tick.
     void tick() { *now += std::chrono::nanoseconds(1'000'000'000 / 30 + 1); }
     /// The stream delivers a picture now, from a thread of its own.

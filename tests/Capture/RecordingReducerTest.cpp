@@ -42,33 +42,12 @@ TEST(RecordingReducer, GivesTheGIFOfTheWholeRecording)
 {
     const auto frames = recording();
     RecordingReducer reducer(plenty());
-    for (const int count : {0, 1, 2, 2, 30, 59}) // the rest is taken in at the end
+    for (const int count : {0, 1, 2, 2, 30, 59, 60})
         reducer.follow(firstOf(frames, count));
-    const FrameReducer* const taken = reducer.of(frames);
-    ASSERT_NE(taken, nullptr);
+    const FrameReducer& taken = reducer.finished();
+    EXPECT_EQ(taken.frameCount(), 60);
     for (const ExportPreset preset : ExportPreset::allCases)
-        EXPECT_EQ(GIFOptimizer::optimize(*taken, configFor(preset)), GIFOptimizer::optimize(frames, configFor(preset)));
-}
-
-TEST(RecordingReducer, KnowsARecordingThatItNeverFollowed)
-{
-    RecordingReducer reducer(plenty());
-    ASSERT_NE(reducer.of(recording()), nullptr);
-    EXPECT_EQ(reducer.of(recording())->frameCount(), 60);
-}
-
-TEST(RecordingReducer, KnowsNothingOfARecordingThatWasCut)
-{
-    RecordingReducer reducer(plenty());
-    reducer.follow(recording());
-    EXPECT_EQ(reducer.of(firstOf(recording(), 59)), nullptr);
-}
-
-TEST(RecordingReducer, KnowsNothingWithoutAFrame)
-{
-    RecordingReducer reducer(plenty());
-    reducer.follow({});
-    EXPECT_EQ(reducer.of({}), nullptr);
+        EXPECT_EQ(GIFOptimizer::optimize(taken, configFor(preset)), GIFOptimizer::optimize(frames, configFor(preset)));
 }
 
 TEST(RecordingReducer, GivesTheSameGIFOfFramesThatWereParked)
@@ -77,10 +56,10 @@ TEST(RecordingReducer, GivesTheSameGIFOfFramesThatWereParked)
     RecordingReducer reducer(
         FrameSpill({.plainBytes = 0, .memoryBytes = 20'000, .diskSpaceToLeave = 0}, testing::TempDir()));
     reducer.follow(frames);
-    const FrameReducer* const taken = reducer.of(frames);
+    const FrameReducer& taken = reducer.finished();
     for (const ExportPreset preset : ExportPreset::allCases) {
         EXPECT_EQ(
-            GIFOptimizer::optimize(*taken, configFor(preset)), GIFOptimizer::optimize(recording(), configFor(preset)));
+            GIFOptimizer::optimize(taken, configFor(preset)), GIFOptimizer::optimize(recording(), configFor(preset)));
     }
     EXPECT_EQ(reducer.fullReason(), "");
 }
@@ -93,17 +72,24 @@ TEST(RecordingReducer, SaysOnceThatThereIsNoRoom)
         [&calls] { ++calls; });
     const auto frames = support::inBands(recording());
     reducer.follow(frames);
-    const FrameReducer* const taken = reducer.of(frames);
+    const FrameReducer& taken = reducer.finished();
     EXPECT_EQ(calls, 1);
     EXPECT_EQ(reducer.fullReason(), "The disk is nearly full");
-    EXPECT_EQ(taken->frameCount(), 60) << "what came later is not lost";
+    EXPECT_EQ(taken.frameCount(), 60) << "what came later is not lost";
 }
 
 TEST(RecordingReducerDeathTest, FollowsNothingAfterTheEnd)
 {
     RecordingReducer reducer(plenty());
-    (void)reducer.of({});
-    EXPECT_DEATH(reducer.follow({}), "until its end");
+    reducer.follow(firstOf(recording(), 1));
+    (void)reducer.finished();
+    EXPECT_DEATH(reducer.follow(firstOf(recording(), 2)), "no frame follows the last one");
+}
+
+TEST(RecordingReducerDeathTest, IsNotFinishedWithoutAFrame)
+{
+    RecordingReducer reducer(plenty());
+    EXPECT_DEATH((void)reducer.finished(), "has a frame");
 }
 
 } // namespace

@@ -18,6 +18,9 @@
 #include <unistd.h>
 
 #include <array>
+#include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 
 namespace quillbox {
@@ -121,10 +124,12 @@ private:
 };
 
 /// What the wait for the first picture fails with when `happens` as soon as it has begun.
-template <typename Happening> std::string failureWhen(SilentPortal& portal, const Happening& happens)
+template <typename Happening>
+std::optional<CaptureError> failureWhen(
+    SilentPortal& portal, std::unique_ptr<ScreenSession>& screen, const Happening& happens)
 {
-    test::Outcome<SelectedCast::FirstPicture> outcome;
-    const auto following = test::follow(SelectedCast::open(), outcome);
+    test::Outcome<CastPicture> outcome;
+    const auto following = test::follow(screen->openCast(), outcome);
     EXPECT_TRUE(test::eventually([&] { return outcome.isDone || portal.hasGivenPipeWire(); }));
     happens();
     EXPECT_TRUE(test::eventually([&] { return outcome.isDone; }));
@@ -132,22 +137,58 @@ template <typename Happening> std::string failureWhen(SilentPortal& portal, cons
         if (outcome.error)
             std::rethrow_exception(outcome.error);
     } catch (const CaptureError& error) {
-        EXPECT_EQ(error.reason(), CaptureError::Reason::DisplayGone);
-        return error.what();
+        return error;
     }
-    return {};
+    return std::nullopt;
 }
 
-TEST(SelectedCast, EndsWithTheSessionWhileItWaitsForTheFirstPicture)
+class ScreenSessionTest : public testing::Test {
+protected:
+    SilentPortal m_portal;
+    std::unique_ptr<ScreenSession> m_screen = std::make_unique<ScreenSession>();
+
+    void expectFailureWhen(
+        const std::function<void()>& happens, CaptureError::Reason reason, const std::string& sentence)
+    {
+        const auto failure = failureWhen(m_portal, m_screen, happens);
+        ASSERT_TRUE(failure);
+        EXPECT_EQ(failure->reason(), reason);
+        EXPECT_EQ(failure->what(), sentence);
+    }
+};
+
+TEST_F(ScreenSessionTest, EndsWithThePortalsSessionWhileItWaitsForTheFirstPicture)
 {
-    SilentPortal portal;
-    EXPECT_EQ(failureWhen(portal, [&] { portal.closeSession(); }), "The desktop has ended the recording of its screen");
+    expectFailureWhen([&] { m_portal.closeSession(); }, CaptureError::Reason::DisplayGone,
+        "The desktop has ended the recording of its screen");
 }
 
-TEST(SelectedCast, EndsWithThePortalWhileItWaitsForTheFirstPicture)
+TEST_F(ScreenSessionTest, EndsWithThePortalWhileItWaitsForTheFirstPicture)
 {
-    SilentPortal portal;
-    EXPECT_EQ(failureWhen(portal, [&] { portal.leave(); }), "The desktop portal, which shows us the screen, went away");
+    expectFailureWhen([&] { m_portal.leave(); }, CaptureError::Reason::DisplayGone,
+        "The desktop portal, which shows us the screen, went away");
+}
+
+TEST_F(ScreenSessionTest, MayBeDestroyedWhileItWaitsForTheFirstPicture)
+{
+    expectFailureWhen(
+        [&] { m_screen.reset(); }, CaptureError::Reason::Stopped, "Screen capture was stopped before it began");
+}
+
+TEST_F(ScreenSessionTest, MayBeDestroyedWhileTheUserIsAsked)
+{
+    test::Outcome<CastPicture> outcome;
+    const auto following = test::follow(m_screen->openCast(), outcome);
+    m_screen.reset();
+    EXPECT_TRUE(test::eventually([&] { return outcome.isDone; }));
+    EXPECT_TRUE(outcome.error);
+    EXPECT_FALSE(m_portal.hasGivenPipeWire());
+}
+
+TEST(ScreenSessionDeathTest, HasNothingSelectedOnACastThatIsNotOpen)
+{
+    ScreenSession screen;
+    EXPECT_DEATH(screen.selectOnCast({640, 360}, nullptr), "a cast that is open");
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "Capture/StreamRecorder.h"
 
+#include "Encoding/FrameReducer.h"
+
 #include "RecorderFixture.h"
 
 #include <QSignalSpy>
@@ -43,6 +45,7 @@ private Q_SLOTS:
     void withoutAPictureThereIsNoFrame();
     void announcesBeforeAndAfterEachChange();
     void countsFramesWhileRecording();
+    void endsTheFramesAtTheMostThatAreWanted();
     void knowsItsRegionWhileRecording();
     void anInterruptionKeepsTheFrames();
     void anInterruptionBeforeStartFinishesIsAnnouncedAfterwards();
@@ -50,6 +53,7 @@ private Q_SLOTS:
     void aSecondStopWaitsForTheSameEnd();
     void theEventLoopTurnsWhileStartWaits();
     void givingUpAStartStopsItsStream();
+    void givesUpAStartWhoseStreamRefusesToStop();
     void givingUpNothingIsNothing();
     void destroyingItDuringAStartEndsTheStream();
     void destroyingItDuringAStopStillReturnsTheFrames();
@@ -274,6 +278,23 @@ void StreamRecorderTest::countsFramesWhileRecording()
     QCOMPARE(fixture.recorder->frameCount(), 60);
 }
 
+void StreamRecorderTest::endsTheFramesAtTheMostThatAreWanted()
+{
+    Fixture fixture;
+    fixture.recorder->setMaxFrames(2);
+    fixture.recordTwo();
+    fixture.deliver(3);
+    fixture.tick();
+    QCoreApplication::processEvents();
+    QCOMPARE(fixture.recorder->frameCount(), 2);
+    const auto recording = fixture.stopRecording();
+    QCOMPARE(test::numbers(recording), (std::vector{1, 2}));
+    QCOMPARE(recording.reduced().frameCount(), 2);
+    fixture.deliver(4);
+    QCoreApplication::processEvents();
+    QCOMPARE(fixture.stop().size(), std::size_t{2});
+}
+
 void StreamRecorderTest::knowsItsRegionWhileRecording()
 {
     Fixture fixture;
@@ -374,6 +395,18 @@ void StreamRecorderTest::givingUpAStartStopsItsStream()
     QVERIFY(!fixture.recorder->isRecording());
 }
 
+void StreamRecorderTest::givesUpAStartWhoseStreamRefusesToStop()
+{
+    Fixture fixture;
+    (void)Script::close(fixture.script->startGate);
+    fixture.script->stopError = std::make_exception_ptr(CaptureError(CaptureError::Reason::Unreadable, "not now"));
+    auto starting = fixture.recorder->start(recordedRegion);
+    fixture.recorder->giveUpStart();
+    fixture.script->startGate->finish();
+    test::await(std::move(starting)); // it has just succeeded
+    QVERIFY(fixture.recorder->isRecording());
+}
+
 void StreamRecorderTest::givingUpNothingIsNothing()
 {
     Fixture fixture;
@@ -452,7 +485,7 @@ void StreamRecorderTest::withoutADisplayARealStartFails()
     }
     QVERIFY(failed);
     QVERIFY(!recorder.isRecording());
-    QVERIFY(test::await(recorder.stop()).empty());
+    QVERIFY(test::await(recorder.stop()).frames().empty());
 }
 
 } // namespace quillbox

@@ -249,7 +249,7 @@ void RecorderHUDTest::showsAFailureInRedAsItStands()
 void RecorderHUDTest::goesBackToIdleWhenTheSelectionIsCancelled()
 {
     m_fixture->select();
-    m_fixture->selector->finish(std::nullopt);
+    m_fixture->selector->finish(RegionSelector::Cancelled{});
     COMPARE_STATUS("Press ⌘⇧2 or Record to capture a region.", Symbol::InfoCircle, Role::Secondary);
 }
 

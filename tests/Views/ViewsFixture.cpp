@@ -16,7 +16,7 @@ QCoro::Task<> ScriptedRecorder::start(CaptureRegion /*region*/)
     co_return;
 }
 
-QCoro::Task<std::vector<RGBAFrame>> ScriptedRecorder::stop()
+QCoro::Task<Recording> ScriptedRecorder::stop()
 {
     ++stops;
     m_recording = false;
@@ -26,7 +26,7 @@ QCoro::Task<std::vector<RGBAFrame>> ScriptedRecorder::stop()
         const QFuture<void> opened = m_gate->future();
         co_await opened;
     }
-    co_return frames;
+    co_return Recording(frames);
 }
 
 void ScriptedRecorder::release()
@@ -35,10 +35,10 @@ void ScriptedRecorder::release()
         m_gate->finish();
 }
 
-void ScriptedSelector::finish(std::optional<CaptureRegion> region)
+void ScriptedSelector::finish(Outcome outcome)
 {
     const Completion completion = std::exchange(m_completion, nullptr);
-    completion(region);
+    completion(std::move(outcome));
 }
 
 namespace {

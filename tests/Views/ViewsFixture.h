@@ -32,7 +32,7 @@ public:
 
     [[nodiscard]] bool isRecording() const override { return m_recording; }
     QCoro::Task<> start(CaptureRegion region) override;
-    QCoro::Task<std::vector<RGBAFrame>> stop() override;
+    QCoro::Task<Recording> stop() override;
     void release();
 
 private:
@@ -45,7 +45,7 @@ class ScriptedSelector : public RegionSelector {
 public:
     void present(Completion completion) override { m_completion = std::move(completion); }
     /// The user is done with the overlay.
-    void finish(std::optional<CaptureRegion> region);
+    void finish(Outcome outcome);
     [[nodiscard]] bool isPresented() const { return m_completion != nullptr; }
 
 private:

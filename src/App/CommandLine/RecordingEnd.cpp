@@ -1,17 +1,17 @@
 #include "App/CommandLine/RecordingEnd.h"
 
-#include "Capture/StreamRecorder.h"
+#include "Capture/ScreenRecorder.h"
 
 #include <cmath>
 
 namespace quillbox {
 
-RecordingEnd::RecordingEnd(StreamRecorder& recorder, std::optional<double> durationSeconds)
+RecordingEnd::RecordingEnd(ScreenRecorder& recorder, std::optional<double> durationSeconds)
 {
     m_promise.start();
     connect(&m_signals, &TerminationSignals::received, this, [this] { end({}); });
-    connect(&m_signals, &TerminationSignals::received, &recorder, &StreamRecorder::giveUpStart);
-    connect(&recorder, &StreamRecorder::interrupted, this, [this](const QString& reason) { end(reason); });
+    connect(&m_signals, &TerminationSignals::received, &recorder, &ScreenRecorder::giveUpStart);
+    connect(&recorder, &ScreenRecorder::interrupted, this, [this](const QString& reason) { end(reason); });
     if (durationSeconds) {
         m_timer.setTimerType(Qt::PreciseTimer);
         m_timer.setSingleShot(true);

@@ -13,7 +13,7 @@
 
 namespace quillbox {
 
-class StreamRecorder;
+class ScreenRecorder;
 
 /// Knows when a recording is to end: when its time is over, when a signal asks for it, or when the screen can't be
 /// captured any longer; whichever comes first. Main thread.
@@ -22,7 +22,7 @@ class RecordingEnd : public QObject {
 
 public:
     /// Listens from now on; the duration begins with `startClock`. A signal also ends the recorder's start.
-    RecordingEnd(StreamRecorder& recorder, std::optional<double> durationSeconds);
+    RecordingEnd(ScreenRecorder& recorder, std::optional<double> durationSeconds);
 
     void startClock();
     /// Finishes when the recording is to end; holds why the screen can't be captured, or nothing in the other cases.

@@ -1,26 +1,26 @@
 #include "App/CommandLine/ScreenSelection.h"
 
 #include "App/CommandLine/TerminationSignals.h"
-#include "Capture/Region/RegionSelector.h"
 
 #include <QPromise>
 
-#include <memory>
+#include <utility>
 
 namespace quillbox {
 
-QFuture<std::optional<CaptureRegion>> ScreenSelection::askForRegion(const TerminationSignals& stop)
+QFuture<RegionSelector::Outcome> ScreenSelection::askForRegion(
+    std::shared_ptr<ScreenSession> screen, const TerminationSignals& stop)
 {
-    const auto promise = std::make_shared<QPromise<std::optional<CaptureRegion>>>();
+    const auto promise = std::make_shared<QPromise<RegionSelector::Outcome>>();
     promise->start();
-    const auto answer = [promise](std::optional<CaptureRegion> region) {
+    const auto answer = [promise](const RegionSelector::Outcome& outcome) {
         if (promise->future().isFinished())
             return;
-        promise->addResult(region);
+        promise->addResult(outcome);
         promise->finish();
     };
-    QObject::connect(&stop, &TerminationSignals::received, &stop, [answer] { answer(std::nullopt); });
-    RegionSelector().present(answer);
+    QObject::connect(&stop, &TerminationSignals::received, &stop, [answer] { answer(RegionSelector::Cancelled{}); });
+    RegionSelector(std::move(screen)).present(answer);
     return promise->future();
 }
 

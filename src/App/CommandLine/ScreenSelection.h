@@ -1,10 +1,10 @@
 #pragma once
 
-#include "Capture/CaptureRegion.h"
+#include "Capture/Region/RegionSelector.h"
 
 #include <QFuture>
 
-#include <optional>
+#include <memory>
 
 namespace quillbox {
 
@@ -13,8 +13,9 @@ class TerminationSignals;
 /// What a command does with the user's screen beside recording it. Thread: main, with a DesktopApplication.
 namespace ScreenSelection {
 
-/// Lets the user drag out a region; holds none if that was cancelled, or `stop` came before.
-[[nodiscard]] QFuture<std::optional<CaptureRegion>> askForRegion(const TerminationSignals& stop);
+/// Lets the user drag out a region of `screen`; that is cancelled if `stop` comes before.
+[[nodiscard]] QFuture<RegionSelector::Outcome> askForRegion(
+    std::shared_ptr<ScreenSession> screen, const TerminationSignals& stop);
 
 } // namespace ScreenSelection
 } // namespace quillbox

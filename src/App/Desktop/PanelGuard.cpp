@@ -1,7 +1,7 @@
 #include "App/Desktop/PanelGuard.h"
 
-#include "Capture/Region/CastScreen.h"
-#include "Capture/StreamRecorder.h"
+#include "Capture/ScreenRecorder.h"
+#include "Capture/ScreenSession.h"
 #include "Platform/WindowSystem.h"
 
 #include <QEvent>
@@ -25,9 +25,11 @@ QRect placeOf(const CaptureRegion& region)
 
 } // namespace
 
-PanelGuard::PanelGuard(StreamRecorder& recorder, QWidget& panel, std::chrono::milliseconds repaintTime)
+PanelGuard::PanelGuard(
+    ScreenRecorder& recorder, const ScreenSession& screen, QWidget& panel, std::chrono::milliseconds repaintTime)
     : QObject(&panel)
     , m_recorder(recorder)
+    , m_screen(screen)
     , m_panel(panel)
 {
     m_repainting.setSingleShot(true);
@@ -36,7 +38,7 @@ PanelGuard::PanelGuard(StreamRecorder& recorder, QWidget& panel, std::chrono::mi
         if (!isInTheWay())
             m_recorder.releasePicture();
     });
-    connect(&recorder, &StreamRecorder::isRecordingChanged, this, &PanelGuard::check);
+    connect(&recorder, &ScreenRecorder::isRecordingChanged, this, &PanelGuard::check);
     panel.installEventFilter(this);
 }
 
@@ -71,7 +73,7 @@ bool PanelGuard::isInTheWay() const
 /// Whether it is, or may be: a window on Wayland knows no more of its place than the screen.
 bool PanelGuard::isOnRecordedScreen() const
 {
-    const auto* const recorded = CastScreen::recorded();
+    const auto* const recorded = m_screen.castScreen();
     const auto* const window = m_panel.windowHandle();
     return recorded == nullptr || window == nullptr || window->screen() == recorded;
 }
@@ -84,8 +86,8 @@ void PanelGuard::followScreen()
     if (toolkitWindowSystem() != WindowSystem::Wayland || window == nullptr)
         return;
     connect(window, &QWindow::screenChanged, this, &PanelGuard::check, Qt::UniqueConnection);
-    if (m_recorder.isRecording() && CastScreen::recorded() != nullptr)
-        window->setScreen(CastScreen::recorded());
+    if (m_recorder.isRecording() && m_screen.castScreen() != nullptr)
+        window->setScreen(m_screen.castScreen());
 }
 
 void PanelGuard::check()

@@ -9,7 +9,8 @@
 
 namespace quillbox {
 
-class StreamRecorder;
+class ScreenRecorder;
+class ScreenSession;
 
 /// Keeps our own panel out of clips: while it covers a part of what is being recorded, the clip goes on showing what
 /// was there before; where windows are not told their place, as long as it is open on the monitor that is recorded, or
@@ -21,9 +22,11 @@ public:
     /// A picture of the uncovered screen has arrived by then: three ticks of the recorder.
     static constexpr std::chrono::milliseconds usualRepaintTime{100};
 
+    /// @param screen       The recorder's.
     /// @param repaintTime  How long after the panel has left the region the clip follows the screen again.
-    /// @pre `recorder` outlives the panel, which owns this object.
-    PanelGuard(StreamRecorder& recorder, QWidget& panel, std::chrono::milliseconds repaintTime = usualRepaintTime);
+    /// @pre `recorder` and `screen` outlive the panel, which owns this object.
+    PanelGuard(ScreenRecorder& recorder, const ScreenSession& screen, QWidget& panel,
+        std::chrono::milliseconds repaintTime = usualRepaintTime);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -34,7 +37,8 @@ private:
     void followScreen();
     void check();
 
-    StreamRecorder& m_recorder;
+    ScreenRecorder& m_recorder;
+    const ScreenSession& m_screen;
     QWidget& m_panel;
     QTimer m_repainting; // runs while the programs below may still be repainting
 };

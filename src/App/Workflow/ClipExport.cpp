@@ -1,7 +1,6 @@
 #include "App/Workflow/ClipExport.h"
 
 #include "Capture/FrameTimeline.h"
-#include "Capture/RecordingReducer.h"
 #include "Capture/Spill/FrameSpill.h"
 #include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/OutputFile.h"
@@ -21,20 +20,17 @@ GIFOptimizer::Result ClipExport::encode(
 {
     const GIFOptimizer::Config config{
         .preset = preset, .sourceFPS = FrameTimeline::framesPerSecond, .ditheringOverride = std::nullopt};
-    const FrameReducer* const known = recording.reducer ? recording.reducer->of(recording.frames) : nullptr;
-    return known != nullptr ? GIFOptimizer::optimize(*known, config, execution)
-                            : GIFOptimizer::optimize(recording.frames, config, execution);
+    return GIFOptimizer::optimize(recording.reduced(), config, execution);
 }
 
 PreciseOptimizer::Result ClipExport::encodePrecisely(
     const Recording& recording, const PreciseOptimizer::Config& config, const GIFOptimizer::Execution& execution)
 {
-    if (recording.reducer) // it may be at work on the frames
-        (void)recording.reducer->of(recording.frames);
+    (void)recording.reduced(); // until then the reducer may be at work on the frames
     FrameSpill spill(FrameSpill::inputLimits(FrameSpill::usualMemory), FrameSpill::usualFolder());
     DistinctFrames frames = PreciseOptimizer::framesFor(
         config, FrameTimeline::framesPerSecond, [&spill](const RGBAFrame& picture) { spill.keep(picture); });
-    for (const RGBAFrame& frame : recording.frames)
+    for (const RGBAFrame& frame : recording.frames())
         frames.append(frame);
     return PreciseOptimizer::optimize(frames, config, execution);
 }

@@ -1,35 +1,24 @@
 #pragma once
 
+#include "Capture/Recording.h"
 #include "Encoding/GIFOptimizer.h"
-#include "Encoding/PixelTypes.h"
 #include "Encoding/Precise/PreciseOptimizer.h"
 #include "Encoding/Presets.h"
 
 #include <QByteArray>
 #include <QString>
 
-#include <memory>
-#include <vector>
-
 namespace quillbox {
-
-class RecordingReducer;
 
 /// Turns what was recorded into a file. Takes values and gives values; to be used on a worker thread.
 namespace ClipExport {
-
-/// What was recorded.
-struct Recording {
-    std::vector<RGBAFrame> frames;                       ///< oldest first, 30 a second
-    std::shared_ptr<RecordingReducer> reducer = nullptr; ///< what is known of them already, if anything
-};
 
 struct Saved {
     GIFOptimizer::Result result;
     QString path; ///< absolute
 };
 
-/// Makes the GIF that `preset` asks for, dithered where that helps. The bytes don't depend on what is known already.
+/// Makes the GIF that `preset` asks for, dithered where that helps.
 /// @pre the recording has a frame; a violation ends the process.
 /// @throws GIFEncodingError  a side of a frame is too large.
 [[nodiscard]] GIFOptimizer::Result encode(

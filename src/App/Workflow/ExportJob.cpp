@@ -12,7 +12,7 @@ ExportJob::ExportJob()
 {
 }
 
-QFuture<ClipExport::Saved> ExportJob::start(ClipExport::Recording recording, ExportPreset preset)
+QFuture<ClipExport::Saved> ExportJob::start(Recording recording, ExportPreset preset)
 {
     if (!isFinishing())
         m_attempts = 2 * std::ssize(preset.colorLadder()) - 1;

@@ -24,7 +24,7 @@ public:
 
     /// Begins. To be called once. @pre the recording has a frame; a violation ends the process.
     /// @return What `ClipExport::run` returns; the future throws what that throws.
-    [[nodiscard]] QFuture<ClipExport::Saved> start(ClipExport::Recording recording, ExportPreset preset);
+    [[nodiscard]] QFuture<ClipExport::Saved> start(Recording recording, ExportPreset preset);
 
     /// None until the encoder has begun. Once the job is finishing, few attempts are left. Its fraction never falls.
     [[nodiscard]] std::optional<ExportProgress> progress() const;

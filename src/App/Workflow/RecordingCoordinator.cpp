@@ -39,10 +39,15 @@ ClipEntry entryFor(const ClipExport::Saved& saved, ExportPreset preset, std::int
 
 RecordingCoordinator::RecordingCoordinator(std::shared_ptr<RecorderControlling> recorder,
     std::shared_ptr<RegionSelector> selector, std::shared_ptr<HistoryStore> history)
-    : m_recorder(recorder ? std::move(recorder) : std::make_shared<StreamRecorder>())
-    , m_selector(selector ? std::move(selector) : std::make_shared<RegionSelector>())
+    : m_recorder(std::move(recorder))
+    , m_selector(std::move(selector))
     , m_history(std::move(history))
 {
+    const auto screen = std::make_shared<ScreenSession>();
+    if (!m_recorder)
+        m_recorder = std::make_shared<StreamRecorder>(screen);
+    if (!m_selector)
+        m_selector = std::make_shared<RegionSelector>(screen);
     precondition(m_history != nullptr, "a coordinator is given a history");
 }
 
@@ -85,11 +90,13 @@ void RecordingCoordinator::beginFlow()
     if (!isIn<Idle>())
         return; // a second press of the hotkey, or a flow that has ended
     setPhase(SelectingRegion{});
-    m_selector->present([self = QPointer(this)](std::optional<CaptureRegion> region) {
+    m_selector->present([self = QPointer(this)](const RegionSelector::Outcome& outcome) {
         if (!self)
             return;
-        if (region)
+        if (const auto* const region = std::get_if<CaptureRegion>(&outcome))
             detach(self->record(*region));
+        else if (const auto* const error = std::get_if<CaptureError>(&outcome))
+            self->setPhase(Failed{FlowMessages::couldNotStart(*error)});
         else
             self->setPhase(Idle{});
     });
@@ -125,16 +132,15 @@ QCoro::Task<> RecordingCoordinator::stopAndExport()
     if (!self)
         co_return;
     const auto recorder = m_recorder;
-    auto frames = co_await recorder->stop();
+    auto recording = co_await recorder->stop();
     if (!self)
         co_return;
-    if (frames.empty()) {
+    if (recording.frames().empty()) {
         setPhase(Failed{FlowMessages::noFrames()});
         co_return;
     }
-    const auto width = frames.front().width();
-    const auto height = frames.front().height();
-    ClipExport::Recording recording{.frames = std::move(frames), .reducer = recorder->reducer()};
+    const auto width = recording.frames().front().width();
+    const auto height = recording.frames().front().height();
     std::optional<QString> failure;
     try {
         auto job = m_job->start(std::move(recording), preset);

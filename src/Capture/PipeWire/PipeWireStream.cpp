@@ -1,9 +1,9 @@
 #include "Capture/PipeWire/PipeWireStream.h"
 
-#include "Platform/CHandle.h"
 #include "Capture/PipeWire/BufferReading.h"
 #include "Capture/PipeWire/CoreListening.h"
 #include "Capture/PipeWire/StreamOffer.h"
+#include "Platform/CHandle.h"
 #include "Translation/Translate.h"
 
 #include <QPromise>
@@ -178,8 +178,7 @@ PipeWireStream::Connection::~Connection()
     m_loop.reset();
     pw_deinit();
     if (!m_isStarted)
-        reportStart(
-            CaptureError(Reason::Stopped, translate("CaptureError", "Screen capture was stopped before it began")));
+        reportStart(CaptureError::stopped());
 }
 
 void PipeWireStream::Connection::connect(FileDescriptor remote)

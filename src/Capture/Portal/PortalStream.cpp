@@ -3,19 +3,20 @@
 #include "Capture/PipeWire/PipeWireStream.h"
 #include "Capture/Portal/PortalSource.h"
 #include "Capture/Portal/ScreenCastPortal.h"
-#include "Capture/ScreenSession.h"
 #include "Encoding/Precondition.h"
 
 #include <QCoro/QCoroFuture>
 #include <QPointer>
 
 #include <memory>
-#include <optional>
 #include <utility>
 
 namespace quillbox {
 
-PortalStream::PortalStream() = default;
+PortalStream::PortalStream(std::unique_ptr<OpenCast> cast)
+    : m_cast(std::move(cast))
+{
+}
 
 PortalStream::~PortalStream()
 {
@@ -24,24 +25,23 @@ PortalStream::~PortalStream()
 
 QCoro::Task<> PortalStream::start(CaptureRegion region, FrameSink sink)
 {
-    precondition(!m_portal, "a stream is started once");
-    auto selected = SelectedCast::take();
-    m_portal = selected ? selected->portal : std::make_shared<ScreenCastPortal>();
-    const QPointer portal(m_portal.get());
-    ScreenCast cast;
-    std::optional<PixelSize> points;
-    if (selected) {
-        cast = selected->cast;
-        points = selected->points;
-        selected.reset(); // the portal's object goes with this one
-    } else {
-        auto opening = m_portal->open();
-        cast = co_await opening; // throws if the portal's object is gone, and this one with it
+    precondition(!m_pictures, "a stream is started once");
+    const bool isOpen = m_cast != nullptr;
+    if (!isOpen) {
+        m_cast = std::make_unique<OpenCast>();
+        m_cast->portal = std::make_unique<ScreenCastPortal>();
     }
-    auto connecting = m_portal->openRemote();
+    const QPointer portal(m_cast->portal.get());
+    if (!isOpen) {
+        auto opening = portal->open();
+        const auto cast = co_await opening; // throws if the portal's object is gone, and this one with it
+        m_cast->cast = cast;
+    }
+    auto connecting = portal->openRemote();
     auto remote = co_await connecting; // likewise
-    m_pictures = std::make_unique<PipeWireStream>(sourceOf(cast, std::move(remote), points), region, std::move(sink));
-    QObject::connect(m_portal.get(), &ScreenCastPortal::ended, m_portal.get(),
+    m_pictures = std::make_unique<PipeWireStream>(
+        sourceOf(m_cast->cast, std::move(remote), m_cast->points), region, std::move(sink));
+    QObject::connect(portal, &ScreenCastPortal::ended, portal,
         [pictures = m_pictures.get()](const CaptureError& reason) { pictures->end(reason); });
     const auto started = m_pictures->started();
     const auto outcome = co_await started; // this object may be gone from here on
@@ -49,7 +49,7 @@ QCoro::Task<> PortalStream::start(CaptureRegion region, FrameSink sink)
         co_return;
     if (portal) { // nothing runs
         m_pictures.reset();
-        m_portal.reset();
+        m_cast.reset();
     }
     throw CaptureError(*outcome);
 }
@@ -57,7 +57,7 @@ QCoro::Task<> PortalStream::start(CaptureRegion region, FrameSink sink)
 QCoro::Task<> PortalStream::stop()
 {
     m_pictures.reset();
-    m_portal.reset();
+    m_cast.reset();
     co_return;
 }
 

@@ -57,7 +57,7 @@ CaptureError errorFor(const PortalError& error)
     case PortalReason::Unreadable:
         return {Reason::Unreadable, translate("CaptureError", "The desktop portal's answer can't be understood")};
     case PortalReason::Withdrawn:
-        return {Reason::Stopped, translate("CaptureError", "Screen capture was stopped before it began")};
+        return CaptureError::stopped();
     case PortalReason::Refused:
         break;
     }

@@ -4,7 +4,6 @@
 
 #include <QGuiApplication>
 #include <QImage>
-#include <QPointer>
 #include <QScreen>
 
 #include <algorithm>
@@ -12,29 +11,18 @@
 
 namespace quillbox {
 
-namespace {
-
-QPointer<QScreen>& noted()
+std::vector<QScreen*> CastScreen::candidates(const CastPicture& first)
 {
-    static QPointer<QScreen> screen;
-    return screen;
-}
-
-} // namespace
-
-std::vector<QScreen*> CastScreen::candidates(const SelectedCast::FirstPicture& first)
-{
-    const auto& position = first.cast.cast.facts.position;
-    const auto& points = first.cast.points;
     const PixelSize picture{first.picture.width(), first.picture.height()};
     const QSize pixels(static_cast<int>(first.picture.width()), static_cast<int>(first.picture.height()));
     // What a screen has in common with the cast, the most telling first.
     const auto likeness = [&](const QScreen& screen) {
         const QSize size = frame(screen, picture).size();
         const bool hasThatShape = isOfOneShape({size.width(), size.height()}, picture);
-        const bool hasThoseEdges = points && size.width() == points->width && size.height() == points->height;
+        const bool hasThoseEdges
+            = first.points && size.width() == first.points->width && size.height() == first.points->height;
         const bool hasThosePixels = size * screen.devicePixelRatio() == pixels;
-        const bool isThere = position && screen.geometry().topLeft() == *position;
+        const bool isThere = first.position && screen.geometry().topLeft() == *first.position;
         return (hasThatShape ? 8 : 0) + (hasThoseEdges ? 4 : 0) + (hasThosePixels ? 2 : 0) + (isThere ? 1 : 0);
     };
     std::vector<QScreen*> best;
@@ -45,16 +33,6 @@ std::vector<QScreen*> CastScreen::candidates(const SelectedCast::FirstPicture& f
             best.push_back(screen);
     }
     return best;
-}
-
-void CastScreen::setRecorded(QScreen* screen)
-{
-    noted() = screen;
-}
-
-QScreen* CastScreen::recorded()
-{
-    return noted();
 }
 
 QRect CastScreen::frame(const QScreen& screen, PixelSize picture)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Capture/ScreenSession.h"
+#include "Capture/Portal/CastPicture.h"
 
 #include <QPixmap>
 #include <QRect>
@@ -16,12 +16,7 @@ namespace CastScreen {
 
 /// The screens that may be the one that is cast: more than one where several are equal in all that the portal and
 /// the picture tell; none where there is no screen at all.
-[[nodiscard]] std::vector<QScreen*> candidates(const SelectedCast::FirstPicture& first);
-
-/// Takes note of the screen that the next recording shows; null where it is not known.
-void setRecorded(QScreen* screen);
-/// The screen that was noted last; null where it is not known, or gone.
-[[nodiscard]] QScreen* recorded();
+[[nodiscard]] std::vector<QScreen*> candidates(const CastPicture& first);
 
 /// Where a window that covers all of `screen` is, points, given the size of the screen's picture, pixels: the toolkit
 /// may know the size in pixels only.

@@ -1,11 +1,10 @@
 #include "Capture/Region/RegionSelector.h"
 
-#include "Capture/CaptureStream.h"
-#include "Capture/Portal/SelectedCast.h"
+#include "Capture/CaptureBackend.h"
 #include "Capture/Region/CastScreen.h"
 #include "Capture/Region/ScreenBackdrop.h"
 #include "Capture/Region/SelectionWindow.h"
-#include "Capture/ScreenSession.h"
+#include "Platform/Detach.h"
 
 #include <QGuiApplication>
 #include <QPixmap>
@@ -23,52 +22,58 @@ namespace {
 constexpr std::chrono::milliseconds panelSettlingTime{40};
 
 SelectionWindow* showOverlay(
-    QScreen& screen, const QRect& frame, const QPixmap& backdrop, RegionSelector::Completion completion)
+    QScreen& screen, const QRect& frame, const QPixmap& backdrop, SelectionWindow::ResultCallback onResult)
 {
     auto* const window // deletes itself after its one gesture, or with the application
-        = new SelectionWindow(frame, backdrop, std::move(completion));
+        = new SelectionWindow(frame, backdrop, std::move(onResult));
     QObject::connect(qGuiApp, &QGuiApplication::aboutToQuit, window, [window] { delete window; });
     window->setScreen(&screen);
     window->makeKeyAndOrderFront();
     return window;
 }
 
+RegionSelector::Outcome outcomeOf(std::optional<CaptureRegion> region)
+{
+    return region ? RegionSelector::Outcome(*region) : RegionSelector::Cancelled{};
+}
+
 void presentOnX11(RegionSelector::Completion completion)
 {
+    const auto report = [completion](std::optional<CaptureRegion> region) {
+        completion(outcomeOf(region));
+    };
     if (ScreenBackdrop::showsThrough()) {
         auto& screen = *QGuiApplication::primaryScreen();
-        showOverlay(screen, screen.geometry(), QPixmap(), std::move(completion));
+        showOverlay(screen, screen.geometry(), QPixmap(), report);
         return;
     }
     ScreenBackdrop::waitUntilApplied();
-    QTimer::singleShot(panelSettlingTime, qGuiApp, [completion = std::move(completion)] {
+    QTimer::singleShot(panelSettlingTime, qGuiApp, [report] {
         auto* const screen = QGuiApplication::primaryScreen();
         if (screen == nullptr)
-            completion(std::nullopt);
+            report(std::nullopt);
         else
-            showOverlay(*screen, screen->geometry(), ScreenBackdrop::picture(*screen), completion);
+            showOverlay(*screen, screen->geometry(), ScreenBackdrop::picture(*screen), report);
     });
 }
 
-/// The recording that follows uses the cast whose picture the user selects on. Where it can't be told which of several
-/// screens that is, the picture is on all of them, until a region is dragged out on one.
-void showOverlays(const SelectedCast::FirstPicture& first, const RegionSelector::Completion& completion)
+/// Where it can't be told which of several screens is cast, the picture is on all of them, until a region is dragged
+/// out on one. @return false where there is none
+bool showOverlays(const std::shared_ptr<ScreenSession>& session, const CastPicture& first,
+    const RegionSelector::Completion& completion)
 {
     const auto screens = CastScreen::candidates(first);
-    if (screens.empty()) {
-        completion(std::nullopt);
-        return;
-    }
-    CastScreen::setRecorded(screens.size() == 1 ? screens.front() : nullptr);
+    auto* const only = screens.size() == 1 ? screens.front() : nullptr;
     std::vector<SelectionWindow*> windows;
     for (QScreen* const screen : screens) {
         const QRect frame = CastScreen::frame(*screen, {first.picture.width(), first.picture.height()});
-        auto cast = first.cast;
-        cast.points = PixelSize{frame.width(), frame.height()}; // what the region counts
-        const auto report = [cast = std::move(cast), completion](std::optional<CaptureRegion> region) {
+        const PixelSize points{frame.width(), frame.height()}; // what the region counts
+        const auto report = [session, points, only, completion](std::optional<CaptureRegion> region) {
             if (region)
-                SelectedCast::keep(cast);
-            completion(region);
+                session->selectOnCast(points, only);
+            else
+                session->closeCast();
+            completion(outcomeOf(region));
         };
         auto* const window = showOverlay(*screen, frame, CastScreen::pixmap(first.picture, *screen), report);
         for (SelectionWindow* const other : windows) {
@@ -77,50 +82,51 @@ void showOverlays(const SelectedCast::FirstPicture& first, const RegionSelector:
         }
         windows.push_back(window);
     }
+    if (windows.empty())
+        session->closeCast();
+    return !windows.empty();
 }
 
-QCoro::Task<> presentOnCast(RegionSelector::Completion completion)
+/// @param session  May go meanwhile: the question to the user goes with it.
+QCoro::Task<> presentOnCast(std::weak_ptr<ScreenSession> session, RegionSelector::Completion completion)
 {
-    std::optional<SelectedCast::FirstPicture> first;
+    std::optional<CastPicture> first;
     std::optional<CaptureError> failure;
     try {
-        auto opening = SelectedCast::open();
+        auto opening = session.lock()->openCast();
         first = co_await opening;
     } catch (const CaptureError& error) {
         failure = error;
     }
-    if (first) {
-        showOverlays(*first, completion);
-    } else if (failure->reason() == CaptureError::Reason::Refused) {
-        completion(std::nullopt);
-    } else { // there is nothing to select from: the recorder says why
-        SelectedCast::keep(*failure);
-        completion(CaptureRegion());
-    }
+    const auto present = session.lock();
+    if (failure && failure->reason() != CaptureError::Reason::Refused)
+        completion(*failure);
+    else if (failure || !present || !showOverlays(present, *first, completion))
+        completion(RegionSelector::Cancelled{});
 }
 
 } // namespace
+
+RegionSelector::RegionSelector(std::shared_ptr<ScreenSession> screen)
+    : m_screen(std::move(screen))
+{
+}
 
 RegionSelector::~RegionSelector() = default;
 
 void RegionSelector::present(Completion completion)
 {
     if (QGuiApplication::primaryScreen() == nullptr) {
-        completion(std::nullopt);
+        completion(Cancelled{});
         return;
     }
-    switch (captureBackend()) {
-    case CaptureBackend::X11:
+    const auto backend = captureBackend();
+    if (backend == CaptureBackend::X11)
         presentOnX11(std::move(completion));
-        break;
-    case CaptureBackend::Portal:
-        (void)presentOnCast(std::move(completion)); // it runs on by itself
-        break;
-    case CaptureBackend::None:
-    case CaptureBackend::Unknown:
-        completion(CaptureRegion()); // the recorder says why there is nothing to select from
-        break;
-    }
+    else if (backend == CaptureBackend::Portal)
+        detach(presentOnCast(m_screen, std::move(completion)));
+    else
+        completion(captureObstacle(backend));
 }
 
 } // namespace quillbox

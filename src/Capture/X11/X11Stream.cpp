@@ -108,8 +108,7 @@ void X11Stream::Worker::run()
             withArguments(translate("CaptureError", "Screen capture failed: %1"), {error.what()}));
     }
     if (m_stop.isRaised()) // whatever broke then, broke because of it
-        failure.emplace(
-            CaptureError::Reason::Stopped, translate("CaptureError", "Screen capture was stopped before it began"));
+        failure = CaptureError::stopped();
     if (!m_isRunning)
         reportStart(failure);
     else if (!m_stop.isRaised())

@@ -1,5 +1,6 @@
 #include "App/Desktop/PanelGuard.h"
 
+#include "Capture/ScreenSession.h"
 #include "RecorderFixture.h"
 
 #include <gtest/gtest.h>
@@ -24,7 +25,7 @@ protected:
     {
         m_panel.setWindowFlag(Qt::FramelessWindowHint);
         m_panel.resize(20, 20);
-        new PanelGuard(*m_fixture.recorder, m_panel, 0ms); // the panel owns it
+        new PanelGuard(*m_fixture.recorder, m_screen, m_panel, 0ms); // the panel owns it
     }
 
     /// Places of the main display.
@@ -50,6 +51,7 @@ protected:
     Numbers stop() { return test::numbers(m_fixture.stop()); }
 
     test::RecorderFixture m_fixture;
+    ScreenSession m_screen;
     QWidget m_panel;
 };
 

@@ -26,7 +26,7 @@ std::int64_t sizeOfTheFirstAttempt()
 {
     std::stop_source stop;
     stop.request_stop();
-    return ClipExport::encode({.frames = support::hardClip()}, ExportPreset::slack,
+    return ClipExport::encode(Recording(support::hardClip()), ExportPreset::slack,
         {.parallelism = {}, .progress = {}, .finishNow = stop.get_token()})
         .byteCount;
 }

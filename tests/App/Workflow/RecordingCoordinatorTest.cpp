@@ -42,6 +42,7 @@ private Q_SLOTS:
     void returnsToIdleWhenTheSelectionIsCancelled();
     void returnsToIdleAtOnceWhereThereIsNoScreen();
     void beginsAgainAfterACancel();
+    void saysWhyThereIsNothingToSelectFrom();
     void recordsTheRegionThatWasSelected();
     void staysSelectingUntilTheRecorderHasStarted();
     void failsWithTheReasonWhenTheRecorderDoesNotStart();
@@ -91,7 +92,7 @@ void RecordingCoordinatorTest::returnsToIdleWhenTheSelectionIsCancelled()
 {
     const Fixture fixture;
     fixture.coordinator->beginFlow();
-    fixture.selector->select(std::nullopt);
+    fixture.selector->select(RegionSelector::Cancelled{});
     QVERIFY(fixture.coordinator->isIn<Coordinator::Idle>());
     QCOMPARE(fixture.recorder->starts, 0);
 }
@@ -100,7 +101,7 @@ void RecordingCoordinatorTest::returnsToIdleAtOnceWhereThereIsNoScreen()
 {
     /// What the selector does without a screen: it has no region before it returns.
     struct ScreenlessSelector : RegionSelector {
-        void present(Completion completion) override { completion(std::nullopt); }
+        void present(Completion completion) override { completion(RegionSelector::Cancelled{}); }
     };
     const Fixture fixture;
     Coordinator coordinator(fixture.recorder, std::make_shared<ScreenlessSelector>(), fixture.history);
@@ -115,9 +116,18 @@ void RecordingCoordinatorTest::beginsAgainAfterACancel()
 {
     Fixture fixture;
     fixture.coordinator->beginFlow();
-    fixture.selector->select(std::nullopt);
+    fixture.selector->select(RegionSelector::Cancelled{});
     fixture.recordARegion();
     QVERIFY(fixture.coordinator->isIn<Coordinator::Recording>());
+}
+
+void RecordingCoordinatorTest::saysWhyThereIsNothingToSelectFrom()
+{
+    const Fixture fixture;
+    fixture.coordinator->beginFlow();
+    fixture.selector->select(CaptureError(CaptureError::Reason::Unavailable, "no such luck"));
+    QCOMPARE(fixture.failure(), QStringLiteral("Couldn't start recording: no such luck"));
+    QCOMPARE(fixture.recorder->starts, 0);
 }
 
 void RecordingCoordinatorTest::recordsTheRegionThatWasSelected()
@@ -377,8 +387,7 @@ void RecordingCoordinatorTest::takesWhatWasLearntWhileRecording()
 {
     Fixture fixture;
     fixture.recorder->frames = {gray(8, 6), gray(8, 6)};
-    fixture.recorder->learnt
-        = std::make_shared<RecordingReducer>(FrameSpill(FrameSpill::usualLimits(), FrameSpill::usualFolder()));
+    fixture.recorder->learnt = std::make_shared<RecordingReducer>();
     fixture.recorder->learnt->follow({gray(16, 12), gray(16, 12)}); // of other frames, so that the file tells
     fixture.recordARegion();
     test::await(fixture.coordinator->stopAndExport());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Capture/RecorderControlling.h"
+#include "Capture/RecordingReducer.h"
 #include "Capture/Region/RegionSelector.h"
 
 #include <QCoro/QCoroFuture>
@@ -21,7 +22,7 @@ public:
     std::optional<QPromise<void>> startGate;  ///< start() waits until it is finished
     std::optional<QPromise<void>> stopGate;   ///< stop() waits until it is finished
     std::vector<RGBAFrame> frames;            ///< what stop() returns
-    std::shared_ptr<RecordingReducer> learnt; ///< what reducer() returns
+    std::shared_ptr<RecordingReducer> learnt; ///< what is known of them, if anything
     int starts = 0;
     int stops = 0;
     CaptureRegion region; ///< of the latest start()
@@ -41,9 +42,7 @@ public:
         m_isRecording = true;
     }
 
-    [[nodiscard]] std::shared_ptr<RecordingReducer> reducer() const override { return learnt; }
-
-    QCoro::Task<std::vector<RGBAFrame>> stop() override
+    QCoro::Task<Recording> stop() override
     {
         ++stops;
         if (stopGate) {
@@ -51,7 +50,11 @@ public:
             co_await gate;
         }
         m_isRecording = false;
-        co_return frames;
+        if (learnt) {
+            Recording recording(frames, learnt);
+            co_return recording;
+        }
+        co_return Recording(frames);
     }
 
     static void close(std::optional<QPromise<void>>& gate)
@@ -76,7 +79,7 @@ public:
         completion = std::move(toCall);
     }
 
-    void select(std::optional<CaptureRegion> region) { std::exchange(completion, {})(region); }
+    void select(Outcome outcome) { std::exchange(completion, {})(std::move(outcome)); }
 };
 
 } // namespace quillbox::test

@@ -62,7 +62,7 @@ bool hasOpenSession()
 class PortalStreamTest : public testing::Test {
 protected:
     test::Gallery m_gallery; // outlives the stream
-    std::unique_ptr<PortalStream> m_stream = std::make_unique<PortalStream>();
+    std::unique_ptr<CaptureStream> m_stream = std::make_unique<PortalStream>();
 
     void start() { test::await(m_stream->start(region, m_gallery.sink())); }
 };
@@ -140,12 +140,13 @@ TEST_F(PortalStreamTest, MayBeDestroyedAtAnyMomentOfItsStart)
 
 TEST_F(PortalStreamTest, RecordsOnTheCastThatTheRegionWasSelectedOn)
 {
-    auto first = test::await(SelectedCast::open());
+    ScreenSession screen;
+    const auto first = test::await(screen.openCast());
     EXPECT_EQ(first.picture.width(), 1280) << "all of the monitor";
     EXPECT_EQ(first.picture.height(), 720);
     const auto sessions = openSessions();
-    first.cast.points = PixelSize{640, 360}; // the region is in these
-    SelectedCast::keep(std::move(first.cast));
+    screen.selectOnCast({640, 360}, nullptr); // the region is in these
+    m_stream = screen.makeStream();
     start();
     EXPECT_EQ(openSessions(), sessions) << "no second cast";
     EXPECT_EQ(m_gallery.frames().front(), background);
@@ -157,26 +158,34 @@ TEST_F(PortalStreamTest, RecordsOnTheCastThatTheRegionWasSelectedOn)
     EXPECT_TRUE(test::eventually([] { return !hasOpenSession(); })) << openSessions();
 }
 
-TEST_F(PortalStreamTest, ACastIsTakenOnce)
+TEST_F(PortalStreamTest, TakesOverACastOnce)
 {
-    SelectedCast::keep(test::await(SelectedCast::open()).cast);
-    EXPECT_TRUE(SelectedCast::take());
-    EXPECT_FALSE(SelectedCast::take());
+    ScreenSession screen;
+    (void)test::await(screen.openCast());
+    const auto sessions = openSessions();
+    m_stream = screen.makeStream();
+    start();
+    test::await(m_stream->stop());
+    EXPECT_TRUE(test::eventually([] { return !hasOpenSession(); })) << openSessions();
+    m_stream = screen.makeStream();
+    start();
+    EXPECT_NE(openSessions(), sessions) << "a cast of its own";
+}
+
+TEST_F(PortalStreamTest, ACastOnWhichNothingIsSelectedEnds)
+{
+    ScreenSession screen;
+    (void)test::await(screen.openCast());
+    screen.closeCast();
     EXPECT_TRUE(test::eventually([] { return !hasOpenSession(); })) << openSessions();
 }
 
-TEST_F(PortalStreamTest, FailsWithWhatWasInTheWayOfTheSelection)
+TEST_F(PortalStreamTest, ACastEndsWithItsSession)
 {
-    SelectedCast::keep(CaptureError(CaptureError::Reason::Unavailable, "no such luck"));
-    try {
-        start();
-        FAIL();
-    } catch (const CaptureError& error) {
-        EXPECT_STREQ(error.what(), "no such luck");
-    }
-    m_stream = std::make_unique<PortalStream>();
-    start(); // once
-    EXPECT_EQ(m_gallery.frames().front(), background);
+    auto screen = std::make_unique<ScreenSession>();
+    (void)test::await(screen->openCast());
+    screen.reset();
+    EXPECT_TRUE(test::eventually([] { return !hasOpenSession(); })) << openSessions();
 }
 
 TEST_F(PortalStreamTest, AStopDoesNotWaitForWhatTheSourceWaitsFor)
@@ -220,7 +229,7 @@ TEST_F(PortalStreamTest, NothingStaysOpenAfterTwentyRecordings)
         StreamRecorder recorder([] { return std::make_unique<PortalStream>(); });
         test::await(recorder.start(region));
         EXPECT_TRUE(test::eventually([&] { return recorder.frameCount() >= 2; }));
-        EXPECT_GE(test::await(recorder.stop()).size(), 2U);
+        EXPECT_GE(test::await(recorder.stop()).frames().size(), 2U);
     };
     record(); // what the libraries open once, they keep
     const auto before = openFiles();

@@ -25,11 +25,8 @@ constexpr auto monitors = R"({ "screens": [
 /// Where the screens are, from left to right, on which a region of such a cast is selected.
 Corners candidates(PixelSize picture, std::optional<PixelSize> points, std::optional<QPoint> position)
 {
-    SelectedCast cast;
-    cast.cast.facts.position = position;
-    cast.points = points;
     const auto bytes = static_cast<std::size_t>(picture.width * picture.height * RGBAFrame::bytesPerPixel);
-    const SelectedCast::FirstPicture first{cast, RGBAFrame(picture.width, picture.height, Bytes(bytes))};
+    const CastPicture first{RGBAFrame(picture.width, picture.height, Bytes(bytes)), points, position};
     Corners result;
     for (const QScreen* const screen : CastScreen::candidates(first))
         result.push_back(screen->geometry().topLeft());

@@ -6,7 +6,6 @@
 #include <QTemporaryFile>
 
 #include <array>
-#include <optional>
 #include <vector>
 
 namespace quillbox {
@@ -25,9 +24,10 @@ TEST(RegionSelector, HasNoRegionAtOnceWhereThereIsNoScreen)
     const QGuiApplication application(count, arguments.data());
     ASSERT_EQ(QGuiApplication::primaryScreen(), nullptr);
 
-    std::vector<std::optional<CaptureRegion>> results;
-    RegionSelector().present([&results](std::optional<CaptureRegion> region) { results.push_back(region); });
-    EXPECT_EQ(results, std::vector{std::optional<CaptureRegion>()});
+    std::vector<RegionSelector::Outcome> results;
+    RegionSelector().present([&results](const RegionSelector::Outcome& outcome) { results.push_back(outcome); });
+    ASSERT_EQ(results.size(), 1U);
+    EXPECT_TRUE(std::holds_alternative<RegionSelector::Cancelled>(results.front()));
 }
 
 } // namespace

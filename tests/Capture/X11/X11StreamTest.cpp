@@ -158,7 +158,7 @@ TEST_F(AnyServer, ARecorderReturnsASteadyList)
     ASSERT_TRUE(shows(m_screen.expected(pixelsOf(region))));
     const auto enough = std::max<std::int64_t>(recorder.frameCount() + 1, 10); // the red one for a tick at least
     ASSERT_TRUE(test::eventually([&] { return recorder.frameCount() >= enough; }));
-    const auto frames = test::await(recorder.stop());
+    const auto frames = test::await(recorder.stop()).frames();
     EXPECT_GE(std::ssize(frames), enough);
     EXPECT_EQ(frames.back(), m_screen.expected(pixelsOf(region)));
 }
@@ -277,7 +277,7 @@ TEST(DyingServer, TheFramesSoFarAreKept)
     EXPECT_EQ(interruptions.at(0).at(0).toString(), QStringLiteral("The connection to the X11 display was lost"));
     EXPECT_TRUE(recorder.isRecording());
     const auto count = recorder.frameCount();
-    const auto frames = test::await(recorder.stop());
+    const auto frames = test::await(recorder.stop()).frames();
     EXPECT_EQ(std::ssize(frames), count);
     EXPECT_GE(frames.size(), 3U);
     EXPECT_EQ(frames.back(), screen.expected({0, 0, 20, 20}));

@@ -26,8 +26,10 @@
 #include <QFileInfo>
 #include <QtConcurrent/QtConcurrentRun>
 
+#include <algorithm>
 #include <cmath>
 #include <exception>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <variant>
@@ -35,8 +37,6 @@
 
 namespace quillbox {
 namespace {
-
-using Recording = ClipExport::Recording;
 
 std::string startMessage(const std::exception& error)
 {
@@ -76,9 +76,11 @@ QCoro::Task<QString> record(StreamRecorder& recorder, RecordingEnd& end, Capture
 }
 
 /// What was recorded, no frame if nothing could be; errors have been reported then.
-QCoro::Task<Recording> recordFrames(RecordOptions options, ProgressLine& line)
+QCoro::Task<Recording> recordFrames(std::shared_ptr<ScreenSession> screen, RecordOptions options, ProgressLine& line)
 {
-    StreamRecorder recorder;
+    StreamRecorder recorder(std::move(screen));
+    if (options.durationSeconds) // a timer may be late, the clip need not show it
+        recorder.setMaxFrames(std::max(1LL, std::llround(*options.durationSeconds * FrameTimeline::framesPerSecond)));
     RecordingEnd end(recorder, options.durationSeconds);
     QString interruption;
     std::string failure;
@@ -87,23 +89,18 @@ QCoro::Task<Recording> recordFrames(RecordOptions options, ProgressLine& line)
     } catch (const std::exception& error) {
         failure = startMessage(error);
     }
-    std::vector<RGBAFrame> frames = co_await recorder.stop();
+    const Recording recording = co_await recorder.stop();
     line.clear();
     if (!failure.empty()) {
         ErrorReport::print(failure);
         co_return Recording();
     }
-    if (options.durationSeconds) { // a timer may be late, the clip need not show it
-        const auto wanted = std::max(1LL, std::llround(*options.durationSeconds * FrameTimeline::framesPerSecond));
-        frames.erase(frames.begin() + std::min<std::ptrdiff_t>(wanted, std::ssize(frames)), frames.end());
-    }
-    if (frames.empty()) {
+    if (recording.frames().empty()) {
         const auto reason = interruption.isEmpty() ? QString() : QLatin1Char(' ') + interruption + QLatin1Char('.');
         ErrorReport::print((FlowMessages::noFrames() + reason).toStdString());
     } else if (!interruption.isEmpty()) {
         ErrorReport::print(earlyEnd(interruption.toStdString()));
     }
-    Recording recording{.frames = std::move(frames), .reducer = recorder.reducer()};
     co_return recording;
 }
 
@@ -189,18 +186,24 @@ QCoro::Task<int> recordAndSave(RecordOptions options)
             translate("RecordCommand", "the clip could not be copied, so nothing was recorded. %1"), {obstacle}));
         co_return ExitCode::failure;
     }
+    const auto screen = std::make_shared<ScreenSession>();
     if (!options.region) {
         const TerminationSignals stop;
-        const auto selection = ScreenSelection::askForRegion(stop);
-        options.region = co_await selection;
+        const auto selection = ScreenSelection::askForRegion(screen, stop);
+        const auto outcome = co_await selection;
+        if (const auto* const region = std::get_if<CaptureRegion>(&outcome))
+            options.region = *region;
+        else if (const auto* const error = std::get_if<CaptureError>(&outcome))
+            ErrorReport::print(startMessage(*error));
+        else
+            ErrorReport::print(translate("RecordCommand", "nothing was selected, so nothing was recorded"));
     }
-    if (!options.region) {
-        ErrorReport::print(translate("RecordCommand", "nothing was selected, so nothing was recorded"));
+    if (!options.region)
         co_return ExitCode::failure;
-    }
     ProgressLine line;
-    Recording recording = co_await recordFrames(options, line);
-    if (recording.frames.empty())
+    auto recorded = recordFrames(screen, options, line);
+    Recording recording = co_await recorded;
+    if (recording.frames().empty())
         co_return ExitCode::failure;
     std::string failure;
     try {

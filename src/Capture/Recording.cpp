@@ -1,0 +1,33 @@
+#include "Capture/Recording.h"
+
+#include "Capture/RecordingReducer.h"
+
+#include <utility>
+
+namespace quillbox {
+
+Recording::Recording(std::vector<RGBAFrame> frames)
+    : Recording(std::move(frames), std::make_shared<RecordingReducer>())
+{
+    m_reducer->follow(*m_frames);
+}
+
+Recording::Recording(std::vector<RGBAFrame> frames, std::shared_ptr<RecordingReducer> reducer)
+    : m_frames(std::make_shared<const std::vector<RGBAFrame>>(std::move(frames)))
+    , m_reducer(std::move(reducer))
+{
+}
+
+const FrameReducer& Recording::reduced() const
+{
+    precondition(!m_frames->empty(), "a recording that is encoded has a frame");
+    return m_reducer->finished();
+}
+
+std::int64_t Recording::fileBytes() const
+{
+    (void)reduced();
+    return m_reducer->fileBytes();
+}
+
+} // namespace quillbox

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Capture/RecorderControlling.h"
+
+#include <QObject>
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+
+namespace quillbox {
+
+/// What the application asks of its recorder beyond the workflow's contract. Thread: main.
+class ScreenRecorder : public QObject, public RecorderControlling {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// Ends a start() that is under way, as when the user goes away from the question whether the screen may be
+    /// recorded: it fails with CaptureError::Stopped, unless it has just succeeded. Ignored otherwise.
+    virtual void giveUpStart() = 0;
+
+    /// How many frames stop() would return now.
+    [[nodiscard]] virtual std::int64_t frameCount() const = 0;
+
+    /// What is being recorded; none while nothing is.
+    [[nodiscard]] virtual std::optional<CaptureRegion> region() const = 0;
+
+    /// From now on the clip goes on showing the latest picture, whatever the screen shows: something of our own is
+    /// about to cover a part of the region. Where there was no picture yet, the first one is taken. Ignored while not
+    /// recording; a stop() ends it.
+    virtual void holdPicture() = 0;
+    /// What covered the region has left the screen and the programs below have repainted it: the clip shows the latest
+    /// picture that arrived meanwhile, and follows the screen again.
+    virtual void releasePicture() = 0;
+
+Q_SIGNALS:
+    /// Announced before isRecording() becomes `next`.
+    void isRecordingAboutToChange(bool next);
+    /// Announced after isRecording() has changed.
+    void isRecordingChanged();
+    /// The screen can't be captured any longer, for `reason` (one sentence without a full stop). isRecording() stays
+    /// true, no frame follows, and stop() returns those recorded so far.
+    void interrupted(const QString& reason);
+};
+
+} // namespace quillbox
