@@ -4,13 +4,10 @@
 #include "Capture/ScreenSession.h"
 #include "Platform/Detach.h"
 
-#include <QCoreApplication>
 #include <QPointer>
 
 #include <algorithm>
-#include <mutex>
 #include <utility>
-#include <variant>
 
 namespace quillbox {
 namespace {
@@ -27,60 +24,6 @@ QCoro::Task<> giveUp(CaptureStream& stream)
 
 } // namespace
 
-/// Where the streams' threads leave what the main thread then takes. An event tells that there is something.
-class StreamRecorder::Inbox {
-public:
-    struct Delivery {
-        std::shared_ptr<Session> session;
-        CaptureClock::time_point time;
-        std::variant<RGBAFrame, CaptureError> content; // a picture, or why there won't be another
-    };
-
-    /// @param recorder  Who to tell, as long as it exists.
-    explicit Inbox(StreamRecorder* recorder)
-        : m_recorder(recorder)
-    {
-    }
-
-    void put(Delivery delivery)
-    {
-        const std::scoped_lock lock(m_mutex);
-        m_deliveries.push_back(std::move(delivery));
-        post();
-    }
-
-    /// Has the recorder look around.
-    void wake()
-    {
-        const std::scoped_lock lock(m_mutex);
-        post();
-    }
-
-    /// The recorder is about to go.
-    void close()
-    {
-        const std::scoped_lock lock(m_mutex);
-        m_recorder = nullptr;
-    }
-
-    [[nodiscard]] std::vector<Delivery> takeAll()
-    {
-        const std::scoped_lock lock(m_mutex);
-        return std::exchange(m_deliveries, {});
-    }
-
-private:
-    void post()
-    {
-        if (m_recorder != nullptr) // it can't go meanwhile: closing waits for the lock
-            QCoreApplication::postEvent(m_recorder, new QEvent(QEvent::User)); // the event queue owns it
-    }
-
-    StreamRecorder* m_recorder;
-    std::mutex m_mutex;
-    std::vector<Delivery> m_deliveries;
-};
-
 StreamRecorder::StreamRecorder()
     : StreamRecorder(std::make_shared<ScreenSession>())
 {
@@ -95,14 +38,13 @@ StreamRecorder::StreamRecorder(StreamFactory makeStream, Now now, std::optional<
     : m_makeStream(std::move(makeStream))
     , m_now(std::move(now))
     , m_limits(limits)
-    , m_inbox(std::make_shared<Inbox>(this))
+    , m_deliveries(*this, [this] { takeDeliveries(); })
     , m_session(std::make_shared<Session>())
 {
 }
 
 StreamRecorder::~StreamRecorder()
 {
-    m_inbox->close();
     // While this object is whole: a stream may call its sink until its destructor returns.
     m_starting.clear();
     m_stream.reset();
@@ -213,33 +155,25 @@ std::unique_ptr<CaptureStream> StreamRecorder::takeStarting(const CaptureStream*
 std::shared_ptr<RecordingReducer> StreamRecorder::makeReducer() const
 {
     FrameSpill store(m_limits.value_or(FrameSpill::usualLimits()), FrameSpill::usualFolder());
-    return std::make_shared<RecordingReducer>(std::move(store), [inbox = std::weak_ptr(m_inbox)] { // it may outlive us
-        if (const auto recorders = inbox.lock())
-            recorders->wake();
-    });
+    return std::make_shared<RecordingReducer>(std::move(store), [sender = m_deliveries.sender()] { sender.wake(); });
 }
 
 FrameSink StreamRecorder::sinkFor(const std::shared_ptr<Session>& session)
 {
     // Both run on the stream's thread, which ends before this object does.
     FrameSink sink;
-    sink.frame = [session, inbox = m_inbox](RGBAFrame frame, CaptureClock::time_point shownAt) {
-        inbox->put({session, shownAt, std::move(frame)});
+    sink.frame = [session, sender = m_deliveries.sender()](RGBAFrame frame, CaptureClock::time_point shownAt) {
+        sender.send({session, shownAt, std::move(frame)});
     };
-    sink.ended = [session, inbox = m_inbox, now = m_now](CaptureError reason) {
-        inbox->put({session, now(), std::move(reason)});
+    sink.ended = [session, sender = m_deliveries.sender(), now = m_now](CaptureError reason) {
+        sender.send({session, now(), std::move(reason)});
     };
     return sink;
 }
 
-void StreamRecorder::customEvent(QEvent* /*event*/)
-{
-    takeDeliveries(); // the only event of our own; one too many does no harm
-}
-
 void StreamRecorder::takeDeliveries()
 {
-    for (Inbox::Delivery& delivery : m_inbox->takeAll()) {
+    for (Delivery& delivery : m_deliveries.take()) {
         auto* const frame = std::get_if<RGBAFrame>(&delivery.content);
         if (frame != nullptr && m_hold && delivery.session == m_session && m_session->timeline.hasPicture())
             m_hold->latest = std::move(*frame);

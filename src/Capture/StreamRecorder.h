@@ -4,8 +4,8 @@
 #include "Capture/FrameTimeline.h"
 #include "Capture/ScreenRecorder.h"
 #include "Capture/Spill/FrameSpill.h"
+#include "Platform/Mailbox.h"
 
-#include <QEvent>
 #include <QString>
 
 #include <cstddef>
@@ -15,6 +15,7 @@
 #include <memory>
 #include <optional>
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace quillbox {
@@ -74,9 +75,6 @@ public:
     void holdPicture() override;
     void releasePicture() override;
 
-protected:
-    void customEvent(QEvent* event) override;
-
 private:
     /// One recording, successful or not; shared by the stop() that waits for its end.
     struct Session {
@@ -87,7 +85,12 @@ private:
         QString interruption;                                               // empty unless it ended by itself
         std::optional<std::pair<RGBAFrame, CaptureClock::time_point>> late; // not taken: too many were waiting
     };
-    class Inbox;
+    /// What a stream's thread has for the main one.
+    struct Delivery {
+        std::shared_ptr<Session> session;
+        CaptureClock::time_point time;
+        std::variant<RGBAFrame, CaptureError> content; // a picture, or why there won't be another
+    };
 
     std::unique_ptr<CaptureStream> takeStarting(const CaptureStream* stream);
     [[nodiscard]] std::shared_ptr<RecordingReducer> makeReducer() const;
@@ -111,7 +114,7 @@ private:
     std::int64_t m_maxFrames = FrameTimeline::unlimited;
     bool m_isRecording = false;
     std::optional<Hold> m_hold; // only while recording
-    std::shared_ptr<Inbox> m_inbox;
+    Mailbox<Delivery> m_deliveries;
     std::shared_ptr<Session> m_session;                     // of the last successful start
     std::unique_ptr<CaptureStream> m_stream;                // the running one
     std::vector<std::unique_ptr<CaptureStream>> m_starting; // usually empty or one

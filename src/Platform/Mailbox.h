@@ -29,10 +29,9 @@ public:
         /// The same, but drops those that wait: only the latest value counts.
         void sendLatest(T value) const
         {
-            m_state->announce([&value](auto& waiting) {
-                waiting.clear();
-                waiting.push_back(std::move(value));
-            });
+            std::vector<T> latest;
+            latest.push_back(std::move(value));
+            m_state->announce([&latest](auto& waiting) { waiting.swap(latest); });
         }
 
         /// Has the callback called although there may be no value.
@@ -60,9 +59,10 @@ public:
     }
     ~Mailbox()
     {
+        std::vector<T> dropped; // destroyed once the lock is free: it may own who is just sending
         const std::scoped_lock lock(m_state->mutex);
         m_state->receiver = nullptr;
-        m_state->waiting.clear();
+        dropped.swap(m_state->waiting);
     }
     Mailbox(const Mailbox&) = delete;
     Mailbox& operator=(const Mailbox&) = delete;

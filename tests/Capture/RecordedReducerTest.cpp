@@ -82,7 +82,7 @@ void recordHeldUp(Fixture& fixture, std::uint8_t last, std::promise<void>& relea
     fixture.tick();
 }
 
-/// Counts the events of its own that a recorder gets.
+/// Counts how often a recorder is told that there is something for it.
 class EventCounter : public QObject {
 public:
     explicit EventCounter(QObject& watched) { watched.installEventFilter(this); }
@@ -91,7 +91,7 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::User)
+        if (event->type() == QEvent::MetaCall)
             ++m_count;
         return QObject::eventFilter(watched, event);
     }
@@ -184,7 +184,7 @@ void RecordedReducerTest::endsTheRecordingWhenThereWasNoRoomBeforeItBegan()
     fixture.deliver(1);
     fixture.tick();
     fixture.deliver(2);
-    QVERIFY(test::eventually([&] { return wakings.count() == 3; })); // two pictures, and that there is no room
+    QVERIFY(test::eventually([&] { return wakings.count() == 2; })); // both pictures, and that there is no room
     fixture.tick();
     fixture.script->startGate->finish();
     test::await(std::move(starting));

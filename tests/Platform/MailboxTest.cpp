@@ -98,6 +98,23 @@ TEST_F(MailboxTest, DropsWhatComesOnceItIsGone)
     EXPECT_EQ(calls, 0);
 }
 
+/// Sends as it goes.
+struct Farewell {
+    Mailbox<std::shared_ptr<Farewell>>::Sender sender;
+
+    ~Farewell() { sender.wake(); }
+};
+
+TEST_F(MailboxTest, DropsValuesThatSendAsTheyGo)
+{
+    std::optional<Mailbox<std::shared_ptr<Farewell>>> other(std::in_place, receiver, [] {});
+    const auto sender = other->sender();
+    sender.send(std::make_shared<Farewell>(sender));
+    sender.sendLatest(std::make_shared<Farewell>(sender));
+    other.reset(); // without waiting for itself
+    turnEventLoop();
+}
+
 TEST_F(MailboxTest, MayBeDestroyedByItsCallback)
 {
     std::optional<Mailbox<int>> other;
