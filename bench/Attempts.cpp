@@ -32,7 +32,8 @@ void countAttempts(std::span<char*> arguments, bool firstOnly)
     const auto [width, height] = bench::pictureSize(arguments[2]);
     FileByteSource source(arguments[1]);
     const std::int64_t sourceFPS = std::strtol(arguments[3], nullptr, 10);
-    BackgroundReducer reducer(*preset, sourceFPS);
+    BackgroundReducer reducer(*preset);
+    reducer.setRate({.frames = sourceFPS, .seconds = 1});
     RawReader::read(source, {.width = width, .height = height}, reducer);
 
     std::set<std::int64_t> colors;

@@ -21,24 +21,34 @@ _quillbox() {
     case $before in
     --preset) choices='slack github docs' ;;
     --dither) choices='auto always never' ;;
+    --matrix) choices='bt601 bt709 bt2020' ;;
+    --raw-format) choices='rgba bgra rgb bgr' ;;
     -o | --output)
         _quillbox_files "$word"
         return
         ;;
-    --source-fps | --raw | --region | --duration | --max-size | --max-width | --max-fps | --colors) return ;; # numbers
+    --source-fps | --delay | --raw | --crop | --loop | --threads | --background | --region | --duration) return ;; # numbers
+    --max-size | --max-width | --max-fps | --colors) return ;;
     *)
         if [[ -z $command ]]; then
             choices='--help --version'
-            [[ $word == -* ]] || choices='encode record begin stop toggle show status quit history doctor'
+            [[ $word == -* ]] || choices='encode record begin stop toggle show status quit history doctor help'
         elif [[ $word != -* ]]; then
             [[ $command != encode ]] || _quillbox_files "$word"
-            return
+            [[ $command == help ]] || return
+            choices='encode record begin stop toggle show status quit history doctor'
         else
             case $command in
-            encode) choices='--help --preset --output --json --force --precise --max-size --max-width --max-fps --colors --source-fps --dither --raw' ;;
-            record) choices='--help --region --select --duration --preset --output --json --force --precise --max-size --max-width --max-fps --colors --copy' ;;
+            encode)
+                choices='--help --preset --output --json --force --quiet --precise --max-size --max-fps --colors --source-fps --delay --dither --raw --raw-format'
+                choices+=' --crop --max-width --loop --threads --matrix --background --strict --keep-going'
+                ;;
+            record)
+                choices='--help --region --select --duration --preset --output --json --force --quiet --precise --max-size --max-width --max-fps'
+                choices+=' --colors --copy'
+                ;;
             begin | stop | toggle | status | history | doctor) choices='--help --json' ;;
-            show | quit) choices='--help' ;;
+            show | quit | help) choices='--help' ;;
             esac
         fi
         ;;

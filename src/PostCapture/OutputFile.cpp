@@ -154,14 +154,20 @@ void saveNamed(
     moveInto(temporary, path, ifExists);
 }
 
-/// `path`, or what it points to when it is a symbolic link: then the link's target is replaced and not the link.
+/// `path`, or what it points to when it is a symbolic link: then the link's target is replaced, or made, and not the
+/// link.
 fs::path resolved(const fs::path& path)
 {
-    std::error_code error; // a link to nowhere stays what it is
-    if (!fs::is_symlink(path, error))
-        return path;
-    auto target = fs::canonical(path, error);
-    return error ? path : target;
+    constexpr int longestChain = 40; // as the kernel has it
+    fs::path target = path;
+    std::error_code error;
+    for (int links = 0; fs::is_symlink(target, error); ++links) {
+        const fs::path next = fs::read_symlink(target, error);
+        if (error || links == longestChain)
+            return path;                  // what opens it says what is wrong
+        target = folderOf(target) / next; // an absolute one stands for itself
+    }
+    return target;
 }
 
 } // namespace

@@ -17,6 +17,7 @@ public:
         IsFolder,      ///< a folder has its name
         IsInput,       ///< it is what the clip is made from
         NoSpace,       ///< the disk, or the user's share of it, is full
+        TooLarge,      ///< for the file system, or for the limit on the size of files (ulimit -f)
         Refused,       ///< the system said no; `errorNumber` says why
     };
 
@@ -27,6 +28,7 @@ public:
 
     [[nodiscard]] const std::filesystem::path& path() const { return m_path; }
     [[nodiscard]] Reason reason() const { return m_reason; }
+    [[nodiscard]] int errorNumber() const { return m_errorNumber; }
     /// The reason in a few words, without the path.
     [[nodiscard]] const std::string& description() const { return m_description; }
     [[nodiscard]] const char* what() const noexcept override { return m_message.c_str(); }
@@ -34,6 +36,7 @@ public:
 private:
     std::filesystem::path m_path;
     Reason m_reason;
+    int m_errorNumber;
     std::string m_description;
     std::string m_message;
 };

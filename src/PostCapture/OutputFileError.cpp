@@ -24,6 +24,8 @@ std::string descriptionOf(const std::filesystem::path& path, OutputFileError::Re
         return translate("OutputFileError", "it is an input itself; name another file with -o");
     case OutputFileError::Reason::NoSpace:
         return translate("OutputFileError", "no space left; free some or save elsewhere");
+    case OutputFileError::Reason::TooLarge:
+        return translate("OutputFileError", "it is larger than a file may be here (ulimit -f)");
     case OutputFileError::Reason::Refused:
         break;
     }
@@ -35,6 +37,7 @@ std::string descriptionOf(const std::filesystem::path& path, OutputFileError::Re
 OutputFileError::OutputFileError(std::filesystem::path path, Reason reason, int errorNumber)
     : m_path(std::move(path))
     , m_reason(reason)
+    , m_errorNumber(errorNumber)
     , m_description(descriptionOf(m_path, reason, errorNumber))
     , m_message(withArguments(translate("OutputFileError", "%1: can't be saved: %2"), {m_path.string(), m_description}))
 {
@@ -53,6 +56,8 @@ OutputFileError OutputFileError::fromErrorNumber(const std::filesystem::path& pa
     case ENOSPC:
     case EDQUOT:
         return {path, Reason::NoSpace};
+    case EFBIG:
+        return {path, Reason::TooLarge};
     default:
         return {path, Reason::Refused, errorNumber};
     }

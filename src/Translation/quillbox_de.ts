@@ -506,12 +506,32 @@
         <source>systemctl --user start wireplumber starts one that is installed</source>
         <translation>systemctl --user start wireplumber startet eine, die installiert ist</translation>
     </message>
+    <message>
+        <source>Images</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>%1, but not %2</source>
+        <translation>%1, aber nicht %2</translation>
+    </message>
 </context>
 <context>
     <name>ErrorReport</name>
     <message>
         <source>there is not enough memory for these frames; use fewer or smaller ones</source>
         <translation>für diese Einzelbilder reicht der Speicher nicht; verwenden Sie weniger oder kleinere</translation>
+    </message>
+    <message>
+        <source>%1 is saved, but not what there is to say about it: %2</source>
+        <translation>%1 ist gespeichert, aber nicht, was dazu zu sagen ist: %2</translation>
+    </message>
+    <message>
+        <source>warning: %1</source>
+        <translation>Warnung: %1</translation>
+    </message>
+    <message>
+        <source>this process may not open enough files; raise the limit with ulimit -n 64</source>
+        <translation>dieser Prozess darf nicht genug Dateien öffnen; heben Sie die Grenze mit ulimit -n 64 an</translation>
     </message>
 </context>
 <context>
@@ -596,10 +616,6 @@
         <translation>ist --raw %1 die wahre Größe?</translation>
     </message>
     <message>
-        <source>8-bit C420, C422, C444, C411 or Cmono (with FFmpeg: -pix_fmt yuv444p)</source>
-        <translation>C420, C422, C444, C411 oder Cmono mit 8 Bit (bei FFmpeg: -pix_fmt yuv444p)</translation>
-    </message>
-    <message>
         <source>a rate like F30:1 or F30000:1001</source>
         <translation>eine Bildrate wie F30:1 oder F30000:1001</translation>
     </message>
@@ -635,19 +651,48 @@
         <source>became shorter while it was being read; run the command again</source>
         <translation>ist beim Lesen kürzer geworden; führen Sie den Befehl erneut aus</translation>
     </message>
+    <message>
+        <source>is a %1 image, for which a plugin is missing; install qt6-image-formats-plugins (Fedora: qt6-qtimageformats, Arch: qt6-imageformats)</source>
+        <translation>ist ein Bild im Format %1, für das ein Plugin fehlt; installieren Sie qt6-image-formats-plugins (Fedora: qt6-qtimageformats, Arch: qt6-imageformats)</translation>
+    </message>
+    <message>
+        <source>is a video; have FFmpeg take its pictures: ffmpeg -i VIDEO -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o OUT.gif -</source>
+        <translation>ist ein Video; lassen Sie FFmpeg die Bilder entnehmen: ffmpeg -i VIDEO -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o OUT.gif -</translation>
+    </message>
+    <message>
+        <source>is cut off: not even its first frame is whole; get the file again</source>
+        <translation>ist abgeschnitten: Nicht einmal das erste Bild ist vollständig; besorgen Sie die Datei noch einmal</translation>
+    </message>
+    <message numerus="yes">
+        <source>is cut off after %n whole frame(s); get the file again, or --keep-going</source>
+        <translation>
+            <numerusform>ist nach %n vollständigen Bild abgeschnitten; besorgen Sie die Datei noch einmal, oder --keep-going</numerusform>
+            <numerusform>ist nach %n vollständigen Bildern abgeschnitten; besorgen Sie die Datei noch einmal, oder --keep-going</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>frame %1 is %2, but the first is %3; without --strict it is fitted into that</source>
+        <translation>Bild %1 ist %2, das erste aber %3; ohne --strict wird es darin eingepasst</translation>
+    </message>
+    <message>
+        <source>frames are %1, so --crop names a part that they don&apos;t have</source>
+        <translation>die Bilder sind %1; --crop nennt einen Ausschnitt, den sie nicht haben</translation>
+    </message>
+    <message>
+        <source>no image is there; name a folder with images, or a pattern that some fit</source>
+        <translation>dort ist kein Bild; nennen Sie einen Ordner mit Bildern oder ein Muster, auf das welche passen</translation>
+    </message>
+    <message>
+        <source>C420, C422, C444, C411 or Cmono of 8 to 16 bits (with FFmpeg: -pix_fmt yuv444p)</source>
+        <translation>C420, C422, C444, C411 oder Cmono mit 8 bis 16 Bit (bei FFmpeg: -pix_fmt yuv444p)</translation>
+    </message>
+    <message>
+        <source>at least one frame in ten minutes</source>
+        <translation>mindestens ein Bild in zehn Minuten</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
-    <message>
-        <source>Examples:
-  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
-  ffmpeg -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-  quillbox encode --raw 1280x720 --preset github capture.rgba</source>
-        <translation>Beispiele:
-  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
-  ffmpeg -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-  quillbox encode --raw 1280x720 --preset github capture.rgba</translation>
-    </message>
     <message>
         <source>Examples:
   quillbox record --region 0,0,800x600 --duration 10
@@ -753,24 +798,12 @@
         <translation>Bilder, YUV4MPEG2 oder rohe Einzelbilder in ein GIF umwandeln</translation>
     </message>
     <message>
-        <source>Images, one frame each; or one animated image; or one YUV4MPEG2 stream; - for standard input</source>
-        <translation>Bilder, je eines pro Einzelbild; oder ein animiertes Bild; oder ein YUV4MPEG2-Datenstrom; - für die Standardeingabe</translation>
-    </message>
-    <message>
         <source>beside the first INPUT, with the extension gif</source>
         <translation>neben dem ersten INPUT, mit der Endung gif</translation>
     </message>
     <message>
-        <source>Frames per second of the input (default: its own, or 30)</source>
-        <translation>Bilder pro Sekunde der Eingabe (Standard: ihre eigene Rate oder 30)</translation>
-    </message>
-    <message>
         <source>Mix colours that the palette lacks</source>
         <translation>Farben mischen, die der Palette fehlen</translation>
-    </message>
-    <message>
-        <source>INPUT is raw RGBA frames of this size, 4 bytes a pixel, without padding</source>
-        <translation>INPUT besteht aus rohen RGBA-Bildern dieser Größe, 4 Bytes pro Pixel, ohne Auffüllung</translation>
     </message>
     <message>
         <source>Record a region of the screen as a GIF</source>
@@ -805,38 +838,6 @@
         <translation>Als JSON-Array ausgeben</translation>
     </message>
     <message>
-        <source>Turns a part of the screen, or a clip, into a small animated GIF.
-Without a command: the application in the tray, from where everything can be done with the mouse.
-
-Examples:
-  quillbox                      (starts the application, or shows it)
-  quillbox toggle               (for a key binding: record, then stop and copy)
-Record a region from a script:
-  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
-Encode frames of another program:
-  ffmpeg -v error -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-Record a program in continuous integration, without a display:
-  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
-    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
-
-The commands below have more examples: quillbox encode --help</source>
-        <translation>Macht aus einem Teil des Bildschirms oder aus einem Clip ein kleines animiertes GIF.
-Ohne Befehl: die Anwendung im Infobereich, in der sich alles mit der Maus erledigen lässt.
-
-Beispiele:
-  quillbox                      (startet die Anwendung oder zeigt sie)
-  quillbox toggle               (für ein Tastenkürzel: aufnehmen, dann beenden und kopieren)
-Einen Bereich aus einem Skript aufnehmen:
-  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
-Bilder eines anderen Programms kodieren:
-  ffmpeg -v error -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-Ein Programm in der Continuous Integration aufnehmen, ohne Bildschirm:
-  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
-    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
-
-Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
-    </message>
-    <message>
         <source>Tell what this desktop has to record, copy and so on, and what is missing</source>
         <translation>Ausgeben, was diese Arbeitsumgebung zum Aufnehmen, Kopieren usw. bietet und was fehlt</translation>
     </message>
@@ -867,6 +868,120 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>With --precise: the most colours of a picture (default: 256)</source>
         <translation>Mit --precise: höchstens so viele Farben je Bild (Vorgabe: 256)</translation>
+    </message>
+    <message>
+        <source>Turns a part of the screen, or a clip, into a small animated GIF.
+Without a command: the application in the tray, from where everything can be done with the mouse.
+
+Examples:
+  quillbox                      (starts the application, or shows it)
+  quillbox toggle               (for a key binding: record, then stop and copy)
+Record a region from a script:
+  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
+Encode frames of another program:
+  ffmpeg -v error -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - \
+    | quillbox encode --matrix bt709 -o clip.gif -
+Record a program in continuous integration, without a display:
+  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
+    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
+
+The commands below have more examples: quillbox encode --help</source>
+        <translation>Macht aus einem Teil des Bildschirms oder aus einem Clip ein kleines animiertes GIF.
+Ohne Befehl: die Anwendung im Infobereich, in der sich alles mit der Maus erledigen lässt.
+
+Beispiele:
+  quillbox                      (startet die Anwendung oder zeigt sie)
+  quillbox toggle               (für ein Tastenkürzel: aufnehmen, dann beenden und kopieren)
+Einen Bereich aus einem Skript aufnehmen:
+  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
+Bilder eines anderen Programms kodieren:
+  ffmpeg -v error -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - \
+    | quillbox encode --matrix bt709 -o clip.gif -
+Ein Programm in der Continuous Integration aufnehmen, ohne Bildschirm:
+  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
+    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
+
+Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
+    </message>
+    <message>
+        <source>Examples:
+  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
+  quillbox encode -o steps.gif step%02d.png --delay 1.5
+  ffmpeg -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o clip.gif -
+  quillbox encode --raw 1280x720 --preset github capture.rgba</source>
+        <translation>Beispiele:
+  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
+  quillbox encode -o steps.gif step%02d.png --delay 1.5
+  ffmpeg -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o clip.gif -
+  quillbox encode --raw 1280x720 --preset github capture.rgba</translation>
+    </message>
+    <message>
+        <source>Print neither progress nor the result, unless as JSON</source>
+        <translation>Weder Fortschritt noch Ergebnis ausgeben, außer als JSON</translation>
+    </message>
+    <message>
+        <source>Shrink wider frames to so many pixels; with --precise, instead of the preset&apos;s width</source>
+        <translation>Breitere Bilder auf so viele Pixel verkleinern; mit --precise statt der Breite der Voreinstellung</translation>
+    </message>
+    <message>
+        <source>the text can&apos;t be written to standard output</source>
+        <translation>der Text kann nicht auf die Standardausgabe geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Images, one frame each, a folder of them, or a pattern like f%03d.png; or one animated image; or one YUV4MPEG2 stream; - for standard input</source>
+        <translation>Bilder, jedes ein Einzelbild, ein Ordner davon oder ein Muster wie f%03d.png; oder ein animiertes Bild; oder ein YUV4MPEG2-Strom; - für die Standardeingabe</translation>
+    </message>
+    <message>
+        <source>Frames per second of the input, like 12, 0.5 or 30000/1001 (default: its own; else 1 for several images, 30 for raw frames)</source>
+        <translation>Bilder pro Sekunde der Eingabe, etwa 12, 0.5 oder 30000/1001 (Standard: ihre eigenen; sonst 1 bei mehreren Bildern, 30 bei rohen)</translation>
+    </message>
+    <message>
+        <source>Show each frame of the input for so many seconds; the other way to say --source-fps</source>
+        <translation>Jedes Bild der Eingabe so viele Sekunden zeigen; die andere Art, --source-fps anzugeben</translation>
+    </message>
+    <message>
+        <source>INPUT is raw frames of this size, without padding</source>
+        <translation>INPUT besteht aus rohen Bildern dieser Größe, ohne Füllbytes</translation>
+    </message>
+    <message>
+        <source>The bytes of a raw pixel</source>
+        <translation>Die Bytes eines rohen Pixels</translation>
+    </message>
+    <message>
+        <source>Take this part of each frame: left, top and size</source>
+        <translation>Diesen Ausschnitt jedes Bildes nehmen: links, oben und Größe</translation>
+    </message>
+    <message>
+        <source>Play the GIF so many times (default: 0, for ever)</source>
+        <translation>Das GIF so oft abspielen (Standard: 0, endlos)</translation>
+    </message>
+    <message>
+        <source>Encode with so many threads (default: one a core)</source>
+        <translation>Mit so vielen Threads kodieren (Standard: einer je Kern)</translation>
+    </message>
+    <message>
+        <source>By which standard the YUV4MPEG2 stream has its colours (default: bt709 from 720 rows on, else bt601)</source>
+        <translation>Nach welcher Norm der YUV4MPEG2-Strom seine Farben hat (Standard: bt709 ab 720 Zeilen, sonst bt601)</translation>
+    </message>
+    <message>
+        <source>What shows through transparent pixels (default: white)</source>
+        <translation>Was durch durchsichtige Pixel scheint (Standard: Weiß)</translation>
+    </message>
+    <message>
+        <source>Refuse images of another size than the first instead of fitting them into it</source>
+        <translation>Bilder anderer Größe als das erste ablehnen, statt sie einzupassen</translation>
+    </message>
+    <message>
+        <source>Leave out images and frames that are damaged or cut off, and say how many</source>
+        <translation>Beschädigte oder abgeschnittene Bilder weglassen und sagen, wie viele</translation>
+    </message>
+    <message>
+        <source>Print the help of a command</source>
+        <translation>Die Hilfe zu einem Befehl ausgeben</translation>
+    </message>
+    <message>
+        <source>The command; none for all of them</source>
+        <translation>Der Befehl; keiner für alle</translation>
     </message>
 </context>
 <context>
@@ -912,6 +1027,20 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     </message>
 </context>
 <context>
+    <name>InputReader</name>
+    <message numerus="yes">
+        <source>%1; the %n frame(s) before that are in the clip</source>
+        <translation>
+            <numerusform>%1; das %n Bild davor ist im Clip</numerusform>
+            <numerusform>%1; die %n Bilder davor sind im Clip</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>images left out: %1 of %2; %3</source>
+        <translation>weggelassene Bilder: %1 von %2; %3</translation>
+    </message>
+</context>
+<context>
     <name>OutputFileError</name>
     <message>
         <source>the file exists already; use --force to replace it</source>
@@ -937,6 +1066,10 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <source>%1: can&apos;t be saved: %2</source>
         <translation>%1: kann nicht gespeichert werden: %2</translation>
     </message>
+    <message>
+        <source>it is larger than a file may be here (ulimit -f)</source>
+        <translation>sie ist größer, als eine Datei hier sein darf (ulimit -f)</translation>
+    </message>
 </context>
 <context>
     <name>ParserMessages</name>
@@ -951,10 +1084,6 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>The following arguments were not expected: %1</source>
         <translation>Unerwartete Argumente: %1</translation>
-    </message>
-    <message>
-        <source>Could not convert: %1 = %2</source>
-        <translation>Ungültiger Wert: %1 = %2</translation>
     </message>
     <message>
         <source>%1: 1 required %2 missing</source>
@@ -983,6 +1112,13 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <translation>
             <numerusform>Aufnahme: %1 s, %n Bild; Strg-C beendet</numerusform>
             <numerusform>Aufnahme: %1 s, %n Bilder; Strg-C beendet</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>palette %1 of %2: %n colour(s), %3 %</source>
+        <translation>
+            <numerusform>Palette %1 von %2: %n Farbe, %3 %</numerusform>
+            <numerusform>Palette %1 von %2: %n Farben, %3 %</numerusform>
         </translation>
     </message>
 </context>
@@ -1154,6 +1290,24 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <source>; over the %1 of --max-size: record less, or a smaller part of the screen</source>
         <translation>; über den %1 von --max-size: weniger oder einen kleineren Teil des Bildschirms aufnehmen</translation>
     </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: at most %2 a second, and changes of less than 1 % merge (--precise keeps them)</source>
+        <translation>
+            <numerusform>; %n Bild, %1 behalten: höchstens %2 pro Sekunde, und Änderungen unter 1 % werden vereint (--precise behält sie)</numerusform>
+            <numerusform>; %n Bilder, %1 behalten: höchstens %2 pro Sekunde, und Änderungen unter 1 % werden vereint (--precise behält sie)</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: changes of less than 1 % merge (--precise keeps them)</source>
+        <translation>
+            <numerusform>; %n Bild, %1 behalten: Änderungen unter 1 % werden vereint (--precise behält sie)</numerusform>
+            <numerusform>; %n Bilder, %1 behalten: Änderungen unter 1 % werden vereint (--precise behält sie)</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>; over the %1 MB budget of %2: try --max-width, --crop, fewer frames or another --preset</source>
+        <translation>; über dem Limit von %1 MB für %2: versuchen Sie --max-width, --crop, weniger Bilder oder ein anderes --preset</translation>
+    </message>
 </context>
 <context>
     <name>Streams</name>
@@ -1252,10 +1406,6 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <translation>-o: Der Name ist leer; nennen Sie eine Datei oder - für die Standardausgabe</translation>
     </message>
     <message>
-        <source>--source-fps: use a whole number of frames per second from 1 to 1000</source>
-        <translation>--source-fps: Verwenden Sie eine ganze Zahl von 1 bis 1000 Bildern pro Sekunde</translation>
-    </message>
-    <message>
         <source>--dither: there is no &quot;%1&quot;; use auto, always or never</source>
         <translation>--dither: „%1“ gibt es nicht; verwenden Sie auto, always oder never</translation>
     </message>
@@ -1300,10 +1450,6 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <translation>die Standardeingabe muss das einzige INPUT sein</translation>
     </message>
     <message>
-        <source>standard input is a terminal; pipe a YUV4MPEG2 stream or raw frames into it</source>
-        <translation>die Standardeingabe ist ein Terminal; leiten Sie einen YUV4MPEG2-Datenstrom oder rohe Bilder hinein</translation>
-    </message>
-    <message>
         <source>%1 belongs to --precise; add that</source>
         <translation>%1 gehört zu --precise; geben Sie das an</translation>
     </message>
@@ -1322,6 +1468,62 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>--colors: use a number of colours from %1 to %2</source>
         <translation>--colors: eine Anzahl Farben von %1 bis %2 verwenden</translation>
+    </message>
+    <message>
+        <source>-o: &quot;%1&quot; is no name for a GIF; let it end in .gif</source>
+        <translation>-o: „%1“ ist kein Name für ein GIF; lassen Sie ihn auf .gif enden</translation>
+    </message>
+    <message>
+        <source>--crop: &quot;%1&quot; is not a part; write it like 10,20,640x480 (left, top, size)</source>
+        <translation>--crop: „%1“ ist kein Ausschnitt; schreiben Sie ihn wie 10,20,640x480 (links, oben, Größe)</translation>
+    </message>
+    <message>
+        <source>--matrix: there is no &quot;%1&quot;; use bt601, bt709 or bt2020</source>
+        <translation>--matrix: „%1“ gibt es nicht; verwenden Sie bt601, bt709 oder bt2020</translation>
+    </message>
+    <message>
+        <source>--background: &quot;%1&quot; is not a colour; write it like #FFFFFF, white or black</source>
+        <translation>--background: „%1“ ist keine Farbe; schreiben Sie sie wie #FFFFFF, white oder black</translation>
+    </message>
+    <message>
+        <source>--raw-format: there is no &quot;%1&quot;; use rgba, bgra, rgb or bgr</source>
+        <translation>--raw-format: „%1“ gibt es nicht; verwenden Sie rgba, bgra, rgb oder bgr</translation>
+    </message>
+    <message>
+        <source>--source-fps: &quot;%1&quot; is not a number of frames per second; write it like 12, 29.97 or 30000/1001, 1000 at most</source>
+        <translation>--source-fps: „%1“ ist keine Zahl von Bildern pro Sekunde; schreiben Sie sie wie 12, 29.97 oder 30000/1001, höchstens 1000</translation>
+    </message>
+    <message>
+        <source>--delay and --source-fps say the same; use one of them</source>
+        <translation>--delay und --source-fps besagen dasselbe; verwenden Sie eines davon</translation>
+    </message>
+    <message>
+        <source>--delay: &quot;%1&quot; is not a number of seconds from 0.001 to 655.35</source>
+        <translation>--delay: „%1“ ist keine Zahl von Sekunden von 0.001 bis 655.35</translation>
+    </message>
+    <message>
+        <source>--raw: &quot;%1&quot; can&apos;t be; each side must be 1 to 65535 pixels</source>
+        <translation>--raw: „%1“ geht nicht; jede Seite muss 1 bis 65535 Pixel haben</translation>
+    </message>
+    <message>
+        <source>--threads: use a number from %1 to %2</source>
+        <translation>--threads: Verwenden Sie eine Zahl von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>--loop: use a number from %1 to %2</source>
+        <translation>--loop: Verwenden Sie eine Zahl von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>help: there is no command &quot;%1&quot;; see quillbox --help</source>
+        <translation>help: Den Befehl „%1“ gibt es nicht; siehe quillbox --help</translation>
+    </message>
+    <message>
+        <source>QUILLBOX_RECORDING_MEMORY is &quot;%1&quot;; make it a whole number of megabytes, or unset it</source>
+        <translation>QUILLBOX_RECORDING_MEMORY ist „%1“; setzen Sie es auf eine ganze Zahl von Megabyte, oder gar nicht</translation>
+    </message>
+    <message>
+        <source>standard input is a terminal; pipe an image, a YUV4MPEG2 stream or raw frames into it</source>
+        <translation>die Standardeingabe ist ein Terminal; leiten Sie ein Bild, einen YUV4MPEG2-Strom oder rohe Bilder hinein</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,26 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>FrameReadError</name>
+    <message numerus="yes">
+        <source>is cut off after %n whole frame(s); get the file again, or --keep-going</source>
+        <translation>
+            <numerusform>is cut off after %n whole frame; get the file again, or --keep-going</numerusform>
+            <numerusform>is cut off after %n whole frames; get the file again, or --keep-going</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>InputReader</name>
+    <message numerus="yes">
+        <source>%1; the %n frame(s) before that are in the clip</source>
+        <translation>
+            <numerusform>%1; the %n frame before that is in the clip</numerusform>
+            <numerusform>%1; the %n frames before that are in the clip</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>ProgressLine</name>
     <message numerus="yes">
         <source>attempt %1: %n colour(s), %2 %</source>
@@ -15,6 +35,13 @@
         <translation>
             <numerusform>recording %1 s, %n frame; Ctrl-C stops</numerusform>
             <numerusform>recording %1 s, %n frames; Ctrl-C stops</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>palette %1 of %2: %n colour(s), %3 %</source>
+        <translation>
+            <numerusform>palette %1 of %2: %n colour, %3 %</numerusform>
+            <numerusform>palette %1 of %2: %n colours, %3 %</numerusform>
         </translation>
     </message>
 </context>
@@ -39,6 +66,20 @@
         <translation>
             <numerusform>%n change</numerusform>
             <numerusform>%n changes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: at most %2 a second, and changes of less than 1 % merge (--precise keeps them)</source>
+        <translation>
+            <numerusform>; %n picture, %1 kept: at most %2 a second, and changes of less than 1 % merge (--precise keeps them)</numerusform>
+            <numerusform>; %n pictures, %1 kept: at most %2 a second, and changes of less than 1 % merge (--precise keeps them)</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: changes of less than 1 % merge (--precise keeps them)</source>
+        <translation>
+            <numerusform>; %n picture, %1 kept: changes of less than 1 % merge (--precise keeps them)</numerusform>
+            <numerusform>; %n pictures, %1 kept: changes of less than 1 % merge (--precise keeps them)</numerusform>
         </translation>
     </message>
 </context>

@@ -506,12 +506,32 @@
         <source>systemctl --user start wireplumber starts one that is installed</source>
         <translation>systemctl --user start wireplumber inicia el que esté instalado</translation>
     </message>
+    <message>
+        <source>Images</source>
+        <translation>Imágenes</translation>
+    </message>
+    <message>
+        <source>%1, but not %2</source>
+        <translation>%1, pero no %2</translation>
+    </message>
 </context>
 <context>
     <name>ErrorReport</name>
     <message>
         <source>there is not enough memory for these frames; use fewer or smaller ones</source>
         <translation>no hay memoria suficiente para estos fotogramas; use menos o más pequeños</translation>
+    </message>
+    <message>
+        <source>%1 is saved, but not what there is to say about it: %2</source>
+        <translation>%1 está guardado, pero no lo que hay que decir de él: %2</translation>
+    </message>
+    <message>
+        <source>warning: %1</source>
+        <translation>aviso: %1</translation>
+    </message>
+    <message>
+        <source>this process may not open enough files; raise the limit with ulimit -n 64</source>
+        <translation>este proceso no puede abrir bastantes archivos; suba el límite con ulimit -n 64</translation>
     </message>
 </context>
 <context>
@@ -596,10 +616,6 @@
         <translation>¿es --raw %1 su tamaño real?</translation>
     </message>
     <message>
-        <source>8-bit C420, C422, C444, C411 or Cmono (with FFmpeg: -pix_fmt yuv444p)</source>
-        <translation>C420, C422, C444, C411 o Cmono de 8 bits (con FFmpeg: -pix_fmt yuv444p)</translation>
-    </message>
-    <message>
         <source>a rate like F30:1 or F30000:1001</source>
         <translation>una frecuencia como F30:1 o F30000:1001</translation>
     </message>
@@ -635,19 +651,48 @@
         <source>became shorter while it was being read; run the command again</source>
         <translation>se acortó mientras se leía; ejecute la orden de nuevo</translation>
     </message>
+    <message>
+        <source>is a %1 image, for which a plugin is missing; install qt6-image-formats-plugins (Fedora: qt6-qtimageformats, Arch: qt6-imageformats)</source>
+        <translation>es una imagen %1, para la que falta un complemento; instale qt6-image-formats-plugins (Fedora: qt6-qtimageformats, Arch: qt6-imageformats)</translation>
+    </message>
+    <message>
+        <source>is a video; have FFmpeg take its pictures: ffmpeg -i VIDEO -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o OUT.gif -</source>
+        <translation>es un vídeo; haga que FFmpeg saque sus imágenes: ffmpeg -i VIDEO -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o OUT.gif -</translation>
+    </message>
+    <message>
+        <source>is cut off: not even its first frame is whole; get the file again</source>
+        <translation>está cortado: ni siquiera su primera imagen está entera; obtenga el archivo de nuevo</translation>
+    </message>
+    <message numerus="yes">
+        <source>is cut off after %n whole frame(s); get the file again, or --keep-going</source>
+        <translation>
+            <numerusform>está cortado tras %n imagen entera; obtenga el archivo de nuevo, o --keep-going</numerusform>
+            <numerusform>está cortado tras %n imágenes enteras; obtenga el archivo de nuevo, o --keep-going</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>frame %1 is %2, but the first is %3; without --strict it is fitted into that</source>
+        <translation>la imagen %1 es de %2, pero la primera de %3; sin --strict se ajusta a esta</translation>
+    </message>
+    <message>
+        <source>frames are %1, so --crop names a part that they don&apos;t have</source>
+        <translation>las imágenes son de %1, así que --crop nombra una parte que no tienen</translation>
+    </message>
+    <message>
+        <source>no image is there; name a folder with images, or a pattern that some fit</source>
+        <translation>no hay ninguna imagen; nombre una carpeta con imágenes, o un patrón que alguna cumpla</translation>
+    </message>
+    <message>
+        <source>C420, C422, C444, C411 or Cmono of 8 to 16 bits (with FFmpeg: -pix_fmt yuv444p)</source>
+        <translation>C420, C422, C444, C411 o Cmono de 8 a 16 bits (con FFmpeg: -pix_fmt yuv444p)</translation>
+    </message>
+    <message>
+        <source>at least one frame in ten minutes</source>
+        <translation>al menos una imagen cada diez minutos</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
-    <message>
-        <source>Examples:
-  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
-  ffmpeg -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-  quillbox encode --raw 1280x720 --preset github capture.rgba</source>
-        <translation>Ejemplos:
-  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
-  ffmpeg -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-  quillbox encode --raw 1280x720 --preset github capture.rgba</translation>
-    </message>
     <message>
         <source>Examples:
   quillbox record --region 0,0,800x600 --duration 10
@@ -753,24 +798,12 @@
         <translation>Convertir imágenes, YUV4MPEG2 o fotogramas sin formato en un GIF</translation>
     </message>
     <message>
-        <source>Images, one frame each; or one animated image; or one YUV4MPEG2 stream; - for standard input</source>
-        <translation>Imágenes, un fotograma cada una; o una imagen animada; o un flujo YUV4MPEG2; - para la entrada estándar</translation>
-    </message>
-    <message>
         <source>beside the first INPUT, with the extension gif</source>
         <translation>junto al primer INPUT, con la extensión gif</translation>
     </message>
     <message>
-        <source>Frames per second of the input (default: its own, or 30)</source>
-        <translation>Fotogramas por segundo de la entrada (por omisión: los suyos, o 30)</translation>
-    </message>
-    <message>
         <source>Mix colours that the palette lacks</source>
         <translation>Mezclar los colores que faltan en la paleta</translation>
-    </message>
-    <message>
-        <source>INPUT is raw RGBA frames of this size, 4 bytes a pixel, without padding</source>
-        <translation>INPUT son fotogramas RGBA sin formato de este tamaño, 4 bytes por píxel, sin relleno</translation>
     </message>
     <message>
         <source>Record a region of the screen as a GIF</source>
@@ -805,38 +838,6 @@
         <translation>Mostrarlos como una lista JSON</translation>
     </message>
     <message>
-        <source>Turns a part of the screen, or a clip, into a small animated GIF.
-Without a command: the application in the tray, from where everything can be done with the mouse.
-
-Examples:
-  quillbox                      (starts the application, or shows it)
-  quillbox toggle               (for a key binding: record, then stop and copy)
-Record a region from a script:
-  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
-Encode frames of another program:
-  ffmpeg -v error -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-Record a program in continuous integration, without a display:
-  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
-    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
-
-The commands below have more examples: quillbox encode --help</source>
-        <translation>Convierte una parte de la pantalla, o un clip, en un pequeño GIF animado.
-Sin orden: la aplicación en la bandeja, donde todo se puede hacer con el ratón.
-
-Ejemplos:
-  quillbox                      (inicia la aplicación, o la muestra)
-  quillbox toggle               (para un atajo de teclado: grabar, y después detener y copiar)
-Grabar un área desde un script:
-  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
-Codificar fotogramas de otro programa:
-  ffmpeg -v error -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-Grabar un programa en integración continua, sin pantalla:
-  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
-    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
-
-Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
-    </message>
-    <message>
         <source>Tell what this desktop has to record, copy and so on, and what is missing</source>
         <translation>Decir qué tiene este escritorio para grabar, copiar, etc., y qué falta</translation>
     </message>
@@ -867,6 +868,120 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>With --precise: the most colours of a picture (default: 256)</source>
         <translation>Con --precise: el máximo de colores de una imagen (por omisión: 256)</translation>
+    </message>
+    <message>
+        <source>Turns a part of the screen, or a clip, into a small animated GIF.
+Without a command: the application in the tray, from where everything can be done with the mouse.
+
+Examples:
+  quillbox                      (starts the application, or shows it)
+  quillbox toggle               (for a key binding: record, then stop and copy)
+Record a region from a script:
+  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
+Encode frames of another program:
+  ffmpeg -v error -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - \
+    | quillbox encode --matrix bt709 -o clip.gif -
+Record a program in continuous integration, without a display:
+  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
+    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
+
+The commands below have more examples: quillbox encode --help</source>
+        <translation>Convierte una parte de la pantalla, o un clip, en un pequeño GIF animado.
+Sin orden: la aplicación en la bandeja, donde todo se puede hacer con el ratón.
+
+Ejemplos:
+  quillbox                      (inicia la aplicación, o la muestra)
+  quillbox toggle               (para un atajo de teclado: grabar, y después detener y copiar)
+Grabar un área desde un script:
+  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
+Codificar fotogramas de otro programa:
+  ffmpeg -v error -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - \
+    | quillbox encode --matrix bt709 -o clip.gif -
+Grabar un programa en integración continua, sin pantalla:
+  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
+    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
+
+Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
+    </message>
+    <message>
+        <source>Examples:
+  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
+  quillbox encode -o steps.gif step%02d.png --delay 1.5
+  ffmpeg -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o clip.gif -
+  quillbox encode --raw 1280x720 --preset github capture.rgba</source>
+        <translation>Ejemplos:
+  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
+  quillbox encode -o steps.gif step%02d.png --delay 1.5
+  ffmpeg -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o clip.gif -
+  quillbox encode --raw 1280x720 --preset github capture.rgba</translation>
+    </message>
+    <message>
+        <source>Print neither progress nor the result, unless as JSON</source>
+        <translation>No mostrar ni el progreso ni el resultado, salvo como JSON</translation>
+    </message>
+    <message>
+        <source>Shrink wider frames to so many pixels; with --precise, instead of the preset&apos;s width</source>
+        <translation>Reducir las imágenes más anchas a tantos píxeles; con --precise, en vez del ancho del ajuste</translation>
+    </message>
+    <message>
+        <source>the text can&apos;t be written to standard output</source>
+        <translation>el texto no se puede escribir en la salida estándar</translation>
+    </message>
+    <message>
+        <source>Images, one frame each, a folder of them, or a pattern like f%03d.png; or one animated image; or one YUV4MPEG2 stream; - for standard input</source>
+        <translation>Imágenes, cada una un fotograma, una carpeta de ellas o un patrón como f%03d.png; o una imagen animada; o un flujo YUV4MPEG2; - para la entrada estándar</translation>
+    </message>
+    <message>
+        <source>Frames per second of the input, like 12, 0.5 or 30000/1001 (default: its own; else 1 for several images, 30 for raw frames)</source>
+        <translation>Imágenes por segundo de la entrada, como 12, 0.5 o 30000/1001 (por omisión: las suyas; si no, 1 con varias imágenes, 30 con fotogramas sin formato)</translation>
+    </message>
+    <message>
+        <source>Show each frame of the input for so many seconds; the other way to say --source-fps</source>
+        <translation>Mostrar cada imagen de la entrada tantos segundos; otra manera de decir --source-fps</translation>
+    </message>
+    <message>
+        <source>INPUT is raw frames of this size, without padding</source>
+        <translation>INPUT son fotogramas sin formato de este tamaño, sin relleno</translation>
+    </message>
+    <message>
+        <source>The bytes of a raw pixel</source>
+        <translation>Los bytes de un píxel sin formato</translation>
+    </message>
+    <message>
+        <source>Take this part of each frame: left, top and size</source>
+        <translation>Tomar esta parte de cada imagen: izquierda, arriba y tamaño</translation>
+    </message>
+    <message>
+        <source>Play the GIF so many times (default: 0, for ever)</source>
+        <translation>Reproducir el GIF tantas veces (por omisión: 0, sin fin)</translation>
+    </message>
+    <message>
+        <source>Encode with so many threads (default: one a core)</source>
+        <translation>Codificar con tantos hilos (por omisión: uno por núcleo)</translation>
+    </message>
+    <message>
+        <source>By which standard the YUV4MPEG2 stream has its colours (default: bt709 from 720 rows on, else bt601)</source>
+        <translation>Según qué norma tiene sus colores el flujo YUV4MPEG2 (por omisión: bt709 desde 720 filas, si no bt601)</translation>
+    </message>
+    <message>
+        <source>What shows through transparent pixels (default: white)</source>
+        <translation>Lo que se ve a través de los píxeles transparentes (por omisión: blanco)</translation>
+    </message>
+    <message>
+        <source>Refuse images of another size than the first instead of fitting them into it</source>
+        <translation>Rechazar las imágenes de otro tamaño que la primera en vez de ajustarlas a ella</translation>
+    </message>
+    <message>
+        <source>Leave out images and frames that are damaged or cut off, and say how many</source>
+        <translation>Omitir las imágenes dañadas o cortadas, y decir cuántas</translation>
+    </message>
+    <message>
+        <source>Print the help of a command</source>
+        <translation>Mostrar la ayuda de una orden</translation>
+    </message>
+    <message>
+        <source>The command; none for all of them</source>
+        <translation>La orden; ninguna para todas</translation>
     </message>
 </context>
 <context>
@@ -912,6 +1027,20 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     </message>
 </context>
 <context>
+    <name>InputReader</name>
+    <message numerus="yes">
+        <source>%1; the %n frame(s) before that are in the clip</source>
+        <translation>
+            <numerusform>%1; la %n imagen anterior está en el clip</numerusform>
+            <numerusform>%1; las %n imágenes anteriores están en el clip</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>images left out: %1 of %2; %3</source>
+        <translation>imágenes omitidas: %1 de %2; %3</translation>
+    </message>
+</context>
+<context>
     <name>OutputFileError</name>
     <message>
         <source>the file exists already; use --force to replace it</source>
@@ -937,6 +1066,10 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <source>%1: can&apos;t be saved: %2</source>
         <translation>%1: no se puede guardar: %2</translation>
     </message>
+    <message>
+        <source>it is larger than a file may be here (ulimit -f)</source>
+        <translation>es mayor de lo que puede ser un archivo aquí (ulimit -f)</translation>
+    </message>
 </context>
 <context>
     <name>ParserMessages</name>
@@ -951,10 +1084,6 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>The following arguments were not expected: %1</source>
         <translation>Argumentos inesperados: %1</translation>
-    </message>
-    <message>
-        <source>Could not convert: %1 = %2</source>
-        <translation>Valor no válido: %1 = %2</translation>
     </message>
     <message>
         <source>%1: 1 required %2 missing</source>
@@ -983,6 +1112,13 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <translation>
             <numerusform>grabando: %1 s, %n fotograma; Ctrl-C detiene</numerusform>
             <numerusform>grabando: %1 s, %n fotogramas; Ctrl-C detiene</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>palette %1 of %2: %n colour(s), %3 %</source>
+        <translation>
+            <numerusform>paleta %1 de %2: %n color, %3 %</numerusform>
+            <numerusform>paleta %1 de %2: %n colores, %3 %</numerusform>
         </translation>
     </message>
 </context>
@@ -1154,6 +1290,24 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <source>; over the %1 of --max-size: record less, or a smaller part of the screen</source>
         <translation>; supera los %1 de --max-size: grabe menos, o una parte más pequeña de la pantalla</translation>
     </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: at most %2 a second, and changes of less than 1 % merge (--precise keeps them)</source>
+        <translation>
+            <numerusform>; %n imagen, %1 conservada: %2 por segundo como máximo, y los cambios de menos del 1 % se funden (--precise los conserva)</numerusform>
+            <numerusform>; %n imágenes, %1 conservadas: %2 por segundo como máximo, y los cambios de menos del 1 % se funden (--precise los conserva)</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: changes of less than 1 % merge (--precise keeps them)</source>
+        <translation>
+            <numerusform>; %n imagen, %1 conservada: los cambios de menos del 1 % se funden (--precise los conserva)</numerusform>
+            <numerusform>; %n imágenes, %1 conservadas: los cambios de menos del 1 % se funden (--precise los conserva)</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>; over the %1 MB budget of %2: try --max-width, --crop, fewer frames or another --preset</source>
+        <translation>; por encima del límite de %1 MB de %2: pruebe --max-width, --crop, menos imágenes u otro --preset</translation>
+    </message>
 </context>
 <context>
     <name>Streams</name>
@@ -1252,10 +1406,6 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <translation>-o: el nombre está vacío; indique un archivo, o - para la salida estándar</translation>
     </message>
     <message>
-        <source>--source-fps: use a whole number of frames per second from 1 to 1000</source>
-        <translation>--source-fps: use un número entero de fotogramas por segundo, de 1 a 1000</translation>
-    </message>
-    <message>
         <source>--dither: there is no &quot;%1&quot;; use auto, always or never</source>
         <translation>--dither: «%1» no existe; use auto, always o never</translation>
     </message>
@@ -1300,10 +1450,6 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <translation>la entrada estándar debe ser el único INPUT</translation>
     </message>
     <message>
-        <source>standard input is a terminal; pipe a YUV4MPEG2 stream or raw frames into it</source>
-        <translation>la entrada estándar es un terminal; envíele un flujo YUV4MPEG2 o fotogramas sin formato</translation>
-    </message>
-    <message>
         <source>%1 belongs to --precise; add that</source>
         <translation>%1 va con --precise; añádalo</translation>
     </message>
@@ -1322,6 +1468,62 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>--colors: use a number of colours from %1 to %2</source>
         <translation>--colors: use un número de colores de %1 a %2</translation>
+    </message>
+    <message>
+        <source>-o: &quot;%1&quot; is no name for a GIF; let it end in .gif</source>
+        <translation>-o: «%1» no es nombre para un GIF; haga que acabe en .gif</translation>
+    </message>
+    <message>
+        <source>--crop: &quot;%1&quot; is not a part; write it like 10,20,640x480 (left, top, size)</source>
+        <translation>--crop: «%1» no es una parte; escríbala como 10,20,640x480 (izquierda, arriba, tamaño)</translation>
+    </message>
+    <message>
+        <source>--matrix: there is no &quot;%1&quot;; use bt601, bt709 or bt2020</source>
+        <translation>--matrix: no existe «%1»; use bt601, bt709 o bt2020</translation>
+    </message>
+    <message>
+        <source>--background: &quot;%1&quot; is not a colour; write it like #FFFFFF, white or black</source>
+        <translation>--background: «%1» no es un color; escríbalo como #FFFFFF, white o black</translation>
+    </message>
+    <message>
+        <source>--raw-format: there is no &quot;%1&quot;; use rgba, bgra, rgb or bgr</source>
+        <translation>--raw-format: no existe «%1»; use rgba, bgra, rgb o bgr</translation>
+    </message>
+    <message>
+        <source>--source-fps: &quot;%1&quot; is not a number of frames per second; write it like 12, 29.97 or 30000/1001, 1000 at most</source>
+        <translation>--source-fps: «%1» no es un número de imágenes por segundo; escríbalo como 12, 29.97 o 30000/1001, 1000 como máximo</translation>
+    </message>
+    <message>
+        <source>--delay and --source-fps say the same; use one of them</source>
+        <translation>--delay y --source-fps dicen lo mismo; use uno de los dos</translation>
+    </message>
+    <message>
+        <source>--delay: &quot;%1&quot; is not a number of seconds from 0.001 to 655.35</source>
+        <translation>--delay: «%1» no es un número de segundos de 0.001 a 655.35</translation>
+    </message>
+    <message>
+        <source>--raw: &quot;%1&quot; can&apos;t be; each side must be 1 to 65535 pixels</source>
+        <translation>--raw: «%1» no puede ser; cada lado debe tener de 1 a 65535 píxeles</translation>
+    </message>
+    <message>
+        <source>--threads: use a number from %1 to %2</source>
+        <translation>--threads: use un número de %1 a %2</translation>
+    </message>
+    <message>
+        <source>--loop: use a number from %1 to %2</source>
+        <translation>--loop: use un número de %1 a %2</translation>
+    </message>
+    <message>
+        <source>help: there is no command &quot;%1&quot;; see quillbox --help</source>
+        <translation>help: no existe la orden «%1»; vea quillbox --help</translation>
+    </message>
+    <message>
+        <source>QUILLBOX_RECORDING_MEMORY is &quot;%1&quot;; make it a whole number of megabytes, or unset it</source>
+        <translation>QUILLBOX_RECORDING_MEMORY es «%1»; póngale un número entero de megabytes, o quítela</translation>
+    </message>
+    <message>
+        <source>standard input is a terminal; pipe an image, a YUV4MPEG2 stream or raw frames into it</source>
+        <translation>la entrada estándar es una terminal; envíele una imagen, un flujo YUV4MPEG2 o fotogramas sin formato</translation>
     </message>
 </context>
 <context>

@@ -506,12 +506,32 @@
         <source>systemctl --user start wireplumber starts one that is installed</source>
         <translation>systemctl --user start wireplumber en lance un qui est installé</translation>
     </message>
+    <message>
+        <source>Images</source>
+        <translation>Images</translation>
+    </message>
+    <message>
+        <source>%1, but not %2</source>
+        <translation>%1, mais pas %2</translation>
+    </message>
 </context>
 <context>
     <name>ErrorReport</name>
     <message>
         <source>there is not enough memory for these frames; use fewer or smaller ones</source>
         <translation>la mémoire ne suffit pas pour ces images&#xa0;; utilisez-en moins ou de plus petites</translation>
+    </message>
+    <message>
+        <source>%1 is saved, but not what there is to say about it: %2</source>
+        <translation>%1 est enregistré, mais pas ce qu’il y a à en dire : %2</translation>
+    </message>
+    <message>
+        <source>warning: %1</source>
+        <translation>avertissement : %1</translation>
+    </message>
+    <message>
+        <source>this process may not open enough files; raise the limit with ulimit -n 64</source>
+        <translation>ce processus ne peut pas ouvrir assez de fichiers ; relevez la limite avec ulimit -n 64</translation>
     </message>
 </context>
 <context>
@@ -596,10 +616,6 @@
         <translation>--raw %1 est-elle sa vraie taille&#xa0;?</translation>
     </message>
     <message>
-        <source>8-bit C420, C422, C444, C411 or Cmono (with FFmpeg: -pix_fmt yuv444p)</source>
-        <translation>C420, C422, C444, C411 ou Cmono sur 8 bits (avec FFmpeg&#xa0;: -pix_fmt yuv444p)</translation>
-    </message>
-    <message>
         <source>a rate like F30:1 or F30000:1001</source>
         <translation>une cadence comme F30:1 ou F30000:1001</translation>
     </message>
@@ -635,19 +651,48 @@
         <source>became shorter while it was being read; run the command again</source>
         <translation>a raccourci pendant sa lecture&#xa0;; relancez la commande</translation>
     </message>
+    <message>
+        <source>is a %1 image, for which a plugin is missing; install qt6-image-formats-plugins (Fedora: qt6-qtimageformats, Arch: qt6-imageformats)</source>
+        <translation>est une image %1, pour laquelle il manque un greffon ; installez qt6-image-formats-plugins (Fedora : qt6-qtimageformats, Arch : qt6-imageformats)</translation>
+    </message>
+    <message>
+        <source>is a video; have FFmpeg take its pictures: ffmpeg -i VIDEO -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o OUT.gif -</source>
+        <translation>est une vidéo ; faites-en extraire les images par FFmpeg : ffmpeg -i VIDEO -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o OUT.gif -</translation>
+    </message>
+    <message>
+        <source>is cut off: not even its first frame is whole; get the file again</source>
+        <translation>est tronqué : même sa première image n’est pas entière ; récupérez à nouveau le fichier</translation>
+    </message>
+    <message numerus="yes">
+        <source>is cut off after %n whole frame(s); get the file again, or --keep-going</source>
+        <translation>
+            <numerusform>est tronqué après %n image entière ; récupérez à nouveau le fichier, ou --keep-going</numerusform>
+            <numerusform>est tronqué après %n images entières ; récupérez à nouveau le fichier, ou --keep-going</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>frame %1 is %2, but the first is %3; without --strict it is fitted into that</source>
+        <translation>l’image %1 fait %2, mais la première %3 ; sans --strict elle y est ajustée</translation>
+    </message>
+    <message>
+        <source>frames are %1, so --crop names a part that they don&apos;t have</source>
+        <translation>les images font %1 ; --crop désigne donc une partie qu’elles n’ont pas</translation>
+    </message>
+    <message>
+        <source>no image is there; name a folder with images, or a pattern that some fit</source>
+        <translation>aucune image ne s’y trouve ; nommez un dossier avec des images, ou un motif auquel certaines répondent</translation>
+    </message>
+    <message>
+        <source>C420, C422, C444, C411 or Cmono of 8 to 16 bits (with FFmpeg: -pix_fmt yuv444p)</source>
+        <translation>C420, C422, C444, C411 ou Cmono de 8 à 16 bits (avec FFmpeg : -pix_fmt yuv444p)</translation>
+    </message>
+    <message>
+        <source>at least one frame in ten minutes</source>
+        <translation>au moins une image en dix minutes</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
-    <message>
-        <source>Examples:
-  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
-  ffmpeg -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-  quillbox encode --raw 1280x720 --preset github capture.rgba</source>
-        <translation>Exemples&#xa0;:
-  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
-  ffmpeg -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-  quillbox encode --raw 1280x720 --preset github capture.rgba</translation>
-    </message>
     <message>
         <source>Examples:
   quillbox record --region 0,0,800x600 --duration 10
@@ -753,24 +798,12 @@
         <translation>Convertir des images, du YUV4MPEG2 ou des images brutes en GIF</translation>
     </message>
     <message>
-        <source>Images, one frame each; or one animated image; or one YUV4MPEG2 stream; - for standard input</source>
-        <translation>Des images, une par vue&#xa0;; ou une image animée&#xa0;; ou un flux YUV4MPEG2&#xa0;; - pour l&apos;entrée standard</translation>
-    </message>
-    <message>
         <source>beside the first INPUT, with the extension gif</source>
         <translation>à côté du premier INPUT, avec l&apos;extension gif</translation>
     </message>
     <message>
-        <source>Frames per second of the input (default: its own, or 30)</source>
-        <translation>Images par seconde de l&apos;entrée (par défaut&#xa0;: les siennes, ou 30)</translation>
-    </message>
-    <message>
         <source>Mix colours that the palette lacks</source>
         <translation>Mélanger les couleurs absentes de la palette</translation>
-    </message>
-    <message>
-        <source>INPUT is raw RGBA frames of this size, 4 bytes a pixel, without padding</source>
-        <translation>INPUT est fait d&apos;images RGBA brutes de cette taille, 4 octets par pixel, sans remplissage</translation>
     </message>
     <message>
         <source>Record a region of the screen as a GIF</source>
@@ -805,38 +838,6 @@
         <translation>Les afficher sous forme de tableau JSON</translation>
     </message>
     <message>
-        <source>Turns a part of the screen, or a clip, into a small animated GIF.
-Without a command: the application in the tray, from where everything can be done with the mouse.
-
-Examples:
-  quillbox                      (starts the application, or shows it)
-  quillbox toggle               (for a key binding: record, then stop and copy)
-Record a region from a script:
-  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
-Encode frames of another program:
-  ffmpeg -v error -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-Record a program in continuous integration, without a display:
-  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
-    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
-
-The commands below have more examples: quillbox encode --help</source>
-        <translation>Transforme une partie de l&apos;écran, ou un clip, en un petit GIF animé.
-Sans commande&#xa0;: l&apos;application dans la zone de notification, d&apos;où tout peut se faire à la souris.
-
-Exemples&#xa0;:
-  quillbox                      (démarre l&apos;application, ou la montre)
-  quillbox toggle               (pour un raccourci clavier&#xa0;: enregistrer, puis arrêter et copier)
-Enregistrer une zone depuis un script&#xa0;:
-  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
-Encoder les images d&apos;un autre programme&#xa0;:
-  ffmpeg -v error -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-Enregistrer un programme en intégration continue, sans écran&#xa0;:
-  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
-    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
-
-Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --help</translation>
-    </message>
-    <message>
         <source>Tell what this desktop has to record, copy and so on, and what is missing</source>
         <translation>Dire ce que ce bureau a pour enregistrer, copier, etc., et ce qui manque</translation>
     </message>
@@ -867,6 +868,120 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>With --precise: the most colours of a picture (default: 256)</source>
         <translation>Avec --precise : le nombre maximal de couleurs d’une image (par défaut : 256)</translation>
+    </message>
+    <message>
+        <source>Turns a part of the screen, or a clip, into a small animated GIF.
+Without a command: the application in the tray, from where everything can be done with the mouse.
+
+Examples:
+  quillbox                      (starts the application, or shows it)
+  quillbox toggle               (for a key binding: record, then stop and copy)
+Record a region from a script:
+  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
+Encode frames of another program:
+  ffmpeg -v error -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - \
+    | quillbox encode --matrix bt709 -o clip.gif -
+Record a program in continuous integration, without a display:
+  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
+    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
+
+The commands below have more examples: quillbox encode --help</source>
+        <translation>Transforme une partie de l&apos;écran, ou un clip, en un petit GIF animé.
+Sans commande&#xa0;: l&apos;application dans la zone de notification, d&apos;où tout peut se faire à la souris.
+
+Exemples&#xa0;:
+  quillbox                      (démarre l&apos;application, ou la montre)
+  quillbox toggle               (pour un raccourci clavier&#xa0;: enregistrer, puis arrêter et copier)
+Enregistrer une zone depuis un script&#xa0;:
+  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
+Encoder les images d&apos;un autre programme&#xa0;:
+  ffmpeg -v error -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - \
+    | quillbox encode --matrix bt709 -o clip.gif -
+Enregistrer un programme en intégration continue, sans écran&#xa0;:
+  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
+    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
+
+Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --help</translation>
+    </message>
+    <message>
+        <source>Examples:
+  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
+  quillbox encode -o steps.gif step%02d.png --delay 1.5
+  ffmpeg -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o clip.gif -
+  quillbox encode --raw 1280x720 --preset github capture.rgba</source>
+        <translation>Exemples :
+  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
+  quillbox encode -o steps.gif step%02d.png --delay 1.5
+  ffmpeg -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o clip.gif -
+  quillbox encode --raw 1280x720 --preset github capture.rgba</translation>
+    </message>
+    <message>
+        <source>Print neither progress nor the result, unless as JSON</source>
+        <translation>N’afficher ni la progression ni le résultat, sauf en JSON</translation>
+    </message>
+    <message>
+        <source>Shrink wider frames to so many pixels; with --precise, instead of the preset&apos;s width</source>
+        <translation>Réduire les images plus larges à tant de pixels ; avec --precise, au lieu de la largeur du préréglage</translation>
+    </message>
+    <message>
+        <source>the text can&apos;t be written to standard output</source>
+        <translation>le texte ne peut pas être écrit sur la sortie standard</translation>
+    </message>
+    <message>
+        <source>Images, one frame each, a folder of them, or a pattern like f%03d.png; or one animated image; or one YUV4MPEG2 stream; - for standard input</source>
+        <translation>Des images, une par vue, un dossier d’images ou un motif comme f%03d.png ; ou une image animée ; ou un flux YUV4MPEG2 ; - pour l’entrée standard</translation>
+    </message>
+    <message>
+        <source>Frames per second of the input, like 12, 0.5 or 30000/1001 (default: its own; else 1 for several images, 30 for raw frames)</source>
+        <translation>Images par seconde de l’entrée, comme 12, 0.5 ou 30000/1001 (par défaut : les siennes ; sinon 1 pour plusieurs images, 30 pour des images brutes)</translation>
+    </message>
+    <message>
+        <source>Show each frame of the input for so many seconds; the other way to say --source-fps</source>
+        <translation>Montrer chaque image de l’entrée tant de secondes ; l’autre façon de dire --source-fps</translation>
+    </message>
+    <message>
+        <source>INPUT is raw frames of this size, without padding</source>
+        <translation>INPUT est fait d’images brutes de cette taille, sans remplissage</translation>
+    </message>
+    <message>
+        <source>The bytes of a raw pixel</source>
+        <translation>Les octets d’un pixel brut</translation>
+    </message>
+    <message>
+        <source>Take this part of each frame: left, top and size</source>
+        <translation>Prendre cette partie de chaque image : gauche, haut et taille</translation>
+    </message>
+    <message>
+        <source>Play the GIF so many times (default: 0, for ever)</source>
+        <translation>Jouer le GIF tant de fois (par défaut : 0, sans fin)</translation>
+    </message>
+    <message>
+        <source>Encode with so many threads (default: one a core)</source>
+        <translation>Encoder avec tant de fils d’exécution (par défaut : un par cœur)</translation>
+    </message>
+    <message>
+        <source>By which standard the YUV4MPEG2 stream has its colours (default: bt709 from 720 rows on, else bt601)</source>
+        <translation>Selon quelle norme le flux YUV4MPEG2 a ses couleurs (par défaut : bt709 dès 720 lignes, sinon bt601)</translation>
+    </message>
+    <message>
+        <source>What shows through transparent pixels (default: white)</source>
+        <translation>Ce qui se voit à travers les pixels transparents (par défaut : blanc)</translation>
+    </message>
+    <message>
+        <source>Refuse images of another size than the first instead of fitting them into it</source>
+        <translation>Refuser les images d’une autre taille que la première au lieu de les y ajuster</translation>
+    </message>
+    <message>
+        <source>Leave out images and frames that are damaged or cut off, and say how many</source>
+        <translation>Laisser de côté les images endommagées ou tronquées, et dire combien</translation>
+    </message>
+    <message>
+        <source>Print the help of a command</source>
+        <translation>Afficher l’aide d’une commande</translation>
+    </message>
+    <message>
+        <source>The command; none for all of them</source>
+        <translation>La commande ; aucune pour toutes</translation>
     </message>
 </context>
 <context>
@@ -912,6 +1027,20 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     </message>
 </context>
 <context>
+    <name>InputReader</name>
+    <message numerus="yes">
+        <source>%1; the %n frame(s) before that are in the clip</source>
+        <translation>
+            <numerusform>%1 ; la %n image qui précède est dans le clip</numerusform>
+            <numerusform>%1 ; les %n images qui précèdent sont dans le clip</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>images left out: %1 of %2; %3</source>
+        <translation>images laissées de côté : %1 sur %2 ; %3</translation>
+    </message>
+</context>
+<context>
     <name>OutputFileError</name>
     <message>
         <source>the file exists already; use --force to replace it</source>
@@ -937,6 +1066,10 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <source>%1: can&apos;t be saved: %2</source>
         <translation>%1&#xa0;: enregistrement impossible&#xa0;: %2</translation>
     </message>
+    <message>
+        <source>it is larger than a file may be here (ulimit -f)</source>
+        <translation>il est plus grand qu’un fichier ne peut l’être ici (ulimit -f)</translation>
+    </message>
 </context>
 <context>
     <name>ParserMessages</name>
@@ -951,10 +1084,6 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>The following arguments were not expected: %1</source>
         <translation>Arguments inattendus&#xa0;: %1</translation>
-    </message>
-    <message>
-        <source>Could not convert: %1 = %2</source>
-        <translation>Valeur non valable&#xa0;: %1 = %2</translation>
     </message>
     <message>
         <source>%1: 1 required %2 missing</source>
@@ -983,6 +1112,13 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <translation>
             <numerusform>enregistrement&#xa0;: %1 s, %n image&#xa0;; Ctrl-C arrête</numerusform>
             <numerusform>enregistrement&#xa0;: %1 s, %n images&#xa0;; Ctrl-C arrête</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>palette %1 of %2: %n colour(s), %3 %</source>
+        <translation>
+            <numerusform>palette %1 sur %2 : %n couleur, %3 %</numerusform>
+            <numerusform>palette %1 sur %2 : %n couleurs, %3 %</numerusform>
         </translation>
     </message>
 </context>
@@ -1154,6 +1290,24 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <source>; over the %1 of --max-size: record less, or a smaller part of the screen</source>
         <translation> ; dépasse les %1 de --max-size : enregistrez moins, ou une plus petite partie de l’écran</translation>
     </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: at most %2 a second, and changes of less than 1 % merge (--precise keeps them)</source>
+        <translation>
+            <numerusform>; %n image, %1 gardée : au plus %2 par seconde, et les changements de moins de 1 % sont fondus (--precise les garde)</numerusform>
+            <numerusform>; %n images, %1 gardées : au plus %2 par seconde, et les changements de moins de 1 % sont fondus (--precise les garde)</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: changes of less than 1 % merge (--precise keeps them)</source>
+        <translation>
+            <numerusform>; %n image, %1 gardée : les changements de moins de 1 % sont fondus (--precise les garde)</numerusform>
+            <numerusform>; %n images, %1 gardées : les changements de moins de 1 % sont fondus (--precise les garde)</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>; over the %1 MB budget of %2: try --max-width, --crop, fewer frames or another --preset</source>
+        <translation> ; dépasse la limite de %1 Mo de %2 : essayez --max-width, --crop, moins d’images ou un autre --preset</translation>
+    </message>
 </context>
 <context>
     <name>Streams</name>
@@ -1252,10 +1406,6 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <translation>-o&#xa0;: le nom est vide&#xa0;; indiquez un fichier, ou - pour la sortie standard</translation>
     </message>
     <message>
-        <source>--source-fps: use a whole number of frames per second from 1 to 1000</source>
-        <translation>--source-fps&#xa0;: utilisez un nombre entier d&apos;images par seconde, de 1 à 1000</translation>
-    </message>
-    <message>
         <source>--dither: there is no &quot;%1&quot;; use auto, always or never</source>
         <translation>--dither&#xa0;: «&#xa0;%1&#xa0;» n&apos;existe pas&#xa0;; utilisez auto, always ou never</translation>
     </message>
@@ -1300,10 +1450,6 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <translation>l&apos;entrée standard doit être le seul INPUT</translation>
     </message>
     <message>
-        <source>standard input is a terminal; pipe a YUV4MPEG2 stream or raw frames into it</source>
-        <translation>l&apos;entrée standard est un terminal&#xa0;; envoyez-y un flux YUV4MPEG2 ou des images brutes</translation>
-    </message>
-    <message>
         <source>%1 belongs to --precise; add that</source>
         <translation>%1 va avec --precise ; ajoutez-le</translation>
     </message>
@@ -1322,6 +1468,62 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>--colors: use a number of colours from %1 to %2</source>
         <translation>--colors : utilisez un nombre de couleurs de %1 à %2</translation>
+    </message>
+    <message>
+        <source>-o: &quot;%1&quot; is no name for a GIF; let it end in .gif</source>
+        <translation>-o : « %1 » n’est pas un nom pour un GIF ; faites-le finir par .gif</translation>
+    </message>
+    <message>
+        <source>--crop: &quot;%1&quot; is not a part; write it like 10,20,640x480 (left, top, size)</source>
+        <translation>--crop : « %1 » n’est pas une partie ; écrivez-la comme 10,20,640x480 (gauche, haut, taille)</translation>
+    </message>
+    <message>
+        <source>--matrix: there is no &quot;%1&quot;; use bt601, bt709 or bt2020</source>
+        <translation>--matrix : « %1 » n’existe pas ; utilisez bt601, bt709 ou bt2020</translation>
+    </message>
+    <message>
+        <source>--background: &quot;%1&quot; is not a colour; write it like #FFFFFF, white or black</source>
+        <translation>--background : « %1 » n’est pas une couleur ; écrivez-la comme #FFFFFF, white ou black</translation>
+    </message>
+    <message>
+        <source>--raw-format: there is no &quot;%1&quot;; use rgba, bgra, rgb or bgr</source>
+        <translation>--raw-format : « %1 » n’existe pas ; utilisez rgba, bgra, rgb ou bgr</translation>
+    </message>
+    <message>
+        <source>--source-fps: &quot;%1&quot; is not a number of frames per second; write it like 12, 29.97 or 30000/1001, 1000 at most</source>
+        <translation>--source-fps : « %1 » n’est pas un nombre d’images par seconde ; écrivez-le comme 12, 29.97 ou 30000/1001, au plus 1000</translation>
+    </message>
+    <message>
+        <source>--delay and --source-fps say the same; use one of them</source>
+        <translation>--delay et --source-fps disent la même chose ; utilisez l’un des deux</translation>
+    </message>
+    <message>
+        <source>--delay: &quot;%1&quot; is not a number of seconds from 0.001 to 655.35</source>
+        <translation>--delay : « %1 » n’est pas un nombre de secondes de 0.001 à 655.35</translation>
+    </message>
+    <message>
+        <source>--raw: &quot;%1&quot; can&apos;t be; each side must be 1 to 65535 pixels</source>
+        <translation>--raw : « %1 » est impossible ; chaque côté doit faire de 1 à 65535 pixels</translation>
+    </message>
+    <message>
+        <source>--threads: use a number from %1 to %2</source>
+        <translation>--threads : utilisez un nombre de %1 à %2</translation>
+    </message>
+    <message>
+        <source>--loop: use a number from %1 to %2</source>
+        <translation>--loop : utilisez un nombre de %1 à %2</translation>
+    </message>
+    <message>
+        <source>help: there is no command &quot;%1&quot;; see quillbox --help</source>
+        <translation>help : il n’y a pas de commande « %1 » ; voir quillbox --help</translation>
+    </message>
+    <message>
+        <source>QUILLBOX_RECORDING_MEMORY is &quot;%1&quot;; make it a whole number of megabytes, or unset it</source>
+        <translation>QUILLBOX_RECORDING_MEMORY vaut « %1 » ; donnez-lui un nombre entier de mégaoctets, ou retirez-la</translation>
+    </message>
+    <message>
+        <source>standard input is a terminal; pipe an image, a YUV4MPEG2 stream or raw frames into it</source>
+        <translation>l’entrée standard est un terminal ; dirigez-y une image, un flux YUV4MPEG2 ou des images brutes</translation>
     </message>
 </context>
 <context>

@@ -506,12 +506,32 @@
         <source>systemctl --user start wireplumber starts one that is installed</source>
         <translation>インストール済みなら systemctl --user start wireplumber で起動できます</translation>
     </message>
+    <message>
+        <source>Images</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>%1, but not %2</source>
+        <translation>%1 (%2 は除く)</translation>
+    </message>
 </context>
 <context>
     <name>ErrorReport</name>
     <message>
         <source>there is not enough memory for these frames; use fewer or smaller ones</source>
         <translation>これらのフレームを扱うにはメモリが足りません。枚数を減らすか小さくしてください</translation>
+    </message>
+    <message>
+        <source>%1 is saved, but not what there is to say about it: %2</source>
+        <translation>%1 は保存されましたが、その説明は書き出せません: %2</translation>
+    </message>
+    <message>
+        <source>warning: %1</source>
+        <translation>警告: %1</translation>
+    </message>
+    <message>
+        <source>this process may not open enough files; raise the limit with ulimit -n 64</source>
+        <translation>このプロセスは十分な数のファイルを開けません。ulimit -n 64 で上限を上げてください</translation>
     </message>
 </context>
 <context>
@@ -596,10 +616,6 @@
         <translation>--raw %1 は正しい大きさですか?</translation>
     </message>
     <message>
-        <source>8-bit C420, C422, C444, C411 or Cmono (with FFmpeg: -pix_fmt yuv444p)</source>
-        <translation>8 ビットの C420、C422、C444、C411 または Cmono (FFmpeg では -pix_fmt yuv444p)</translation>
-    </message>
-    <message>
         <source>a rate like F30:1 or F30000:1001</source>
         <translation>F30:1 や F30000:1001 のようなフレームレート</translation>
     </message>
@@ -635,19 +651,47 @@
         <source>became shorter while it was being read; run the command again</source>
         <translation>読み込み中に短くなりました。コマンドをもう一度実行してください</translation>
     </message>
+    <message>
+        <source>is a %1 image, for which a plugin is missing; install qt6-image-formats-plugins (Fedora: qt6-qtimageformats, Arch: qt6-imageformats)</source>
+        <translation>%1 画像ですが、必要なプラグインがありません。qt6-image-formats-plugins をインストールしてください (Fedora: qt6-qtimageformats、Arch: qt6-imageformats)</translation>
+    </message>
+    <message>
+        <source>is a video; have FFmpeg take its pictures: ffmpeg -i VIDEO -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o OUT.gif -</source>
+        <translation>動画です。FFmpeg に画像を取り出させてください: ffmpeg -i VIDEO -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o OUT.gif -</translation>
+    </message>
+    <message>
+        <source>is cut off: not even its first frame is whole; get the file again</source>
+        <translation>途中で切れています。最初のフレームさえ完全ではありません。ファイルを入手し直してください</translation>
+    </message>
+    <message numerus="yes">
+        <source>is cut off after %n whole frame(s); get the file again, or --keep-going</source>
+        <translation>
+            <numerusform>完全なフレーム %n 個の後で切れています。ファイルを入手し直すか、--keep-going を付けてください</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>frame %1 is %2, but the first is %3; without --strict it is fitted into that</source>
+        <translation>フレーム %1 は %2 ですが、最初は %3 です。--strict を付けなければ、それに合わせます</translation>
+    </message>
+    <message>
+        <source>frames are %1, so --crop names a part that they don&apos;t have</source>
+        <translation>フレームは %1 なので、--crop の示す部分がありません</translation>
+    </message>
+    <message>
+        <source>no image is there; name a folder with images, or a pattern that some fit</source>
+        <translation>画像がありません。画像のあるフォルダー、または画像に合うパターンを指定してください</translation>
+    </message>
+    <message>
+        <source>C420, C422, C444, C411 or Cmono of 8 to 16 bits (with FFmpeg: -pix_fmt yuv444p)</source>
+        <translation>8～16 ビットの C420、C422、C444、C411、Cmono のいずれか (FFmpeg では -pix_fmt yuv444p)</translation>
+    </message>
+    <message>
+        <source>at least one frame in ten minutes</source>
+        <translation>10 分間に少なくとも 1 フレーム</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
-    <message>
-        <source>Examples:
-  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
-  ffmpeg -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-  quillbox encode --raw 1280x720 --preset github capture.rgba</source>
-        <translation>例:
-  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
-  ffmpeg -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-  quillbox encode --raw 1280x720 --preset github capture.rgba</translation>
-    </message>
     <message>
         <source>Examples:
   quillbox record --region 0,0,800x600 --duration 10
@@ -753,24 +797,12 @@
         <translation>画像、YUV4MPEG2、生フレームを GIF にする</translation>
     </message>
     <message>
-        <source>Images, one frame each; or one animated image; or one YUV4MPEG2 stream; - for standard input</source>
-        <translation>画像 (1 枚が 1 フレーム)、アニメーション画像 1 つ、または YUV4MPEG2 ストリーム 1 つ。- は標準入力</translation>
-    </message>
-    <message>
         <source>beside the first INPUT, with the extension gif</source>
         <translation>最初の INPUT と同じ場所、拡張子 gif</translation>
     </message>
     <message>
-        <source>Frames per second of the input (default: its own, or 30)</source>
-        <translation>入力の毎秒フレーム数 (既定値: 入力自身の値、または 30)</translation>
-    </message>
-    <message>
         <source>Mix colours that the palette lacks</source>
         <translation>パレットにない色を混ぜて表す</translation>
-    </message>
-    <message>
-        <source>INPUT is raw RGBA frames of this size, 4 bytes a pixel, without padding</source>
-        <translation>INPUT はこの大きさの生の RGBA フレーム (1 ピクセル 4 バイト、詰め物なし)</translation>
     </message>
     <message>
         <source>Record a region of the screen as a GIF</source>
@@ -805,38 +837,6 @@
         <translation>JSON 配列で表示する</translation>
     </message>
     <message>
-        <source>Turns a part of the screen, or a clip, into a small animated GIF.
-Without a command: the application in the tray, from where everything can be done with the mouse.
-
-Examples:
-  quillbox                      (starts the application, or shows it)
-  quillbox toggle               (for a key binding: record, then stop and copy)
-Record a region from a script:
-  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
-Encode frames of another program:
-  ffmpeg -v error -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-Record a program in continuous integration, without a display:
-  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
-    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
-
-The commands below have more examples: quillbox encode --help</source>
-        <translation>画面の一部やクリップを小さなアニメーション GIF にします。
-コマンドなし: トレイのアプリケーション。すべてマウスで操作できます。
-
-例:
-  quillbox                      (アプリケーションを起動、または表示)
-  quillbox toggle               (キー割り当て用: 録画、次に停止してコピー)
-スクリプトから範囲を録画:
-  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
-他のプログラムのフレームをエンコード:
-  ffmpeg -v error -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-継続的インテグレーションで、ディスプレイなしでプログラムを録画:
-  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
-    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
-
-以下のコマンドには他の例もあります: quillbox encode --help</translation>
-    </message>
-    <message>
         <source>Tell what this desktop has to record, copy and so on, and what is missing</source>
         <translation>録画やコピーなどのためにこのデスクトップにあるものと足りないものを表示する</translation>
     </message>
@@ -867,6 +867,120 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>With --precise: the most colours of a picture (default: 256)</source>
         <translation>--precise とともに: 1 枚の画像の最大の色数 (既定: 256)</translation>
+    </message>
+    <message>
+        <source>Turns a part of the screen, or a clip, into a small animated GIF.
+Without a command: the application in the tray, from where everything can be done with the mouse.
+
+Examples:
+  quillbox                      (starts the application, or shows it)
+  quillbox toggle               (for a key binding: record, then stop and copy)
+Record a region from a script:
+  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
+Encode frames of another program:
+  ffmpeg -v error -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - \
+    | quillbox encode --matrix bt709 -o clip.gif -
+Record a program in continuous integration, without a display:
+  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
+    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
+
+The commands below have more examples: quillbox encode --help</source>
+        <translation>画面の一部やクリップを小さなアニメーション GIF にします。
+コマンドなし: トレイのアプリケーション。すべてマウスで操作できます。
+
+例:
+  quillbox                      (アプリケーションを起動、または表示)
+  quillbox toggle               (キー割り当て用: 録画、次に停止してコピー)
+スクリプトから範囲を録画:
+  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
+他のプログラムのフレームをエンコード:
+  ffmpeg -v error -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - \
+    | quillbox encode --matrix bt709 -o clip.gif -
+継続的インテグレーションで、ディスプレイなしでプログラムを録画:
+  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
+    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
+
+以下のコマンドには他の例もあります: quillbox encode --help</translation>
+    </message>
+    <message>
+        <source>Examples:
+  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
+  quillbox encode -o steps.gif step%02d.png --delay 1.5
+  ffmpeg -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o clip.gif -
+  quillbox encode --raw 1280x720 --preset github capture.rgba</source>
+        <translation>例:
+  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
+  quillbox encode -o steps.gif step%02d.png --delay 1.5
+  ffmpeg -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o clip.gif -
+  quillbox encode --raw 1280x720 --preset github capture.rgba</translation>
+    </message>
+    <message>
+        <source>Print neither progress nor the result, unless as JSON</source>
+        <translation>進行状況も結果も表示しない (JSON を除く)</translation>
+    </message>
+    <message>
+        <source>Shrink wider frames to so many pixels; with --precise, instead of the preset&apos;s width</source>
+        <translation>これより広いフレームをこのピクセル数に縮小する。--precise ではプリセットの幅の代わり</translation>
+    </message>
+    <message>
+        <source>the text can&apos;t be written to standard output</source>
+        <translation>テキストを標準出力に書き込めません</translation>
+    </message>
+    <message>
+        <source>Images, one frame each, a folder of them, or a pattern like f%03d.png; or one animated image; or one YUV4MPEG2 stream; - for standard input</source>
+        <translation>画像 (1 枚が 1 フレーム)、そのフォルダー、または f%03d.png のようなパターン。あるいはアニメーション画像 1 つ、YUV4MPEG2 ストリーム 1 つ。- は標準入力</translation>
+    </message>
+    <message>
+        <source>Frames per second of the input, like 12, 0.5 or 30000/1001 (default: its own; else 1 for several images, 30 for raw frames)</source>
+        <translation>入力の 1 秒あたりのフレーム数。例: 12、0.5、30000/1001 (既定: 入力自身の値。なければ複数の画像は 1、生フレームは 30)</translation>
+    </message>
+    <message>
+        <source>Show each frame of the input for so many seconds; the other way to say --source-fps</source>
+        <translation>入力の各フレームをこの秒数だけ表示する。--source-fps の別の書き方</translation>
+    </message>
+    <message>
+        <source>INPUT is raw frames of this size, without padding</source>
+        <translation>INPUT はこの大きさの生フレーム (パディングなし)</translation>
+    </message>
+    <message>
+        <source>The bytes of a raw pixel</source>
+        <translation>生のピクセルのバイト順</translation>
+    </message>
+    <message>
+        <source>Take this part of each frame: left, top and size</source>
+        <translation>各フレームのこの部分だけを使う: 左、上、大きさ</translation>
+    </message>
+    <message>
+        <source>Play the GIF so many times (default: 0, for ever)</source>
+        <translation>GIF をこの回数再生する (既定: 0、無限)</translation>
+    </message>
+    <message>
+        <source>Encode with so many threads (default: one a core)</source>
+        <translation>この数のスレッドでエンコードする (既定: コアごとに 1 つ)</translation>
+    </message>
+    <message>
+        <source>By which standard the YUV4MPEG2 stream has its colours (default: bt709 from 720 rows on, else bt601)</source>
+        <translation>YUV4MPEG2 ストリームの色の規格 (既定: 720 行以上は bt709、それ以外は bt601)</translation>
+    </message>
+    <message>
+        <source>What shows through transparent pixels (default: white)</source>
+        <translation>透明なピクセルの背後の色 (既定: 白)</translation>
+    </message>
+    <message>
+        <source>Refuse images of another size than the first instead of fitting them into it</source>
+        <translation>最初と大きさの違う画像を、合わせずに拒否する</translation>
+    </message>
+    <message>
+        <source>Leave out images and frames that are damaged or cut off, and say how many</source>
+        <translation>壊れた画像や途中で切れたフレームを除き、その数を知らせる</translation>
+    </message>
+    <message>
+        <source>Print the help of a command</source>
+        <translation>コマンドのヘルプを表示する</translation>
+    </message>
+    <message>
+        <source>The command; none for all of them</source>
+        <translation>コマンド。なければすべて</translation>
     </message>
 </context>
 <context>
@@ -912,6 +1026,19 @@ The commands below have more examples: quillbox encode --help</source>
     </message>
 </context>
 <context>
+    <name>InputReader</name>
+    <message numerus="yes">
+        <source>%1; the %n frame(s) before that are in the clip</source>
+        <translation>
+            <numerusform>%1。その前の %n フレームはクリップに入っています</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>images left out: %1 of %2; %3</source>
+        <translation>除かれた画像: %2 枚中 %1 枚。%3</translation>
+    </message>
+</context>
+<context>
     <name>OutputFileError</name>
     <message>
         <source>the file exists already; use --force to replace it</source>
@@ -937,6 +1064,10 @@ The commands below have more examples: quillbox encode --help</source>
         <source>%1: can&apos;t be saved: %2</source>
         <translation>%1: 保存できません: %2</translation>
     </message>
+    <message>
+        <source>it is larger than a file may be here (ulimit -f)</source>
+        <translation>ここで許されるファイルの大きさを超えています (ulimit -f)</translation>
+    </message>
 </context>
 <context>
     <name>ParserMessages</name>
@@ -951,10 +1082,6 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>The following arguments were not expected: %1</source>
         <translation>予期しない引数です: %1</translation>
-    </message>
-    <message>
-        <source>Could not convert: %1 = %2</source>
-        <translation>無効な値です: %1 = %2</translation>
     </message>
     <message>
         <source>%1: 1 required %2 missing</source>
@@ -981,6 +1108,12 @@ The commands below have more examples: quillbox encode --help</source>
         <source>recording %1 s, %n frame(s); Ctrl-C stops</source>
         <translation>
             <numerusform>録画中: %1 秒、%n フレーム。Ctrl-C で停止</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>palette %1 of %2: %n colour(s), %3 %</source>
+        <translation>
+            <numerusform>パレット %1/%2: %n 色、%3 %</numerusform>
         </translation>
     </message>
 </context>
@@ -1149,6 +1282,22 @@ The commands below have more examples: quillbox encode --help</source>
         <source>; over the %1 of --max-size: record less, or a smaller part of the screen</source>
         <translation>; --max-size の %1 を超えています: 短く、または画面のより狭い範囲を録画してください</translation>
     </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: at most %2 a second, and changes of less than 1 % merge (--precise keeps them)</source>
+        <translation>
+            <numerusform>。%n 枚のうち %1 枚を採用: 毎秒 %2 枚まで、1 % 未満の変化はまとめられます (--precise なら残ります)</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: changes of less than 1 % merge (--precise keeps them)</source>
+        <translation>
+            <numerusform>。%n 枚のうち %1 枚を採用: 1 % 未満の変化はまとめられます (--precise なら残ります)</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>; over the %1 MB budget of %2: try --max-width, --crop, fewer frames or another --preset</source>
+        <translation>。%2 の上限 %1 MB を超えています: --max-width、--crop、フレームを減らす、別の --preset を試してください</translation>
+    </message>
 </context>
 <context>
     <name>Streams</name>
@@ -1247,10 +1396,6 @@ The commands below have more examples: quillbox encode --help</source>
         <translation>-o: 名前が空です。ファイル名、または標準出力を表す - を指定してください</translation>
     </message>
     <message>
-        <source>--source-fps: use a whole number of frames per second from 1 to 1000</source>
-        <translation>--source-fps: 毎秒フレーム数には 1～1000 の整数を使ってください</translation>
-    </message>
-    <message>
         <source>--dither: there is no &quot;%1&quot;; use auto, always or never</source>
         <translation>--dither: 「%1」はありません。auto、always、never のいずれかを使ってください</translation>
     </message>
@@ -1295,10 +1440,6 @@ The commands below have more examples: quillbox encode --help</source>
         <translation>標準入力は唯一の INPUT でなければなりません</translation>
     </message>
     <message>
-        <source>standard input is a terminal; pipe a YUV4MPEG2 stream or raw frames into it</source>
-        <translation>標準入力が端末です。YUV4MPEG2 ストリームか生フレームをパイプで渡してください</translation>
-    </message>
-    <message>
         <source>%1 belongs to --precise; add that</source>
         <translation>%1 は --precise とともに使います。--precise を付けてください</translation>
     </message>
@@ -1317,6 +1458,62 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>--colors: use a number of colours from %1 to %2</source>
         <translation>--colors: %1 から %2 までの色数を使ってください</translation>
+    </message>
+    <message>
+        <source>-o: &quot;%1&quot; is no name for a GIF; let it end in .gif</source>
+        <translation>-o: 「%1」は GIF の名前ではありません。.gif で終わる名前にしてください</translation>
+    </message>
+    <message>
+        <source>--crop: &quot;%1&quot; is not a part; write it like 10,20,640x480 (left, top, size)</source>
+        <translation>--crop: 「%1」は部分を表していません。10,20,640x480 (左、上、大きさ) のように書いてください</translation>
+    </message>
+    <message>
+        <source>--matrix: there is no &quot;%1&quot;; use bt601, bt709 or bt2020</source>
+        <translation>--matrix: 「%1」はありません。bt601、bt709、bt2020 のどれかを使ってください</translation>
+    </message>
+    <message>
+        <source>--background: &quot;%1&quot; is not a colour; write it like #FFFFFF, white or black</source>
+        <translation>--background: 「%1」は色ではありません。#FFFFFF、white、black のように書いてください</translation>
+    </message>
+    <message>
+        <source>--raw-format: there is no &quot;%1&quot;; use rgba, bgra, rgb or bgr</source>
+        <translation>--raw-format: 「%1」はありません。rgba、bgra、rgb、bgr のどれかを使ってください</translation>
+    </message>
+    <message>
+        <source>--source-fps: &quot;%1&quot; is not a number of frames per second; write it like 12, 29.97 or 30000/1001, 1000 at most</source>
+        <translation>--source-fps: 「%1」は 1 秒あたりのフレーム数ではありません。12、29.97、30000/1001 のように、1000 以下で書いてください</translation>
+    </message>
+    <message>
+        <source>--delay and --source-fps say the same; use one of them</source>
+        <translation>--delay と --source-fps は同じことを表します。どちらか一方を使ってください</translation>
+    </message>
+    <message>
+        <source>--delay: &quot;%1&quot; is not a number of seconds from 0.001 to 655.35</source>
+        <translation>--delay: 「%1」は 0.001 から 655.35 までの秒数ではありません</translation>
+    </message>
+    <message>
+        <source>--raw: &quot;%1&quot; can&apos;t be; each side must be 1 to 65535 pixels</source>
+        <translation>--raw: 「%1」は使えません。各辺は 1 から 65535 ピクセルでなければなりません</translation>
+    </message>
+    <message>
+        <source>--threads: use a number from %1 to %2</source>
+        <translation>--threads: %1 から %2 までの数を使ってください</translation>
+    </message>
+    <message>
+        <source>--loop: use a number from %1 to %2</source>
+        <translation>--loop: %1 から %2 までの数を使ってください</translation>
+    </message>
+    <message>
+        <source>help: there is no command &quot;%1&quot;; see quillbox --help</source>
+        <translation>help: コマンド「%1」はありません。quillbox --help を見てください</translation>
+    </message>
+    <message>
+        <source>QUILLBOX_RECORDING_MEMORY is &quot;%1&quot;; make it a whole number of megabytes, or unset it</source>
+        <translation>QUILLBOX_RECORDING_MEMORY が「%1」です。整数のメガバイト数にするか、設定を外してください</translation>
+    </message>
+    <message>
+        <source>standard input is a terminal; pipe an image, a YUV4MPEG2 stream or raw frames into it</source>
+        <translation>標準入力は端末です。画像、YUV4MPEG2 ストリーム、または生フレームをパイプで渡してください</translation>
     </message>
 </context>
 <context>

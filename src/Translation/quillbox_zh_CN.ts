@@ -506,12 +506,32 @@
         <source>systemctl --user start wireplumber starts one that is installed</source>
         <translation>如果已安装，可用 systemctl --user start wireplumber 启动</translation>
     </message>
+    <message>
+        <source>Images</source>
+        <translation>图像</translation>
+    </message>
+    <message>
+        <source>%1, but not %2</source>
+        <translation>%1，但不含 %2</translation>
+    </message>
 </context>
 <context>
     <name>ErrorReport</name>
     <message>
         <source>there is not enough memory for these frames; use fewer or smaller ones</source>
         <translation>内存不足以处理这些帧；请使用更少或更小的帧</translation>
+    </message>
+    <message>
+        <source>%1 is saved, but not what there is to say about it: %2</source>
+        <translation>%1 已保存，但有关它的说明无法写出：%2</translation>
+    </message>
+    <message>
+        <source>warning: %1</source>
+        <translation>警告：%1</translation>
+    </message>
+    <message>
+        <source>this process may not open enough files; raise the limit with ulimit -n 64</source>
+        <translation>此进程可打开的文件数不足；请用 ulimit -n 64 提高上限</translation>
     </message>
 </context>
 <context>
@@ -596,10 +616,6 @@
         <translation>--raw %1 是其真实尺寸吗？</translation>
     </message>
     <message>
-        <source>8-bit C420, C422, C444, C411 or Cmono (with FFmpeg: -pix_fmt yuv444p)</source>
-        <translation>8 位的 C420、C422、C444、C411 或 Cmono（FFmpeg 中为 -pix_fmt yuv444p）</translation>
-    </message>
-    <message>
         <source>a rate like F30:1 or F30000:1001</source>
         <translation>形如 F30:1 或 F30000:1001 的帧率</translation>
     </message>
@@ -635,19 +651,47 @@
         <source>became shorter while it was being read; run the command again</source>
         <translation>在读取过程中变短了；请重新运行该命令</translation>
     </message>
+    <message>
+        <source>is a %1 image, for which a plugin is missing; install qt6-image-formats-plugins (Fedora: qt6-qtimageformats, Arch: qt6-imageformats)</source>
+        <translation>是 %1 图像，但缺少所需插件；请安装 qt6-image-formats-plugins（Fedora：qt6-qtimageformats，Arch：qt6-imageformats）</translation>
+    </message>
+    <message>
+        <source>is a video; have FFmpeg take its pictures: ffmpeg -i VIDEO -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o OUT.gif -</source>
+        <translation>是视频；请让 FFmpeg 取出其画面：ffmpeg -i VIDEO -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o OUT.gif -</translation>
+    </message>
+    <message>
+        <source>is cut off: not even its first frame is whole; get the file again</source>
+        <translation>不完整：连第一帧都不完整；请重新获取该文件</translation>
+    </message>
+    <message numerus="yes">
+        <source>is cut off after %n whole frame(s); get the file again, or --keep-going</source>
+        <translation>
+            <numerusform>在 %n 个完整帧之后中断；请重新获取该文件，或使用 --keep-going</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>frame %1 is %2, but the first is %3; without --strict it is fitted into that</source>
+        <translation>第 %1 帧为 %2，而第一帧为 %3；不加 --strict 则会将其适配到该尺寸</translation>
+    </message>
+    <message>
+        <source>frames are %1, so --crop names a part that they don&apos;t have</source>
+        <translation>帧为 %1，--crop 指定的部分不在其中</translation>
+    </message>
+    <message>
+        <source>no image is there; name a folder with images, or a pattern that some fit</source>
+        <translation>那里没有图像；请指定含有图像的文件夹，或有图像符合的模式</translation>
+    </message>
+    <message>
+        <source>C420, C422, C444, C411 or Cmono of 8 to 16 bits (with FFmpeg: -pix_fmt yuv444p)</source>
+        <translation>8 至 16 位的 C420、C422、C444、C411 或 Cmono（FFmpeg：-pix_fmt yuv444p）</translation>
+    </message>
+    <message>
+        <source>at least one frame in ten minutes</source>
+        <translation>十分钟内至少一帧</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
-    <message>
-        <source>Examples:
-  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
-  ffmpeg -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-  quillbox encode --raw 1280x720 --preset github capture.rgba</source>
-        <translation>示例：
-  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
-  ffmpeg -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-  quillbox encode --raw 1280x720 --preset github capture.rgba</translation>
-    </message>
     <message>
         <source>Examples:
   quillbox record --region 0,0,800x600 --duration 10
@@ -753,24 +797,12 @@
         <translation>将图像、YUV4MPEG2 或原始帧转换为 GIF</translation>
     </message>
     <message>
-        <source>Images, one frame each; or one animated image; or one YUV4MPEG2 stream; - for standard input</source>
-        <translation>多张图像，每张一帧；或一张动态图像；或一个 YUV4MPEG2 数据流；- 表示标准输入</translation>
-    </message>
-    <message>
         <source>beside the first INPUT, with the extension gif</source>
         <translation>与第一个 INPUT 同处，扩展名为 gif</translation>
     </message>
     <message>
-        <source>Frames per second of the input (default: its own, or 30)</source>
-        <translation>输入的每秒帧数（默认：其自身帧率或 30）</translation>
-    </message>
-    <message>
         <source>Mix colours that the palette lacks</source>
         <translation>混合调色板中缺少的颜色</translation>
-    </message>
-    <message>
-        <source>INPUT is raw RGBA frames of this size, 4 bytes a pixel, without padding</source>
-        <translation>INPUT 为此尺寸的原始 RGBA 帧，每像素 4 字节，无填充</translation>
     </message>
     <message>
         <source>Record a region of the screen as a GIF</source>
@@ -805,38 +837,6 @@
         <translation>以 JSON 数组显示</translation>
     </message>
     <message>
-        <source>Turns a part of the screen, or a clip, into a small animated GIF.
-Without a command: the application in the tray, from where everything can be done with the mouse.
-
-Examples:
-  quillbox                      (starts the application, or shows it)
-  quillbox toggle               (for a key binding: record, then stop and copy)
-Record a region from a script:
-  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
-Encode frames of another program:
-  ffmpeg -v error -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-Record a program in continuous integration, without a display:
-  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
-    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
-
-The commands below have more examples: quillbox encode --help</source>
-        <translation>将屏幕的一部分或一段视频转换为小巧的动态 GIF。
-不带命令：启动托盘中的应用程序，一切均可用鼠标完成。
-
-示例：
-  quillbox                      （启动应用程序，或显示它）
-  quillbox toggle               （用于按键绑定：录制，然后停止并复制）
-从脚本中录制区域：
-  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
-编码其他程序的帧：
-  ffmpeg -v error -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
-在持续集成中录制程序，无需显示器：
-  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
-    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
-
-以下命令有更多示例：quillbox encode --help</translation>
-    </message>
-    <message>
         <source>Tell what this desktop has to record, copy and so on, and what is missing</source>
         <translation>显示此桌面在录制、复制等方面具备什么、缺少什么</translation>
     </message>
@@ -867,6 +867,120 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>With --precise: the most colours of a picture (default: 256)</source>
         <translation>与 --precise 一起：每个画面最多的颜色数（默认：256）</translation>
+    </message>
+    <message>
+        <source>Turns a part of the screen, or a clip, into a small animated GIF.
+Without a command: the application in the tray, from where everything can be done with the mouse.
+
+Examples:
+  quillbox                      (starts the application, or shows it)
+  quillbox toggle               (for a key binding: record, then stop and copy)
+Record a region from a script:
+  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
+Encode frames of another program:
+  ffmpeg -v error -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - \
+    | quillbox encode --matrix bt709 -o clip.gif -
+Record a program in continuous integration, without a display:
+  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
+    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
+
+The commands below have more examples: quillbox encode --help</source>
+        <translation>将屏幕的一部分或一段视频转换为小巧的动态 GIF。
+不带命令：启动托盘中的应用程序，一切均可用鼠标完成。
+
+示例：
+  quillbox                      （启动应用程序，或显示它）
+  quillbox toggle               （用于按键绑定：录制，然后停止并复制）
+从脚本中录制区域：
+  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif
+编码其他程序的帧：
+  ffmpeg -v error -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - \
+    | quillbox encode --matrix bt709 -o clip.gif -
+在持续集成中录制程序，无需显示器：
+  xvfb-run -s &quot;-screen 0 1280x720x24&quot; \
+    sh -c &quot;my-program &amp; quillbox record --region 0,0,1280x720 --duration 3 -o program.gif&quot;
+
+以下命令有更多示例：quillbox encode --help</translation>
+    </message>
+    <message>
+        <source>Examples:
+  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
+  quillbox encode -o steps.gif step%02d.png --delay 1.5
+  ffmpeg -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o clip.gif -
+  quillbox encode --raw 1280x720 --preset github capture.rgba</source>
+        <translation>示例：
+  quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
+  quillbox encode -o steps.gif step%02d.png --delay 1.5
+  ffmpeg -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o clip.gif -
+  quillbox encode --raw 1280x720 --preset github capture.rgba</translation>
+    </message>
+    <message>
+        <source>Print neither progress nor the result, unless as JSON</source>
+        <translation>既不显示进度也不显示结果（JSON 除外）</translation>
+    </message>
+    <message>
+        <source>Shrink wider frames to so many pixels; with --precise, instead of the preset&apos;s width</source>
+        <translation>将更宽的帧缩小到这么多像素；与 --precise 一起时代替预设的宽度</translation>
+    </message>
+    <message>
+        <source>the text can&apos;t be written to standard output</source>
+        <translation>无法将文本写入标准输出</translation>
+    </message>
+    <message>
+        <source>Images, one frame each, a folder of them, or a pattern like f%03d.png; or one animated image; or one YUV4MPEG2 stream; - for standard input</source>
+        <translation>图像（每张一帧）、装有图像的文件夹，或 f%03d.png 这样的模式；或一个动画图像；或一个 YUV4MPEG2 流；- 表示标准输入</translation>
+    </message>
+    <message>
+        <source>Frames per second of the input, like 12, 0.5 or 30000/1001 (default: its own; else 1 for several images, 30 for raw frames)</source>
+        <translation>输入的每秒帧数，如 12、0.5 或 30000/1001（默认：其自身的值；否则多张图像为 1，原始帧为 30）</translation>
+    </message>
+    <message>
+        <source>Show each frame of the input for so many seconds; the other way to say --source-fps</source>
+        <translation>输入的每帧显示这么多秒；--source-fps 的另一种写法</translation>
+    </message>
+    <message>
+        <source>INPUT is raw frames of this size, without padding</source>
+        <translation>INPUT 是此尺寸的原始帧，无填充</translation>
+    </message>
+    <message>
+        <source>The bytes of a raw pixel</source>
+        <translation>原始像素的字节</translation>
+    </message>
+    <message>
+        <source>Take this part of each frame: left, top and size</source>
+        <translation>取每帧的这一部分：左、上和尺寸</translation>
+    </message>
+    <message>
+        <source>Play the GIF so many times (default: 0, for ever)</source>
+        <translation>GIF 播放这么多次（默认：0，无限循环）</translation>
+    </message>
+    <message>
+        <source>Encode with so many threads (default: one a core)</source>
+        <translation>用这么多线程编码（默认：每核一个）</translation>
+    </message>
+    <message>
+        <source>By which standard the YUV4MPEG2 stream has its colours (default: bt709 from 720 rows on, else bt601)</source>
+        <translation>YUV4MPEG2 流的颜色所依标准（默认：720 行及以上为 bt709，否则 bt601）</translation>
+    </message>
+    <message>
+        <source>What shows through transparent pixels (default: white)</source>
+        <translation>透明像素背后的颜色（默认：白色）</translation>
+    </message>
+    <message>
+        <source>Refuse images of another size than the first instead of fitting them into it</source>
+        <translation>拒绝与第一张尺寸不同的图像，而不是适配它们</translation>
+    </message>
+    <message>
+        <source>Leave out images and frames that are damaged or cut off, and say how many</source>
+        <translation>略去损坏或不完整的图像和帧，并说明数量</translation>
+    </message>
+    <message>
+        <source>Print the help of a command</source>
+        <translation>显示某个命令的帮助</translation>
+    </message>
+    <message>
+        <source>The command; none for all of them</source>
+        <translation>命令；不写则为全部</translation>
     </message>
 </context>
 <context>
@@ -912,6 +1026,19 @@ The commands below have more examples: quillbox encode --help</source>
     </message>
 </context>
 <context>
+    <name>InputReader</name>
+    <message numerus="yes">
+        <source>%1; the %n frame(s) before that are in the clip</source>
+        <translation>
+            <numerusform>%1；此前的 %n 帧已在片段中</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>images left out: %1 of %2; %3</source>
+        <translation>略去的图像：%2 张中的 %1 张；%3</translation>
+    </message>
+</context>
+<context>
     <name>OutputFileError</name>
     <message>
         <source>the file exists already; use --force to replace it</source>
@@ -937,6 +1064,10 @@ The commands below have more examples: quillbox encode --help</source>
         <source>%1: can&apos;t be saved: %2</source>
         <translation>%1：无法保存：%2</translation>
     </message>
+    <message>
+        <source>it is larger than a file may be here (ulimit -f)</source>
+        <translation>它超出了此处允许的文件大小（ulimit -f）</translation>
+    </message>
 </context>
 <context>
     <name>ParserMessages</name>
@@ -951,10 +1082,6 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>The following arguments were not expected: %1</source>
         <translation>意外的参数：%1</translation>
-    </message>
-    <message>
-        <source>Could not convert: %1 = %2</source>
-        <translation>无效的值：%1 = %2</translation>
     </message>
     <message>
         <source>%1: 1 required %2 missing</source>
@@ -981,6 +1108,12 @@ The commands below have more examples: quillbox encode --help</source>
         <source>recording %1 s, %n frame(s); Ctrl-C stops</source>
         <translation>
             <numerusform>正在录制：%1 秒，%n 帧；按 Ctrl-C 停止</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>palette %1 of %2: %n colour(s), %3 %</source>
+        <translation>
+            <numerusform>调色板 %1/%2：%n 色，%3 %</numerusform>
         </translation>
     </message>
 </context>
@@ -1149,6 +1282,22 @@ The commands below have more examples: quillbox encode --help</source>
         <source>; over the %1 of --max-size: record less, or a smaller part of the screen</source>
         <translation>；超出 --max-size 的 %1：请录制得短一些，或录制屏幕上更小的一块</translation>
     </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: at most %2 a second, and changes of less than 1 % merge (--precise keeps them)</source>
+        <translation>
+            <numerusform>；%n 幅画面保留 %1 幅：每秒至多 %2 幅，小于 1 % 的变化会合并（--precise 会保留）</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: changes of less than 1 % merge (--precise keeps them)</source>
+        <translation>
+            <numerusform>；%n 幅画面保留 %1 幅：小于 1 % 的变化会合并（--precise 会保留）</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>; over the %1 MB budget of %2: try --max-width, --crop, fewer frames or another --preset</source>
+        <translation>；超出 %2 的 %1 MB 限额：请尝试 --max-width、--crop、减少帧数或换一个 --preset</translation>
+    </message>
 </context>
 <context>
     <name>Streams</name>
@@ -1247,10 +1396,6 @@ The commands below have more examples: quillbox encode --help</source>
         <translation>-o：名称为空；请指定文件，或用 - 表示标准输出</translation>
     </message>
     <message>
-        <source>--source-fps: use a whole number of frames per second from 1 to 1000</source>
-        <translation>--source-fps：每秒帧数请使用 1 至 1000 的整数</translation>
-    </message>
-    <message>
         <source>--dither: there is no &quot;%1&quot;; use auto, always or never</source>
         <translation>--dither：没有“%1”；请使用 auto、always 或 never</translation>
     </message>
@@ -1295,10 +1440,6 @@ The commands below have more examples: quillbox encode --help</source>
         <translation>标准输入必须是唯一的 INPUT</translation>
     </message>
     <message>
-        <source>standard input is a terminal; pipe a YUV4MPEG2 stream or raw frames into it</source>
-        <translation>标准输入是终端；请用管道传入 YUV4MPEG2 数据流或原始帧</translation>
-    </message>
-    <message>
         <source>%1 belongs to --precise; add that</source>
         <translation>%1 要与 --precise 一起使用；请加上它</translation>
     </message>
@@ -1317,6 +1458,62 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>--colors: use a number of colours from %1 to %2</source>
         <translation>--colors：请使用 %1 到 %2 的颜色数</translation>
+    </message>
+    <message>
+        <source>-o: &quot;%1&quot; is no name for a GIF; let it end in .gif</source>
+        <translation>-o：“%1”不是 GIF 的名称；请以 .gif 结尾</translation>
+    </message>
+    <message>
+        <source>--crop: &quot;%1&quot; is not a part; write it like 10,20,640x480 (left, top, size)</source>
+        <translation>--crop：“%1”不是一个部分；请写成 10,20,640x480（左、上、尺寸）</translation>
+    </message>
+    <message>
+        <source>--matrix: there is no &quot;%1&quot;; use bt601, bt709 or bt2020</source>
+        <translation>--matrix：没有“%1”；请用 bt601、bt709 或 bt2020</translation>
+    </message>
+    <message>
+        <source>--background: &quot;%1&quot; is not a colour; write it like #FFFFFF, white or black</source>
+        <translation>--background：“%1”不是颜色；请写成 #FFFFFF、white 或 black</translation>
+    </message>
+    <message>
+        <source>--raw-format: there is no &quot;%1&quot;; use rgba, bgra, rgb or bgr</source>
+        <translation>--raw-format：没有“%1”；请用 rgba、bgra、rgb 或 bgr</translation>
+    </message>
+    <message>
+        <source>--source-fps: &quot;%1&quot; is not a number of frames per second; write it like 12, 29.97 or 30000/1001, 1000 at most</source>
+        <translation>--source-fps：“%1”不是每秒帧数；请写成 12、29.97 或 30000/1001，至多 1000</translation>
+    </message>
+    <message>
+        <source>--delay and --source-fps say the same; use one of them</source>
+        <translation>--delay 和 --source-fps 含义相同；请只用其一</translation>
+    </message>
+    <message>
+        <source>--delay: &quot;%1&quot; is not a number of seconds from 0.001 to 655.35</source>
+        <translation>--delay：“%1”不是 0.001 到 655.35 之间的秒数</translation>
+    </message>
+    <message>
+        <source>--raw: &quot;%1&quot; can&apos;t be; each side must be 1 to 65535 pixels</source>
+        <translation>--raw：“%1”不可能；每边须为 1 到 65535 像素</translation>
+    </message>
+    <message>
+        <source>--threads: use a number from %1 to %2</source>
+        <translation>--threads：请使用 %1 到 %2 之间的数</translation>
+    </message>
+    <message>
+        <source>--loop: use a number from %1 to %2</source>
+        <translation>--loop：请使用 %1 到 %2 之间的数</translation>
+    </message>
+    <message>
+        <source>help: there is no command &quot;%1&quot;; see quillbox --help</source>
+        <translation>help：没有命令“%1”；请见 quillbox --help</translation>
+    </message>
+    <message>
+        <source>QUILLBOX_RECORDING_MEMORY is &quot;%1&quot;; make it a whole number of megabytes, or unset it</source>
+        <translation>QUILLBOX_RECORDING_MEMORY 为“%1”；请设为整数兆字节，或取消设置</translation>
+    </message>
+    <message>
+        <source>standard input is a terminal; pipe an image, a YUV4MPEG2 stream or raw frames into it</source>
+        <translation>标准输入是终端；请将图像、YUV4MPEG2 流或原始帧通过管道送入</translation>
     </message>
 </context>
 <context>

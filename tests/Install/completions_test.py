@@ -14,6 +14,7 @@ from application import run
 HERE = pathlib.Path(__file__).parent
 PREFIX = pathlib.Path(os.environ["QUILLBOX_STAGE"], "prefix")
 SKIPPED = 77
+UNDESCRIBED = {"auto", "always", "never", "bt601", "bt709", "bt2020", "rgba", "bgra", "rgb", "bgr"}
 
 
 class CompletionTest:
@@ -36,7 +37,7 @@ class CompletionTest:
         return set(done.stdout.splitlines())
 
     def test_completes_the_commands(self):
-        self.assertEqual(self.offered("quillbox ") - {"--help", "--version", "-h"}, set(manual.commands()))
+        self.assertEqual(self.offered("quillbox ") - {"--help", "--version", "-h", "-V"}, set(manual.commands()))
         self.assertEqual(self.offered("quillbox st"), {"stop", "status"})
 
     def test_completes_the_options_of_every_command(self):
@@ -49,7 +50,7 @@ class CompletionTest:
     def test_completes_the_values_that_help_names(self):
         for command in ("encode", "record"):
             for option in manual.options(command):
-                if "|" in option.value:
+                if "|" in option.value and "[" not in option.value:  # a unit is no choice
                     line = f"quillbox {command} {option.names[-1]} "
                     self.assertEqual(self.offered(line), set(option.value.split("|")), line)
         self.assertEqual(self.offered("quillbox record --preset=gi"), {self.after_equals + "github"})
@@ -81,7 +82,12 @@ class ZshTest(CompletionTest, unittest.TestCase):
     after_equals = ""
 
     def offered(self, line):
-        return self.output_of("zsh", "-f", HERE / "complete.zsh", PREFIX / "share/zsh/vendor-completions", line)
+        (folder,) = {path.parent for path in PREFIX.glob("share/zsh/*/_quillbox")}
+        return self.output_of("zsh", "-f", HERE / "complete.zsh", folder, line)
+
+    def test_lies_where_the_shell_looks(self):
+        (folder,) = {path.parent for path in PREFIX.glob("share/zsh/*/_quillbox")}
+        self.assertIn(f"/usr/share/zsh/{folder.name}", self.output_of("zsh", "-f", "-c", "print -l $fpath"))
 
 
 class FishTest(CompletionTest, unittest.TestCase):
@@ -91,7 +97,7 @@ class FishTest(CompletionTest, unittest.TestCase):
     def offered(self, line):
         rows = self.output_of("fish", "--command", f"complete --do-complete '{line}'")
         for row in rows:
-            self.assertTrue("\t" in row or "." in row or row in ("auto", "always", "never"), f"described: {row}")
+            self.assertTrue("\t" in row or "." in row or row.split("\t")[0] in UNDESCRIBED, f"described: {row}")
         return {row.split("\t")[0] for row in rows}
 
 

@@ -104,12 +104,21 @@ TEST_F(OutputFileTest, FollowsASymbolicLink)
     EXPECT_EQ(contents("target"), "new");
 }
 
-TEST_F(OutputFileTest, DoesNotWriteThroughALinkToNowhere)
+TEST_F(OutputFileTest, MakesTheTargetOfALinkToNowhere)
 {
-    fs::create_symlink("nowhere", path("link"));
-    EXPECT_EQ(reasonOf([&] { OutputFile::save(path("link"), bytes("new"), IfExists::Refuse); }),
-        OutputFileError::Reason::AlreadyExists);
-    EXPECT_FALSE(fs::exists(path("nowhere")));
+    fs::create_symlink("second", path("link"));
+    fs::create_symlink(path("nowhere"), path("second"));
+    OutputFile::save(path("link"), bytes("new"), IfExists::Refuse);
+    EXPECT_TRUE(fs::is_symlink(path("link")));
+    EXPECT_TRUE(fs::is_symlink(path("second")));
+    EXPECT_EQ(contents("nowhere"), "new");
+}
+
+TEST_F(OutputFileTest, ReportsLinksThatGoRound)
+{
+    fs::create_symlink("b", path("a"));
+    fs::create_symlink("a", path("b"));
+    EXPECT_THROW(OutputFile::save(path("a"), bytes("new"), IfExists::Refuse), OutputFileError);
 }
 
 TEST_F(OutputFileTest, ReportsAMissingFolder)

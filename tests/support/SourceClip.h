@@ -2,7 +2,6 @@
 
 #include "App/FrameSources/FrameConsumer.h"
 
-#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -11,11 +10,11 @@ namespace quillbox::support {
 /// Keeps all frames of an input.
 class SourceClip final : public FrameConsumer {
 public:
-    void setRate(std::int64_t rate) override { framesPerSecond = rate; }
+    void setRate(FrameRate rate) override { ownRate = rate; }
     void take(const RGBAFrame& frame) override { frames.push_back(frame); }
 
-    std::vector<RGBAFrame> frames;               ///< oldest first
-    std::optional<std::int64_t> framesPerSecond; ///< the input's own rate, at least 1, if it has one
+    std::vector<RGBAFrame> frames;    ///< oldest first
+    std::optional<FrameRate> ownRate; ///< the input's, if it has one
 };
 
 } // namespace quillbox::support

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "App/FrameSources/FrameRate.h"
 #include "Capture/CaptureRegion.h"
 #include "Encoding/PixelSize.h"
+#include "Encoding/PixelTypes.h"
 
 #include <cstdint>
 #include <optional>
@@ -26,6 +28,19 @@ namespace ArgumentText {
 /// A number of bytes, at least 1: "750000", "750K" or "1.5M", the units being 1000 and 1000000. None when it is written
 /// otherwise.
 [[nodiscard]] std::optional<std::int64_t> byteCount(std::string_view text);
+
+/// Frames per second, 1000 at most and no fewer than one in 655.35 s, the longest that a GIF shows a picture: whole,
+/// with a fraction, or as two whole numbers: "12", "29.97", "30000/1001". None when it is written otherwise.
+[[nodiscard]] std::optional<FrameRate> rate(std::string_view text);
+
+/// How long each frame is shown, 0.001 to 655.35 seconds, as the rate that comes to. None when it is written otherwise.
+[[nodiscard]] std::optional<FrameRate> delay(std::string_view text);
+
+/// A whole number without sign that fits 64 bits. None when it is written otherwise.
+[[nodiscard]] std::optional<std::int64_t> number(std::string_view text);
+
+/// "#RRGGBB", "RRGGBB", "#RGB", or one of the words white, black and gray. None when it is written otherwise.
+[[nodiscard]] std::optional<RGBColor> color(std::string_view text);
 
 } // namespace ArgumentText
 } // namespace quillbox

@@ -1,8 +1,11 @@
 #include "App/CommandLine/ClipOutput.h"
 
+#include "App/CommandLine/ErrorReport.h"
 #include "PostCapture/OutputFile.h"
 #include "Translation/Translate.h"
 
+#include <cerrno>
+#include <csignal>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -42,11 +45,19 @@ void ClipOutput::save(std::span<const std::uint8_t> gif) const
 
 void ClipOutput::report(const std::string& line) const
 {
+    (void)std::signal(SIGPIPE, SIG_IGN); // a valid signal
     const std::vector<std::uint8_t> bytes(line.begin(), line.end());
-    if (isStandardOutput())
-        OutputFile::write(STDERR_FILENO, bytes, translate("Streams", "standard error"));
-    else
-        OutputFile::write(STDOUT_FILENO, bytes, translate("Streams", "standard output"));
+    try {
+        if (isStandardOutput())
+            OutputFile::write(STDERR_FILENO, bytes, translate("Streams", "standard error"));
+        else
+            OutputFile::write(STDOUT_FILENO, bytes, translate("Streams", "standard output"));
+    } catch (const OutputFileError& error) {
+        if (error.errorNumber() != EPIPE)
+            ErrorReport::print(
+                withArguments(translate("ErrorReport", "%1 is saved, but not what there is to say about it: %2"),
+                    {m_output, error.what()}));
+    }
 }
 
 } // namespace quillbox

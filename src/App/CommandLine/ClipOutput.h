@@ -22,8 +22,9 @@ public:
     void check() const;
     /// @throws OutputFileError
     void save(std::span<const std::uint8_t> gif) const;
-    /// Prints a line about the result: on standard output, or beside it when the GIF went there.
-    /// @throws OutputFileError  the line can't be written.
+    /// Prints a line about the result: on standard output, or beside it when the GIF went there. The file is saved by
+    /// then, so that a line which can't be written is no failure; that is said on standard error, unless nobody reads
+    /// the line any more. From the first call on, a closed pipe no longer ends the process.
     void report(const std::string& line) const;
 
 private:

@@ -5,6 +5,7 @@
 #include "Platform/HugePages.h"
 #include "Translation/Catalogues.h"
 
+#include <csignal>
 #include <exception>
 
 namespace quillbox {
@@ -23,6 +24,7 @@ struct CarryOut {
 int CommandLine::run(int argc, const char* const* argv, int (*desktop)())
 {
     preferHugePages();
+    (void)std::signal(SIGXFSZ, SIG_IGN); // a valid signal: what exceeds a limit on files is reported by the write
     Catalogues::use(Catalogues::userLanguage());
     try {
         return std::visit(CarryOut{desktop}, parse(argc, argv));

@@ -1,6 +1,9 @@
 #include "App/CommandLine/ArgumentText.h"
 #include "App/CommandLine/CommandLine.h"
+#include "App/CommandLine/ErrorReport.h"
 #include "App/CommandLine/ParserMessages.h"
+#include "App/CommandLine/TerminalText.h"
+#include "Encoding/GIFEncoder.h"
 #include "Translation/Translate.h"
 
 // Shadowing and sign conversions are CLI11's own affair.
@@ -13,10 +16,15 @@
 
 #include <QtGlobal>
 
+#include <algorithm>
 #include <array>
+#include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <optional>
+#include <sstream>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace quillbox {
@@ -40,19 +48,31 @@ struct Arguments {
     bool force = false;
     bool precise = false;
     std::string maxSize;
-    std::int64_t maxWidth = 0;
+    std::string maxWidth;
     std::int64_t maxFPS = 0;
     std::int64_t colors = 0;
+    bool quiet = false;
     // encode
     std::vector<std::string> inputs;
-    std::int64_t sourceFPS = 0;
+    std::string sourceFPS;
+    std::string delay;
     std::string dither = "auto";
     std::string raw;
+    std::string matrix;
+    std::string background;
+    std::string rawFormat = "rgba";
+    std::string crop;
+    std::string threads;
+    std::string loop;
+    bool strict = false;
+    bool keepGoing = false;
     // record
     std::string region;
     bool select = false;
     std::string duration;
     bool copy = false;
+    // help
+    std::string helpTopic;
 };
 
 constexpr const char* overview = QT_TRANSLATE_NOOP("Help",
@@ -65,7 +85,8 @@ constexpr const char* overview = QT_TRANSLATE_NOOP("Help",
     "Record a region from a script:\n"
     "  quillbox record --region 100,100,640x480 --duration 3 --force -o demo.gif\n"
     "Encode frames of another program:\n"
-    "  ffmpeg -v error -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -\n"
+    "  ffmpeg -v error -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - \\\n"
+    "    | quillbox encode --matrix bt709 -o clip.gif -\n"
     "Record a program in continuous integration, without a display:\n"
     "  xvfb-run -s \"-screen 0 1280x720x24\" \\\n"
     "    sh -c \"my-program & quillbox record --region 0,0,1280x720 --duration 3 -o program.gif\"\n"
@@ -74,7 +95,8 @@ constexpr const char* overview = QT_TRANSLATE_NOOP("Help",
 
 constexpr const char* encodeExamples = QT_TRANSLATE_NOOP("Help", R"(Examples:
   quillbox encode -o steps.gif step1.png step2.png step3.png --source-fps 1
-  ffmpeg -i clip.mp4 -f yuv4mpegpipe - | quillbox encode -o clip.gif -
+  quillbox encode -o steps.gif step%02d.png --delay 1.5
+  ffmpeg -i clip.mp4 -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o clip.gif -
   quillbox encode --raw 1280x720 --preset github capture.rgba)");
 
 constexpr const char* recordExamples = QT_TRANSLATE_NOOP("Help", R"(Examples:
@@ -95,6 +117,8 @@ void addOutputOptions(CLI::App& command, Arguments& arguments, const std::string
         ->type_name("OUT");
     command.add_flag("--json", arguments.json, translate("Help", "Describe the result as a JSON object"));
     command.add_flag("--force", arguments.force, translate("Help", "Replace OUT if it exists"));
+    command.add_flag(
+        "-q,--quiet", arguments.quiet, translate("Help", "Print neither progress nor the result, unless as JSON"));
 }
 
 /// The options of which the precise encoder knows alone.
@@ -109,8 +133,10 @@ void addPreciseOptions(CLI::App& command, Arguments& arguments)
             "--max-size", arguments.maxSize, translate("Help", "With --precise: the size instead of the preset's"))
         ->type_name("BYTES[K|M]");
     command
-        .add_option(
-            "--max-width", arguments.maxWidth, translate("Help", "With --precise: the width instead of the preset's"))
+        .add_option("--max-width", arguments.maxWidth,
+            command.get_name() == "encode" ? translate(
+                "Help", "Shrink wider frames to so many pixels; with --precise, instead of the preset's width")
+                                           : translate("Help", "With --precise: the width instead of the preset's"))
         ->type_name("PIXELS");
     command
         .add_option("--max-fps", arguments.maxFPS,
@@ -128,6 +154,16 @@ UsageError complaint(const char* text, const std::string& argument = {})
     return UsageError(withArguments(translate("Usage", text), {argument}));
 }
 
+/// A number from `least` to `most`. @param text  The complaint about any other; %1 and %2 are the limits.
+std::int64_t numberIn(const std::string& argument, std::int64_t least, std::int64_t most, const char* text)
+{
+    const auto value = ArgumentText::number(argument);
+    if (!value || *value < least || *value > most) {
+        throw UsageError(withArguments(translate("Usage", text), {std::to_string(least), std::to_string(most)}));
+    }
+    return *value;
+}
+
 /// @throws UsageError  `text`, with the limits in the places of %1 and %2, unless `number` lies within.
 std::int64_t numberWithin(std::int64_t number, std::int64_t least, std::int64_t most, const char* text)
 {
@@ -141,7 +177,8 @@ std::optional<PreciseOptimizer::Config> preciseLimits(
 {
     if (!arguments.precise) {
         for (const char* const option : preciseOptions)
-            if (command.count(option) > 0)
+            if (command.count(option) > 0
+                && !(command.get_name() == "encode" && std::string_view(option) == "--max-width"))
                 throw complaint(QT_TRANSLATE_NOOP("Usage", "%1 belongs to --precise; add that"), option);
         return std::nullopt;
     }
@@ -154,7 +191,7 @@ std::optional<PreciseOptimizer::Config> preciseLimits(
         config.targetBytes = *bytes;
     }
     if (command.count("--max-width") > 0)
-        config.maxWidth = numberWithin(arguments.maxWidth, 1, GIFEncoder::maximumFieldValue,
+        config.maxWidth = numberIn(arguments.maxWidth, 1, GIFEncoder::maximumFieldValue,
             QT_TRANSLATE_NOOP("Usage", "--max-width: use a number of pixels from %1 to %2"));
     if (command.count("--max-fps") > 0)
         config.maxFPS = numberWithin(arguments.maxFPS, 1, PreciseOptimizer::Config::highestMaxFPS,
@@ -163,6 +200,18 @@ std::optional<PreciseOptimizer::Config> preciseLimits(
         config.maxColors = numberWithin(
             arguments.colors, 2, 256, QT_TRANSLATE_NOOP("Usage", "--colors: use a number of colours from %1 to %2"));
     return config;
+}
+
+/// Only GIFs are written, whatever a file is called: a name that promises something else is a mistake.
+void refuseOtherFormats(const std::string& output)
+{
+    constexpr std::array<std::string_view, 18> others{"apng", "avi", "avif", "bmp", "heic", "jpeg", "jpg", "jxl", "mkv",
+        "mov", "mp4", "pdf", "png", "svg", "tif", "tiff", "webm", "webp"};
+    std::string extension = std::filesystem::path(output).extension().string();
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+        [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    if (!extension.empty() && std::find(others.begin(), others.end(), extension.substr(1)) != others.end())
+        throw complaint(QT_TRANSLATE_NOOP("Usage", "-o: \"%1\" is no name for a GIF; let it end in .gif"), output);
 }
 
 OutputOptions outputOptions(const CLI::App& command, const Arguments& arguments)
@@ -176,12 +225,66 @@ OutputOptions outputOptions(const CLI::App& command, const Arguments& arguments)
     if (command.count("--output") > 0) {
         if (arguments.output.empty())
             throw complaint(QT_TRANSLATE_NOOP("Usage", "-o: the name is empty; name a file, or - for standard output"));
+        refuseOtherFormats(arguments.output);
         options.output = arguments.output;
     }
     options.json = arguments.json;
     options.force = arguments.force;
     options.precise = preciseLimits(command, arguments, *preset);
+    options.quiet = arguments.quiet;
     return options;
+}
+
+/// What is taken of each frame.
+void setShape(FrameShape& shape, const CLI::App& command, const Arguments& arguments)
+{
+    if (command.count("--crop") > 0) {
+        const auto region = ArgumentText::region(arguments.crop);
+        if (!region || region->x < 0 || region->y < 0)
+            throw complaint(QT_TRANSLATE_NOOP(
+                                "Usage", "--crop: \"%1\" is not a part; write it like 10,20,640x480 (left, top, size)"),
+                arguments.crop);
+        shape.crop = {.left = region->x, .top = region->y, .size = {region->width, region->height}};
+    }
+    if (command.count("--max-width") > 0 && !arguments.precise) {
+        shape.maxWidth = numberIn(arguments.maxWidth, 1, GIFEncoder::maximumFieldValue,
+            QT_TRANSLATE_NOOP("Usage", "--max-width: use a number of pixels from %1 to %2"));
+    }
+}
+
+/// How the inputs are to be understood.
+void setSource(EncodeOptions& options, const CLI::App& command, const Arguments& arguments)
+{
+    if (command.count("--matrix") > 0) {
+        if (arguments.matrix == "bt601")
+            options.colors.matrix = YUVMatrix::bt601;
+        else if (arguments.matrix == "bt709")
+            options.colors.matrix = YUVMatrix::bt709;
+        else if (arguments.matrix == "bt2020")
+            options.colors.matrix = YUVMatrix::bt2020;
+        else
+            throw complaint(QT_TRANSLATE_NOOP("Usage", "--matrix: there is no \"%1\"; use bt601, bt709 or bt2020"),
+                arguments.matrix);
+    }
+    if (command.count("--background") > 0) {
+        const auto color = ArgumentText::color(arguments.background);
+        if (!color)
+            throw complaint(QT_TRANSLATE_NOOP(
+                                "Usage", "--background: \"%1\" is not a colour; write it like #FFFFFF, white or black"),
+                arguments.background);
+        options.colors.background = *color;
+    }
+    if (arguments.rawFormat == "bgra")
+        options.rawFormat = RawFormat::bgra;
+    else if (arguments.rawFormat == "rgb")
+        options.rawFormat = RawFormat::rgb;
+    else if (arguments.rawFormat == "bgr")
+        options.rawFormat = RawFormat::bgr;
+    else if (arguments.rawFormat != "rgba")
+        throw complaint(QT_TRANSLATE_NOOP("Usage", "--raw-format: there is no \"%1\"; use rgba, bgra, rgb or bgr"),
+            arguments.rawFormat);
+    options.strict = arguments.strict;
+    options.keepGoing = arguments.keepGoing;
 }
 
 EncodeOptions encodeOptions(const CLI::App& command, const Arguments& arguments)
@@ -190,10 +293,21 @@ EncodeOptions encodeOptions(const CLI::App& command, const Arguments& arguments)
     options.out = outputOptions(command, arguments);
     options.inputs = arguments.inputs;
     if (command.count("--source-fps") > 0) {
-        if (arguments.sourceFPS < 1 || arguments.sourceFPS > 1000)
+        options.rate = ArgumentText::rate(arguments.sourceFPS);
+        if (!options.rate)
+            throw complaint(QT_TRANSLATE_NOOP("Usage",
+                                "--source-fps: \"%1\" is not a number of frames per second; write it like 12, 29.97 or "
+                                "30000/1001, 1000 at most"),
+                arguments.sourceFPS);
+    }
+    if (command.count("--delay") > 0) {
+        if (options.rate)
+            throw complaint(QT_TRANSLATE_NOOP("Usage", "--delay and --source-fps say the same; use one of them"));
+        options.rate = ArgumentText::delay(arguments.delay);
+        if (!options.rate)
             throw complaint(
-                QT_TRANSLATE_NOOP("Usage", "--source-fps: use a whole number of frames per second from 1 to 1000"));
-        options.sourceFPS = arguments.sourceFPS;
+                QT_TRANSLATE_NOOP("Usage", "--delay: \"%1\" is not a number of seconds from 0.001 to 655.35"),
+                arguments.delay);
     }
     if (arguments.dither == "always")
         options.dithering = true;
@@ -207,6 +321,24 @@ EncodeOptions encodeOptions(const CLI::App& command, const Arguments& arguments)
         if (!options.raw)
             throw complaint(
                 QT_TRANSLATE_NOOP("Usage", "--raw: \"%1\" is not a size; write it like 1280x720"), arguments.raw);
+        const auto fits = [](std::int64_t side) {
+            return side >= 1 && side <= GIFEncoder::maximumFieldValue;
+        };
+        if (!fits(options.raw->width) || !fits(options.raw->height))
+            throw complaint(QT_TRANSLATE_NOOP("Usage", "--raw: \"%1\" can't be; each side must be 1 to 65535 pixels"),
+                arguments.raw);
+    }
+    setSource(options, command, arguments);
+    setShape(options.shape, command, arguments);
+    constexpr std::int64_t maxThreads = 256;
+    constexpr std::int64_t maxPlays = 65536;
+    if (command.count("--threads") > 0) {
+        options.threads = static_cast<int>(numberIn(
+            arguments.threads, 1, maxThreads, QT_TRANSLATE_NOOP("Usage", "--threads: use a number from %1 to %2")));
+    }
+    if (command.count("--loop") > 0) {
+        options.plays
+            = numberIn(arguments.loop, 0, maxPlays, QT_TRANSLATE_NOOP("Usage", "--loop: use a number from %1 to %2"));
     }
     return options;
 }
@@ -301,6 +433,29 @@ std::optional<ControlOptions> controlOptions(const CLI::App& app, const Argument
     return std::nullopt;
 }
 
+/// Ends the process's work with a text on standard output.
+CommandLine::Finished print(const std::string& text, int exitCode)
+{
+    const auto encoded = TerminalText::encoded(text, TerminalText::localeEncoding());
+    (void)std::fwrite(encoded.data(), 1, encoded.size(), stdout); // checked by the flush
+    if (std::fflush(stdout) != 0) {
+        ErrorReport::print(translate("Help", "the text can't be written to standard output"));
+        return {ExitCode::failure};
+    }
+    return {exitCode};
+}
+
+std::string helpOn(CLI::App& app, const std::string& command)
+{
+    if (command.empty())
+        return app.get_formatter()->make_help(&app, app.get_name(), CLI::AppFormatMode::Normal);
+    const auto found = app.get_subcommands([&](const CLI::App* known) { return known->get_name() == command; });
+    if (found.empty())
+        throw complaint(QT_TRANSLATE_NOOP("Usage", "help: there is no command \"%1\"; see quillbox --help"), command);
+    return found.front()->get_formatter()->make_help(
+        found.front(), app.get_name() + " " + command, CLI::AppFormatMode::Normal);
+}
+
 } // namespace
 
 CommandLine::Request CommandLine::parse(int argc, const char* const* argv)
@@ -309,29 +464,58 @@ CommandLine::Request CommandLine::parse(int argc, const char* const* argv)
     CLI::App app(translate("Help", overview), "quillbox");
     translateFrame(app);
     app.require_subcommand(0, 1);
-    app.set_version_flag("--version", "quillbox " QUILLBOX_VERSION, translate("Help", "Print the version"));
+    app.set_version_flag("-V,--version", "quillbox " QUILLBOX_VERSION, translate("Help", "Print the version"));
 
     auto* const encode
         = app.add_subcommand("encode", translate("Help", "Turn images, YUV4MPEG2 or raw frames into a GIF"));
     encode
         ->add_option("INPUT", arguments.inputs,
-            translate(
-                "Help", "Images, one frame each; or one animated image; or one YUV4MPEG2 stream; - for standard input"))
+            translate("Help",
+                "Images, one frame each, a folder of them, or a pattern like f%03d.png; or one animated image; or one "
+                "YUV4MPEG2 stream; - for standard input"))
         ->required()
         ->type_name("");
     addOutputOptions(*encode, arguments, translate("Help", "beside the first INPUT, with the extension gif"));
     addPreciseOptions(*encode, arguments);
     encode
         ->add_option("--source-fps", arguments.sourceFPS,
-            translate("Help", "Frames per second of the input (default: its own, or 30)"))
+            translate("Help",
+                "Frames per second of the input, like 12, 0.5 or 30000/1001 (default: its own; else 1 for several "
+                "images, 30 for raw frames)"))
         ->type_name("N");
+    encode
+        ->add_option("--delay", arguments.delay,
+            translate("Help", "Show each frame of the input for so many seconds; the other way to say --source-fps"))
+        ->type_name("S");
     encode->add_option("--dither", arguments.dither, translate("Help", "Mix colours that the palette lacks"))
         ->type_name("auto|always|never")
         ->capture_default_str();
-    encode
-        ->add_option("--raw", arguments.raw,
-            translate("Help", "INPUT is raw RGBA frames of this size, 4 bytes a pixel, without padding"))
+    encode->add_option("--raw", arguments.raw, translate("Help", "INPUT is raw frames of this size, without padding"))
         ->type_name("WxH");
+    encode->add_option("--raw-format", arguments.rawFormat, translate("Help", "The bytes of a raw pixel"))
+        ->type_name("rgba|bgra|rgb|bgr")
+        ->capture_default_str();
+    encode->add_option("--crop", arguments.crop, translate("Help", "Take this part of each frame: left, top and size"))
+        ->type_name("X,Y,WxH");
+    encode->add_option("--loop", arguments.loop, translate("Help", "Play the GIF so many times (default: 0, for ever)"))
+        ->type_name("N");
+    encode
+        ->add_option(
+            "--threads", arguments.threads, translate("Help", "Encode with so many threads (default: one a core)"))
+        ->type_name("N");
+    encode
+        ->add_option("--matrix", arguments.matrix,
+            translate("Help",
+                "By which standard the YUV4MPEG2 stream has its colours (default: bt709 from 720 rows on, else bt601)"))
+        ->type_name("bt601|bt709|bt2020");
+    encode
+        ->add_option("--background", arguments.background,
+            translate("Help", "What shows through transparent pixels (default: white)"))
+        ->type_name("COLOR");
+    encode->add_flag("--strict", arguments.strict,
+        translate("Help", "Refuse images of another size than the first instead of fitting them into it"));
+    encode->add_flag("--keep-going", arguments.keepGoing,
+        translate("Help", "Leave out images and frames that are damaged or cut off, and say how many"));
     encode->footer(translate("Help", encodeExamples));
 
     auto* const record = app.add_subcommand("record", translate("Help", "Record a region of the screen as a GIF"));
@@ -359,17 +543,26 @@ CommandLine::Request CommandLine::parse(int argc, const char* const* argv)
     doctor->footer(translate("Help", "The exit status is 0 where the screen can be recorded, else 1.") + "\n\n"
         + example("doctor"));
 
+    auto* const help = app.add_subcommand("help", translate("Help", "Print the help of a command"));
+    help->add_option("COMMAND", arguments.helpTopic, translate("Help", "The command; none for all of them"))
+        ->type_name("");
+    help->footer(example(std::string("help ") + "encode"));
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& request) { // help or version
-        return Finished{app.exit(request)};
+        std::ostringstream text;
+        const int exitCode = app.exit(request, text, text);
+        return print(text.str(), exitCode);
     } catch (const CLI::ParseError& error) {
-        std::string help = "quillbox --help";
+        std::string hint = "quillbox --help";
         for (const auto* const command : app.get_subcommands())
-            help = "quillbox " + command->get_name() + " --help";
+            hint = "quillbox " + command->get_name() + " --help";
         throw UsageError(
-            withArguments(translate("Usage", "%1; see %2"), {ParserMessages::translated(error.what()), help}));
+            withArguments(translate("Usage", "%1; see %2"), {ParserMessages::translated(error.what()), hint}));
     }
+    if (help->parsed())
+        return print(helpOn(app, arguments.helpTopic), ExitCode::success);
     if (encode->parsed())
         return encodeOptions(*encode, arguments);
     if (record->parsed())

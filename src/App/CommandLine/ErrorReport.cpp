@@ -1,8 +1,8 @@
 #include "App/CommandLine/ErrorReport.h"
 
+#include "App/CommandLine/TerminalText.h"
 #include "Translation/Translate.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <new>
 
@@ -17,17 +17,12 @@ std::string ErrorReport::messageFor(const std::exception& error)
 
 std::string ErrorReport::oneLine(std::string_view text)
 {
-    std::string line(text);
-    const auto isControl = [](char c) {
-        return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
-    };
-    std::replace_if(line.begin(), line.end(), isControl, '?');
-    return line;
+    return TerminalText::escaped(text);
 }
 
 void ErrorReport::print(std::string_view message)
 {
-    const auto line = "quillbox: " + oneLine(message) + '\n';
+    const auto line = "quillbox: " + TerminalText::encoded(oneLine(message), TerminalText::localeEncoding()) + '\n';
     (void)std::fwrite(line.data(), 1, line.size(), stderr); // there is nowhere left to complain
 }
 

@@ -12,7 +12,7 @@ namespace ErrorReport {
 /// The sentence for an error that ends a command.
 [[nodiscard]] std::string messageFor(const std::exception& error);
 
-/// `text` as one line: control characters, which a file's name may hold, become question marks.
+/// `text` as one line that can be shown: what a file's name may hold besides is escaped.
 [[nodiscard]] std::string oneLine(std::string_view text);
 
 /// Writes "quillbox: `message`" as one line. Thread: any.

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "App/FrameSources/FrameRate.h"
+#include "App/FrameSources/FrameShaper.h"
+#include "App/FrameSources/RawReader.h"
+#include "App/FrameSources/SourceColors.h"
 #include "Capture/CaptureRegion.h"
 #include "Encoding/PixelSize.h"
 #include "Encoding/Precise/PreciseOptimizer.h"
@@ -35,14 +39,22 @@ struct OutputOptions {
     bool json = false;                 ///< report the result as JSON
     bool force = false;                ///< replace an existing file
     std::optional<PreciseOptimizer::Config> precise; ///< show every change; within the preset's limits or those given
+    bool quiet = false;                              ///< print neither progress nor the result, unless as JSON
 };
 
 struct EncodeOptions {
     OutputOptions out;
     std::vector<std::string> inputs;       ///< paths or `standardStreamName`, at least one
-    std::optional<std::int64_t> sourceFPS; ///< frames per second, at least 1; none for the input's own
+    std::optional<FrameRate> rate;         ///< 1000 a second to 1 in 655.35 s; none for the input's own
     std::optional<bool> dithering;         ///< always, never, or (none) decided for each palette
-    std::optional<PixelSize> raw;          ///< the inputs are raw RGBA frames of this size, not yet checked
+    std::optional<PixelSize> raw;          ///< the input is raw RGBA frames of this size
+    RawFormat rawFormat = RawFormat::rgba; ///< of raw frames
+    SourceColors colors;                   ///< how the inputs' are to be understood
+    bool strict = false;                   ///< refuse frames of another size than the first
+    FrameShape shape;                      ///< what is taken of each frame
+    int threads = 0;                       ///< to encode with, at most 256; 0 for one a core
+    std::int64_t plays = 0;                ///< how often the GIF plays, at most 65536; 0 for ever
+    bool keepGoing = false;                ///< leave out what can't be read, as long as something can
 };
 
 struct RecordOptions {

@@ -16,7 +16,6 @@ constexpr std::array sentences{
     QT_TRANSLATE_NOOP("ParserMessages", "%1 is required"),
     QT_TRANSLATE_NOOP("ParserMessages", "The following argument was not expected: %1"),
     QT_TRANSLATE_NOOP("ParserMessages", "The following arguments were not expected: %1"),
-    QT_TRANSLATE_NOOP("ParserMessages", "Could not convert: %1 = %2"),
     QT_TRANSLATE_NOOP("ParserMessages", "%1: 1 required %2 missing"),
 };
 

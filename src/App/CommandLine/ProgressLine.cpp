@@ -1,8 +1,13 @@
 #include "App/CommandLine/ProgressLine.h"
 
+#include "App/CommandLine/TerminalText.h"
 #include "App/CommandLine/TerminationSignals.h"
+#include "App/CommandLine/TextColumns.h"
 
+#include <algorithm>
 #include <csignal>
+#include <cstdlib>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace quillbox {
@@ -16,6 +21,22 @@ void writeToTerminal(std::string_view text)
     [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, text.data(), text.size());
 }
 
+bool isDumb()
+{
+    const char* const terminal = std::getenv("TERM");
+    return terminal == nullptr || *terminal == '\0' || std::string_view(terminal) == "dumb";
+}
+
+/// 80 where the terminal doesn't tell; never less than 2.
+std::size_t columnsOfTerminal()
+{
+    constexpr std::size_t usual = 80;
+    struct winsize size { };
+    if (::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0)
+        return usual;
+    return std::max<std::size_t>(size.ws_col, 2);
+}
+
 /// Ends the line and lets the signal do what it does by default.
 extern "C" void endLineAndDie(int signal)
 {
@@ -26,8 +47,9 @@ extern "C" void endLineAndDie(int signal)
 
 } // namespace
 
-ProgressLine::ProgressLine()
-    : m_isTerminal(::isatty(STDERR_FILENO) == 1)
+ProgressLine::ProgressLine(bool isWanted)
+    : m_isTerminal(isWanted && ::isatty(STDERR_FILENO) == 1)
+    , m_isDumb(isDumb())
 {
     if (!m_isTerminal)
         return;
@@ -55,13 +77,27 @@ ProgressLine::~ProgressLine()
     }
 }
 
+void ProgressLine::replaceBy(std::string_view text)
+{
+    // One column less than there are: some terminals begin a new line as soon as the last one is filled.
+    const std::string line = TextColumns::shortened(text, columnsOfTerminal() - 1);
+    const std::size_t columns = TextColumns::widthOf(line);
+    std::string output = "\r" + TerminalText::encoded(line, TerminalText::localeEncoding());
+    if (!m_isDumb)
+        output += "\x1b[K"; // clear what is left of the line before
+    else if (columns < m_shownColumns)
+        output += std::string(m_shownColumns - columns, ' ') + (line.empty() ? "\r" : "");
+    writeToTerminal(output);
+    m_shownColumns = columns;
+}
+
 void ProgressLine::show(std::string_view text)
 {
     if (!m_isTerminal || text == m_shown)
         return;
     m_shown = text;
     lineIsShown = 1;
-    writeToTerminal("\r" + m_shown + "\x1b[K"); // and clear what is left of the line before
+    replaceBy(text);
 }
 
 void ProgressLine::clear()
@@ -69,7 +105,7 @@ void ProgressLine::clear()
     if (m_shown.empty())
         return;
     m_shown.clear();
-    writeToTerminal("\r\x1b[K");
+    replaceBy({});
     lineIsShown = 0;
 }
 

@@ -85,6 +85,8 @@ std::string ResultReport::jsonLine(const Clip& clip)
         object["thinnedFrames"] = precise.thinnedFrames;
         object["scale"] = precise.scale;
     }
+    if (clip.pictures > 0)
+        object["pictureCount"] = clip.pictures;
     return lineOf(object);
 }
 

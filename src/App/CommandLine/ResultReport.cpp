@@ -3,22 +3,21 @@
 #include "App/CommandLine/ErrorReport.h"
 #include "Translation/Translate.h"
 
+#include <QLocale>
+
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <limits>
 #include <vector>
 
 namespace quillbox {
 namespace {
 
-/// A number with so many decimals, written the same in every language.
+/// A number with so many decimals, as the user's locale writes it.
 std::string decimal(double value, int decimals)
 {
-    std::array<char, 64> text{};
-    const auto [end, error]
-        = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals);
-    return error == std::errc{} ? std::string(text.data(), end) : std::string("?");
+    QLocale locale = QLocale::system();
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
+    return locale.toString(value, 'f', decimals).toStdString();
 }
 
 std::string size(std::int64_t byteCount)
@@ -34,6 +33,20 @@ std::string size(std::int64_t byteCount)
 int count(std::int64_t number)
 {
     return static_cast<int>(std::min<std::int64_t>(number, std::numeric_limits<int>::max()));
+}
+
+/// What became of the pictures, where more than a tenth of them is not shown.
+std::string lossOf(const ResultReport::Clip& clip)
+{
+    if (clip.result.frameCount * 10 >= clip.pictures * 9)
+        return {};
+    const auto text = clip.isRateLowered
+        ? translate("ResultReport",
+            "; %n picture(s), %1 kept: at most %2 a second, and changes of less than 1 % merge (--precise keeps them)",
+            nullptr, count(clip.pictures))
+        : translate("ResultReport", "; %n picture(s), %1 kept: changes of less than 1 % merge (--precise keeps them)",
+            nullptr, count(clip.pictures));
+    return withArguments(text, {std::to_string(clip.result.frameCount), std::to_string(clip.result.effectiveFPS)});
 }
 
 } // namespace
@@ -102,10 +115,14 @@ std::string ResultReport::humanLine(const Clip& clip)
             {size(clip.precise->config.targetBytes)});
     } else if (isOverBudget(clip)) {
         const auto megabytes = decimal(static_cast<double>(clip.preset.targetBytes()) / 1'000'000, 0);
-        line += withArguments(
-            translate("ResultReport", "; over the %1 MB budget of %2: record less, or a smaller part of the screen"),
+        line += withArguments(clip.isOfFrames
+                ? translate("ResultReport",
+                    "; over the %1 MB budget of %2: try --max-width, --crop, fewer frames or another --preset")
+                : translate(
+                    "ResultReport", "; over the %1 MB budget of %2: record less, or a smaller part of the screen"),
             {megabytes, clip.preset.title()});
     }
+    line += lossOf(clip);
     return line + '\n';
 }
 

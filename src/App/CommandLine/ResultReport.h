@@ -24,16 +24,21 @@ struct Clip {
         const PreciseOptimizer::Config& config;
     };
     std::optional<Precise> precise{};
+    bool isOfFrames = false;    ///< made of frames that were there already, rather than recorded
+    std::int64_t pictures = 0;  ///< handed in that differ from the one before; 0 where nobody counted
+    bool isRateLowered = false; ///< whether fewer pictures a second are shown than there were
 };
 
-/// "demo.gif: 1.2 MB, 40 frames, 64 colours, 12 fps, 5.3 s, dithered" and a newline; a clip over its budget says so at
-/// the end. A precise one says what was given up for the budget: "demo.gif: 1.9 MB, 80 frames, 256 colours, 5.3 s,
+/// "demo.gif: 1.2 MB, 40 frames, 64 colours, 12 fps, 5.3 s, dithered" and a newline, numbers as the user's locale
+/// writes them. A clip over its budget says so at the end, and what became of its pictures where fewer than nine in ten
+/// are left. A precise one says what was given up for the budget: "demo.gif: 1.9 MB, 80 frames, 256 colours, 5.3 s,
 /// 3.1 dB and 12 changes given up to fit", or "every change kept".
 [[nodiscard]] std::string humanLine(const Clip& clip);
 
 /// One JSON object on one line, and a newline: the fields of `GIFOptimizer::Result` but the data, in their order,
 /// then "output", "width" and "height" of the GIF in pixels, "overBudget"; of a precise one also "precise" (true),
-/// "qualityDecibels", "lossDecibels", "thinnedFrames" and "scale", as `PreciseOptimizer::Result`.
+/// "qualityDecibels", "lossDecibels", "thinnedFrames" and "scale", as `PreciseOptimizer::Result`; and, if they were
+/// counted, "pictureCount".
 [[nodiscard]] std::string jsonLine(const Clip& clip);
 
 /// Whether the file is larger than its preset, or what was given instead, wants it.

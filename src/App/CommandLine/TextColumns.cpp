@@ -88,4 +88,20 @@ std::vector<std::string> TextColumns::wrapped(std::string_view text, std::size_t
     return lines;
 }
 
+std::string TextColumns::shortened(std::string_view text, std::size_t width)
+{
+    constexpr std::string_view dots = "...";
+    if (widthOf(text) <= width)
+        return std::string(text);
+    const std::size_t room = width > dots.size() ? width - dots.size() : width;
+    std::size_t end = 0;
+    while (end < text.size()) {
+        const std::size_t next = end + firstOf(text.substr(end)).byteCount;
+        if (widthOf(text.substr(0, next)) > room)
+            break;
+        end = next;
+    }
+    return std::string(text.substr(0, end)) += width > dots.size() ? dots : std::string_view();
+}
+
 } // namespace quillbox

@@ -18,5 +18,8 @@ namespace TextColumns {
 /// wide letters, since languages that are written with them leave none; there a comma stays behind its word.
 [[nodiscard]] std::vector<std::string> wrapped(std::string_view text, std::size_t width);
 
+/// As much of `text` as fits into `width` columns, three dots behind it where something is missing.
+[[nodiscard]] std::string shortened(std::string_view text, std::size_t width);
+
 } // namespace TextColumns
 } // namespace quillbox

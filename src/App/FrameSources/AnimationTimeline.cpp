@@ -32,14 +32,14 @@ void AnimationTimeline::steady(std::span<const TimedFrame> frames, FrameConsumer
     const auto first = shownFor(frames.front());
     const bool uniform
         = std::all_of(frames.begin(), frames.end(), [&](const TimedFrame& timed) { return shownFor(timed) == first; });
-    if (uniform && first <= 1000) { // no rate is slow enough for longer ones
-        receiver.setRate((2 * 1000 + first) / (2 * first));
+    if (uniform) {
+        receiver.setRate({.frames = 1000, .seconds = first});
         for (const TimedFrame& timed : frames)
             receiver.take(timed.frame);
         return;
     }
 
-    receiver.setRate(steadyFPS);
+    receiver.setRate({.frames = steadyFPS, .seconds = 1});
     const auto count = std::max<std::int64_t>(1, (total * steadyFPS + 500) / 1000);
     std::size_t current = 0;
     std::int64_t currentEnd = first; // milliseconds since the start

@@ -27,9 +27,9 @@ inline constexpr std::int64_t maximumMilliseconds = std::int64_t{24} * 60 * 60 *
 /// The sum of all display times, milliseconds.
 [[nodiscard]] std::int64_t duration(std::span<const TimedFrame> frames);
 
-/// Hands over the frames with their rate. Equally long frames of at most a second give one frame each at the rate
-/// nearest to theirs. Otherwise the clip has 30 frames a second: each instant shows the frame that the animation shows
-/// then, repeats share their pixels, and the playing time is kept to within a frame.
+/// Hands over the frames with their rate. Equally long frames give one frame each at their own rate. Otherwise the clip
+/// has 30 frames a second: each instant shows the frame that the animation shows then, repeats share their pixels, and
+/// the playing time is kept to within a frame.
 /// @pre `frames` is not empty, and `duration` at most `maximumMilliseconds`.
 void steady(std::span<const TimedFrame> frames, FrameConsumer& receiver);
 

@@ -12,25 +12,23 @@ constexpr std::size_t maxFramesUnderWay = 4;
 } // namespace
 
 BackgroundDistinctFrames::BackgroundDistinctFrames(
-    const PreciseOptimizer::Config& config, std::optional<std::int64_t> sourceFPS, DistinctFrames::OnKept onKept)
+    const PreciseOptimizer::Config& config, DistinctFrames::OnKept onKept)
     : m_config(config)
-    , m_sourceFPS(sourceFPS)
     , m_onKept(std::move(onKept))
 {
 }
 
-void BackgroundDistinctFrames::setRate(std::int64_t framesPerSecond)
+void BackgroundDistinctFrames::setRate(FrameRate rate)
 {
     precondition(!m_thread, "a rate is known before the first frame");
-    if (!m_sourceFPS)
-        m_sourceFPS = framesPerSecond;
+    precondition(rate.seconds == 1, "a whole number of frames per second");
+    m_sourceFPS = rate.frames;
 }
 
 void BackgroundDistinctFrames::take(const RGBAFrame& frame)
 {
     if (!m_thread)
-        m_thread.emplace(
-            PreciseOptimizer::framesFor(m_config, m_sourceFPS.value_or(defaultFPS), m_onKept), maxFramesUnderWay);
+        m_thread.emplace(PreciseOptimizer::framesFor(m_config, m_sourceFPS, m_onKept), maxFramesUnderWay);
     m_thread->take(frame);
 }
 

@@ -13,12 +13,11 @@ namespace quillbox {
 /// faster waits: only a few frames are under way at a time.
 class BackgroundDistinctFrames final : public FrameConsumer {
 public:
-    /// @param sourceFPS  Rate of the frames, whatever the input says; none: the input's own, or else `defaultFPS`.
-    /// @param onKept     As `DistinctFrames`; called on the thread.
-    BackgroundDistinctFrames(const PreciseOptimizer::Config& config, std::optional<std::int64_t> sourceFPS,
-        DistinctFrames::OnKept onKept = nullptr);
+    /// @param onKept  As `DistinctFrames`; called on the thread.
+    explicit BackgroundDistinctFrames(const PreciseOptimizer::Config& config, DistinctFrames::OnKept onKept = nullptr);
 
-    void setRate(std::int64_t framesPerSecond) override;
+    /// @pre the rate is a whole number of frames per second. Without a call it is `defaultFPS`.
+    void setRate(FrameRate rate) override;
     void take(const RGBAFrame& frame) override;
 
     /// What the frames came to, once all have been looked at. No frame may follow.
@@ -29,7 +28,7 @@ private:
     static constexpr std::int64_t defaultFPS = 30;
 
     PreciseOptimizer::Config m_config;
-    std::optional<std::int64_t> m_sourceFPS;
+    std::int64_t m_sourceFPS = defaultFPS;
     DistinctFrames::OnKept m_onKept;
     std::optional<DistinctFramesThread> m_thread; ///< runs from the first frame on
 };

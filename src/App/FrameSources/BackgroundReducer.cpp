@@ -11,25 +11,23 @@ constexpr std::size_t maxQueue = 4; // frames
 
 } // namespace
 
-BackgroundReducer::BackgroundReducer(
-    ExportPreset preset, std::optional<std::int64_t> sourceFPS, FrameReducer::OnKept onKept)
+BackgroundReducer::BackgroundReducer(ExportPreset preset, FrameReducer::OnKept onKept)
     : m_preset(preset)
-    , m_sourceFPS(sourceFPS)
     , m_onKept(std::move(onKept))
 {
 }
 
-void BackgroundReducer::setRate(std::int64_t framesPerSecond)
+void BackgroundReducer::setRate(FrameRate rate)
 {
     precondition(!m_thread, "a rate is known before the first frame");
-    if (!m_sourceFPS)
-        m_sourceFPS = framesPerSecond;
+    precondition(rate.seconds == 1, "a whole number of frames per second");
+    m_sourceFPS = rate.frames;
 }
 
 void BackgroundReducer::take(const RGBAFrame& frame)
 {
     if (!m_thread)
-        m_thread.emplace(FrameReducer::sparing(m_sourceFPS.value_or(defaultFPS), m_preset, m_onKept), maxQueue);
+        m_thread.emplace(FrameReducer::sparing(m_sourceFPS, m_preset, m_onKept), maxQueue);
     m_thread->take(frame);
 }
 

@@ -13,12 +13,11 @@ namespace quillbox {
 /// overlap. A reader that is faster waits: only a few frames are under way at a time.
 class BackgroundReducer final : public FrameConsumer {
 public:
-    /// @param sourceFPS  Rate of the frames, whatever the input says; none: the input's own, or else `defaultFPS`.
-    /// @param onKept     As `FrameReducer::sparing`; called on the thread.
-    BackgroundReducer(
-        ExportPreset preset, std::optional<std::int64_t> sourceFPS, FrameReducer::OnKept onKept = nullptr);
+    /// @param onKept  As `FrameReducer::sparing`; called on the thread.
+    explicit BackgroundReducer(ExportPreset preset, FrameReducer::OnKept onKept = nullptr);
 
-    void setRate(std::int64_t framesPerSecond) override;
+    /// @pre the rate is a whole number of frames per second. Without a call it is `defaultFPS`.
+    void setRate(FrameRate rate) override;
     void take(const RGBAFrame& frame) override;
 
     /// What the frames came to, once all have been taken in. No frame may follow.
@@ -29,7 +28,7 @@ private:
     static constexpr std::int64_t defaultFPS = 30;
 
     ExportPreset m_preset;
-    std::optional<std::int64_t> m_sourceFPS;
+    std::int64_t m_sourceFPS = defaultFPS;
     FrameReducer::OnKept m_onKept;
     std::optional<FrameReducerThread> m_thread; ///< runs from the first frame on
 };

@@ -65,18 +65,23 @@ void BandReader::readPictures()
         bands.resize(static_cast<std::size_t>(m_bandCount));
     Part upper{.first = 0, .last = m_bandCount};
     Part lower{.first = m_bandCount, .last = m_bandCount};
+    const std::int64_t wanted = std::ssize(pictures) * m_pictureBytes;
+    // A file may become shorter while both parts are read: whatever lies behind the first gap counts for nothing.
+    const auto endOf = [&] {
+        return std::min(upper.end.value_or(wanted), lower.end.value_or(wanted));
+    };
     if (m_side) {
         upper.last = lower.first = m_bandCount / 2;
         const auto readAhead = [this](std::int64_t distance, Bytes& buffer) {
             return m_source.readAhead(distance, buffer);
         };
         m_side->runBoth([&] { readPart(pictures, lower, readAhead); }, [&] { readPart(pictures, upper, readAhead); });
-        m_source.skip(upper.byteCount + lower.byteCount);
+        m_source.skip(endOf());
     } else {
         readPart(pictures, upper, [this](std::int64_t /*distance*/, Bytes& buffer) { return m_source.read(buffer); });
     }
 
-    std::int64_t left = upper.byteCount + lower.byteCount;
+    std::int64_t left = endOf();
     m_offset += left;
     for (Bands& bands : pictures) {
         if (left < m_pictureBytes) {
@@ -112,9 +117,10 @@ template <typename ReadBytes> void BandReader::readPart(std::vector<Bands>& pict
                 buffer = m_pool.take(byteCount);
             buffer.resize(static_cast<std::size_t>(byteCount));
             const auto got = static_cast<std::int64_t>(readBytes(distance, buffer));
-            part.byteCount += got;
-            if (got < byteCount)
+            if (got < byteCount) {
+                part.end = distance + got;
                 return;
+            }
             PinnedBand before;
             if (number > 0)
                 before = pictures[number - 1][place];

@@ -45,7 +45,7 @@ private:
     struct Part {
         std::int64_t first;
         std::int64_t last;
-        std::int64_t byteCount = 0; ///< read, of all pictures together
+        std::optional<std::int64_t> end{}; ///< of the input, if it was met: bytes from the first picture's beginning
     };
 
     /// Reads a part. @param readBytes  (distance from the first picture's beginning, buffer) → bytes read.

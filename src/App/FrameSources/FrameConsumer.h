@@ -1,8 +1,7 @@
 #pragma once
 
+#include "App/FrameSources/FrameRate.h"
 #include "Encoding/PixelTypes.h"
-
-#include <cstdint>
 
 namespace quillbox {
 
@@ -11,8 +10,8 @@ class FrameConsumer {
 public:
     virtual ~FrameConsumer() = default;
 
-    /// The input has a rate of its own, frames per second, at least 1. Called before the first frame, or never.
-    virtual void setRate(std::int64_t framesPerSecond) = 0;
+    /// The input has a rate of its own. Called before the first frame, or never.
+    virtual void setRate(FrameRate rate) = 0;
 
     /// The next frame, oldest first.
     virtual void take(const RGBAFrame& frame) = 0;

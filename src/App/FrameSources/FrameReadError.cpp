@@ -2,6 +2,8 @@
 
 #include "Translation/Translate.h"
 
+#include <algorithm>
+#include <limits>
 #include <system_error>
 #include <utility>
 
@@ -59,11 +61,50 @@ struct Sentence {
         return withArguments(translate("FrameReadError", "frame %1 has \"%2\"; expected %3"),
             {std::to_string(reason.frame), reason.found, reason.expected});
     }
-    std::string operator()(const Error::NotAnImage&) const
+    std::string operator()(const Error::NotAnImage& reason) const
     {
+        if (!reason.missing.empty()) {
+            return withArguments(
+                translate("FrameReadError",
+                    "is a %1 image, for which a plugin is missing; install qt6-image-formats-plugins (Fedora: "
+                    "qt6-qtimageformats, Arch: qt6-imageformats)"),
+                {reason.missing});
+        }
         return translate("FrameReadError",
             "is not an image that can be read; expected PNG, JPEG, GIF or the like, a YUV4MPEG2 stream, or --raw WxH "
             "for raw RGBA frames");
+    }
+    std::string operator()(const Error::IsVideo&) const
+    {
+        return translate("FrameReadError",
+            "is a video; have FFmpeg take its pictures: ffmpeg -i VIDEO -vf "
+            "format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o OUT.gif "
+            "-");
+    }
+    std::string operator()(const Error::CutOff& reason) const
+    {
+        if (reason.wholeFrames == 0)
+            return translate("FrameReadError", "is cut off: not even its first frame is whole; get the file again");
+        constexpr std::int64_t largest = std::numeric_limits<int>::max();
+        const int count = static_cast<int>(std::min(reason.wholeFrames, largest));
+        return translate("FrameReadError", "is cut off after %n whole frame(s); get the file again, or --keep-going",
+            nullptr, count);
+    }
+    std::string operator()(const Error::AnotherSize& reason) const
+    {
+        return withArguments(
+            translate("FrameReadError", "frame %1 is %2, but the first is %3; without --strict it is fitted into that"),
+            {std::to_string(reason.frame), size(reason.width, reason.height),
+                size(reason.firstWidth, reason.firstHeight)});
+    }
+    std::string operator()(const Error::NotInFrame& reason) const
+    {
+        return withArguments(translate("FrameReadError", "frames are %1, so --crop names a part that they don't have"),
+            {size(reason.width, reason.height)});
+    }
+    std::string operator()(const Error::NoFiles&) const
+    {
+        return translate("FrameReadError", "no image is there; name a folder with images, or a pattern that some fit");
     }
     std::string operator()(const Error::CannotDecode& reason) const
     {

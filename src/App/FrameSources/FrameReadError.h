@@ -48,8 +48,31 @@ public:
         std::string found;
         std::string expected;
     };
-    /// No decoder knows the input.
-    struct NotAnImage { };
+    /// No decoder knows the input. `missing` is the kind of image whose decoder is not installed; empty if it is none.
+    struct NotAnImage {
+        std::string missing;
+    };
+    /// The input is a film, of which only other programs can take the pictures.
+    struct IsVideo { };
+    /// The input ends before its last picture does.
+    struct CutOff {
+        std::int64_t wholeFrames = 0; ///< pictures that are there
+    };
+    /// A picture has another size than the first one of the clip.
+    struct AnotherSize {
+        std::int64_t frame = 1;
+        std::int64_t width = 0;  ///< pixels
+        std::int64_t height = 0; ///< pixels
+        std::int64_t firstWidth = 0;
+        std::int64_t firstHeight = 0;
+    };
+    /// A part is asked for that a picture doesn't have.
+    struct NotInFrame {
+        std::int64_t width = 0;  ///< of the picture, pixels
+        std::int64_t height = 0; ///< pixels
+    };
+    /// A folder, or a pattern of names, that no file with pictures is in or fits.
+    struct NoFiles { };
     /// A decoder gave up; `reason` is its own text.
     struct CannotDecode {
         std::int64_t frame = 1;
@@ -61,8 +84,9 @@ public:
         std::int64_t maximumMilliseconds = 0;
     };
 
-    using Reason = std::variant<CannotOpen, CannotRead, NoFrames, Truncated, BecameShorter, SideOutOfRange,
-        TooLargeForMemory, InvalidHeader, NotAnImage, CannotDecode, TooLong>;
+    using Reason
+        = std::variant<CannotOpen, CannotRead, NoFrames, Truncated, BecameShorter, SideOutOfRange, TooLargeForMemory,
+            InvalidHeader, NotAnImage, IsVideo, CutOff, AnotherSize, NotInFrame, NoFiles, CannotDecode, TooLong>;
 
     /// @param input  The input as the user knows it: a path, or "standard input".
     FrameReadError(std::string input, Reason reason);

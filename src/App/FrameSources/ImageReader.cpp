@@ -1,25 +1,31 @@
 #include "App/FrameSources/ImageReader.h"
 
+#include "App/FrameSources/AnimatedPNG.h"
 #include "App/FrameSources/FrameMaker.h"
 #include "App/FrameSources/FrameMemory.h"
 #include "App/FrameSources/FrameReadError.h"
+#include "App/FrameSources/ImageFile.h"
+#include "App/FrameSources/Transparency.h"
+#include "Encoding/PixelSize.h"
 #include "Platform/FileDescriptor.h"
 
 #include <QBuffer>
 #include <QByteArray>
-#include <QFile>
+#include <QColorSpace>
 #include <QImage>
 #include <QImageReader>
 #include <QIODevice>
 
 #include <algorithm>
-#include <cerrno>
+#include <cmath>
+#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <limits>
-#include <memory>
 #include <new>
+#include <span>
 #include <string>
+#include <string_view>
 #include <unistd.h>
 #include <utility>
 
@@ -49,63 +55,92 @@ private:
     FileDescriptor m_original;
 };
 
-/// An open image. Decoders jump about in their input, so a pipe is read to its end first.
+/// All of the input: decoders jump about in it, and how whole it is must be known before one of them pads it.
+Bytes everythingOf(FileByteSource& source)
+{
+    constexpr std::size_t step = 1 << 20;
+    Bytes bytes;
+    for (std::size_t used = 0;;) {
+        bytes.resize(used + step);
+        const auto got = source.read(std::span(bytes).subspan(used));
+        used += got;
+        if (got < step) {
+            bytes.resize(used);
+            break;
+        }
+    }
+    if (bytes.empty())
+        throw FrameReadError(source.name(), FrameReadError::NoFrames{});
+    return bytes;
+}
+
+/// The kind of image by its first bytes, if it is one whose decoder comes in a package of its own.
+std::string kindOfPlugin(std::span<const std::uint8_t> bytes)
+{
+    using namespace std::string_view_literals;
+    const auto begins = [&](std::string_view word) {
+        return bytes.size() >= word.size() && std::memcmp(bytes.data(), word.data(), word.size()) == 0;
+    };
+    if (ImageFile::kindOf(bytes) == ImageFile::Kind::webp)
+        return "WebP";
+    if (begins("II*\0"sv) || begins("MM\0*"sv))
+        return "TIFF";
+    return {};
+}
+
+/// A decoder at work on bytes in memory.
 class OpenImage {
 public:
-    explicit OpenImage(FileByteSource& source)
-        : m_name(source.name())
+    /// @param bytes  Outlive this.
+    OpenImage(std::string name, std::span<const std::uint8_t> bytes)
+        : m_name(std::move(name))
+        // The toolkit's bytes are of another type, and refer to ours.
+        , m_bytes(QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes))) // NOLINT
+        , m_buffer(&m_bytes)
+        , m_hasOnlyGamma(ImageFile::isPNGWithoutProfile(bytes))
     {
-        if (source.peek(1).empty())
-            throw FrameReadError(m_name, FrameReadError::NoFrames{});
-        if (source.isRegularFile()) {
-            auto file = std::make_unique<QFile>();
-            // The descriptor, not the path: it is the very file that was examined, and a path need not be UTF-8.
-            if (!file->open(source.descriptor(), QIODevice::ReadOnly) || !file->seek(0))
-                throw FrameReadError(m_name, FrameReadError::CannotRead{EIO});
-            m_device = std::move(file);
-        } else {
-            auto buffer = std::make_unique<QBuffer>();
-            buffer->setData(everythingOf(source));
-            (void)buffer->open(QIODevice::ReadOnly); // memory can always be opened
-            m_device = std::move(buffer);
-        }
+        (void)m_buffer.open(QIODevice::ReadOnly); // memory can always be opened
         const StandardErrorSilenced silenced;
-        m_reader.setDevice(m_device.get());
+        m_reader.setDevice(&m_buffer);
         m_reader.setDecideFormatFromContent(true);
         if (!m_reader.canRead()) { // some formats can't be told by their first bytes
             const auto extension = std::filesystem::path(m_name).extension().string();
-            m_device->seek(0);
-            m_reader.setDevice(m_device.get());
+            m_buffer.seek(0);
+            m_reader.setDevice(&m_buffer);
             m_reader.setDecideFormatFromContent(false);
             m_reader.setFormat(QByteArray::fromStdString(extension.empty() ? extension : extension.substr(1)));
             if (extension.empty() || !m_reader.canRead())
-                throw FrameReadError(m_name, FrameReadError::NotAnImage{});
+                throw FrameReadError(m_name, FrameReadError::NotAnImage{kindOfPlugin(bytes)});
         }
         m_reader.setAutoTransform(true);
     }
 
-    /// The next picture. @param frame  Its number, for messages.
-    RGBAFrame read(FrameMaker& maker, std::int64_t frame)
+    /// The next picture in sRGB, RGBA, not premultiplied. @param frame  Its number, for messages.
+    QImage read(std::int64_t frame)
     {
         if (const QSize size = announcedSize(); size.isValid())
             (void)checkedByteCount(m_name, frame, {size.width(), size.height()}); // before the decoder allocates
         QImage image = decode();
         if (image.isNull())
             throw FrameReadError(m_name, FrameReadError::CannotDecode{frame, m_reader.errorString().toStdString()});
-        const PixelSize size{image.width(), image.height()};
-        const auto byteCount = checkedByteCount(m_name, frame, size);
+        (void)checkedByteCount(m_name, frame, {image.width(), image.height()});
+        const QColorSpace sRGB(QColorSpace::SRgb);
+        const QColorSpace space = image.colorSpace();
+        // PNG, section 11.3.2.2: the gAMA chunk of most sRGB images stands for sRGB's curve, which is no power of 2.2.
+        const bool isUsualGamma = space.transferFunction() == QColorSpace::TransferFunction::Gamma
+            && std::abs(space.gamma() - 2.2F) < 0.05F && m_hasOnlyGamma;
+        const bool isPlain = !space.isValid() || space == sRGB || isUsualGamma;
+        if (!isPlain && image.depth() <= 32) // indexed colours are not converted
+            image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+        if (!isPlain)
+            image.convertToColorSpace(sRGB);
         image.convertTo(QImage::Format_RGBA8888);
         if (image.isNull())
             throw std::bad_alloc();
-        Bytes pixels = maker.takeBuffer(byteCount);
-        const auto rowBytes = size.width * 4;
-        for (int row = 0; row < image.height(); ++row)
-            std::copy_n(image.constScanLine(row), rowBytes, pixels.begin() + row * rowBytes);
-        return maker.frame(size, std::move(pixels));
+        return image;
     }
 
     [[nodiscard]] QImageReader& reader() { return m_reader; }
-    [[nodiscard]] const std::string& name() const { return m_name; }
 
 private:
     [[nodiscard]] QSize announcedSize() const
@@ -118,27 +153,30 @@ private:
         const StandardErrorSilenced silenced;
         return m_reader.read();
     }
-    static QByteArray everythingOf(FileByteSource& source)
-    {
-        constexpr qsizetype step = 1 << 20;
-        QByteArray bytes;
-        for (qsizetype used = 0;; bytes.resize(used)) {
-            bytes.resize(used + step);
-            // QByteArray and ByteSource differ only in what they call a byte.
-            auto* const place = reinterpret_cast<std::uint8_t*>(bytes.data()) + used; // NOLINT(*-reinterpret-cast)
-            const auto got = static_cast<qsizetype>(source.read({place, static_cast<std::size_t>(step)}));
-            used += got;
-            if (got < step) {
-                bytes.resize(used);
-                return bytes;
-            }
-        }
-    }
 
     std::string m_name;
-    std::unique_ptr<QIODevice> m_device; ///< outlives the reader
+    QByteArray m_bytes;
+    QBuffer m_buffer;    ///< outlives the reader
+    bool m_hasOnlyGamma; ///< at most; no profile
     QImageReader m_reader;
 };
+
+/// The rows of an RGBA picture, one behind another.
+void copyPixels(const QImage& image, Bytes& pixels)
+{
+    const auto rowBytes = std::int64_t{image.width()} * 4;
+    for (int row = 0; row < image.height(); ++row)
+        std::copy_n(image.constScanLine(row), rowBytes, pixels.begin() + row * rowBytes);
+}
+
+RGBAFrame frameOf(const QImage& image, RGBColor background, FrameMaker& maker)
+{
+    const PixelSize size{image.width(), image.height()};
+    Bytes pixels = maker.takeBuffer(size.width * size.height * 4);
+    copyPixels(image, pixels);
+    Transparency::layOn(background, pixels);
+    return maker.frame(size, std::move(pixels));
+}
 
 /// Lets the decoders have as much memory as the machine has instead of their default of 128 MB: a frame of 65535 pixels
 /// a side is allowed, and `checkedByteCount` has refused what doesn't fit.
@@ -149,28 +187,112 @@ void raiseAllocationLimit()
     QImageReader::setAllocationLimit(static_cast<int>(limit));
 }
 
-} // namespace
+/// An animation's frames as long as they can be read.
+class Frames {
+public:
+    explicit Frames(std::string name)
+        : m_name(std::move(name))
+    {
+    }
 
-RGBAFrame ImageReader::readOne(FileByteSource& source, std::int64_t frame)
+    /// Adds `count` frames (0: as many as `hasNext` says), each given by `read(number)`; the first must be readable.
+    template <typename Read, typename HasNext> void readAll(std::int64_t count, Read read, HasNext hasNext)
+    {
+        for (std::int64_t frame = 1; count > 0 ? frame <= count : frame == 1 || hasNext(); ++frame) {
+            try {
+                animation.frames.push_back(read(frame));
+            } catch (const FrameReadError& error) {
+                if (frame == 1)
+                    throw;
+                animation.flaw = error;
+                return;
+            }
+        }
+    }
+    /// Notes that there should be more.
+    void setCutOff()
+    {
+        if (!animation.flaw)
+            animation.flaw.emplace(m_name, FrameReadError::CutOff{std::ssize(animation.frames)});
+    }
+
+    ImageReader::Animation animation;
+
+private:
+    std::string m_name;
+};
+
+ImageReader::Animation readAnimatedPNG(
+    const std::string& name, std::span<const std::uint8_t> bytes, bool isCutOff, RGBColor background)
 {
-    raiseAllocationLimit();
+    const auto taken = AnimatedPNG::taken(bytes);
+    (void)checkedByteCount(name, 1, taken.size);
+    if (taken.parts.empty())
+        throw FrameReadError(name, FrameReadError::CutOff{0});
+    AnimatedPNG::Canvas canvas(taken.size);
     FrameMaker maker;
-    return OpenImage(source).read(maker, frame);
+    Frames frames(name);
+    const auto read = [&](std::int64_t frame) -> AnimationTimeline::TimedFrame {
+        const auto& part = taken.parts[static_cast<std::size_t>(frame - 1)];
+        const QImage image = OpenImage(name, part.png).read(frame);
+        Bytes drawn(static_cast<std::size_t>(std::int64_t{image.width()} * image.height() * 4));
+        copyPixels(image, drawn);
+        if (PixelSize{image.width(), image.height()} != part.size) // turned by metadata, which holds for no part
+            throw FrameReadError(name, FrameReadError::CannotDecode{frame, "EXIF"});
+        Bytes pixels = canvas.draw(part, drawn);
+        Transparency::layOn(background, pixels);
+        return {maker.frame(taken.size, std::move(pixels)), part.milliseconds};
+    };
+    frames.readAll(std::ssize(taken.parts), read, [] { return false; });
+    if (isCutOff || std::ssize(taken.parts) < taken.announcedCount)
+        frames.setCutOff();
+    return std::move(frames.animation);
 }
 
-std::vector<AnimationTimeline::TimedFrame> ImageReader::readAll(FileByteSource& source)
+} // namespace
+
+RGBAFrame ImageReader::readOne(FileByteSource& source, RGBColor background, std::int64_t frame)
 {
     raiseAllocationLimit();
-    OpenImage image(source);
-    const bool animated = image.reader().supportsAnimation();
-    const std::int64_t announced = animated ? image.reader().imageCount() : 1; // 0 when the format doesn't tell
+    const Bytes bytes = everythingOf(source);
+    const auto kind = ImageFile::kindOf(bytes);
+    if (kind == ImageFile::Kind::video)
+        throw FrameReadError(source.name(), FrameReadError::IsVideo{});
+    if (const auto extent = ImageFile::extentOf(bytes, kind); extent.isCutOff && extent.wholeFrames == 0)
+        throw FrameReadError(source.name(), FrameReadError::CutOff{0});
+    OpenImage image(source.name(), bytes);
     FrameMaker maker;
-    std::vector<AnimationTimeline::TimedFrame> frames;
-    for (std::int64_t frame = 1; announced > 0 ? frame <= announced : frame == 1 || image.reader().canRead(); ++frame) {
-        auto picture = image.read(maker, frame);
-        frames.push_back({std::move(picture), image.reader().nextImageDelay()}); // of the picture just read
-    }
-    return frames;
+    return frameOf(image.read(frame), background, maker);
+}
+
+ImageReader::Animation ImageReader::readAll(FileByteSource& source, RGBColor background)
+{
+    raiseAllocationLimit();
+    Bytes bytes = everythingOf(source);
+    const auto kind = ImageFile::kindOf(bytes);
+    if (kind == ImageFile::Kind::video)
+        throw FrameReadError(source.name(), FrameReadError::IsVideo{});
+    const auto extent = ImageFile::extentOf(bytes, kind);
+    if (kind == ImageFile::Kind::animatedPNG)
+        return readAnimatedPNG(source.name(), bytes, extent.isCutOff, background);
+    if (extent.isCutOff && extent.wholeFrames == 0)
+        throw FrameReadError(source.name(), FrameReadError::CutOff{0});
+    if (extent.isCutOff)
+        bytes = ImageFile::withoutCutFrame(bytes, kind, extent);
+
+    OpenImage image(source.name(), bytes);
+    const bool isAnimated = image.reader().supportsAnimation();
+    const std::int64_t announced = isAnimated ? image.reader().imageCount() : 1; // 0 when the format doesn't tell
+    FrameMaker maker;
+    Frames frames(source.name());
+    const auto read = [&](std::int64_t frame) -> AnimationTimeline::TimedFrame {
+        auto picture = frameOf(image.read(frame), background, maker);
+        return {std::move(picture), image.reader().nextImageDelay()}; // of the picture just read
+    };
+    frames.readAll(announced, read, [&] { return image.reader().canRead(); });
+    if (extent.isCutOff)
+        frames.setCutOff();
+    return std::move(frames.animation);
 }
 
 } // namespace quillbox

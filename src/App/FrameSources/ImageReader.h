@@ -2,26 +2,33 @@
 
 #include "App/FrameSources/AnimationTimeline.h"
 #include "App/FrameSources/ByteSource.h"
+#include "App/FrameSources/FrameReadError.h"
 #include "Encoding/PixelTypes.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace quillbox {
 
-/// Reads image files with Qt's image plugins. Transparency is not resolved: a pixel keeps the colour that the file
-/// gives it. Needs a QCoreApplication, to find the plugins, but no display. While a decoder runs, this process's
+/// Reads image files with Qt's image plugins. Colours come in sRGB, whatever profile the file has, and opaque, laid on
+/// a background. Needs a QCoreApplication, to find the plugins, but no display. While a decoder runs, this process's
 /// standard error leads nowhere. One thread at a time.
 namespace ImageReader {
 
 /// The picture, or the first one of several, upright as its metadata says.
 /// @param frame  The number of this image in the clip, from 1, for messages.
-/// @throws FrameReadError
-[[nodiscard]] RGBAFrame readOne(FileByteSource& source, std::int64_t frame);
+/// @throws FrameReadError  also where the file is cut off, so that a part of the picture would be missing.
+[[nodiscard]] RGBAFrame readOne(FileByteSource& source, RGBColor background, std::int64_t frame);
 
-/// Every picture of an animation with its display time; the one picture of anything else. Equal neighbours share
-/// their pixels. @throws FrameReadError
-[[nodiscard]] std::vector<AnimationTimeline::TimedFrame> readAll(FileByteSource& source);
+struct Animation {
+    std::vector<AnimationTimeline::TimedFrame> frames; ///< at least one
+    std::optional<FrameReadError> flaw;                ///< why there are no more, if the file should hold more
+};
+
+/// Every picture of an animation (GIF, APNG, WebP) with its display time; the one picture of anything else. Equal
+/// neighbours share their pixels. @throws FrameReadError  no picture can be read.
+[[nodiscard]] Animation readAll(FileByteSource& source, RGBColor background);
 
 } // namespace ImageReader
 } // namespace quillbox

@@ -4,15 +4,26 @@
 #include "App/FrameSources/FrameConsumer.h"
 #include "Encoding/PixelSize.h"
 
+#include <cstdint>
+
 namespace quillbox {
 
-/// Reads raw video: RGBA frames of one size, four bytes a pixel, rows top-down, nothing between rows or frames.
+/// The bytes of a raw pixel, in their order. A fourth one is not looked at.
+enum class RawFormat : std::uint8_t { rgba, bgra, rgb, bgr };
+
+/// Reads raw video: frames of one size, rows top-down, nothing between rows or frames.
 namespace RawReader {
 
+/// What to do with an input whose length is no multiple of a frame's.
+enum class IfCut : std::uint8_t {
+    RefuseAtOnce, ///< where the length can be told before anything is read
+    ReadFirst,    ///< hand over the whole frames, then complain
+};
+
 /// Hands over every frame up to the end of the input; equal neighbours share their pixels.
-/// @throws FrameReadError  a side outside 1…65535, no frame, or an input that ends inside a frame. The length of an
-///         input that tells it is checked before anything is read.
-void read(ByteSource& source, PixelSize size, FrameConsumer& receiver);
+/// @throws FrameReadError  a side outside 1…65535, no frame, or an input that ends inside a frame.
+void read(ByteSource& source, PixelSize size, FrameConsumer& receiver, RawFormat format = RawFormat::rgba,
+    IfCut ifCut = IfCut::RefuseAtOnce);
 
 } // namespace RawReader
 } // namespace quillbox

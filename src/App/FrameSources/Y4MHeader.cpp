@@ -28,31 +28,54 @@ std::optional<std::int64_t> number(std::string_view text)
     return value;
 }
 
-ChromaSubsampling subsamplingOf(const std::string& input, std::string_view tag)
+/// Sets what the C tag says: the subsampling, and behind it where chroma lies, how many bits a sample has, or alpha.
+void setChroma(YUVFormat& format, const std::string& input, std::string_view tag)
 {
-    // The three kinds of 4:2:0 differ in where between the pixels their chroma lies, by half a pixel at most.
-    constexpr std::array<std::pair<std::string_view, ChromaSubsampling>, 8> known{{
-        {"C420", ChromaSubsampling::yuv420},
-        {"C420jpeg", ChromaSubsampling::yuv420},
-        {"C420mpeg2", ChromaSubsampling::yuv420},
-        {"C420paldv", ChromaSubsampling::yuv420},
-        {"C422", ChromaSubsampling::yuv422},
-        {"C444", ChromaSubsampling::yuv444},
-        {"C411", ChromaSubsampling::yuv411},
-        {"Cmono", ChromaSubsampling::mono},
-    }};
-    const auto* const found
-        = std::find_if(known.begin(), known.end(), [&](const auto& pair) { return pair.first == tag; });
-    if (found == known.end())
-        throw invalid(input, tag,
-            translate("FrameReadError", "8-bit C420, C422, C444, C411 or Cmono (with FFmpeg: -pix_fmt yuv444p)"));
-    return found->second;
+    struct Kind {
+        std::string_view name;
+        ChromaSubsampling subsampling;
+    };
+    constexpr std::array kinds{Kind{"C420", ChromaSubsampling::yuv420}, Kind{"C422", ChromaSubsampling::yuv422},
+        Kind{"C444", ChromaSubsampling::yuv444}, Kind{"C411", ChromaSubsampling::yuv411},
+        Kind{"Cmono", ChromaSubsampling::mono}};
+    const auto refused = [&] {
+        return invalid(input, tag,
+            translate(
+                "FrameReadError", "C420, C422, C444, C411 or Cmono of 8 to 16 bits (with FFmpeg: -pix_fmt yuv444p)"));
+    };
+    const auto* const kind
+        = std::find_if(kinds.begin(), kinds.end(), [&](const Kind& known) { return tag.starts_with(known.name); });
+    if (kind == kinds.end())
+        throw refused();
+    format.subsampling = kind->subsampling;
+    std::string_view rest = tag.substr(kind->name.size());
+    if (rest.empty())
+        return;
+    if (kind->subsampling == ChromaSubsampling::yuv420 && rest == "jpeg") {
+        format.siting = ChromaSiting::center;
+    } else if (kind->subsampling == ChromaSubsampling::yuv420 && rest == "mpeg2") {
+        format.siting = ChromaSiting::left;
+    } else if (kind->subsampling == ChromaSubsampling::yuv420 && rest == "paldv") {
+        format.siting = ChromaSiting::topLeft;
+    } else if (kind->subsampling == ChromaSubsampling::yuv444 && rest == "alpha") {
+        format.hasAlpha = true;
+    } else {
+        if (kind->subsampling != ChromaSubsampling::mono && !rest.starts_with('p'))
+            throw refused();
+        rest.remove_prefix(kind->subsampling == ChromaSubsampling::mono ? 0 : 1);
+        const auto bits = number(rest);
+        if (!bits || *bits < 9 || *bits > 16 || kind->subsampling == ChromaSubsampling::yuv411)
+            throw refused();
+        format.bitDepth = static_cast<int>(*bits);
+        format.siting = ChromaSiting::left; // as in all codecs of so many bits
+    }
 }
 
 /// The F tag's `numerator:denominator`; 0:0 says that the rate is unknown.
-std::optional<std::int64_t> rateOf(const std::string& input, std::string_view tag)
+std::optional<FrameRate> rateOf(const std::string& input, std::string_view tag)
 {
-    constexpr std::int64_t maxTerm = std::int64_t{1} << 32; // keeps the rounding below free of overflow
+    constexpr std::int64_t maxTerm = std::int64_t{1} << 32; // as much as a FrameRate holds
+    constexpr std::int64_t maxDelay = 600;                  // seconds
     const auto colon = std::min(tag.find(':'), tag.size() - 1);
     const auto numerator = number(tag.substr(1, colon - 1));
     const auto denominator = number(tag.substr(colon + 1));
@@ -60,7 +83,9 @@ std::optional<std::int64_t> rateOf(const std::string& input, std::string_view ta
         throw invalid(input, tag, translate("FrameReadError", "a rate like F30:1 or F30000:1001"));
     if (*numerator == 0 || *denominator == 0)
         return std::nullopt;
-    return std::max<std::int64_t>(1, (*numerator * 2 + *denominator) / (*denominator * 2));
+    if (*denominator / *numerator > maxDelay)
+        throw invalid(input, tag, translate("FrameReadError", "at least one frame in ten minutes"));
+    return FrameRate{.frames = *numerator, .seconds = *denominator};
 }
 
 } // namespace
@@ -84,19 +109,22 @@ Y4MHeader Y4MHeader::parse(const std::string& input, std::string_view line)
                 throw invalid(input, tag, translate("FrameReadError", "a whole number of pixels"));
             (tag.starts_with('W') ? header.size.width : header.size.height) = *side;
         } else if (tag.starts_with('C')) {
-            header.subsampling = subsamplingOf(input, tag);
+            setChroma(header.format, input, tag);
         } else if (tag.starts_with('F')) {
-            header.framesPerSecond = rateOf(input, tag);
+            header.rate = rateOf(input, tag);
         } else if (tag.starts_with("XCOLORRANGE=")) {
             range = tag;
         } // interlacing, pixel aspect, comments and other extensions change nothing here
     }
     if (header.size.width == 0 || header.size.height == 0)
         throw invalid(input, magic, translate("FrameReadError", "the frame size in its tags W and H"));
-    if (range.ends_with("=FULL") || (range.empty() && header.subsampling == ChromaSubsampling::mono))
-        header.range = YUVRange::full; // grey pictures use all 256 levels unless they say otherwise
+    if (range.ends_with("=FULL") || (range.empty() && header.format.subsampling == ChromaSubsampling::mono))
+        header.format.range = YUVRange::full; // grey pictures use all 256 levels unless they say otherwise
     else if (!range.empty() && !range.ends_with("=LIMITED"))
         throw invalid(input, range, translate("FrameReadError", "XCOLORRANGE=FULL or XCOLORRANGE=LIMITED"));
+    constexpr std::int64_t highDefinitionRows = 720;
+    if (header.size.height >= highDefinitionRows)
+        header.format.matrix = YUVMatrix::bt709;
     return header;
 }
 

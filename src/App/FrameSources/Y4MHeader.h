@@ -1,5 +1,6 @@
 #pragma once
 
+#include "App/FrameSources/FrameRate.h"
 #include "App/FrameSources/YUVConversion.h"
 #include "Encoding/PixelSize.h"
 
@@ -11,15 +12,14 @@
 namespace quillbox {
 
 /// The first line of a YUV4MPEG2 stream.
-/// @see yuv4mpeg(5) of the mjpegtools; the tag XCOLORRANGE is FFmpeg's.
+/// @see yuv4mpeg(5) of the mjpegtools; the tag XCOLORRANGE and the kinds of more than eight bits are FFmpeg's.
 struct Y4MHeader {
     /// The word that every stream starts with.
     static constexpr std::string_view magic = "YUV4MPEG2";
 
     PixelSize size;
-    ChromaSubsampling subsampling = ChromaSubsampling::yuv420;
-    YUVRange range = YUVRange::limited;
-    std::optional<std::int64_t> framesPerSecond; ///< rounded to a whole number, at least 1; none when it is unknown
+    YUVFormat format; ///< its matrix is a guess by the height, as nothing in the line tells it: BT.709 from 720 rows on
+    std::optional<FrameRate> rate; ///< none when it is unknown
 
     /// @param input  The stream's name, for messages.
     /// @param line   The line without its newline.

@@ -2,6 +2,7 @@
 
 #include "App/FrameSources/FrameMemory.h"
 #include "App/FrameSources/FrameReadError.h"
+#include "App/FrameSources/Transparency.h"
 #include "App/FrameSources/Y4MHeader.h"
 #include "Encoding/FramePool.h"
 #include "Encoding/Parallel.h"
@@ -22,8 +23,9 @@ namespace {
 /// Converts pictures, as many at a time as there are threads, and hands them over in the order in which they came.
 class ConversionQueue {
 public:
-    ConversionQueue(const Y4MHeader& header, FrameConsumer& receiver)
+    ConversionQueue(const Y4MHeader& header, RGBColor background, FrameConsumer& receiver)
         : m_header(header)
+        , m_background(background)
         , m_receiver(receiver)
         , m_batch(static_cast<std::size_t>(workerCount({}, std::numeric_limits<std::int64_t>::max())))
     {
@@ -90,11 +92,14 @@ private:
     [[nodiscard]] RGBAFrame converted(const Bytes& planes) const
     {
         Bytes pixels = m_pool.take(m_header.size.width * m_header.size.height * RGBAFrame::bytesPerPixel);
-        YUVConversion::convert(planes, m_header.size, m_header.subsampling, m_header.range, pixels);
+        YUVConversion::convert(planes, m_header.size, m_header.format, pixels);
+        if (m_header.format.hasAlpha)
+            Transparency::layOn(m_background, pixels);
         return m_pool.frame(m_header.size.width, m_header.size.height, std::move(pixels));
     }
 
     Y4MHeader m_header;
+    RGBColor m_background;
     FrameConsumer& m_receiver;
     std::size_t m_batch;
     FramePool m_pool;
@@ -134,35 +139,44 @@ bool Y4MReader::recognizes(ByteSource& source)
     return std::equal(start.begin(), start.end(), Y4MHeader::magic.begin(), Y4MHeader::magic.end());
 }
 
-void Y4MReader::read(ByteSource& source, FrameConsumer& receiver)
+void Y4MReader::read(ByteSource& source, const SourceColors& colors, FrameConsumer& receiver)
 {
     if (source.peek(1).empty())
         throw FrameReadError(source.name(), FrameReadError::NoFrames{});
-    const auto header = Y4MHeader::parse(source.name(), source.readLine().text);
+    auto header = Y4MHeader::parse(source.name(), source.readLine().text);
     (void)checkedByteCount(source.name(), 1, header.size); // throws where the size is out of bounds
-    const auto pictureBytes = YUVConversion::byteCount(header.size, header.subsampling);
+    const auto pictureBytes = YUVConversion::byteCount(header.size, header.format);
+    header.format.matrix = colors.matrix.value_or(header.format.matrix);
 
-    if (header.framesPerSecond)
-        receiver.setRate(*header.framesPerSecond);
-    ConversionQueue queue(header, receiver);
+    if (header.rate)
+        receiver.setRate(*header.rate);
+    ConversionQueue queue(header, colors.background, receiver);
     std::int64_t frame = 1;
-    for (; readFrameLine(source, frame); ++frame) {
-        const auto endsAfter = [&](std::int64_t byteCount) {
-            return FrameReadError(source.name(),
-                FrameReadError::Truncated{
-                    frame, byteCount, pictureBytes, translate("FrameReadError", "write the stream again")});
-        };
-        if (const auto remaining = source.remaining(); remaining && *remaining < pictureBytes)
-            throw endsAfter(*remaining);
-        auto planes = queue.takeBuffer(pictureBytes);
-        const auto got = static_cast<std::int64_t>(source.read(*planes));
-        if (got < pictureBytes)
-            throw endsAfter(got);
-        queue.add(std::move(planes));
+    try {
+        for (; readFrameLine(source, frame); ++frame) {
+            const auto endsAfter = [&](std::int64_t byteCount) {
+                return FrameReadError(source.name(),
+                    FrameReadError::Truncated{
+                        frame, byteCount, pictureBytes, translate("FrameReadError", "write the stream again")});
+            };
+            if (const auto remaining = source.remaining(); remaining && *remaining < pictureBytes)
+                throw endsAfter(*remaining);
+            auto planes = queue.takeBuffer(pictureBytes);
+            const auto got = static_cast<std::int64_t>(source.read(*planes));
+            if (got < pictureBytes)
+                throw source.remaining() ? FrameReadError(source.name(), FrameReadError::BecameShorter{})
+                                         : endsAfter(got);
+            queue.add(std::move(planes));
+        }
+    } catch (const FrameReadError&) {
+        queue.finish();
+        throw;
     }
+    queue.finish();
+    if (source.remaining().value_or(0) > 0)
+        throw FrameReadError(source.name(), FrameReadError::BecameShorter{});
     if (frame == 1)
         throw FrameReadError(source.name(), FrameReadError::NoFrames{});
-    queue.finish();
 }
 
 } // namespace quillbox

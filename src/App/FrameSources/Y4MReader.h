@@ -2,6 +2,7 @@
 
 #include "App/FrameSources/ByteSource.h"
 #include "App/FrameSources/FrameConsumer.h"
+#include "App/FrameSources/SourceColors.h"
 
 namespace quillbox {
 
@@ -14,8 +15,9 @@ namespace Y4MReader {
 
 /// Hands over the stream's rate and every frame up to the end of the input. A few pictures at a time are converted, on
 /// a thread each; one that equals the one before it is not converted again and shares its pixels.
-/// @throws FrameReadError  something that isn't understood, no frame, or an end inside a frame.
-void read(ByteSource& source, FrameConsumer& receiver);
+/// @throws FrameReadError  something that isn't understood, no frame, or an end inside a frame: once all whole frames
+///         before it have been handed over.
+void read(ByteSource& source, const SourceColors& colors, FrameConsumer& receiver);
 
 } // namespace Y4MReader
 } // namespace quillbox

@@ -65,5 +65,52 @@ TEST(ArgumentText, RefusesOtherByteCounts)
         EXPECT_EQ(ArgumentText::byteCount(text), std::nullopt) << text;
 }
 
+TEST(ArgumentText, ReadsARateAsTheFractionThatItIs)
+{
+    EXPECT_EQ(ArgumentText::rate("12"), (FrameRate{12, 1}));
+    EXPECT_EQ(ArgumentText::rate("0.5"), (FrameRate{5, 10}));
+    EXPECT_EQ(ArgumentText::rate("29.97"), (FrameRate{2997, 100}));
+    EXPECT_EQ(ArgumentText::rate("30000/1001"), (FrameRate{30000, 1001}));
+    EXPECT_EQ(ArgumentText::rate("1000"), (FrameRate{1000, 1}));
+    EXPECT_EQ(ArgumentText::rate("100/65535"), (FrameRate{100, 65535})) << "the longest delay of a GIF";
+}
+
+TEST(ArgumentText, RefusesWhatIsNoRate)
+{
+    for (const char* text :
+        {"", "0", "-1", "+1", "1000.1", "1001", "1/1000", "100/65536", ".", "1.", "1.2345678", "1/0", "0/1", "1/", "/1",
+            "1.5/2", "1e3", "nan", "12 ", "1,5", "99999999999999999999", "1/99999999999999999999"})
+        EXPECT_EQ(ArgumentText::rate(text), std::nullopt) << text;
+}
+
+TEST(ArgumentText, ReadsADelayAsARate)
+{
+    EXPECT_EQ(ArgumentText::delay("2"), (FrameRate{1, 2}));
+    EXPECT_EQ(ArgumentText::delay(".25"), (FrameRate{100, 25}));
+    EXPECT_EQ(ArgumentText::delay("655.35"), (FrameRate{100, 65535}));
+    EXPECT_EQ(ArgumentText::delay("0.001"), (FrameRate{1000, 1}));
+    for (const char* text : {"", "0", "0.0", "-1", "655.36", "0.0009", "1/2", "5s"})
+        EXPECT_EQ(ArgumentText::delay(text), std::nullopt) << text;
+}
+
+TEST(ArgumentText, ReadsAColor)
+{
+    EXPECT_EQ(ArgumentText::color("#102030"), RGBColor(0x10, 0x20, 0x30));
+    EXPECT_EQ(ArgumentText::color("abcDEF"), RGBColor(0xAB, 0xCD, 0xEF));
+    EXPECT_EQ(ArgumentText::color("#1aF"), RGBColor(0x11, 0xAA, 0xFF));
+    EXPECT_EQ(ArgumentText::color("white"), RGBColor(255, 255, 255));
+    EXPECT_EQ(ArgumentText::color("black"), RGBColor(0, 0, 0));
+    for (const char* text : {"", "#", "#12", "#1234", "12345", "1234567", "#-12345", "0x1234", "whitish", "#12345g"})
+        EXPECT_EQ(ArgumentText::color(text), std::nullopt) << text;
+}
+
+TEST(ArgumentText, ReadsAWholeNumber)
+{
+    EXPECT_EQ(ArgumentText::number("0"), 0);
+    EXPECT_EQ(ArgumentText::number("9223372036854775807"), INT64_MAX);
+    for (const char* text : {"", "-1", "+1", "1.0", " 1", "9223372036854775808", "0x10"})
+        EXPECT_EQ(ArgumentText::number(text), std::nullopt) << text;
+}
+
 } // namespace
 } // namespace quillbox

@@ -42,7 +42,12 @@ TEST(CommandLineParser, GivesEncodeItsDefaults)
     EXPECT_EQ(options.inputs, (std::vector<std::string>{"a.png"}));
     EXPECT_EQ(options.out.preset, ExportPreset::slack);
     EXPECT_EQ(options.out.output, std::nullopt);
-    EXPECT_EQ(options.sourceFPS, std::nullopt);
+    EXPECT_EQ(options.rate, std::nullopt);
+    EXPECT_EQ(options.colors.matrix, std::nullopt);
+    EXPECT_EQ(options.colors.background, RGBColor(255, 255, 255));
+    EXPECT_EQ(options.plays, 0);
+    EXPECT_FALSE(options.strict);
+    EXPECT_FALSE(options.keepGoing);
     EXPECT_EQ(options.dithering, std::nullopt);
     EXPECT_EQ(options.raw, std::nullopt);
     EXPECT_FALSE(options.out.json);
@@ -86,13 +91,64 @@ TEST(CommandLineParser, ReadsEveryOptionOfEncode)
     EXPECT_EQ(options.inputs, (std::vector<std::string>{"-"}));
     EXPECT_EQ(options.out.preset, ExportPreset::docs);
     EXPECT_EQ(options.out.output, "out.gif");
-    EXPECT_EQ(options.sourceFPS, 25);
+    EXPECT_EQ(options.rate, (FrameRate{25, 1}));
     EXPECT_EQ(options.dithering, false);
     EXPECT_EQ(options.raw, (PixelSize{64, 48}));
     EXPECT_TRUE(options.out.json);
     EXPECT_TRUE(options.out.force);
     EXPECT_EQ(parseEncode({"--dither", "always", "a"}).dithering, true);
     EXPECT_EQ(parseEncode({"--dither", "auto", "a"}).dithering, std::nullopt);
+}
+
+TEST(CommandLineParser, ReadsWhatTellsHowInputsAreToBeUnderstood)
+{
+    const auto options = parseEncode({"--matrix", "bt709", "--background", "#102030", "--strict", "--keep-going",
+        "--raw-format", "bgr", "--crop", "1,2,3x4", "--max-width", "320", "--threads", "2", "--loop", "3", "-q", "a"});
+    EXPECT_EQ(options.colors.matrix, YUVMatrix::bt709);
+    EXPECT_EQ(options.colors.background, RGBColor(0x10, 0x20, 0x30));
+    EXPECT_TRUE(options.strict);
+    EXPECT_TRUE(options.keepGoing);
+    EXPECT_EQ(options.rawFormat, RawFormat::bgr);
+    ASSERT_TRUE(options.shape.crop);
+    EXPECT_EQ(options.shape.crop->left, 1);
+    EXPECT_EQ(options.shape.crop->top, 2);
+    EXPECT_EQ(options.shape.crop->size, (PixelSize{3, 4}));
+    EXPECT_EQ(options.shape.maxWidth, 320);
+    EXPECT_EQ(options.threads, 2);
+    EXPECT_EQ(options.plays, 3);
+    EXPECT_TRUE(options.out.quiet);
+    EXPECT_EQ(parseEncode({"--delay", "0.5", "a"}).rate, (FrameRate{10, 5}));
+}
+
+TEST(CommandLineParser, SaysWhatIsWrongWithWhatTellsOfInputs)
+{
+    EXPECT_EQ(complaintAbout({"encode", "a", "--delay", "0"}),
+        "--delay: \"0\" is not a number of seconds from 0.001 to 655.35");
+    EXPECT_EQ(complaintAbout({"encode", "a", "--delay", "1", "--source-fps", "1"}),
+        "--delay and --source-fps say the same; use one of them");
+    EXPECT_EQ(complaintAbout({"encode", "a", "--matrix", "709"}),
+        "--matrix: there is no \"709\"; use bt601, bt709 or bt2020");
+    EXPECT_EQ(complaintAbout({"encode", "a", "--background", "clear"}),
+        "--background: \"clear\" is not a colour; write it like #FFFFFF, white or black");
+    EXPECT_EQ(complaintAbout({"encode", "a", "--raw-format", "argb"}),
+        "--raw-format: there is no \"argb\"; use rgba, bgra, rgb or bgr");
+    for (const char* part : {"640x480", "-1,0,2x2", "0,0,0x2"}) {
+        EXPECT_EQ(complaintAbout({"encode", "a", "--crop", part}),
+            std::string("--crop: \"") + part + "\" is not a part; write it like 10,20,640x480 (left, top, size)");
+    }
+    for (const char* size : {"0x0", "65536x1", "1x99999999999999999999"}) {
+        EXPECT_EQ(complaintAbout({"encode", "a", "--raw", size}),
+            std::string("--raw: \"") + size + "\" can't be; each side must be 1 to 65535 pixels");
+    }
+    EXPECT_EQ(
+        complaintAbout({"encode", "a", "-o", "x.WebP"}), "-o: \"x.WebP\" is no name for a GIF; let it end in .gif");
+    EXPECT_EQ(complaintAbout({"help", "dance"}), "help: there is no command \"dance\"; see quillbox --help");
+}
+
+TEST(CommandLineParser, TakesOtherNamesForAGIFAsTheyAre)
+{
+    for (const char* name : {"x.gif", "x.GIF", "x", "x.tmp", "webp", "a.png/x"})
+        EXPECT_EQ(parseEncode({"a", "-o", name}).out.output, name);
 }
 
 TEST(CommandLineParser, KeepsTheOrderOfTheInputsWhereverOptionsStand)
@@ -139,7 +195,8 @@ TEST(CommandLineParser, SaysWhatIsWrongAndWhatToDo)
     EXPECT_EQ(complaintAbout({"encode", "a", "--preset", "Slack"}),
         "--preset: there is no preset \"Slack\"; use slack, github or docs");
     EXPECT_EQ(complaintAbout({"encode", "a", "--source-fps", "0"}),
-        "--source-fps: use a whole number of frames per second from 1 to 1000");
+        "--source-fps: \"0\" is not a number of frames per second; write it like 12, 29.97 or 30000/1001, 1000 at "
+        "most");
     EXPECT_EQ(
         complaintAbout({"encode", "a", "--dither", "yes"}), "--dither: there is no \"yes\"; use auto, always or never");
     EXPECT_EQ(complaintAbout({"encode", "a", "--raw", "640"}), "--raw: \"640\" is not a size; write it like 1280x720");
@@ -155,7 +212,10 @@ TEST(CommandLineParser, RefusesNumbersThatAreNone)
 {
     EXPECT_NE(complaintAbout({"encode", "a", "--source-fps", "fast"}), "none");
     EXPECT_NE(complaintAbout({"encode", "a", "--source-fps", "99999999999999999999"}), "none");
-    EXPECT_NE(complaintAbout({"encode", "a", "--source-fps", "2.5"}), "none");
+    EXPECT_EQ(complaintAbout({"encode", "a", "--threads", "0"}), "--threads: use a number from 1 to 256");
+    EXPECT_EQ(complaintAbout({"encode", "a", "--loop", "65537"}), "--loop: use a number from 0 to 65536");
+    EXPECT_EQ(
+        complaintAbout({"encode", "a", "--max-width", "wide"}), "--max-width: use a number of pixels from 1 to 65535");
 }
 
 TEST(CommandLineParser, TakesNothingForTheDesktopApplication)

@@ -44,11 +44,19 @@ TEST_F(Help, NamesEveryOption)
         EXPECT_NE(record.find(option), std::string::npos) << option;
 }
 
+TEST_F(Help, IsACommandToo)
+{
+    EXPECT_EQ(shell("quillbox help").output, shell("quillbox --help").output);
+    EXPECT_EQ(shell("quillbox help encode").output, shell("quillbox encode --help").output);
+    EXPECT_EQ(shell("quillbox help encode > /dev/full").exitStatus, 1);
+}
+
 TEST_F(Help, TellsTheVersion)
 {
     const auto result = shell("quillbox --version");
     EXPECT_EQ(result.exitStatus, 0);
     EXPECT_EQ(result.output, std::string("quillbox ") + QUILLBOX_VERSION + "\n");
+    EXPECT_EQ(shell("quillbox -V").output, result.output);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <pty.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -13,7 +14,8 @@ namespace {
 /// The program on a terminal of its own.
 class OnTerminal {
 public:
-    explicit OnTerminal(std::vector<std::string> command)
+    explicit OnTerminal(
+        std::vector<std::string> command, const std::string& terminal = "xterm", unsigned short columns = 80)
     {
         std::vector<char*> arguments;
         for (auto& word : command)
@@ -21,6 +23,11 @@ public:
         arguments.push_back(nullptr);
         m_child = ::forkpty(&m_terminal, nullptr, nullptr, nullptr);
         if (m_child == 0) {
+            ::setenv("TERM", terminal.c_str(), 1); // NOLINT(concurrency-mt-unsafe): a child that has one thread
+            struct winsize size { };
+            size.ws_col = columns;
+            size.ws_row = 24;
+            ::ioctl(STDERR_FILENO, TIOCSWINSZ, &size);
             ::execv(arguments[0], arguments.data());
             ::_exit(127);
         }
@@ -89,7 +96,7 @@ protected:
 TEST_F(Interruption, ByCtrlCInTheMiddleOfAnEncodeLeavesNothing)
 {
     OnTerminal encode(command());
-    ASSERT_TRUE(encode.waitFor("attempt 1: 64 colours, "));
+    ASSERT_TRUE(encode.waitFor("palette 1 of 5: 64 colours, "));
     encode.type(3);
     const int status = encode.waitForEnd();
     EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status;
@@ -118,6 +125,32 @@ TEST_F(Interruption, IsNotNeededToSeeTheEnd)
     ASSERT_NE(line, std::string::npos);
     EXPECT_EQ(encode.seen().find("/small.gif: ", line) != std::string::npos, true)
         << "the result stands where the progress was: " << encode.seen();
+}
+
+TEST_F(Interruption, IsNotNeededOnATerminalWithoutEscapes)
+{
+    OnTerminal encode(command(), "dumb");
+    const int status = encode.waitForEnd();
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << encode.seen();
+    EXPECT_EQ(encode.seen().find('\x1b'), std::string::npos);
+    EXPECT_NE(encode.seen().find("\rpalette 5 of 5: 16 colours, 100 %"), std::string::npos) << "it ends at 100";
+}
+
+TEST_F(Interruption, IsNotNeededToKeepTheProgressOnOneLine)
+{
+    OnTerminal encode(command(), "xterm", 20);
+    ASSERT_TRUE(encode.waitFor("\rpalette 1 of 5: ...\x1b[K")) << "19 columns";
+    EXPECT_EQ(encode.seen().find("64 colours"), std::string::npos);
+}
+
+TEST_F(Interruption, IsNotNeededToHaveItQuiet)
+{
+    writeRaw("small.rgba", {support::solid(4, 4, support::gray(5))});
+    OnTerminal encode({program, "encode", "--quiet", "--raw", "4x4", path("small.rgba")});
+    const int status = encode.waitForEnd();
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    EXPECT_EQ(encode.seen(), "");
+    EXPECT_TRUE(fileNames().contains("small.gif"));
 }
 
 TEST_F(Interruption, IsWhatATerminalAsOutputGets)

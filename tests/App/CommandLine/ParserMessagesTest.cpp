@@ -34,8 +34,6 @@ TEST_F(ParserMessagesInGerman, CoverWhatOurOptionsCanDraw)
     EXPECT_EQ(complaintAbout({"encode"}), "INPUT fehlt; siehe quillbox encode --help");
     EXPECT_EQ(complaintAbout({"dance"}), "Unerwartetes Argument: dance; siehe quillbox --help");
     EXPECT_EQ(complaintAbout({"dance", "on"}), "Unerwartete Argumente: on dance; siehe quillbox --help");
-    EXPECT_EQ(complaintAbout({"encode", "a", "--source-fps", "x"}),
-        "Ungültiger Wert: --source-fps = x; siehe quillbox encode --help");
     EXPECT_EQ(complaintAbout({"encode", "a", "--raw"}), "--raw: der Wert WxH fehlt; siehe quillbox encode --help");
 }
 

@@ -27,7 +27,8 @@ GIFOptimizer::Result result(std::int64_t byteCount)
 
 TEST(ResultReport, PutsTheFieldsOfTheJSONObjectInTheirOrder)
 {
-    const auto report = ResultReport::jsonLine({result(1234567), ExportPreset::slack, "a \"b\".gif"});
+    const auto report
+        = ResultReport::jsonLine({.result = result(1234567), .preset = ExportPreset::slack, .output = "a \"b\".gif"});
     EXPECT_EQ(report,
         R"({"byteCount":1234567,"frameCount":40,"sourceFrameCount":90,"colorCount":64,"effectiveFPS":12,)"
         R"("usedDithering":true,"durationSeconds":3.25,"output":"a \"b\".gif","width":960,"height":540,)"
@@ -37,14 +38,15 @@ TEST(ResultReport, PutsTheFieldsOfTheJSONObjectInTheirOrder)
 
 TEST(ResultReport, WritesJSONEvenForANameThatIsNoText)
 {
-    const auto report = ResultReport::jsonLine({result(1), ExportPreset::slack, "\xff.gif"});
+    const auto report
+        = ResultReport::jsonLine({.result = result(1), .preset = ExportPreset::slack, .output = "\xff.gif"});
     EXPECT_NE(report.find("\"output\":\"\xEF\xBF\xBD.gif\""), std::string::npos) << report;
 }
 
 TEST(ResultReport, SaysItInOneHumanLine)
 {
-    EXPECT_EQ(ResultReport::humanLine({result(1234567), ExportPreset::slack, "a.gif"}),
-        "a.gif: 1.2 MB, 40 frames, 64 colours, 12 fps, 3.2 s, dithered\n");
+    EXPECT_EQ(ResultReport::humanLine({.result = result(1234567), .preset = ExportPreset::slack, .output = "a.gif"}),
+        "a.gif: 1.2 MB, 40 frames, 64 colours, 12 fps, 3.3 s, dithered\n");
 }
 
 TEST(ResultReport, UsesTheSingularForOne)
@@ -53,24 +55,64 @@ TEST(ResultReport, UsesTheSingularForOne)
     one.frameCount = 1;
     one.colorCount = 1;
     one.usedDithering = false;
-    EXPECT_EQ(ResultReport::humanLine({one, ExportPreset::slack, "a.gif"}),
-        "a.gif: 999 B, 1 frame, 1 colour, 12 fps, 3.2 s, not dithered\n");
+    EXPECT_EQ(ResultReport::humanLine({.result = one, .preset = ExportPreset::slack, .output = "a.gif"}),
+        "a.gif: 999 B, 1 frame, 1 colour, 12 fps, 3.3 s, not dithered\n");
 }
 
 TEST(ResultReport, WarnsOfAFileOverItsBudgetByOneByte)
 {
-    EXPECT_FALSE(ResultReport::isOverBudget({result(2'000'000), ExportPreset::slack, "a.gif"}));
-    EXPECT_TRUE(ResultReport::isOverBudget({result(2'000'001), ExportPreset::slack, "a.gif"}));
-    EXPECT_EQ(ResultReport::humanLine({result(10'400'000), ExportPreset::github, "a.gif"}),
-        "a.gif: 10.4 MB, 40 frames, 64 colours, 12 fps, 3.2 s, dithered; over the 10 MB budget of GitHub: record less, "
-        "or "
-        "a smaller part of the screen\n");
+    EXPECT_FALSE(
+        ResultReport::isOverBudget({.result = result(2'000'000), .preset = ExportPreset::slack, .output = "a.gif"}));
+    EXPECT_TRUE(
+        ResultReport::isOverBudget({.result = result(2'000'001), .preset = ExportPreset::slack, .output = "a.gif"}));
+    EXPECT_EQ(
+        ResultReport::humanLine({.result = result(10'400'000), .preset = ExportPreset::github, .output = "a.gif"}),
+        "a.gif: 10.4 MB, 40 frames, 64 colours, 12 fps, 3.3 s, dithered; over the 10 MB budget of GitHub: record less, "
+        "or a smaller part of the screen\n");
+    const auto large = result(10'400'000);
+    EXPECT_EQ(ResultReport::humanLine(
+                  {.result = large, .preset = ExportPreset::github, .output = "a.gif", .isOfFrames = true}),
+        "a.gif: 10.4 MB, 40 frames, 64 colours, 12 fps, 3.3 s, dithered; over the 10 MB budget of GitHub: try "
+        "--max-width, --crop, fewer frames or another --preset\n");
+}
+
+std::string lossOf(std::int64_t pictures, bool isRateLowered)
+{
+    const auto clip = result(1);
+    const auto line = ResultReport::humanLine({.result = clip,
+        .preset = ExportPreset::slack,
+        .output = "a",
+        .pictures = pictures,
+        .isRateLowered = isRateLowered});
+    const auto place = line.find("; ");
+    return place == std::string::npos ? "" : line.substr(place);
+}
+
+TEST(ResultReport, SaysWhatBecameOfThePicturesWhereFewerThanNineTenthsAreLeft)
+{
+    EXPECT_EQ(lossOf(0, false), "") << "nobody counted";
+    EXPECT_EQ(lossOf(44, false), "") << "40 of 44 are more than nine tenths";
+    EXPECT_EQ(lossOf(45, false), "; 45 pictures, 40 kept: changes of less than 1 % merge (--precise keeps them)\n");
+    EXPECT_EQ(lossOf(90, true),
+        "; 90 pictures, 40 kept: at most 12 a second, and changes of less than 1 % merge (--precise keeps them)\n");
+}
+
+TEST(ResultReport, CountsThePicturesForPrograms)
+{
+    const auto clip = result(1);
+    const auto report
+        = ResultReport::jsonLine({.result = clip, .preset = ExportPreset::slack, .output = "a", .pictures = 45});
+    EXPECT_NE(report.find("\"pictureCount\":45"), std::string::npos) << report;
 }
 
 TEST(ResultReport, RoundsKilobytesToWholeOnes)
 {
-    EXPECT_EQ(ResultReport::humanLine({result(1501), ExportPreset::slack, "a"}).substr(0, 8), "a: 2 KB,");
-    EXPECT_EQ(ResultReport::humanLine({result(999'999), ExportPreset::slack, "a"}).substr(0, 11), "a: 1000 KB,");
+    EXPECT_EQ(
+        ResultReport::humanLine({.result = result(1501), .preset = ExportPreset::slack, .output = "a"}).substr(0, 8),
+        "a: 2 KB,");
+    EXPECT_EQ(ResultReport::humanLine({.result = result(999'999), .preset = ExportPreset::slack, .output = "a"})
+                  .substr(0, 11),
+        "a: 1000 KB,");
 }
 
 struct PreciseClip {
@@ -87,18 +129,18 @@ TEST(ResultReport, SaysThatAPreciseClipLacksNothing)
 {
     const PreciseClip precise{.result = {.clip = result(1234567)}};
     EXPECT_EQ(
-        ResultReport::humanLine(precise.clip()), "a.gif: 1.2 MB, 40 frames, 64 colours, 3.2 s, every change kept\n");
+        ResultReport::humanLine(precise.clip()), "a.gif: 1.2 MB, 40 frames, 64 colours, 3.3 s, every change kept\n");
 }
 
 TEST(ResultReport, SaysWhatAPreciseClipGaveUp)
 {
     PreciseClip precise{.result = {.clip = result(1234567), .qualityDecibels = 40, .lossDecibels = 2.34}};
     EXPECT_EQ(ResultReport::humanLine(precise.clip()),
-        "a.gif: 1.2 MB, 40 frames, 64 colours, 3.2 s, 2.3 dB given up to fit\n");
+        "a.gif: 1.2 MB, 40 frames, 64 colours, 3.3 s, 2.3 dB given up to fit\n");
     precise.result.thinnedFrames = 1;
     precise.result.scale = 0.8;
     EXPECT_EQ(ResultReport::humanLine(precise.clip()),
-        "a.gif: 1.2 MB, 40 frames, 64 colours, 3.2 s, 2.3 dB and 1 change and 20 % of the width given up to fit\n");
+        "a.gif: 1.2 MB, 40 frames, 64 colours, 3.3 s, 2.3 dB and 1 change and 20 % of the width given up to fit\n");
 }
 
 TEST(ResultReport, AddsToTheJSONObjectWhatAPreciseClipGaveUp)
@@ -124,7 +166,7 @@ TEST(ResultReport, ComparesAPreciseClipWithItsOwnBudget)
 
 TEST(ErrorReport, KeepsAMessageOnOneLine)
 {
-    EXPECT_EQ(ErrorReport::oneLine("a\nb\x1b[2Jc\x7F"), "a?b?[2Jc?");
+    EXPECT_EQ(ErrorReport::oneLine("a\nb\x1b[2Jc\x7F"), "a\\nb\\x1b[2Jc\\x7f");
     EXPECT_EQ(ErrorReport::oneLine("größe 1×2"), "größe 1×2");
 }
 
@@ -134,14 +176,17 @@ TEST(ErrorReport, ExplainsALackOfMemory)
         "there is not enough memory for these frames; use fewer or smaller ones");
 }
 
-TEST(OptimizerProgress, NamesTheAttemptItsColoursAndThePercentage)
+TEST(OptimizerProgress, NamesThePaletteAmongThePresetsItsColoursAndThePercentage)
 {
-    EXPECT_EQ(
-        progressText({.attempt = 2, .colors = 48, .framesDone = 10, .frameCount = 40}), "attempt 2: 48 colours, 25 %");
-    EXPECT_EQ(
-        progressText({.attempt = 9, .colors = 64, .framesDone = 1, .frameCount = 3}), "attempt 9: 64 colours, 33 %");
-    EXPECT_EQ(
-        progressText({.attempt = 1, .colors = 64, .framesDone = 0, .frameCount = 0}), "attempt 1: 64 colours, 0 %");
+    const auto slack = ExportPreset::slack;
+    EXPECT_EQ(progressText({.attempt = 2, .colors = 48, .framesDone = 10, .frameCount = 40}, slack),
+        "palette 2 of 5: 48 colours, 25 %");
+    EXPECT_EQ(progressText({.attempt = 9, .colors = 64, .framesDone = 1, .frameCount = 3}, slack),
+        "palette 1 of 5: 64 colours, 33 %");
+    EXPECT_EQ(progressText({.attempt = 1, .colors = 64, .framesDone = 0, .frameCount = 0}, slack),
+        "palette 1 of 5: 64 colours, 0 %");
+    EXPECT_EQ(progressText({.attempt = 5, .colors = 64, .framesDone = 7, .frameCount = 7}, ExportPreset::docs),
+        "palette 5 of 5: 64 colours, 100 %");
 }
 
 } // namespace

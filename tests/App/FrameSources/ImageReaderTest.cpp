@@ -1,12 +1,14 @@
 #include "App/FrameSources/ImageReader.h"
 
 #include "App/FrameSources/FrameReadError.h"
+#include "App/FrameSources/Transparency.h"
 #include "Encoding/GIFEncoder.h"
 #include "support/Subprocess.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <QColorSpace>
 #include <QCoreApplication>
 #include <QImage>
 #include <QImageReader>
@@ -41,12 +43,12 @@ protected:
     [[nodiscard]] RGBAFrame read(const std::string& name) const
     {
         FileByteSource source(path(name));
-        return ImageReader::readOne(source, 7);
+        return ImageReader::readOne(source, Transparency::defaultBackground, 7);
     }
     [[nodiscard]] std::vector<AnimationTimeline::TimedFrame> readAll(const std::string& name) const
     {
         FileByteSource source(path(name));
-        return ImageReader::readAll(source);
+        return ImageReader::readAll(source, Transparency::defaultBackground).frames;
     }
     [[nodiscard]] std::string complaintAbout(const std::string& name) const
     {
@@ -101,12 +103,35 @@ TEST_F(ImageReaderTest, ReadsAFileWhoseNameIsNoText)
     EXPECT_EQ(read("\xff\xfe"), RGBAFrame(3, 2, pictureBytes()));
 }
 
-TEST_F(ImageReaderTest, KeepsTheColorsOfTransparentPixels)
+TEST_F(ImageReaderTest, LaysTransparentPixelsOnTheBackground)
 {
-    QImage image(1, 1, QImage::Format_RGBA8888);
+    QImage image(3, 1, QImage::Format_RGBA8888);
     image.setPixelColor(0, 0, QColor(10, 20, 30, 0));
+    image.setPixelColor(1, 0, QColor(10, 20, 30, 51)); // a fifth
+    image.setPixelColor(2, 0, QColor(10, 20, 30, 255));
     ASSERT_TRUE(image.save(QString::fromStdString(path("clear.png"))));
-    EXPECT_EQ(read("clear.png").pixels(), (Bytes{10, 20, 30, 0}));
+    const RGBAFrame onWhite = read("clear.png");
+    EXPECT_EQ(onWhite.pixels(), (Bytes{255, 255, 255, 255, 206, 208, 210, 255, 10, 20, 30, 255}));
+    FileByteSource source(path("clear.png"));
+    const RGBAFrame onBlue = ImageReader::readOne(source, RGBColor(0, 0, 200), 1);
+    EXPECT_EQ(onBlue.pixels(), (Bytes{0, 0, 200, 255, 2, 4, 166, 255, 10, 20, 30, 255}));
+}
+
+TEST_F(ImageReaderTest, ConvertsAnEmbeddedProfileToSRGB)
+{
+    for (const auto format : {QImage::Format_RGB32, QImage::Format_ARGB32, QImage::Format_RGBA64}) {
+        QImage image(2, 1, format);
+        image.setPixelColor(0, 0, QColor(255, 255, 255));
+        image.setPixelColor(1, 0, QColor(100, 150, 50));
+        image.setColorSpace(QColorSpace(QColorSpace::DisplayP3));
+        ASSERT_TRUE(image.save(QString::fromStdString(path("p3.png"))));
+        const RGBAFrame frame = read("p3.png");
+        EXPECT_EQ(frame.pixels()[0], 255);
+        // By the primaries of both: linear light, P3's matrix to XYZ, sRGB's back, and sRGB's curve.
+        EXPECT_NEAR(frame.pixels()[4], 83, 1);
+        EXPECT_NEAR(frame.pixels()[5], 152, 1);
+        EXPECT_NEAR(frame.pixels()[6], 23, 1);
+    }
 }
 
 TEST_F(ImageReaderTest, TurnsAPictureUprightAsItsMetadataSays)
@@ -143,14 +168,14 @@ TEST_F(ImageReaderTest, RefusesAnEmptyFile)
     EXPECT_EQ(complaintAbout("empty.png"), "empty.png: holds no frame; at least one is needed");
 }
 
-TEST_F(ImageReaderTest, SaysThatATruncatedPictureCannotBeDecoded)
+TEST_F(ImageReaderTest, SaysThatATruncatedPictureIsCutOff)
 {
     QImage image(100, 100, QImage::Format_RGB32);
     for (int i = 0; i < 10000; ++i)
         image.setPixel(i % 100, i / 100, static_cast<unsigned>(i) * 2654435761U);
     ASSERT_TRUE(image.save(QString::fromStdString(path("cut.png"))));
     std::filesystem::resize_file(path("cut.png"), 2000);
-    EXPECT_EQ(complaintAbout("cut.png").find("cut.png: frame 7 can't be decoded: "), 0U);
+    EXPECT_EQ(complaintAbout("cut.png"), "cut.png: is cut off: not even its first frame is whole; get the file again");
 }
 
 /// A GIF of one-pixel frames with these display times, 1/100 s.

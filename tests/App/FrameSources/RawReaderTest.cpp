@@ -22,7 +22,7 @@ using support::SourceClip;
 std::vector<RGBAFrame> readRaw(const std::vector<std::uint8_t>& bytes, PixelSize size)
 {
     MemoryByteSource source("clip.rgba", bytes);
-    SourceClip clip;
+    support::SourceClip clip;
     RawReader::read(source, size, clip);
     return clip.frames;
 }
@@ -69,7 +69,7 @@ TEST(RawReader, SaysWhereAPipeIsCutOff)
     close(ends[1]);
     FileByteSource source("standard input", ends[0]);
     try {
-        SourceClip clip;
+        support::SourceClip clip;
         RawReader::read(source, {2, 2}, clip);
         FAIL() << "took half a frame";
     } catch (const FrameReadError& error) {

@@ -25,12 +25,12 @@ std::string grayStream(const std::string& header, const std::vector<char>& level
     return stream;
 }
 
-SourceClip readY4M(const std::string& stream)
+support::SourceClip readY4M(const std::string& stream)
 {
     const std::vector<std::uint8_t> bytes(stream.begin(), stream.end());
     MemoryByteSource source("clip.y4m", bytes);
-    SourceClip clip;
-    Y4MReader::read(source, clip);
+    support::SourceClip clip;
+    Y4MReader::read(source, {}, clip);
     return clip;
 }
 
@@ -49,7 +49,7 @@ const std::string grayHeader = "YUV4MPEG2 W2 H2 F12:1 Cmono";
 TEST(Y4MReader, ReadsEveryFrameAndTheRate)
 {
     const auto clip = readY4M(grayStream(grayHeader, {'a', 'b'}));
-    EXPECT_EQ(clip.framesPerSecond, 12);
+    EXPECT_EQ(clip.ownRate, (FrameRate{12, 1}));
     ASSERT_EQ(clip.frames.size(), 2U);
     EXPECT_EQ(clip.frames[0].width(), 2);
     EXPECT_EQ(clip.frames[0].height(), 2);

@@ -5,6 +5,7 @@
 #include "App/CommandLine/ErrorReport.h"
 #include "App/Desktop/HotkeyReport.h"
 #include "App/Desktop/TrayReport.h"
+#include "App/FrameSources/ImageReport.h"
 #include "App/Updates/UpdateReport.h"
 #include "Capture/CaptureReport.h"
 #include "Platform/WindowSystem.h"
@@ -76,6 +77,7 @@ int Command::run(const DoctorOptions& options)
     {
         const CoreApplication application;
         findings.services = QCoro::waitFor(askEverybody());
+        findings.services.push_back(ImageReport::make());
     }
     findings.windowSystem = nameOf(sessionWindowSystem());
     findings.desktop = variable("XDG_CURRENT_DESKTOP");

@@ -1,12 +1,17 @@
 #include "App/CommandLine/Commands/Command.h"
 
 #include "App/CommandLine/ClipOutput.h"
+#include "App/CommandLine/Environment.h"
+#include "App/CommandLine/ErrorReport.h"
+#include "App/CommandLine/InputFiles.h"
 #include "App/CommandLine/InputReader.h"
+#include "App/CommandLine/LoopCount.h"
 #include "App/CommandLine/OptimizerProgress.h"
 #include "App/CommandLine/ProgressLine.h"
 #include "App/CommandLine/ResultReport.h"
 #include "App/FrameSources/BackgroundDistinctFrames.h"
 #include "App/FrameSources/BackgroundReducer.h"
+#include "App/FrameSources/ClipTimeline.h"
 #include "App/FrameSources/FrameReadError.h"
 #include "Capture/Spill/FrameSpill.h"
 #include "Encoding/GIFOptimizer.h"
@@ -15,27 +20,24 @@
 #include "Translation/Translate.h"
 
 #include <cerrno>
-#include <filesystem>
+#include <iterator>
+#include <optional>
 #include <string>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 #include <vector>
 
 namespace quillbox {
 namespace {
 
-namespace fs = std::filesystem;
-
 std::string outputName(const EncodeOptions& options)
 {
     if (options.out.output)
         return *options.out.output;
-    const auto& input = options.inputs.front();
-    std::error_code error; // a file that can't be looked at is reported when it is opened
-    if (input == standardStreamName || fs::is_other(input, error)) // a pipe or device has no folder to put a GIF in
+    auto name = InputFiles::outputNameFor(options.inputs.front());
+    if (name.empty())
         throw UsageError(translate("Usage", "this INPUT gives the GIF no name; add one, like -o clip.gif"));
-    return fs::path(input).replace_extension("gif").string();
+    return name;
 }
 
 /// @throws FrameReadError   an input isn't there.
@@ -47,6 +49,8 @@ void examineFiles(const std::vector<std::string>& inputs, const ClipOutput& outp
         = !output.isStandardOutput() && ::stat(output.name().c_str(), &out) == 0 && S_ISREG(out.st_mode);
     for (const std::string& input : inputs) {
         struct stat in { };
+        if (input != standardStreamName && InputFiles::patternIn(input))
+            continue; // whatever fits it is an image, not a GIF that is made of images
         if ((input == standardStreamName ? ::fstat(STDIN_FILENO, &in) : ::stat(input.c_str(), &in)) != 0)
             throw FrameReadError(input, FrameReadError::CannotOpen{errno});
         if (replacesFile && in.st_dev == out.st_dev && in.st_ino == out.st_ino)
@@ -54,25 +58,56 @@ void examineFiles(const std::vector<std::string>& inputs, const ClipOutput& outp
     }
 }
 
-void save(const ResultReport::Clip& clip, const ClipOutput& output, bool json, ProgressLine& line)
+void save(const ResultReport::Clip& clip, const ClipOutput& output, const OutputOptions& options, ProgressLine& line)
 {
     line.show(translate("ProgressLine", "saving"));
     output.save(clip.result.data);
     line.clear();
-    output.report(json ? ResultReport::jsonLine(clip) : ResultReport::humanLine(clip));
+    if (options.json || !options.quiet)
+        output.report(options.json ? ResultReport::jsonLine(clip) : ResultReport::humanLine(clip));
+}
+
+/// Reads all inputs. @return what was left out, as a sentence.
+std::optional<std::string> read(const EncodeOptions& options, ClipTimeline& timeline)
+{
+    FrameShaper shaper(options.inputs.front(), options.shape, timeline);
+    return InputReader::read(options, shaper);
+}
+
+void warn(const std::optional<std::string>& warning, ProgressLine& line)
+{
+    if (!warning)
+        return;
+    line.clear();
+    ErrorReport::print(withArguments(translate("ErrorReport", "warning: %1"), {*warning}));
+}
+
+void setPlays(GIFOptimizer::Result& result, std::int64_t plays)
+{
+    LoopCount::setPlays(result.data, plays);
+    result.byteCount = std::ssize(result.data);
 }
 
 void encodeByPreset(const EncodeOptions& options, const ClipOutput& output, ProgressLine& line)
 {
     FrameSpill spill(FrameSpill::inputLimits(), FrameSpill::usualFolder());
-    BackgroundReducer reducer(
-        options.out.preset, options.sourceFPS, [&spill](const RGBAFrame& picture) { spill.keep(picture); });
-    InputReader::read(options, reducer);
+    BackgroundReducer reducer(options.out.preset, [&spill](const RGBAFrame& picture) { spill.keep(picture); });
+    ClipTimeline timeline(options.rate, reducer);
+    warn(read(options, timeline), line);
     const FrameReducer& frames = reducer.finished();
     const GIFOptimizer::Config config{
         .preset = options.out.preset, .sourceFPS = frames.sourceFPS(), .ditheringOverride = options.dithering};
-    const auto result = GIFOptimizer::optimize(frames, config, {.progress = progressOn(line)});
-    save({result, options.out.preset, output.name()}, output, options.out.json, line);
+    auto result = GIFOptimizer::optimize(
+        frames, config, {.parallelism = {options.threads}, .progress = progressOn(line, options.out.preset)});
+    setPlays(result, options.plays);
+    const FrameRate rate = timeline.rate();
+    const ResultReport::Clip clip{.result = result,
+        .preset = options.out.preset,
+        .output = output.name(),
+        .isOfFrames = true,
+        .pictures = timeline.distinctCount(),
+        .isRateLowered = rate.frames > result.effectiveFPS * rate.seconds};
+    save(clip, output, options.out, line);
 }
 
 /// @pre the options ask for it
@@ -80,12 +115,18 @@ void encodePrecisely(const EncodeOptions& options, const ClipOutput& output, Pro
 {
     const PreciseOptimizer::Config& config = *options.out.precise;
     FrameSpill spill(FrameSpill::inputLimits(FrameSpill::usualMemory), FrameSpill::usualFolder());
-    BackgroundDistinctFrames distinct(
-        config, options.sourceFPS, [&spill](const RGBAFrame& picture) { spill.keep(picture); });
-    InputReader::read(options, distinct);
-    const auto result = PreciseOptimizer::optimize(distinct.finished(), config, {.progress = progressOn(line)});
-    save({result.clip, options.out.preset, output.name(), ResultReport::Clip::Precise{result, config}}, output,
-        options.out.json, line);
+    BackgroundDistinctFrames distinct(config, [&spill](const RGBAFrame& picture) { spill.keep(picture); });
+    ClipTimeline timeline(options.rate, distinct);
+    warn(read(options, timeline), line);
+    auto result = PreciseOptimizer::optimize(
+        distinct.finished(), config, {.parallelism = {options.threads}, .progress = progressOn(line, std::nullopt)});
+    setPlays(result.clip, options.plays);
+    const ResultReport::Clip clip{.result = result.clip,
+        .preset = options.out.preset,
+        .output = output.name(),
+        .precise = ResultReport::Clip::Precise{result, config},
+        .isOfFrames = true};
+    save(clip, output, options.out, line);
 }
 
 } // namespace
@@ -96,7 +137,8 @@ int Command::run(const EncodeOptions& options)
     examineFiles(options.inputs, output);
     output.check();
 
-    ProgressLine line;
+    Environment::check();
+    ProgressLine line(!options.out.quiet);
     line.show(translate("ProgressLine", "reading"));
     if (options.out.precise)
         encodePrecisely(options, output, line);

@@ -129,10 +129,11 @@ std::string save(const Encoded& encoded, const OutputOptions& options, ProgressL
     line.show(translate("ProgressLine", "saving"));
     output.save(encoded.result.data);
     line.clear();
-    ResultReport::Clip saved{encoded.result, options.preset, output.name()};
+    ResultReport::Clip saved{.result = encoded.result, .preset = options.preset, .output = output.name()};
     if (encoded.precise)
         saved.precise.emplace(ResultReport::Clip::Precise{*encoded.precise, *options.precise});
-    output.report(options.json ? ResultReport::jsonLine(saved) : ResultReport::humanLine(saved));
+    if (options.json || !options.quiet)
+        output.report(options.json ? ResultReport::jsonLine(saved) : ResultReport::humanLine(saved));
     return output.name();
 }
 
@@ -200,14 +201,15 @@ QCoro::Task<int> recordAndSave(RecordOptions options)
     }
     if (!options.region)
         co_return ExitCode::failure;
-    ProgressLine line;
+    ProgressLine line(!options.out.quiet);
     auto recorded = recordFrames(screen, options, line);
     Recording recording = co_await recorded;
     if (recording.frames().empty())
         co_return ExitCode::failure;
     std::string failure;
     try {
-        auto job = QtConcurrent::run(&encode, std::move(recording), options.out, progressOn(line));
+        const auto preset = options.out.precise ? std::nullopt : std::optional(options.out.preset);
+        auto job = QtConcurrent::run(&encode, std::move(recording), options.out, progressOn(line, preset));
         const auto encoded = co_await job;
         const auto output = save(encoded, options.out, line);
         if (options.copy) {

@@ -32,6 +32,15 @@ protected:
         return GIFOptimizer::optimize(frames, config).data;
     }
 
+    /// Each frame so many times.
+    static std::vector<RGBAFrame> repeated(const std::vector<RGBAFrame>& frames, int times)
+    {
+        std::vector<RGBAFrame> all;
+        for (const RGBAFrame& frame : frames)
+            all.insert(all.end(), static_cast<std::size_t>(times), frame);
+        return all;
+    }
+
     static RGBAFrame frameOf(const QImage& image)
     {
         const auto converted = image.convertToFormat(QImage::Format_RGBA8888);
@@ -106,7 +115,7 @@ TEST_F(EncodeCommand, DescribesTheResultAsJSON)
         keys.push_back(item.key());
     EXPECT_EQ(keys,
         (std::vector<std::string>{"byteCount", "frameCount", "sourceFrameCount", "colorCount", "effectiveFPS",
-            "usedDithering", "durationSeconds", "output", "width", "height", "overBudget"}));
+            "usedDithering", "durationSeconds", "output", "width", "height", "overBudget", "pictureCount"}));
     EXPECT_EQ(object["byteCount"], std::filesystem::file_size(path("wide.gif")));
     EXPECT_EQ(object["frameCount"], 1);
     EXPECT_EQ(object["sourceFrameCount"], 3);
@@ -140,21 +149,37 @@ TEST_F(EncodeCommand, TakesImagesOfManyFormatsInTheOrderGiven)
     }
     const auto result = shell("quillbox encode --source-fps 5 c.png a.bmp b.ppm");
     EXPECT_EQ(result.exitStatus, 0) << result.errors;
-    EXPECT_EQ(bytesOf("c.gif"), expected(frames, {.sourceFPS = 5}));
+    EXPECT_EQ(bytesOf("c.gif"), expected(repeated(frames, 6), {})) << "at 30 pictures a second";
 }
 
-TEST_F(EncodeCommand, TakesImagesOfDifferentSizes)
+TEST_F(EncodeCommand, FitsImagesOfOtherSizesIntoTheFirst)
 {
-    std::vector<RGBAFrame> frames;
-    for (const int width : {50, 20, 64}) {
-        QImage image(width, width / 2, QImage::Format_RGB32);
+    for (const int width : {50, 20, 100}) {
+        QImage image(width, width == 100 ? 25 : width / 2, QImage::Format_RGB32);
         image.fill(QColor(width, 0, 255 - width));
         ASSERT_TRUE(image.save(QString::fromStdString(path(std::to_string(width) + ".png"))));
-        frames.push_back(frameOf(image));
     }
-    const auto result = shell("quillbox encode --source-fps 4 -o out.gif 50.png 20.png 64.png");
+    const auto result = shell("quillbox encode --background '#00FF00' -o out.gif 50.png 20.png 100.png");
     EXPECT_EQ(result.exitStatus, 0) << result.errors;
-    EXPECT_EQ(bytesOf("out.gif"), expected(frames, {.sourceFPS = 4}));
+    const auto gif = support::decodeWithGiflib(bytesOf("out.gif"));
+    EXPECT_EQ(gif.width, 50);
+    EXPECT_EQ(gif.height, 25);
+    for (const auto& frame : gif.frames)
+        EXPECT_TRUE(frame.width == 50 && frame.height == 25) << "no frame lies outside the screen";
+    const auto shown = support::decodeWithFFmpeg(bytesOf("out.gif"), 50, 25);
+    ASSERT_EQ(shown.pictures.size(), 3U);
+    const auto at = [&](std::size_t picture, std::size_t x, std::size_t y) {
+        return shown.pictures[picture][y * 50 + x];
+    };
+    EXPECT_EQ(at(1, 0, 0).g, 255) << "the background beside a smaller one";
+    EXPECT_EQ(at(1, 14, 7).g, 255);
+    EXPECT_LT(at(1, 15, 7).g, 10) << "which is centred";
+    EXPECT_LT(at(1, 34, 16).g, 10);
+    EXPECT_EQ(at(1, 35, 17).g, 255);
+    EXPECT_EQ(at(2, 25, 5).g, 255) << "a wider one is shrunk to half its height";
+    EXPECT_LT(at(2, 0, 6).g, 10);
+    EXPECT_LT(at(2, 49, 18).g, 10);
+    EXPECT_EQ(at(2, 25, 19).g, 255);
 }
 
 TEST_F(EncodeCommand, TakesAJPEG)
@@ -184,7 +209,8 @@ TEST_F(EncodeCommand, TakesAStreamFromFFmpeg)
                               "-f yuv4mpegpipe - | quillbox encode --json -o out.gif -");
     ASSERT_EQ(result.exitStatus, 0) << result.errors;
     const auto object = nlohmann::json::parse(result.output);
-    EXPECT_EQ(object["sourceFrameCount"], 50);
+    EXPECT_EQ(object["sourceFrameCount"], 60) << "at 30 pictures a second";
+    EXPECT_EQ(object["pictureCount"], 50);
     EXPECT_EQ(object["width"], 160);
     EXPECT_NEAR(object["durationSeconds"].get<double>(), 2.0, 0.2) << "played at the stream's own rate";
     const auto shown = support::decodeWithFFmpeg(bytesOf("out.gif"), 160, 120);
@@ -226,7 +252,7 @@ TEST_F(EncodeCommand, TakesTheFramesOfAnAnimationOneEachAtARateThatIsGiven)
     support::writeFile(path("in.gif"), GIFEncoder::encode(frames));
     const auto result = shell("quillbox encode --json --source-fps 12 -o out.gif in.gif");
     ASSERT_EQ(result.exitStatus, 0) << result.errors;
-    EXPECT_EQ(nlohmann::json::parse(result.output)["sourceFrameCount"], 4);
+    EXPECT_EQ(nlohmann::json::parse(result.output)["sourceFrameCount"], 10) << "4 ÷ 12 s at 30 pictures a second";
 }
 
 TEST_F(EncodeCommand, WritesTheGIFToStandardOutputAndTheRestBeside)
@@ -266,12 +292,14 @@ TEST_F(EncodeCommand, NeedsNoDisplayAndNoHome)
     EXPECT_EQ(result.errors, "");
 }
 
-TEST_F(EncodeCommand, PrintsNumbersTheSameWayInEveryLanguage)
+TEST_F(EncodeCommand, PrintsNumbersAsTheLanguageHasThem)
 {
     const auto image = QImage(8, 8, QImage::Format_RGB32);
     ASSERT_TRUE(image.save(QString::fromStdString(path("a.png"))));
     const auto result = shell("LC_ALL=de_DE.UTF-8 quillbox encode a.png");
-    EXPECT_NE(result.output.find(" 0.2 s,"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find(" 0,2 s,"), std::string::npos) << result.output;
+    const auto json = shell("LC_ALL=de_DE.UTF-8 quillbox encode --json --force a.png");
+    EXPECT_NE(json.output.find("\"durationSeconds\":0.2,"), std::string::npos) << json.output;
 }
 
 TEST_F(EncodeCommand, ShowsNoProgressWhereNobodyWatches)

@@ -22,6 +22,9 @@ protected:
         std::filesystem::resize_file(path("cut.png"), 60);
         std::ofstream(path("cut.y4m")) << "YUV4MPEG2 W2 H2 Cmono\nFRAME\nabcdFRAME\nab";
         std::ofstream(path("taken.gif")) << "precious";
+        std::filesystem::create_directory(path("void"));
+        std::filesystem::create_hard_link(path("a.png"), path("same"));
+        ASSERT_TRUE(QImage(8, 4, QImage::Format_RGB32).save(QString::fromStdString(path("wide.png"))));
         m_before = fileNames();
     }
 
@@ -60,7 +63,8 @@ TEST_F(EncodeErrors, NameTheOptionThatIsWrongAndExitWithTwo)
     expectError(
         2, "quillbox encode a.png --dither maybe", "--dither: there is no \"maybe\"; use auto, always or never");
     expectError(2, "quillbox encode a.png --source-fps 0",
-        "--source-fps: use a whole number of frames per second from 1 to 1000");
+        "--source-fps: \"0\" is not a number of frames per second; write it like 12, 29.97 or 30000/1001, 1000 at "
+        "most");
     expectErrorContaining(2, "quillbox encode a.png --colour", "not expected: --colour");
     expectErrorContaining(2, "quillbox compress a.png", "not expected: ");
 }
@@ -92,10 +96,10 @@ TEST_F(EncodeErrors, TellWhereAStreamEnds)
 TEST_F(EncodeErrors, RefuseAbsurdSizes)
 {
     const std::string rule = "; each side must be 1 to 65535 pixels";
-    expectError(1, "quillbox encode --raw 0x0 two.rgba", "two.rgba: frame 1 is 0×0" + rule);
-    expectError(1, "quillbox encode --raw 65536x1 two.rgba", "two.rgba: frame 1 is 65536×1" + rule);
-    expectError(1, "quillbox encode --raw 99999999999999999999x4 two.rgba",
-        "two.rgba: frame 1 is 9223372036854775807×4" + rule);
+    expectError(2, "quillbox encode --raw 0x0 two.rgba", "--raw: \"0x0\" can't be" + rule);
+    expectError(2, "quillbox encode --raw 65536x1 two.rgba", "--raw: \"65536x1\" can't be" + rule);
+    expectError(2, "quillbox encode --raw 99999999999999999999x4 two.rgba",
+        "--raw: \"99999999999999999999x4\" can't be" + rule);
     expectError(1, "printf 'YUV4MPEG2 W70000 H2 Cmono\\n' | quillbox encode -o x.gif -",
         "standard input: frame 1 is 70000×2" + rule);
 }
@@ -104,10 +108,55 @@ TEST_F(EncodeErrors, RefuseInputsThatCannotBeRead)
 {
     expectError(1, "quillbox encode missing.png", "missing.png: can't be opened: No such file or directory");
     expectError(1, "quillbox encode a.png missing.png", "missing.png: can't be opened: No such file or directory");
-    expectError(1, "quillbox encode -o x.gif .", ".: can't be opened: Is a directory");
+    expectError(1, "quillbox encode -o x.gif void",
+        "void: no image is there; name a folder with images, or a pattern that some fit");
+    expectError(1, "quillbox encode 'b%02d.png'",
+        "b%02d.png: no image is there; name a folder with images, or a pattern that some fit");
     expectErrorContaining(1, "quillbox encode notes.txt", "notes.txt: is not an image that can be read; expected PNG");
-    expectErrorContaining(1, "quillbox encode cut.png", "cut.png: frame 1 can't be decoded: ");
-    expectErrorContaining(1, "quillbox encode -o x.gif a.png cut.png", "cut.png: frame 2 can't be decoded: ");
+    const std::string cut = "cut.png: is cut off: not even its first frame is whole; get the file again";
+    expectError(1, "quillbox encode cut.png", cut);
+    expectError(1, "quillbox encode -o x.gif a.png cut.png", cut);
+    expectError(1, "quillbox encode -o x.gif --keep-going cut.png cut.png", cut);
+}
+
+TEST_F(EncodeErrors, GiveTheLineThatTakesAVideo)
+{
+    const auto result = shell("ffmpeg -v error -f lavfi -i testsrc=s=64x48:d=0.2 clip.mp4; quillbox encode clip.mp4");
+    EXPECT_EQ(result.exitStatus, 1);
+    EXPECT_EQ(result.errors,
+        "quillbox: clip.mp4: is a video; have FFmpeg take its pictures: ffmpeg -i VIDEO -vf "
+        "format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | quillbox encode --matrix bt709 -o OUT.gif "
+        "-\n");
+}
+
+TEST_F(EncodeErrors, NameImagesOfAnotherSizeWhereNoneAreWanted)
+{
+    expectError(1, "quillbox encode --strict -o x.gif a.png wide.png",
+        "wide.png: frame 2 is 8×4, but the first is 4×4; without --strict it is fitted into that");
+}
+
+TEST_F(EncodeErrors, NameAPartThatFramesDoNotHave)
+{
+    expectError(1, "quillbox encode --crop 1,0,4x4 a.png",
+        "a.png: frames are 4×4, so --crop names a part that they don't have");
+}
+
+TEST_F(EncodeErrors, NameAVariableThatMakesNoSense)
+{
+    expectError(2, "QUILLBOX_RECORDING_MEMORY=lots quillbox encode a.png",
+        "QUILLBOX_RECORDING_MEMORY is \"lots\"; make it a whole number of megabytes, or unset it");
+}
+
+TEST_F(EncodeErrors, ReportALimitOnTheSizeOfFiles)
+{
+    expectError(1, "ulimit -f 1; head -c 640000 /dev/urandom | quillbox encode --raw 400x400 -o x.gif -",
+        "x.gif: can't be saved: it is larger than a file may be here (ulimit -f)");
+}
+
+TEST_F(EncodeErrors, ReportALimitOnOpenFiles)
+{
+    expectError(1, "ulimit -n 8; quillbox encode -o x.gif a.png",
+        "this process may not open enough files; raise the limit with ulimit -n 64");
 }
 
 TEST_F(EncodeErrors, RefuseInputsWithoutFrames)
@@ -121,7 +170,7 @@ TEST_F(EncodeErrors, RefuseInputsWithoutFrames)
 
 TEST_F(EncodeErrors, RefuseAStreamOfAnotherKindOnStandardInput)
 {
-    expectErrorContaining(1, "quillbox encode -o x.gif - < notes.txt", "expected a YUV4MPEG2 stream");
+    expectErrorContaining(1, "quillbox encode -o x.gif - < notes.txt", "standard input: is not an image");
 }
 
 TEST_F(EncodeErrors, SpareAFileThatExists)
@@ -134,7 +183,7 @@ TEST_F(EncodeErrors, SpareTheInputUnderWhateverName)
 {
     const std::string rule = ": can't be saved: it is an input itself; name another file with -o";
     expectError(1, "quillbox encode --force taken.gif", "taken.gif" + rule);
-    expectError(1, "quillbox encode --force -o ./a.png a.png", "./a.png" + rule);
+    expectError(1, "quillbox encode --force -o ./same a.png", "./same" + rule);
     expectError(1, "quillbox encode --force --raw 2x2 -o two.rgba - < two.rgba", "two.rgba" + rule);
 }
 
@@ -176,7 +225,7 @@ TEST_F(EncodeErrors, StayOnOneLineWhateverTheFileIsCalled)
 {
     const auto result = shell("quillbox encode \"$(printf 'a\\nb\\033[2J')\"");
     EXPECT_EQ(result.exitStatus, 1);
-    EXPECT_EQ(result.errors, "quillbox: a?b?[2J: can't be opened: No such file or directory\n");
+    EXPECT_EQ(result.errors, "quillbox: a\\nb\\x1b[2J: can't be opened: No such file or directory\n");
 }
 
 TEST_F(EncodeErrors, SayThatFramesBeyondTheMemoryNeedAFile)
