@@ -19,7 +19,7 @@ using LossyLZW::Loss;
 using LossyLZW::Result;
 using support::Random;
 
-struct Sample {
+struct LossySample {
     std::int64_t width = 0;
     std::vector<RGBColor> wanted = {};
     std::vector<RGBColor> colorTable = {};
@@ -63,9 +63,9 @@ std::vector<RGBColor> grays()
 }
 
 /// Patches of noise around few colours over a picture that is similar in places.
-Sample sample(std::int64_t width, std::int64_t height, std::vector<RGBColor> colorTable, Random& random)
+LossySample sample(std::int64_t width, std::int64_t height, std::vector<RGBColor> colorTable, Random& random)
 {
-    Sample made{.width = width, .colorTable = std::move(colorTable)};
+    LossySample made{.width = width, .colorTable = std::move(colorTable)};
     const std::int64_t colors = std::ssize(made.colorTable);
     RGBColor base;
     for (std::int64_t i = 0; i < width * height; ++i) {
@@ -111,7 +111,7 @@ TEST(LossyLZW, EveryStreamShowsWhatItsResultSays)
     Random random(321);
     LossyLZW::Encoder encoder; // keeps its tables from picture to picture
     for (int i = 0; i < support::iterations(80); ++i) {
-        Sample made = sample(1 + random.below(60), 1 + random.below(60),
+        LossySample made = sample(1 + random.below(60), 1 + random.below(60),
             random.oneIn(3) ? grays() : randomColors(random.pick({1, 2, 3, 20, 64, 255, 256}), random), random);
         if (random.oneIn(3))
             made.shown.clear();
@@ -129,7 +129,7 @@ TEST(LossyLZW, EveryStreamShowsWhatItsResultSays)
 TEST(LossyLZW, WithoutPermissionThereIsNoError)
 {
     Random random(322);
-    const Sample made = sample(50, 40, grays(), random);
+    const LossySample made = sample(50, 40, grays(), random);
     const Result result = LossyLZW::Encoder().encode(made.picture(), {.price = 0, .maxError = 0});
     EXPECT_EQ(result.error, 0);
     for (std::size_t i = 0; i < made.indices.size(); ++i)
@@ -139,7 +139,7 @@ TEST(LossyLZW, WithoutPermissionThereIsNoError)
 TEST(LossyLZW, CheaperErrorsGiveSmallerStreams)
 {
     Random random(323);
-    const Sample made = sample(160, 120, grays(), random);
+    const LossySample made = sample(160, 120, grays(), random);
     LossyLZW::Encoder encoder;
     std::int64_t bytes = std::numeric_limits<std::int64_t>::max();
     std::int64_t error = -1;
@@ -157,7 +157,7 @@ TEST(LossyLZW, NoPictureGetsLargerByItsErrors)
     Random random(324);
     LossyLZW::Encoder encoder;
     for (int i = 0; i < support::iterations(20); ++i) {
-        const Sample made = sample(70, 50, grays(), random);
+        const LossySample made = sample(70, 50, grays(), random);
         const auto exact = encoder.encode(made.picture(), {.price = 0, .maxError = 0});
         const auto inexact = encoder.encode(made.picture(), {.price = 20'000, .maxError = 2000});
         EXPECT_LE(inexact.codes.data.size(), exact.codes.data.size()) << "picture " << i;
@@ -167,7 +167,7 @@ TEST(LossyLZW, NoPictureGetsLargerByItsErrors)
 TEST(LossyLZW, WhatStaysLongIsKeptBetter)
 {
     Random random(325);
-    Sample made = sample(200, 100, grays(), random);
+    LossySample made = sample(200, 100, grays(), random);
     made.shown.clear();
     made.durations.assign(made.indices.size(), 3);
     std::fill_n(made.durations.begin(), made.durations.size() / 2, std::uint16_t{300});
@@ -184,7 +184,7 @@ TEST(LossyLZW, WhatStaysLongIsKeptBetter)
 TEST(LossyLZWDeathTest, RefusesPicturesThatAreNone)
 {
     Random random(326);
-    const Sample made = sample(4, 3, grays(), random);
+    const LossySample made = sample(4, 3, grays(), random);
     const auto encoded = [](const LossyLZW::Picture& picture, Loss loss) {
         (void)LossyLZW::Encoder().encode(picture, loss);
     };

@@ -28,7 +28,7 @@ Result optimized(const std::vector<RGBAFrame>& frames, const Config& config, int
     return PreciseOptimizer::optimize(distinct, config, {.parallelism = {threads}, .progress = {}, .finishNow = {}});
 }
 
-std::vector<RGBColor> colorsOf(const RGBAFrame& frame)
+std::vector<RGBColor> shownColorsOf(const RGBAFrame& frame)
 {
     std::vector<RGBColor> colors;
     frame.forEachColor([&](RGBColor color) { colors.push_back(color); });
@@ -78,7 +78,7 @@ double decibelsSeen(const ShownGif& gif, const std::vector<RGBAFrame>& frames, d
     double samples = 0;
     const auto shown = shownAt(gif, frames.size(), fps);
     for (std::size_t i = 0; i < frames.size(); ++i) {
-        const auto expected = colorsOf(frames[i]);
+        const auto expected = shownColorsOf(frames[i]);
         const auto& seen = gif.pictures.at(shown[i]);
         for (std::size_t p = 0; p < expected.size(); ++p)
             squares += static_cast<double>(expected[p].distanceSquared(seen[p]));
@@ -96,7 +96,7 @@ TEST(PreciseOptimizer, ShowsFewColoursExactlyAsEveryDecoderSeesThem)
         EXPECT_EQ(std::ssize(gif.pictures), result.clip.frameCount);
         const auto shown = shownAt(gif, frames.size(), 30);
         for (std::size_t i = 0; i < frames.size(); ++i)
-            ASSERT_EQ(gif.pictures.at(shown[i]), colorsOf(frames[i])) << "frame " << i;
+            ASSERT_EQ(gif.pictures.at(shown[i]), shownColorsOf(frames[i])) << "frame " << i;
     }
     EXPECT_EQ(support::faultsFoundByGifsicle(result.clip.data), "");
     EXPECT_EQ(result.qualityDecibels, PreciseOptimizer::perfectDecibels);
