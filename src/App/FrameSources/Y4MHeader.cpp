@@ -31,20 +31,20 @@ std::optional<std::int64_t> number(std::string_view text)
 /// Sets what the C tag says: the subsampling, and behind it where chroma lies, how many bits a sample has, or alpha.
 void setChroma(YUVFormat& format, const std::string& input, std::string_view tag)
 {
-    struct Kind {
+    struct Chroma {
         std::string_view name;
         ChromaSubsampling subsampling;
     };
-    constexpr std::array kinds{Kind{"C420", ChromaSubsampling::yuv420}, Kind{"C422", ChromaSubsampling::yuv422},
-        Kind{"C444", ChromaSubsampling::yuv444}, Kind{"C411", ChromaSubsampling::yuv411},
-        Kind{"Cmono", ChromaSubsampling::mono}};
+    constexpr std::array kinds{Chroma{"C420", ChromaSubsampling::yuv420}, Chroma{"C422", ChromaSubsampling::yuv422},
+        Chroma{"C444", ChromaSubsampling::yuv444}, Chroma{"C411", ChromaSubsampling::yuv411},
+        Chroma{"Cmono", ChromaSubsampling::mono}};
     const auto refused = [&] {
         return invalid(input, tag,
             translate(
                 "FrameReadError", "C420, C422, C444, C411 or Cmono of 8 to 16 bits (with FFmpeg: -pix_fmt yuv444p)"));
     };
     const auto* const kind
-        = std::find_if(kinds.begin(), kinds.end(), [&](const Kind& known) { return tag.starts_with(known.name); });
+        = std::find_if(kinds.begin(), kinds.end(), [&](const Chroma& known) { return tag.starts_with(known.name); });
     if (kind == kinds.end())
         throw refused();
     format.subsampling = kind->subsampling;
