@@ -402,6 +402,8 @@ std::string example(const std::string& arguments)
 void translateFrame(CLI::App& app)
 {
     const auto words = std::make_shared<HelpFormatter>();
+    constexpr std::size_t widestNames = 36; // with two blanks behind them
+    words->column_width(widestNames);
     words->label("Usage", translate("Help", "Usage"));
     words->label("OPTIONS", translate("Help", "OPTIONS"));
     words->label("SUBCOMMAND", translate("Help", "SUBCOMMAND"));

@@ -17,8 +17,8 @@ using Span = std::span<const std::uint8_t>;
 constexpr std::size_t signatureBytes = 8;
 constexpr std::size_t overhead = 12; ///< of a chunk: length, name, checksum
 constexpr std::size_t nameBytes = 4;
-constexpr std::size_t headerBytes = 13;  ///< of IHDR
-constexpr std::size_t controlBytes = 26; ///< of fcTL
+constexpr std::size_t ihdrBytes = 13; ///< of IHDR
+constexpr std::size_t fctlBytes = 26; ///< of fcTL
 
 std::uint32_t number(Span bytes, std::size_t offset, std::size_t count = 4)
 {
@@ -80,7 +80,7 @@ std::optional<Chunk> nextChunk(Span& file)
 /// What an fcTL chunk says; none where it makes no sense.
 std::optional<Part> partOf(Span control, PixelSize canvas)
 {
-    if (control.size() != controlBytes)
+    if (control.size() != fctlBytes)
         return std::nullopt;
     Part part;
     part.size = {number(control, 4), number(control, 8)};
@@ -153,7 +153,7 @@ Animation AnimatedPNG::taken(Span file)
     Animation animation;
     file = file.subspan(std::min(signatureBytes, file.size()));
     const auto first = nextChunk(file);
-    if (!first || first->name != "IHDR" || first->data.size() != headerBytes)
+    if (!first || first->name != "IHDR" || first->data.size() != ihdrBytes)
         return animation;
     animation.size = {number(first->data, 0), number(first->data, 4)};
 
