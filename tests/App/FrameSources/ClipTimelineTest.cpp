@@ -24,7 +24,7 @@ support::SourceClip spread(FrameRate rate, int count)
     return clip;
 }
 
-std::vector<int> redOf(const support::SourceClip& clip)
+std::vector<int> redOfEach(const support::SourceClip& clip)
 {
     std::vector<int> reds;
     for (const auto& frame : clip.frames)
@@ -36,7 +36,7 @@ TEST(ClipTimeline, ShowsWhatASlowInputShowsAtEachThirtiethOfASecond)
 {
     const auto clip = spread({12, 1}, 4); // picture i shows frame floor(i · 0.4)
     EXPECT_EQ(clip.ownRate, (FrameRate{30, 1}));
-    EXPECT_EQ(redOf(clip), (std::vector{0, 0, 0, 1, 1, 2, 2, 2, 3, 3}));
+    EXPECT_EQ(redOfEach(clip), (std::vector{0, 0, 0, 1, 1, 2, 2, 2, 3, 3}));
     EXPECT_TRUE(clip.frames[0].sharesPixels(clip.frames[2]));
 }
 
@@ -52,7 +52,7 @@ TEST(ClipTimeline, FollowsTheRuleAtEveryRateBelowThirty)
                 break;
             expected.push_back(shown);
         }
-        EXPECT_EQ(redOf(spread(rate, count)), expected) << rate.frames << '/' << rate.seconds;
+        EXPECT_EQ(redOfEach(spread(rate, count)), expected) << rate.frames << '/' << rate.seconds;
     }
 }
 
