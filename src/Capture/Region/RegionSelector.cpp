@@ -37,7 +37,7 @@ RegionSelector::Outcome outcomeOf(std::optional<CaptureRegion> region)
     return region ? RegionSelector::Outcome(*region) : RegionSelector::Cancelled{};
 }
 
-void presentOnX11(RegionSelector::Completion completion)
+void presentOnX11(const RegionSelector::Completion& completion)
 {
     const auto report = [completion](std::optional<CaptureRegion> region) {
         completion(outcomeOf(region));
@@ -122,7 +122,7 @@ void RegionSelector::present(Completion completion)
     }
     const auto backend = captureBackend();
     if (backend == CaptureBackend::X11)
-        presentOnX11(std::move(completion));
+        presentOnX11(completion);
     else if (backend == CaptureBackend::Portal)
         detach(presentOnCast(m_screen, std::move(completion)));
     else
