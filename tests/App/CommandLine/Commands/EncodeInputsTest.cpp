@@ -27,11 +27,11 @@ struct Input {
     friend void PrintTo(const Input& input, std::ostream* stream) { *stream << input.name; }
 };
 
-constexpr const char* frames = "ffmpeg -v error -y -framerate 5 -i %d.png ";
+constexpr const char* numberedImages = "ffmpeg -v error -y -framerate 5 -i %d.png ";
 
 std::vector<Input> inputs()
 {
-    const std::string ffmpeg = frames;
+    const std::string ffmpeg = numberedImages;
     const std::string readme = " -vf format=yuv444p,scale=out_color_matrix=bt709 -f yuv4mpegpipe - | cat";
     std::vector<Input> all{
         {"StillsAtARate", "true", "1.png 2.png 3.png --source-fps 2", 45},
