@@ -23,10 +23,11 @@ CaptureBackend captureBackend()
 
 CaptureError captureObstacle(CaptureBackend backend)
 {
-    precondition(backend == CaptureBackend::None || backend == CaptureBackend::Unknown, "a way to the screen is none");
     if (backend == CaptureBackend::None)
         return {CaptureError::Reason::Unavailable,
             translate("CaptureError", "Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND")};
+    const bool isUnknown = backend == CaptureBackend::Unknown;
+    precondition(isUnknown, "what can capture is no obstacle");
     return {CaptureError::Reason::Unavailable,
         withArguments(
             translate("CaptureError", "QUILLBOX_CAPTURE_BACKEND is \"%1\", which is none of x11, portal and none"),

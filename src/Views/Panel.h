@@ -1,7 +1,7 @@
 #pragma once
 
-#include "App/Workflow/CurrentCoordinator.h"
 #include "App/Updates/UpdaterController.h"
+#include "App/Workflow/CurrentCoordinator.h"
 #include "PostCapture/FileReveal.h"
 #include "PostCapture/HistoryStore.h"
 #include "Views/FirstUseCard.h"

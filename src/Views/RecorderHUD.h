@@ -1,7 +1,7 @@
 #pragma once
 
-#include "App/Workflow/CurrentCoordinator.h"
 #include "App/Updates/UpdaterController.h"
+#include "App/Workflow/CurrentCoordinator.h"
 
 #include <QWidget>
 

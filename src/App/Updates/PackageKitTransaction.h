@@ -1,7 +1,7 @@
 #pragma once
 
-#include "App/Updates/UpdateError.h"
 #include "App/Updates/PackageKit.h"
+#include "App/Updates/UpdateError.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

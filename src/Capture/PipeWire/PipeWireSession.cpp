@@ -1,7 +1,7 @@
 #include "Capture/PipeWire/PipeWireSession.h"
 
-#include "Platform/CHandle.h"
 #include "Capture/PipeWire/CoreListening.h"
+#include "Platform/CHandle.h"
 
 #include <QtGlobal>
 

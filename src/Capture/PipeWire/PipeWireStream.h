@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Capture/CaptureStream.h"
-#include "Platform/FileDescriptor.h"
 #include "Capture/PipeWire/StreamPicture.h"
+#include "Platform/FileDescriptor.h"
 
 #include <QFuture>
 

@@ -1,7 +1,7 @@
 #include "App/Updates/UpdaterController.h"
 
-#include "support/Await.h"
 #include "ScriptedUpdates.h"
+#include "support/Await.h"
 
 #include "App/Updates/UpdateMessages.h"
 

@@ -2,8 +2,8 @@
 
 #include "Capture/X11/X11Stream.h"
 
-#include "support/Await.h"
 #include "Gallery.h"
+#include "support/Await.h"
 #include "TestScreen.h"
 
 #include <gtest/gtest.h>

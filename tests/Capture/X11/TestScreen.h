@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/PixelRect.h"
 #include "Encoding/PixelTypes.h"
+#include "Platform/PixelRect.h"
 
 #include <xcb/xcb.h>
 
