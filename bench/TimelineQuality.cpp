@@ -4,8 +4,9 @@
 //     timeline-quality --shrink WIDTH FRAMES.rgba WIDTHxHEIGHT >SHRUNK.rgba
 //
 // The recording is shrunk to a clip's width as our own program shrinks. Prints one JSON object a clip: "decibels", the
-// PSNR over all pixels, channels and frames (99 at most); "similarity", the mean SSIM of the luma in blocks of 8 × 8
-// (Z. Wang et al., "Image Quality Assessment: From Error Visibility to Structural Similarity", 2004), over all frames;
+// PSNR over all pixels, channels and frames (99 at most); "shownDecibels", the same over the pictures of the clip
+// alone, each against the frame that it appears with; "similarity", the mean SSIM of the luma in blocks of 8 × 8 (Z.
+// Wang et al., "Image Quality Assessment: From Error Visibility to Structural Similarity", 2004), over all frames;
 // "bytes", "pictures" and "centiseconds".
 
 #include "Clip.h"
@@ -84,6 +85,11 @@ Seen compared(const RGBAFrame& recorded, const std::vector<RGBColor>& shown)
     return seen;
 }
 
+double decibels(double meanSquare)
+{
+    return meanSquare == 0 ? 99 : std::min(99.0, 10 * std::log10(255.0 * 255.0 / meanSquare));
+}
+
 /// What viewers show of a GIF, picture by picture.
 struct ShownClip {
     std::vector<std::vector<RGBColor>> pictures;
@@ -128,6 +134,8 @@ void measure(const std::vector<RGBAFrame>& recording, double fps, const char* pa
     const FrameResampler::WidthCap cap(recording.front(), width);
     Seen total;
     Seen last;
+    double shownSquares = 0; // of each picture once
+    std::size_t picturesShown = 0;
     std::size_t picture = 0;
     std::size_t lastPicture = shown.pictures.size();
     double end = static_cast<double>(shown.delaysCentiseconds.at(0)) / 100;
@@ -136,19 +144,23 @@ void measure(const std::vector<RGBAFrame>& recording, double fps, const char* pa
             end += static_cast<double>(shown.delaysCentiseconds[++picture]) / 100;
         if (picture != lastPicture || !recording[i].sharesPixels(recording[i - 1]))
             last = compared(cap.applied(recording[i]), shown.pictures[picture]);
+        if (picture != lastPicture) {
+            shownSquares += last.squares;
+            ++picturesShown;
+        }
         lastPicture = picture;
         total.squares += last.squares;
         total.similarity += last.similarity;
     }
     const double frames = static_cast<double>(recording.size());
-    const double mean = total.squares / (3 * frames * static_cast<double>(shown.pictures.front().size()));
-    const double decibels = mean == 0 ? 99 : std::min(99.0, 10 * std::log10(255.0 * 255.0 / mean));
+    const double samples = 3 * static_cast<double>(shown.pictures.front().size());
     std::printf("{\"clip\": \"%s\", \"bytes\": %zu, \"pictures\": %zu, \"centiseconds\": %lld, \"decibels\": %.2f, "
-                "\"similarity\": %.4f}\n",
+                "\"shownDecibels\": %.2f, \"similarity\": %.4f}\n",
         path, gif.size(), shown.pictures.size(),
         static_cast<long long>(
             std::accumulate(shown.delaysCentiseconds.begin(), shown.delaysCentiseconds.end(), std::int64_t{0})),
-        decibels, total.similarity / frames);
+        decibels(total.squares / (samples * frames)),
+        decibels(shownSquares / (samples * static_cast<double>(picturesShown))), total.similarity / frames);
 }
 
 void shrink(const std::vector<RGBAFrame>& recording, std::int64_t width)

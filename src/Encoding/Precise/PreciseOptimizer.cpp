@@ -26,15 +26,38 @@ constexpr std::int64_t leastPicturesPerSecond = 10;
 constexpr double aim = 0.96;     // of the budget: predictions miss by some per cent
 constexpr double hopeless = 1.1; // a prediction so far above the budget is not tried out
 constexpr std::int64_t sampledPictures = 12;
-constexpr std::int64_t samplePasses = 6;           // of the search for codes: somewhat larger files, much sooner
 constexpr std::int64_t smallRecording = 3'000'000; // changed pixels: to try it out costs little
 constexpr double leastScale = 0.25;
 
-double decibels(double errorTicks, const Recording& recording)
+// Of the search for codes. Measured: between 12 and 30, files shrink by some tenths of a per cent, and large pictures
+// take four times as long; with 6 they are some per cent larger.
+constexpr std::int64_t passesOfSmall = 30;
+constexpr std::int64_t passesOfLarge = 12;
+constexpr std::int64_t passesOfSample = 6;
+
+// Errors of colours are less visible than pictures that are missing down to the first of these, and less than those of
+// a smaller size down to the second. Mean squared errors of a sample; 48 and 40 dB.
+constexpr double fineError = 1.03;
+constexpr double fairError = 6.5;
+constexpr std::int64_t fewColors = 32; // where not even many are fair
+// Numbers of colours that are tried, each by an eighth larger than the one before.
+constexpr std::array<std::int64_t, 31> colorSteps{8, 9, 10, 11, 13, 14, 16, 18, 20, 23, 25, 29, 32, 36, 40, 45, 51, 57,
+    64, 72, 81, 91, 102, 114, 128, 144, 161, 181, 203, 228, 256};
+
+constexpr double secondAim = 0.985; // of the budget, for an attempt after one that told how far predictions miss
+constexpr double goodUse = 0.93;    // of the budget: it is not worth another attempt to make use of more
+
+/// The mean squared error of a sample, from the sum over a recording.
+double meanError(double errorTicks, const Recording& recording)
 {
     const double samples = 3.0 * static_cast<double>(recording.size.width) * static_cast<double>(recording.size.height)
         * static_cast<double>(recording.frameCount);
-    const double mean = errorTicks / samples;
+    return errorTicks / samples;
+}
+
+double decibels(double errorTicks, const Recording& recording)
+{
+    const double mean = meanError(errorTicks, recording);
     return mean <= 0 ? perfectDecibels : std::min(perfectDecibels, 10 * std::log10(255.0 * 255.0 / mean));
 }
 
@@ -89,6 +112,47 @@ struct Means {
     std::int64_t colors = 256;
     double thinned = 0; ///< share of the pictures that may be left out
     double gainPerByte = 0;
+
+    friend bool operator==(const Means&, const Means&) = default;
+};
+
+/// The last step that has at most so many colours, or the first one.
+std::int64_t stepOf(std::int64_t colors)
+{
+    return std::max<std::int64_t>(std::ranges::upper_bound(colorSteps, colors) - colorSteps.begin() - 1, 0);
+}
+
+/// How a file's size grows with the number of colours, as two samples tell: by about as much with every step.
+class SizeByColors {
+public:
+    SizeByColors(std::int64_t few, std::int64_t sizeOfFew, std::int64_t many, std::int64_t sizeOfMany)
+        : m_few(stepOf(few))
+        , m_size(static_cast<double>(sizeOfFew))
+    {
+        const std::int64_t steps = stepOf(many) - m_few;
+        if (steps > 0 && sizeOfMany > sizeOfFew)
+            m_growth = static_cast<double>(sizeOfMany - sizeOfFew) / static_cast<double>(steps);
+    }
+
+    [[nodiscard]] double of(std::int64_t colors) const
+    {
+        return m_size + m_growth * static_cast<double>(stepOf(colors) - m_few);
+    }
+    /// The most colours whose file is no larger; the fewest if all are.
+    [[nodiscard]] std::int64_t colorsFor(double size) const
+    {
+        std::int64_t colors = colorSteps.front();
+        for (const std::int64_t more : colorSteps) {
+            if (of(more) <= size)
+                colors = more;
+        }
+        return colors;
+    }
+
+private:
+    std::int64_t m_few; ///< a step
+    double m_size;
+    double m_growth = 0; ///< with each step
 };
 
 /// Tries one way after another to show one recording.
@@ -124,7 +188,7 @@ public:
     }
 
     /// Takes the strongest means at once. @return whether the file fits
-    bool giveUpMost() { return fits(attempt(ways().back())); }
+    bool giveUpMost() { return fits(attempt({.colors = leastColors(), .thinned = 1})); }
 
     [[nodiscard]] bool isEnough() const { return m_execution.finishNow.stop_requested(); }
     [[nodiscard]] std::int64_t number() const { return m_number; }
@@ -158,27 +222,67 @@ private:
             <= hopeless * static_cast<double>(m_config.targetBytes);
     }
 
-    /// Means in the order in which they are taken.
-    [[nodiscard]] std::vector<Means> ways() const
+    /// The fewest colours that show the recording with no more error, as far as the steps tell; all if none do.
+    [[nodiscard]] std::int64_t colorsFor(double error) const
     {
-        std::vector<Means> ways;
-        for (const auto& [colors, thinned] :
-            {std::pair<std::int64_t, double>{128, 0}, {64, 0}, {64, 0.5}, {64, 1}, {48, 1}, {32, 1}})
-            ways.push_back({.colors = std::min(colors, m_config.maxColors), .thinned = thinned});
-        return ways;
+        const auto* const step = std::ranges::partition_point(colorSteps, [&](std::int64_t colors) {
+            return colors < m_config.maxColors
+                && meanError(errorTicks(m_recording, table(colors)), m_recording) > error;
+        });
+        return step == colorSteps.end() ? m_config.maxColors : std::min(*step, m_config.maxColors);
+    }
+    [[nodiscard]] std::int64_t leastColors() const { return std::min(fewColors, colorsFor(fairError)); }
+
+    /// The share of the pictures to leave out so that these colours fit, if that helps.
+    [[nodiscard]] std::optional<double> leastThinning(std::int64_t colors) const
+    {
+        const auto fitsWith = [&](double thinned) {
+            return static_cast<double>(predicted({.colors = colors, .thinned = thinned})) <= aimed();
+        };
+        if (!fitsWith(1))
+            return std::nullopt;
+        if (!fitsWith(0.5))
+            return fitsWith(0.75) ? 0.75 : 1;
+        if (!fitsWith(0.25))
+            return 0.5;
+        return fitsWith(0) ? 0 : 0.25;
     }
 
+    /// Fewer colours as long as that is hardly seen, then fewer pictures, then the fewest colours.
     bool giveUpMore()
     {
-        for (const Means& way : ways()) {
-            const auto size = static_cast<double>(predicted(way));
-            if (size > aim * static_cast<double>(m_config.targetBytes))
-                continue;
-            if (fits(attempt(way)) || isEnough())
-                return fits(m_best);
-        }
-        return !m_best ? giveUpMost() : fits(m_best);
+        const std::int64_t fine = colorsFor(fineError);
+        const std::optional<double> thinned = leastThinning(fine);
+        const std::int64_t least = thinned ? fine : leastColors();
+        const std::int64_t most = std::max(thinned ? m_config.maxColors : fine, least);
+        return fillBudget(thinned.value_or(1), least, most);
     }
+
+    /// As many colours as the budget allows: a first attempt with as many as two samples promise, and one more where
+    /// they promised too much or too little. @return whether the best file fits
+    bool fillBudget(double thinned, std::int64_t least, std::int64_t most)
+    {
+        const SizeByColors sizes(least, predicted({.colors = least, .thinned = thinned}), most,
+            predicted({.colors = most, .thinned = thinned}));
+        const std::int64_t colors = std::clamp(sizes.colorsFor(aimed()), least, most);
+        attempt({.colors = colors, .thinned = thinned});
+        const auto made = static_cast<double>(m_lastByteCount);
+        const auto budget = static_cast<double>(m_config.targetBytes);
+        const bool fitsWell = made <= budget && (made >= goodUse * budget || colors == most);
+        if (fitsWell || isEnough())
+            return fits(m_best);
+        const double size = secondAim * budget * sizes.of(colors) / made;
+        const std::int64_t better = made > budget
+            ? std::max(std::min(sizes.colorsFor(size), colors - 1), std::min(colors, leastColors()))
+            : std::clamp(sizes.colorsFor(size), colors, most);
+        if (better != colors)
+            attempt({.colors = better, .thinned = thinned});
+        if (!fits(m_best) && !isEnough() && (better > leastColors() || thinned < 1))
+            return giveUpMost();
+        return fits(m_best);
+    }
+
+    [[nodiscard]] double aimed() const { return aim * static_cast<double>(m_config.targetBytes); }
 
     [[nodiscard]] bool fits(const std::optional<ClipAttempt>& attempt) const
     {
@@ -200,23 +304,31 @@ private:
         ClipPlan plan{.table = table(means.colors),
             .leavesOut = std::vector<bool>(m_recording.pictures.size(), false),
             .maxColors = means.colors,
-            .gainPerByte = means.gainPerByte};
+            .gainPerByte = means.gainPerByte,
+            .passes = changedPixels(m_recording) <= smallRecording ? passesOfSmall : passesOfLarge};
         const auto thinned = std::llround(means.thinned * static_cast<double>(m_thinningOrder.size()));
         for (std::size_t i = 0; i < static_cast<std::size_t>(thinned); ++i)
             plan.leavesOut[m_thinningOrder[i]] = true;
         return plan;
     }
 
+    /// The size that a file would have.
     [[nodiscard]] std::int64_t predicted(const Means& means) const
     {
+        const auto known = std::ranges::find(m_predictions, means, &std::pair<Means, std::int64_t>::first);
+        if (known != m_predictions.end())
+            return known->second;
         ClipPlan plan = planOf(means);
         const auto shown = std::ranges::count(plan.leavesOut, false);
-        plan.passes = samplePasses;
+        plan.passes = passesOfSample;
         plan.sampleEvery = std::max<std::int64_t>(shown / sampledPictures, 1);
-        return ClipAttempt::make(m_recording, plan, m_execution.parallelism, {}, {}).predictedByteCount;
+        const std::int64_t size
+            = ClipAttempt::make(m_recording, plan, m_execution.parallelism, {}, {}).predictedByteCount;
+        m_predictions.emplace_back(means, size);
+        return size;
     }
 
-    /// Makes a file; keeps it if it is the best so far. @return it, unless it was left unfinished
+    /// Makes a file; keeps it if it is the best so far. @return the best
     const std::optional<ClipAttempt>& attempt(const Means& means)
     {
         const ClipPlan plan = planOf(means);
@@ -232,9 +344,19 @@ private:
             = m_best ? std::max(m_best->byteCount, m_config.targetBytes) : std::numeric_limits<std::int64_t>::max();
         ClipAttempt made
             = ClipAttempt::make(m_recording, plan, m_execution.parallelism, {.byteCount = limit, .stop = {}}, report);
-        if (made.isWhole && (!m_best || made.byteCount < m_best->byteCount))
+        m_lastByteCount = made.byteCount * pictures / std::ssize(made.parts);
+        if (made.isWhole && (!m_best || isBetter(made, *m_best)))
             m_best = std::move(made);
         return m_best;
+    }
+
+    /// One that fits is better than one that does not, then one with less error; if none fits, the smaller one.
+    [[nodiscard]] bool isBetter(const ClipAttempt& a, const ClipAttempt& b) const
+    {
+        const bool aFits = a.byteCount <= m_config.targetBytes;
+        if (aFits != (b.byteCount <= m_config.targetBytes))
+            return aFits;
+        return aFits ? a.errorTicks < b.errorTicks : a.byteCount < b.byteCount;
     }
 
     const Recording& m_recording;
@@ -242,7 +364,9 @@ private:
     const GIFOptimizer::Execution& m_execution;
     std::vector<std::size_t> m_thinningOrder;
     mutable std::vector<std::pair<std::int64_t, std::vector<RGBColor>>> m_tables; ///< made so far, by size asked for
+    mutable std::vector<std::pair<Means, std::int64_t>> m_predictions;
     std::int64_t m_number;
+    std::int64_t m_lastByteCount = 0; ///< of the last attempt; about, if it was left
     std::optional<ClipAttempt> m_best;
 };
 

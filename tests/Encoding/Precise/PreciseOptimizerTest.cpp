@@ -155,6 +155,48 @@ TEST(PreciseOptimizer, MeetsABudgetAndSaysWhatItGaveUp)
     EXPECT_EQ(all.scale, 1);
 }
 
+TEST(PreciseOptimizer, GivesUpColoursThatAreHardlySeenBeforePictures)
+{
+    Random random(7);
+    std::vector<RGBAFrame> frames;
+    for (int i = 0; i < 30; ++i) { // 200 levels of grey, of which 100 are enough for an error of one level
+        frames.push_back(support::picture(
+            40, 30, [&](std::int64_t, std::int64_t) { return gray(static_cast<int>(random.below(200))); }));
+    }
+    const Result all = optimized(frames, {.targetBytes = ample});
+    const Result most = optimized(frames, {.targetBytes = all.clip.byteCount * 96 / 100});
+    EXPECT_EQ(all.qualityDecibels, PreciseOptimizer::perfectDecibels);
+    EXPECT_LT(most.clip.colorCount, all.clip.colorCount);
+    EXPECT_EQ(most.thinnedFrames, 0);
+    EXPECT_GT(most.qualityDecibels, 45);
+}
+
+TEST(PreciseOptimizer, LeavesOutNoPictureWhereThatLeavesAGapOfMoreThanATenthOfASecond)
+{
+    std::vector<RGBAFrame> frames;
+    for (int i = 0; i < 60; ++i)
+        frames.push_back(support::gradient(60, 45, i * 3));
+    const Result all = optimized(frames, {.targetBytes = ample});
+    const Result few = optimized(frames, {.targetBytes = all.clip.byteCount / 5});
+    EXPECT_GT(few.thinnedFrames, 10);
+    EXPECT_LE(std::ranges::max(support::composedByGiflib(few.clip.data).delaysCentiseconds), 10);
+}
+
+TEST(PreciseOptimizer, UsesAsManyColoursAsTheBudgetAllows)
+{
+    const auto frames = colorful(60, 45, 40);
+    const Result all = optimized(frames, {.targetBytes = ample});
+    std::int64_t before = 256;
+    for (const std::int64_t share : {60, 45, 30}) {
+        const std::int64_t budget = all.clip.byteCount * share / 100;
+        const Result result = optimized(frames, {.targetBytes = budget});
+        EXPECT_LE(result.clip.byteCount, budget) << share;
+        EXPECT_GE(result.clip.byteCount, budget * 3 / 4) << share;
+        EXPECT_LE(result.clip.colorCount, before) << share;
+        before = result.clip.colorCount;
+    }
+}
+
 TEST(PreciseOptimizer, IsOverABudgetThatNothingMeets)
 {
     EXPECT_GT(optimized(colorful(20, 20, 10), {.targetBytes = 1}).clip.byteCount, 1);
