@@ -234,17 +234,29 @@ private:
     }
     [[nodiscard]] std::int64_t leastColors() const { return std::min(fewColors, colorsFor(fairError)); }
 
-    /// The share of the pictures to leave out so that these colours fit, if that helps.
+    /// The share of the pictures to leave out so that these colours fit, if that helps: between two samples, sizes fall
+    /// about evenly.
     [[nodiscard]] std::optional<double> leastThinning(std::int64_t colors) const
     {
-        const auto fitsWith = [&](double thinned) {
-            return static_cast<double>(predicted({.colors = colors, .thinned = thinned})) <= aimed();
+        constexpr double step = 0.25;
+        const auto sizeWith = [&](double thinned) {
+            return static_cast<double>(predicted({.colors = colors, .thinned = thinned}));
         };
-        std::optional<double> least;
-        for (const double thinned : {1.0, 0.75, 0.5, 0.25, 0.0}) {
-            if (!fitsWith(thinned))
-                break;
-            least = thinned;
+        // Fewer colours make a file smaller by less than that.
+        if (static_cast<double>(predicted({.colors = m_config.maxColors})) <= 2 * aimed() && sizeWith(0) <= aimed())
+            return 0;
+        double least = 1;
+        double size = sizeWith(least);
+        if (size > aimed())
+            return std::nullopt;
+        while (least > 0) {
+            const double larger = sizeWith(least - step);
+            if (larger > aimed()) {
+                const auto all = static_cast<double>(m_thinningOrder.size());
+                return least - std::floor(step * all * (aimed() - size) / (larger - size)) / all;
+            }
+            least -= step;
+            size = larger;
         }
         return least;
     }
@@ -313,19 +325,23 @@ private:
         return plan;
     }
 
-    /// The size that a file would have.
+    /// The size that a file would have: of a large recording, as some of its pictures tell.
     [[nodiscard]] std::int64_t predicted(const Means& means) const
     {
         const auto known = std::ranges::find(m_predictions, means, &std::pair<Means, std::int64_t>::first);
         if (known != m_predictions.end())
             return known->second;
         ClipPlan plan = planOf(means);
-        const auto shown = std::ranges::count(plan.leavesOut, false);
-        plan.passes = passesOfSample;
-        plan.sampleEvery = std::max<std::int64_t>(shown / sampledPictures, 1);
+        double share = 1;
+        if (changedPixels(m_recording) > smallRecording) {
+            const auto shown = std::ranges::count(plan.leavesOut, false);
+            plan.passes = passesOfSample;
+            plan.sampleEvery = std::max<std::int64_t>(shown / sampledPictures, 1);
+            share = ofSampleSize;
+        }
         const auto sampled = static_cast<double>(
             ClipAttempt::make(m_recording, plan, m_execution.parallelism, {}, {}).predictedByteCount);
-        const std::int64_t size = std::llround(ofSampleSize * sampled);
+        const std::int64_t size = std::llround(share * sampled);
         m_predictions.emplace_back(means, size);
         return size;
     }
