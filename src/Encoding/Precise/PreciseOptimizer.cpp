@@ -29,8 +29,8 @@ constexpr std::int64_t sampledPictures = 12;
 constexpr std::int64_t smallRecording = 3'000'000; // changed pixels: to try it out costs little
 constexpr double leastScale = 0.25;
 
-// Of the search for codes. Measured: between 12 and 30, files shrink by some tenths of a per cent, and large pictures
-// take four times as long; with 6 they are some per cent larger.
+// Of the search for codes: more of them make a smaller file and take longer. A scrolling page of 32 colours was 1.2 %
+// larger with 12 than with 30.
 constexpr std::int64_t passesOfSmall = 30;
 constexpr std::int64_t passesOfLarge = 12;
 constexpr std::int64_t passesOfSample = 6;
@@ -41,7 +41,7 @@ constexpr double ofSampleSize = 0.97; // what files come to that take all passes
 constexpr double fineError = 1.03;
 constexpr double fairError = 6.5;
 constexpr std::int64_t fewColors = 32; // where not even many are fair
-// Numbers of colours that are tried, each by an eighth larger than the one before.
+// Numbers of colours that are tried, each about an eighth larger than the one before.
 constexpr std::array<std::int64_t, 31> colorSteps{8, 9, 10, 11, 13, 14, 16, 18, 20, 23, 25, 29, 32, 36, 40, 45, 51, 57,
     64, 72, 81, 91, 102, 114, 128, 144, 161, 181, 203, 228, 256};
 
