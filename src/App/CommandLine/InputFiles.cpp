@@ -94,12 +94,11 @@ std::vector<std::string> InputFiles::expanded(const std::vector<std::string>& in
     };
     for (const std::string& input : inputs) {
         std::error_code error; // what can't be looked at is reported when it is opened
-        if (input == standardStreamName)
-            files.push_back(input);
-        else if (fs::is_directory(input, error))
+        const bool isStream = input == standardStreamName;
+        if (!isStream && fs::is_directory(input, error))
             add(filesOf(
                 input, input, [](const std::string& name) { return name.front() != '.' && hasImageExtension(name); }));
-        else if (const auto pattern = patternIn(input))
+        else if (const auto pattern = isStream ? std::nullopt : patternIn(input))
             add(filesThatFit(input, *pattern));
         else
             files.push_back(input);

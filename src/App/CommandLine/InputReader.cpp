@@ -77,7 +77,7 @@ std::optional<std::string> readAnimation(FileByteSource& source, const EncodeOpt
     if (flaw && !options.keepGoing)
         throw FrameReadError(*flaw);
     const auto frameCount = std::ssize(timed);
-    const auto warning = flaw ? std::optional(leftOut(*flaw, frameCount)) : std::nullopt;
+    auto warning = flaw ? std::optional(leftOut(*flaw, frameCount)) : std::nullopt;
     if (options.rate || frameCount == 1) { // a single picture has no rate of its own
         for (const auto& [frame, milliseconds] : timed)
             receiver.take(frame);
