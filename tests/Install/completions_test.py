@@ -18,7 +18,8 @@ UNDESCRIBED = {"auto", "always", "never", "bt601", "bt709", "bt2020", "rgba", "b
 
 
 class CompletionTest:
-    """What holds for every shell; `offered(LINE)` says what it completes at the end of a line."""
+    """What holds for every shell; `offered(LINE)` says what it completes at the end of a line, `folders()` where it looks
+    for completions, and `installed` is a pattern for where ours lies below the prefix."""
 
     def setUp(self):
         if shutil.which(self.shell) is None:
@@ -35,6 +36,13 @@ class CompletionTest:
                    env={**os.environ, "HOME": self.folder, "PATH": path, "LC_ALL": "C.UTF-8"})
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         return set(done.stdout.splitlines())
+
+    def installed_folder(self):
+        (found,) = {path.parent for path in PREFIX.glob(self.installed)}
+        return found
+
+    def test_lies_where_the_shell_looks(self):
+        self.assertIn(f"/usr/{self.installed_folder().relative_to(PREFIX)}", self.folders())
 
     def test_completes_the_commands(self):
         self.assertEqual(self.offered("quillbox ") - {"--help", "--version", "-h", "-V"}, set(manual.commands()))
@@ -70,28 +78,32 @@ class CompletionTest:
 
 class BashTest(CompletionTest, unittest.TestCase):
     shell = "bash"
+    installed = "share/bash-completion/*/quillbox"
     after_equals = ""  # to bash, what stands behind the sign is a word of its own
 
     def offered(self, line):
         words = line.replace("=", " = ").split(" ")
         return self.output_of("bash", HERE / "complete.bash", *words)
 
+    def folders(self):
+        return self.output_of("pkg-config", "--variable=completionsdir", "bash-completion")
+
 
 class ZshTest(CompletionTest, unittest.TestCase):
     shell = "zsh"
+    installed = "share/zsh/*/_quillbox"
     after_equals = ""
 
     def offered(self, line):
-        (folder,) = {path.parent for path in PREFIX.glob("share/zsh/*/_quillbox")}
-        return self.output_of("zsh", "-f", HERE / "complete.zsh", folder, line)
+        return self.output_of("zsh", "-f", HERE / "complete.zsh", self.installed_folder(), line)
 
-    def test_lies_where_the_shell_looks(self):
-        (folder,) = {path.parent for path in PREFIX.glob("share/zsh/*/_quillbox")}
-        self.assertIn(f"/usr/share/zsh/{folder.name}", self.output_of("zsh", "-f", "-c", "print -l $fpath"))
+    def folders(self):
+        return self.output_of("zsh", "-f", "-c", "print -l $fpath")
 
 
 class FishTest(CompletionTest, unittest.TestCase):
     shell = "fish"
+    installed = "share/fish/*/quillbox.fish"
     after_equals = "--preset="
 
     def offered(self, line):
@@ -99,6 +111,9 @@ class FishTest(CompletionTest, unittest.TestCase):
         for row in rows:
             self.assertTrue("\t" in row or "." in row or row.split("\t")[0] in UNDESCRIBED, f"described: {row}")
         return {row.split("\t")[0] for row in rows}
+
+    def folders(self):
+        return self.output_of("fish", "--command", r"string join \n $fish_complete_path")
 
 
 if __name__ == "__main__":

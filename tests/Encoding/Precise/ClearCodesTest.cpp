@@ -63,7 +63,7 @@ TEST(ClearCodes, AmongMarksFindsTheBestOfAllSubsets)
         for (int k = 0; k < 6; ++k)
             inner.push_back(static_cast<std::size_t>(1 + random.below(std::ssize(indices) - 1)));
         std::ranges::sort(inner);
-        inner.erase(std::ranges::unique(inner).begin(), inner.end());
+        inner.erase(std::unique(inner.begin(), inner.end()), inner.end()); // clang 14 has no std::ranges::unique here
 
         std::int64_t least = std::numeric_limits<std::int64_t>::max();
         for (std::size_t subset = 0; subset < std::size_t{1} << inner.size(); ++subset) {
