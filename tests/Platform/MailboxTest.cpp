@@ -100,9 +100,17 @@ TEST_F(MailboxTest, DropsWhatComesOnceItIsGone)
 
 /// Sends as it goes.
 struct Farewell {
-    Mailbox<std::shared_ptr<Farewell>>::Sender sender;
+    using Sender = Mailbox<std::shared_ptr<Farewell>>::Sender;
 
+    explicit Farewell(Sender to)
+        : sender(std::move(to))
+    {
+    }
+    Farewell(const Farewell&) = delete;
+    Farewell& operator=(const Farewell&) = delete;
     ~Farewell() { sender.wake(); }
+
+    Sender sender;
 };
 
 TEST_F(MailboxTest, DropsValuesThatSendAsTheyGo)
