@@ -113,12 +113,11 @@ bool hasEndOfJPEG(Span file)
 {
     std::size_t offset = 2;
     while (file.size() >= offset + 2) {
-        if (file[offset] != 0xFF)
-            ++offset; // a scan's data
-        else if (const std::uint8_t marker = file[offset + 1]; marker == 0xD9)
+        const std::uint8_t marker = file[offset + 1];
+        if (file[offset] != 0xFF || marker == 0xFF)
+            ++offset; // a scan's data, or a fill byte
+        else if (marker == 0xD9)
             return true;
-        else if (marker == 0xFF)
-            ++offset; // a fill byte
         else if (marker == 0 || marker == 1 || (marker >= 0xD0 && marker <= 0xD8))
             offset += 2; // a stuffed byte, or a marker that stands alone
         else if (file.size() >= offset + 4)
