@@ -200,11 +200,11 @@ public:
     {
         for (std::int64_t frame = 1; count > 0 ? frame <= count : frame == 1 || hasNext(); ++frame) {
             try {
-                animation.frames.push_back(read(frame));
+                m_animation.frames.push_back(read(frame));
             } catch (const FrameReadError& error) {
                 if (frame == 1)
                     throw;
-                animation.flaw = error;
+                m_animation.flaw = error;
                 return;
             }
         }
@@ -212,14 +212,16 @@ public:
     /// Notes that there should be more.
     void setCutOff()
     {
-        if (!animation.flaw)
-            animation.flaw.emplace(m_name, FrameReadError::CutOff{std::ssize(animation.frames)});
+        if (!m_animation.flaw)
+            m_animation.flaw.emplace(m_name, FrameReadError::CutOff{std::ssize(m_animation.frames)});
     }
 
-    ImageReader::Animation animation;
+    /// What was read; called once.
+    [[nodiscard]] ImageReader::Animation taken() { return std::move(m_animation); }
 
 private:
     std::string m_name;
+    ImageReader::Animation m_animation;
 };
 
 ImageReader::Animation readAnimatedPNG(
@@ -246,7 +248,7 @@ ImageReader::Animation readAnimatedPNG(
     frames.readAll(std::ssize(taken.parts), read, [] { return false; });
     if (isCutOff || std::ssize(taken.parts) < taken.announcedCount)
         frames.setCutOff();
-    return std::move(frames.animation);
+    return frames.taken();
 }
 
 } // namespace
@@ -292,7 +294,7 @@ ImageReader::Animation ImageReader::readAll(FileByteSource& source, RGBColor bac
     frames.readAll(announced, read, [&] { return image.reader().canRead(); });
     if (extent.isCutOff)
         frames.setCutOff();
-    return std::move(frames.animation);
+    return frames.taken();
 }
 
 } // namespace quillbox
