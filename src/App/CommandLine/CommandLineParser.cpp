@@ -44,14 +44,10 @@ public:
 struct Arguments {
     std::string preset = "slack";
     std::string output;
-    bool json = false;
-    bool force = false;
-    bool precise = false;
     std::string maxSize;
     std::string maxWidth;
     std::int64_t maxFPS = 0;
     std::int64_t colors = 0;
-    bool quiet = false;
     // encode
     std::vector<std::string> inputs;
     std::string sourceFPS;
@@ -64,15 +60,20 @@ struct Arguments {
     std::string crop;
     std::string threads;
     std::string loop;
-    bool strict = false;
-    bool keepGoing = false;
     // record
     std::string region;
-    bool select = false;
     std::string duration;
-    bool copy = false;
     // help
     std::string helpTopic;
+    // Switches of all commands, together so that they take up no more room than they have to.
+    bool json = false;
+    bool force = false;
+    bool precise = false;
+    bool quiet = false;
+    bool strict = false;
+    bool keepGoing = false;
+    bool select = false;
+    bool copy = false;
 };
 
 constexpr const char* overview = QT_TRANSLATE_NOOP("Help",
