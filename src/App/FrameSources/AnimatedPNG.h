@@ -10,7 +10,7 @@
 namespace quillbox {
 
 /// Takes an animated PNG apart, and puts its pictures together. Stateless but for `Canvas`; thread: any.
-/// @see PNG (third edition), section 11.3.6, and Mozilla's APNG specification 1.0.
+/// @see PNG (third edition), section 11.3.6, and Mozilla's description of APNG 1.0.
 namespace AnimatedPNG {
 
 /// What becomes of a part's place when its time is over.

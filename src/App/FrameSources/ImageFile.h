@@ -8,7 +8,7 @@
 namespace quillbox {
 
 /// Looks at how a file of pictures is put together, without decoding any. Stateless; thread: any.
-/// @see GIF89a; PNG (third edition); ITU-T T.81, annex B, for JPEG; the WebP Container Specification.
+/// @see GIF89a; PNG (third edition); ITU-T T.81, annex B, for JPEG; the WebP container format.
 namespace ImageFile {
 
 enum class Kind : std::uint8_t {
