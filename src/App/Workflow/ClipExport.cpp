@@ -6,9 +6,8 @@
 #include "PostCapture/OutputFile.h"
 
 #include <QCalendar>
-#include <QDateTime>
+#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
 #include <filesystem>
 #include <optional>
@@ -35,18 +34,29 @@ PreciseOptimizer::Result ClipExport::encodePrecisely(
     return PreciseOptimizer::optimize(frames, config, execution);
 }
 
-QString ClipExport::newPath()
+QString ClipExport::save(std::span<const std::uint8_t> gif, QDateTime date)
 {
-    const auto name = ClipboardExporter::fileName(QDateTime::currentDateTime(), QStringLiteral("gif"), QCalendar());
-    return ClipboardExporter::clipsDirectory() + QLatin1Char('/') + name;
+    const auto folder = ClipboardExporter::clipsDirectory();
+    std::filesystem::create_directories(QFile::encodeName(folder).toStdString());
+    for (;; date = date.addSecs(1)) {
+        const auto name = ClipboardExporter::fileName(date, QStringLiteral("gif"), QCalendar());
+        auto path = QDir(folder).filePath(name);
+        try {
+            OutputFile::save(QFile::encodeName(path).toStdString(), gif, OutputFile::IfExists::Refuse);
+            return path;
+        } catch (const OutputFileError& error) {
+            using Reason = OutputFileError::Reason;
+            if (error.reason() != Reason::AlreadyExists && error.reason() != Reason::IsFolder)
+                throw;
+        }
+    }
 }
 
 ClipExport::Saved ClipExport::run(
     const Recording& recording, ExportPreset preset, const GIFOptimizer::Execution& execution)
 {
-    Saved saved{.result = encode(recording, preset, execution), .path = newPath()};
-    std::filesystem::create_directories(QFile::encodeName(QFileInfo(saved.path).path()).toStdString());
-    OutputFile::save(QFile::encodeName(saved.path).toStdString(), saved.result.data, OutputFile::IfExists::Replace);
+    Saved saved{.result = encode(recording, preset, execution), .path = {}};
+    saved.path = save(saved.result.data, QDateTime::currentDateTime());
     return saved;
 }
 

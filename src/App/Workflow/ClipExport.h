@@ -6,7 +6,11 @@
 #include "Encoding/Presets.h"
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QString>
+
+#include <cstdint>
+#include <span>
 
 namespace quillbox {
 
@@ -30,15 +34,17 @@ struct Saved {
 [[nodiscard]] PreciseOptimizer::Result encodePrecisely(
     const Recording& recording, const PreciseOptimizer::Config& config, const GIFOptimizer::Execution& execution = {});
 
-/// Where a clip that is saved now belongs: in the clips folder, under a name made of the local time.
-/// @return An absolute path.
-[[nodiscard]] QString newPath();
-
-/// Encodes the recording and saves it at `newPath()`, in a folder that is made if need be.
-/// @pre the recording has a frame; a violation ends the process.
-/// @throws GIFEncodingError  a side of a frame is too large.
+/// Saves a finished clip in the clips folder, which is made if need be, under a name made of `date`. Where a file has
+/// that name, the date moves on to the next second that is free, so that no clip replaces another.
+/// @return The file's absolute path.
 /// @throws std::filesystem::filesystem_error  the clips folder can't be made.
 /// @throws OutputFileError  the file can't be written; nothing of it is left.
+[[nodiscard]] QString save(std::span<const std::uint8_t> gif, QDateTime date);
+
+/// Encodes the recording and saves it as a clip that was made now.
+/// @pre the recording has a frame; a violation ends the process.
+/// @throws GIFEncodingError  a side of a frame is too large.
+/// @throws std::filesystem::filesystem_error, OutputFileError  as `save`.
 [[nodiscard]] Saved run(const Recording& recording, ExportPreset preset, const GIFOptimizer::Execution& execution = {});
 
 /// The bytes of the file, for the clipboard.

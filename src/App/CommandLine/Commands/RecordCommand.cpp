@@ -124,10 +124,14 @@ Encoded encode(const Recording& recording, const OutputOptions& options,
 /// @return where it was saved
 std::string save(const Encoded& encoded, const OutputOptions& options, ProgressLine& line)
 {
-    const ClipOutput output(options.output ? *options.output : QFile::encodeName(ClipExport::newPath()).toStdString(),
-        options.force); // which makes a folder
+    const auto& gif = encoded.result.data;
     line.show(translate("ProgressLine", "saving"));
-    output.save(encoded.result.data);
+    if (options.output)
+        ClipOutput(*options.output, options.force).save(gif);
+    const ClipOutput output(options.output
+            ? *options.output
+            : QFile::encodeName(ClipExport::save(gif, QDateTime::currentDateTime())).toStdString(),
+        options.force);
     line.clear();
     ResultReport::Clip saved{.result = encoded.result, .preset = options.preset, .output = output.name()};
     if (encoded.precise)
