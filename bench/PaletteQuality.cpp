@@ -10,9 +10,9 @@
 #include "Clip.h"
 
 #include "Encoding/FrameResampler.h"
-#include "Encoding/Precise/ColorCounts.h"
-#include "Encoding/Precise/NearestColors.h"
-#include "Encoding/Precise/ScreenPalette.h"
+#include "Encoding/Precise/Colors/ColorCounts.h"
+#include "Encoding/Precise/Colors/NearestColors.h"
+#include "Encoding/Precise/Colors/ScreenPalette.h"
 
 #include <algorithm>
 #include <chrono>

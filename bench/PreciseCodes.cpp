@@ -11,10 +11,10 @@
 #include "Encoding/FrameResampler.h"
 #include "Encoding/LZW.h"
 #include "Encoding/Parallel.h"
-#include "Encoding/Precise/ColorCounts.h"
+#include "Encoding/Precise/Colors/ColorCounts.h"
+#include "Encoding/Precise/Colors/NearestColors.h"
+#include "Encoding/Precise/Colors/ScreenPalette.h"
 #include "Encoding/Precise/DeltaGIF.h"
-#include "Encoding/Precise/NearestColors.h"
-#include "Encoding/Precise/ScreenPalette.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,4 +1,4 @@
-#include "Encoding/Precise/LossyLZW.h"
+#include "Encoding/Precise/Codes/LossyLZW.h"
 #include "Encoding/Precondition.h"
 #include "FuzzInput.h"
 #include "reference/Precise/LZWStream.h"

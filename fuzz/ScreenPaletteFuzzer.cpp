@@ -1,7 +1,7 @@
 #include "Encoding/PaletteMapper.h"
-#include "Encoding/Precise/ColorClustering.h"
-#include "Encoding/Precise/NearestColors.h"
-#include "Encoding/Precise/ScreenPalette.h"
+#include "Encoding/Precise/Colors/ColorClustering.h"
+#include "Encoding/Precise/Colors/NearestColors.h"
+#include "Encoding/Precise/Colors/ScreenPalette.h"
 #include "FuzzInput.h"
 #include "reference/Precise/ScreenPalette.h"
 

@@ -1,6 +1,6 @@
 #include "App/FrameSources/FrameReadError.h"
-#include "App/FrameSources/Y4MHeader.h"
-#include "App/FrameSources/Y4MReader.h"
+#include "App/FrameSources/Y4M/Y4MHeader.h"
+#include "App/FrameSources/Y4M/Y4MReader.h"
 #include "Encoding/Precondition.h"
 #include "support/MemoryByteSource.h"
 #include "support/SourceClip.h"

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Capture/CaptureRegion.h"
-#include "Encoding/PixelSize.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelSize.h"
+#include "Encoding/Pixels/PixelTypes.h"
 #include "Platform/PixelRect.h"
 
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Capture/CaptureRegion.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelTypes.h"
 #include "Platform/CaptureError.h"
 
 #include <QCoro/QCoroTask>

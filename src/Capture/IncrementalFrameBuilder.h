@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Capture/DirtyBands.h"
-#include "Encoding/PixelSize.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelSize.h"
+#include "Encoding/Pixels/PixelTypes.h"
 
 #include <cstdint>
 #include <functional>

@@ -2,7 +2,7 @@
 
 #include "Capture/Spill/FrameSpill.h"
 #include "Encoding/FrameReducerThread.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelTypes.h"
 
 #include <functional>
 #include <mutex>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Encoding/NearestColorLUT.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelTypes.h"
 
 #include <array>
 #include <cstdint>

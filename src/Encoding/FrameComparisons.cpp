@@ -1,6 +1,6 @@
 #include "Encoding/FrameComparisons.h"
 
-#include "Encoding/PixelComparison.h"
+#include "Encoding/Pixels/PixelComparison.h"
 
 #include <algorithm>
 

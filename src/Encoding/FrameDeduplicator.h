@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Encoding/PixelComparison.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelComparison.h"
+#include "Encoding/Pixels/PixelTypes.h"
 
 #include <cstdint>
 #include <optional>

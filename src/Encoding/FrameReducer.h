@@ -6,7 +6,7 @@
 #include "Encoding/FrameDeduplicator.h"
 #include "Encoding/FrameResampler.h"
 #include "Encoding/GIFEncoder.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelTypes.h"
 #include "Encoding/Presets.h"
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Encoding/FrameReducer.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelTypes.h"
 
 #include <atomic>
 #include <condition_variable>

@@ -2,8 +2,8 @@
 
 #include "Encoding/ForkJoinThread.h"
 #include "Encoding/Parallel.h"
-#include "Encoding/PixelSize.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelSize.h"
+#include "Encoding/Pixels/PixelTypes.h"
 
 #include <cstdint>
 #include <optional>

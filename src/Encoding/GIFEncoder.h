@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Encoding/LZW.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelTypes.h"
 
 #include <cstdint>
 #include <span>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Encoding/Parallel.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelTypes.h"
 
 #include <bit>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Encoding/Precise/ColorMoments.h"
+#include "Encoding/Precise/Colors/ColorMoments.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #include "App/CommandLine/ClipOutput.h"
 
-#include "App/CommandLine/ErrorReport.h"
+#include "App/CommandLine/Terminal/ErrorReport.h"
 #include "PostCapture/OutputFile.h"
 #include "Translation/Translate.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "App/CommandLine/Options.h"
+#include "App/CommandLine/Arguments/Options.h"
 
 #include <cstdint>
 #include <span>

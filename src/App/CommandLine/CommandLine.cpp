@@ -1,7 +1,7 @@
 #include "App/CommandLine/CommandLine.h"
 
 #include "App/CommandLine/Commands/Command.h"
-#include "App/CommandLine/ErrorReport.h"
+#include "App/CommandLine/Terminal/ErrorReport.h"
 #include "Platform/HugePages.h"
 #include "Translation/Catalogues.h"
 

@@ -1,7 +1,7 @@
 #include "App/CommandLine/DoctorReport.h"
 
-#include "App/CommandLine/ErrorReport.h"
-#include "App/CommandLine/TextColumns.h"
+#include "App/CommandLine/Terminal/ErrorReport.h"
+#include "App/CommandLine/Terminal/TextColumns.h"
 #include "Encoding/Precondition.h"
 #include "Translation/Translate.h"
 

@@ -1,7 +1,7 @@
 #include "App/CommandLine/Environment.h"
 
-#include "App/CommandLine/ArgumentText.h"
-#include "App/CommandLine/Options.h"
+#include "App/CommandLine/Arguments/ArgumentText.h"
+#include "App/CommandLine/Arguments/Options.h"
 #include "Translation/Translate.h"
 
 #include <cstdlib>

@@ -1,6 +1,6 @@
 #include "App/CommandLine/InputFiles.h"
 
-#include "App/CommandLine/Options.h"
+#include "App/CommandLine/Arguments/Options.h"
 #include "App/FrameSources/FrameReadError.h"
 
 #include <algorithm>

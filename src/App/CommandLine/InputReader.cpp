@@ -2,13 +2,13 @@
 
 #include "App/CommandLine/CoreApplication.h"
 #include "App/CommandLine/InputFiles.h"
-#include "App/FrameSources/AnimationTimeline.h"
 #include "App/FrameSources/ByteSource.h"
 #include "App/FrameSources/FrameFitting.h"
 #include "App/FrameSources/FrameReadError.h"
-#include "App/FrameSources/ImageReader.h"
+#include "App/FrameSources/Images/AnimationTimeline.h"
+#include "App/FrameSources/Images/ImageReader.h"
 #include "App/FrameSources/RawReader.h"
-#include "App/FrameSources/Y4MReader.h"
+#include "App/FrameSources/Y4M/Y4MReader.h"
 #include "Translation/Translate.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "App/CommandLine/OptimizerProgress.h"
 
-#include "App/CommandLine/ProgressLine.h"
+#include "App/CommandLine/Terminal/ProgressLine.h"
 #include "Translation/Translate.h"
 
 #include <algorithm>

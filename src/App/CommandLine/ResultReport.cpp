@@ -1,6 +1,6 @@
 #include "App/CommandLine/ResultReport.h"
 
-#include "App/CommandLine/ErrorReport.h"
+#include "App/CommandLine/Terminal/ErrorReport.h"
 #include "Translation/Translate.h"
 
 #include <QLocale>

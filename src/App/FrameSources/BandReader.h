@@ -2,9 +2,9 @@
 
 #include "App/FrameSources/ByteSource.h"
 #include "Encoding/ForkJoinThread.h"
-#include "Encoding/FramePool.h"
-#include "Encoding/PixelSize.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/FramePool.h"
+#include "Encoding/Pixels/PixelSize.h"
+#include "Encoding/Pixels/PixelTypes.h"
 
 #include <cstdint>
 #include <deque>

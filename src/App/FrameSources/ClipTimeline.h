@@ -2,7 +2,7 @@
 
 #include "App/FrameSources/FrameConsumer.h"
 #include "App/FrameSources/FrameRate.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelTypes.h"
 
 #include <cstdint>
 #include <optional>

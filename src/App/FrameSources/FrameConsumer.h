@@ -1,7 +1,7 @@
 #pragma once
 
 #include "App/FrameSources/FrameRate.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelTypes.h"
 
 namespace quillbox {
 

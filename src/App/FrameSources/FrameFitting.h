@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Encoding/PixelSize.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelSize.h"
+#include "Encoding/Pixels/PixelTypes.h"
 
 #include <cstdint>
 

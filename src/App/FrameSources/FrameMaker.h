@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Encoding/FramePool.h"
-#include "Encoding/PixelSize.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/FramePool.h"
+#include "Encoding/Pixels/PixelSize.h"
+#include "Encoding/Pixels/PixelTypes.h"
 
 #include <cstdint>
 #include <optional>

@@ -2,8 +2,8 @@
 
 #include "App/FrameSources/FrameConsumer.h"
 #include "Encoding/FrameResampler.h"
-#include "Encoding/PixelSize.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelSize.h"
+#include "Encoding/Pixels/PixelTypes.h"
 
 #include <cstdint>
 #include <optional>

@@ -2,7 +2,7 @@
 
 #include "App/FrameSources/ByteSource.h"
 #include "App/FrameSources/FrameConsumer.h"
-#include "Encoding/PixelSize.h"
+#include "Encoding/Pixels/PixelSize.h"
 
 #include <cstdint>
 

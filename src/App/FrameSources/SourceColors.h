@@ -1,7 +1,7 @@
 #pragma once
 
 #include "App/FrameSources/Transparency.h"
-#include "App/FrameSources/YUVConversion.h"
+#include "App/FrameSources/Y4M/YUVConversion.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Capture/Portal/ScreenCast.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelTypes.h"
 
 #include <QCoro/QCoroTask>
 

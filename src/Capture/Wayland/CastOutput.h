@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Encoding/PixelSize.h"
+#include "Encoding/Pixels/PixelSize.h"
 
 #include <QPoint>
 

@@ -1,10 +1,10 @@
 #include "Encoding/Precise/ClipAttempt.h"
 
 #include "Encoding/LZW.h"
-#include "Encoding/Precise/LZWSearch.h"
-#include "Encoding/Precise/NearestColors.h"
+#include "Encoding/Precise/Codes/LZWSearch.h"
+#include "Encoding/Precise/Colors/NearestColors.h"
+#include "Encoding/Precise/Colors/ScreenPalette.h"
 #include "Encoding/Precise/PictureDelays.h"
-#include "Encoding/Precise/ScreenPalette.h"
 #include "Encoding/Precise/ShownScreen.h"
 
 #include <algorithm>

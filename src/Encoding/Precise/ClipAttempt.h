@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Encoding/GIFOptimizer.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelTypes.h"
 #include "Encoding/Precise/DeltaGIF.h"
 #include "Encoding/Precise/DistinctFrames.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Encoding/GIFEncoder.h"
-#include "Encoding/PixelTypes.h"
-#include "Encoding/Precise/LZWSearch.h"
+#include "Encoding/Pixels/PixelTypes.h"
+#include "Encoding/Precise/Codes/LZWSearch.h"
 
 #include <cstdint>
 #include <span>

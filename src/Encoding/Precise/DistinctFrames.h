@@ -3,8 +3,8 @@
 #include "Encoding/FPSAdaptive.h"
 #include "Encoding/FrameResampler.h"
 #include "Encoding/GIFEncoder.h"
-#include "Encoding/PixelTypes.h"
-#include "Encoding/Precise/ColorCounts.h"
+#include "Encoding/Pixels/PixelTypes.h"
+#include "Encoding/Precise/Colors/ColorCounts.h"
 #include "Encoding/Precise/PictureArea.h"
 
 #include <cstdint>

@@ -1,8 +1,8 @@
 #include "Encoding/Precise/PreciseOptimizer.h"
 
 #include "Encoding/Precise/ClipAttempt.h"
-#include "Encoding/Precise/NearestColors.h"
-#include "Encoding/Precise/ScreenPalette.h"
+#include "Encoding/Precise/Colors/NearestColors.h"
+#include "Encoding/Precise/Colors/ScreenPalette.h"
 #include "Encoding/Precise/Thinning.h"
 
 #include <algorithm>

@@ -2,10 +2,10 @@
 
 #include "Encoding/Bytes.h"
 #include "Encoding/FrameResampler.h"
-#include "Encoding/PixelTypes.h"
+#include "Encoding/Pixels/PixelTypes.h"
+#include "Encoding/Precise/Codes/LZWSearch.h"
+#include "Encoding/Precise/Colors/NearestColors.h"
 #include "Encoding/Precise/DistinctFrames.h"
-#include "Encoding/Precise/LZWSearch.h"
-#include "Encoding/Precise/NearestColors.h"
 #include "Encoding/Precise/PictureArea.h"
 
 #include <cstdint>

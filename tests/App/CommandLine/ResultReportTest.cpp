@@ -1,7 +1,7 @@
 #include "App/CommandLine/ResultReport.h"
 
-#include "App/CommandLine/ErrorReport.h"
 #include "App/CommandLine/OptimizerProgress.h"
+#include "App/CommandLine/Terminal/ErrorReport.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "App/FrameSources/FrameReadError.h"
 #include "App/FrameSources/RawReader.h"
-#include "App/FrameSources/Y4MReader.h"
+#include "App/FrameSources/Y4M/Y4MReader.h"
 #include "support/Random.h"
 #include "support/SourceClip.h"
 #include "support/TemporaryFolder.h"

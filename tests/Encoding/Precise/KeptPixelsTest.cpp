@@ -1,4 +1,4 @@
-#include "Encoding/Precise/LZWSearch.h"
+#include "Encoding/Precise/Codes/LZWSearch.h"
 #include "support/GifDecoding.h"
 
 #include <gtest/gtest.h>

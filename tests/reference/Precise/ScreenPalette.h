@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Encoding/Precise/ColorMoments.h"
-#include "Encoding/Precise/KMeans.h"
+#include "Encoding/Precise/Colors/ColorMoments.h"
+#include "Encoding/Precise/Colors/KMeans.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,8 +1,8 @@
 #include "App/CommandLine/Commands/Command.h"
 
 #include "App/CommandLine/CoreApplication.h"
-#include "App/CommandLine/ErrorReport.h"
 #include "App/CommandLine/StatusReport.h"
+#include "App/CommandLine/Terminal/ErrorReport.h"
 #include "App/Desktop/RunningInstance.h"
 #include "Translation/Translate.h"
 

@@ -2,10 +2,10 @@
 
 #include "App/CommandLine/CoreApplication.h"
 #include "App/CommandLine/DoctorReport.h"
-#include "App/CommandLine/ErrorReport.h"
+#include "App/CommandLine/Terminal/ErrorReport.h"
 #include "App/Desktop/HotkeyReport.h"
 #include "App/Desktop/TrayReport.h"
-#include "App/FrameSources/ImageReport.h"
+#include "App/FrameSources/Images/ImageReport.h"
 #include "App/Updates/UpdateReport.h"
 #include "Capture/CaptureReport.h"
 #include "Platform/WindowSystem.h"

@@ -1,6 +1,6 @@
 #include "App/CommandLine/Commands/Command.h"
 
-#include "App/CommandLine/ErrorReport.h"
+#include "App/CommandLine/Terminal/ErrorReport.h"
 #include "PostCapture/HistoryFile.h"
 #include "PostCapture/HistoryStore.h"
 #include "Translation/Translate.h"

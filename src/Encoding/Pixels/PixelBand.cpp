@@ -1,0 +1,63 @@
+#include "Encoding/Pixels/PixelBand.h"
+
+#include "Encoding/Precondition.h"
+
+#include <utility>
+
+namespace quillbox {
+
+PixelBand::PixelBand(Bytes pixels)
+    : PixelBand(std::make_shared<const Bytes>(std::move(pixels)))
+{
+}
+
+PixelBand::PixelBand(std::shared_ptr<const Bytes> pixels, std::unique_ptr<const BackingStore> backing)
+    : m_byteCount(pixels->size())
+    , m_resident(std::move(pixels))
+    , m_backing(std::move(backing))
+{
+}
+
+bool PixelBand::isBacked() const
+{
+    const std::scoped_lock lock(m_mutex);
+    return m_backing != nullptr;
+}
+
+PixelView PixelBand::pixels() const
+{
+    std::shared_ptr<const BackingStore> backing;
+    {
+        const std::scoped_lock lock(m_mutex);
+        if (m_resident)
+            return PixelView(m_resident);
+        if (auto held = m_held.lock())
+            return PixelView(std::move(held));
+        backing = m_backing;
+    }
+    // Not under the lock: several threads may read several bands at once, and one twice at the worst.
+    auto pixels = backing->read();
+    precondition(pixels->size() == m_byteCount, "evicted pixels come back whole");
+    const std::scoped_lock lock(m_mutex);
+    m_held = pixels;
+    return PixelView(std::move(pixels));
+}
+
+void PixelBand::evict() const
+{
+    const std::scoped_lock lock(m_mutex);
+    precondition(m_backing != nullptr, "evicted pixels come back from somewhere");
+    if (m_resident)
+        m_held = std::exchange(m_resident, nullptr);
+}
+
+void PixelBand::evict(std::unique_ptr<const BackingStore> backing) const
+{
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_backing = std::move(backing);
+    }
+    evict();
+}
+
+} // namespace quillbox
