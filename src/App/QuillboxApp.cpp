@@ -20,13 +20,17 @@
 #include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/FileReveal.h"
 #include "PostCapture/HistoryStore.h"
+#include "PostCapture/OutputFile.h"
 #include "Views/Panel.h"
 #include "Views/SettingsView.h"
 #include "Views/UpdateView.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QFileInfo>
 #include <QFontMetrics>
 #include <QScreen>
+#include <QThreadPool>
 #include <QTimer>
 
 #include <chrono>
@@ -129,6 +133,9 @@ void QuillboxApp::start()
 {
     m_firstUse->begin();
     m_tray->show();
+    for (const auto& folder : {ClipboardExporter::clipsPath(), QFileInfo(HistoryStore::defaultURL()).path()})
+        QThreadPool::globalInstance()->start(
+            [path = QFile::encodeName(folder).toStdString()] { OutputFile::removeLeftovers(path); });
 }
 
 Panel& QuillboxApp::panel()

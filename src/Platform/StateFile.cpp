@@ -1,5 +1,7 @@
 #include "Platform/StateFile.h"
 
+#include "Platform/RegularFile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QSaveFile>
@@ -25,11 +27,8 @@ QString path(const QString& name)
 
 QString read(const QString& name)
 {
-    QFile file(path(name));
-    constexpr qint64 longest = 4096; // far more than what is kept here
-    if (!file.open(QIODevice::ReadOnly) || file.size() > longest)
-        return {};
-    return QString::fromUtf8(file.readAll()).trimmed();
+    constexpr qint64 maxBytes = 4096; // far more than what is kept here
+    return QString::fromUtf8(RegularFile::read(path(name), maxBytes).value_or(QByteArray())).trimmed();
 }
 
 void replace(const QString& name, const QString& text)

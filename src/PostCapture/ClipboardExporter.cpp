@@ -8,12 +8,17 @@
 
 namespace quillbox {
 
-QString ClipboardExporter::clipsDirectory()
+QString ClipboardExporter::clipsPath()
 {
     auto parent = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
     if (!QDir::isAbsolutePath(parent)) // none, or a user-dirs.dirs that names a folder relative to anywhere
         parent = QDir::homePath();
-    auto folder = QDir(parent).filePath(QStringLiteral("Quillbox"));
+    return QDir(parent).filePath(QStringLiteral("Quillbox"));
+}
+
+QString ClipboardExporter::clipsDirectory()
+{
+    auto folder = clipsPath();
     (void)QDir().mkpath(folder); // a folder that can't be made is reported by the save that follows
     return folder;
 }

@@ -18,6 +18,9 @@ namespace ClipboardExporter {
 /// A folder that can't be created is returned all the same. An absolute path.
 [[nodiscard]] QString clipsDirectory();
 
+/// The same path. Creates nothing.
+[[nodiscard]] QString clipsPath();
+
 /// "Quillbox 2026-11-16 at 09.05.07.gif": the local time of `date` by the years, months and days of `calendar`, in
 /// ASCII digits whatever the user's language. Equal within a second.
 /// @param ext  The extension, without a dot.

@@ -1,6 +1,7 @@
 #include "PostCapture/HistoryStore.h"
 
 #include "Encoding/Precondition.h"
+#include "Platform/RegularFile.h"
 #include "PostCapture/HistoryFile.h"
 #include "PostCapture/OutputFile.h"
 
@@ -11,10 +12,13 @@
 
 #include <cstddef>
 #include <exception>
+#include <unistd.h>
 #include <utility>
 
 namespace quillbox {
 namespace {
+
+constexpr qint64 maxBytes = 4 << 20; // twenty clips make some ten thousand
 
 /// Nobody is told of a failure, as nobody could do anything about it here.
 void saveIfPossible(const QString& path, const QByteArray& bytes)
@@ -25,6 +29,15 @@ void saveIfPossible(const QString& path, const QByteArray& bytes)
             std::span(first, static_cast<std::size_t>(bytes.size())), OutputFile::IfExists::Replace);
     } catch (const std::exception&) { // NOLINT(bugprone-empty-catch): see above
     }
+}
+
+/// Gives a file that is too large to be copied a second name, so that it is still there once the first has been given
+/// to another.
+void keepAside(const QString& path, const QString& aside)
+{
+    (void)QFile::remove(aside); // the older one, if there is one
+    const auto target = QFileInfo(path).canonicalFilePath();
+    (void)::link(QFile::encodeName(target).constData(), QFile::encodeName(aside).constData()); // see saveIfPossible
 }
 
 } // namespace
@@ -49,18 +62,20 @@ HistoryStore::HistoryStore(std::optional<QString> fileURL, QObject* parent)
 
 void HistoryStore::load()
 {
-    QFile file(m_fileURL);
-    if (!file.open(QIODevice::ReadOnly))
+    const QFileInfo info(m_fileURL);
+    if (!info.isFile())
         return;
-    const auto bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return;
-    if (auto entries = HistoryFile::decode(bytes)) {
-        m_entries = *std::move(entries);
+    const auto aside = info.dir().filePath(info.completeBaseName() + QStringLiteral(".corrupt.json"));
+    const auto bytes = RegularFile::read(m_fileURL, maxBytes);
+    if (!bytes) {
+        if (info.size() > maxBytes && info.isReadable())
+            keepAside(m_fileURL, aside);
         return;
     }
-    const QFileInfo info(m_fileURL);
-    saveIfPossible(info.dir().filePath(info.completeBaseName() + QStringLiteral(".corrupt.json")), bytes);
+    if (auto entries = HistoryFile::decode(*bytes))
+        m_entries = *std::move(entries);
+    else
+        saveIfPossible(aside, *bytes);
 }
 
 void HistoryStore::record(ClipEntry entry)
@@ -90,7 +105,9 @@ void HistoryStore::setEntries(std::vector<ClipEntry> next)
 
 void HistoryStore::save() const
 {
-    saveIfPossible(m_fileURL, HistoryFile::encode(m_entries));
+    const QFileInfo info(m_fileURL);
+    if (info.isFile() || !info.exists()) // a pipe would be waited for
+        saveIfPossible(m_fileURL, HistoryFile::encode(m_entries));
 }
 
 } // namespace quillbox

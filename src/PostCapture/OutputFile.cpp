@@ -7,8 +7,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <fstream>
 #include <optional>
 #include <string>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -19,6 +21,8 @@ namespace {
 
 namespace fs = std::filesystem;
 using OutputFile::IfExists;
+
+const std::string temporaryPrefix = ".quillbox-";
 
 /// While it lives, this thread is not interrupted by the signals that end a program from outside.
 class SignalsHeld {
@@ -113,7 +117,8 @@ bool saveUnnamed(
 {
     const FileDescriptor file(::open(folderOf(path).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666));
     if (file.number() < 0)
-        return false; // a true error comes back from the attempt with a name
+        return false;                      // a true error comes back from the attempt with a name
+    (void)::flock(file.number(), LOCK_EX); // for the moment in which it has a second name, see removeLeftovers
     fill(file.number(), bytes, path, old);
 
     const auto self = "/proc/self/fd/" + std::to_string(file.number());
@@ -126,7 +131,8 @@ bool saveUnnamed(
         throw failure(path);
     // A link can't replace a file, only a rename can: a second name is needed for a moment.
     for (int attempt = 0; attempt < 100; ++attempt) {
-        const auto name = folderOf(path) / (".quillbox-" + std::to_string(::getpid()) + '-' + std::to_string(attempt));
+        const auto name
+            = folderOf(path) / (temporaryPrefix + std::to_string(::getpid()) + '-' + std::to_string(attempt));
         if (::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
             Leftover temporary(name);
             moveInto(temporary, path, ifExists);
@@ -138,20 +144,53 @@ bool saveUnnamed(
     throw failure(path);
 }
 
+/// The permissions that a new file is not to have. `umask()` tells them only by changing them, for all threads.
+mode_t creationMask()
+{
+    std::ifstream status("/proc/self/status");
+    for (std::string word; status >> word;) {
+        mode_t mask = 0;
+        if (word == "Umask:" && status >> std::oct >> mask)
+            return mask;
+    }
+    return S_IRWXG | S_IRWXO; // not known: the file stays private
+}
+
+/// Makes an empty file beside `path` and locks it, so that removeLeftovers() lets it be.
+FileDescriptor makeTemporary(const fs::path& path, std::string& name)
+{
+    for (;;) {
+        name = (folderOf(path) / temporaryPrefix).string() + "XXXXXX";
+        FileDescriptor file(::mkostemp(name.data(), O_CLOEXEC));
+        if (file.number() < 0)
+            throw failure(path);
+        (void)::flock(file.number(), LOCK_EX); // a file system without locks has no leftovers removed, either
+        if (statusOf(name))
+            return file;
+        // It was taken for a leftover before it was locked.
+    }
+}
+
 void saveNamed(
     const fs::path& path, std::span<const std::uint8_t> bytes, IfExists ifExists, const std::optional<struct stat>& old)
 {
-    const SignalsHeld held;
-    auto name = (folderOf(path) / ".quillbox-XXXXXX").string();
-    const FileDescriptor file(::mkostemp(name.data(), O_CLOEXEC));
-    if (file.number() < 0)
-        throw failure(path);
+    OutputFile::removeLeftovers(folderOf(path));
+    std::string name;
+    const FileDescriptor file = makeTemporary(path, name);
     Leftover temporary(name);
-    const auto mask = ::umask(0); // can only be read by setting it
-    ::umask(mask);
-    (void)::fchmod(file.number(), 0666U & ~mask); // mkstemp makes it private
+    (void)::fchmod(file.number(), (S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH) & ~creationMask());
     fill(file.number(), bytes, path, old);
+    const SignalsHeld held;
     moveInto(temporary, path, ifExists);
+}
+
+/// Whether the file belongs to this user, and no process is at work on it.
+bool isAbandoned(const fs::path& path)
+{
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    struct stat status { };
+    return file.number() >= 0 && ::fstat(file.number(), &status) == 0 && S_ISREG(status.st_mode)
+        && status.st_uid == ::geteuid() && ::flock(file.number(), LOCK_EX | LOCK_NB) == 0;
 }
 
 /// `path`, or what it points to when it is a symbolic link: then the link's target is replaced, or made, and not the
@@ -206,6 +245,16 @@ void OutputFile::save(const std::filesystem::path& path, std::span<const std::ui
     }
     if (!saveUnnamed(target, bytes, ifExists, old))
         saveNamed(target, bytes, ifExists, old);
+}
+
+void OutputFile::removeLeftovers(const std::filesystem::path& folder)
+{
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        const auto& path = entry->path();
+        if (path.filename().string().starts_with(temporaryPrefix) && isAbandoned(path))
+            (void)::unlink(path.c_str()); // what can't be removed stays
+    }
 }
 
 void OutputFile::write(int descriptor, std::span<const std::uint8_t> bytes, const std::filesystem::path& path)

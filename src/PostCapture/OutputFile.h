@@ -52,11 +52,16 @@ void check(const std::filesystem::path& path, IfExists ifExists);
 
 /// Writes `bytes` to `path`. A file that comes to exist meanwhile is not replaced either, unless that is asked for;
 /// one that is replaced gives way in one step and leaves its permissions to the new one. A symbolic link is followed.
-/// What is not a file at all (a device, a pipe) is written to directly. An error, or the end of the process at any
-/// time, leaves nothing behind; SIGINT, SIGTERM and SIGHUP wait while the file gets its name. Waits for the disk.
-/// Thread: any; other threads that may be killed by those signals should block them.
+/// What is not a file at all (a device, a pipe) is written to directly. An error leaves
+/// nothing behind, nor does the end of the process at any time; but for file systems that know no files without a name
+/// (FAT, some networks), where removeLeftovers() finds it. SIGINT, SIGTERM and SIGHUP wait while the file gets its
+/// name. Waits for the disk. Thread: any; other threads that may be killed by those signals should block them.
 /// @throws OutputFileError
 void save(const std::filesystem::path& path, std::span<const std::uint8_t> bytes, IfExists ifExists);
+
+/// Removes what ended processes of this user left of their saving in `folder`; what cannot be removed stays. A save
+/// that still goes on is recognised by its lock. Waits for the disk; thread: any.
+void removeLeftovers(const std::filesystem::path& folder);
 
 /// Writes all of `bytes` to an open `descriptor`.
 /// @param path  What to call it in an error. @throws OutputFileError

@@ -11,6 +11,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <sys/stat.h>
 
 namespace quillbox {
 namespace {
@@ -140,6 +141,26 @@ TEST_F(HistoryStoreTest, IsSilentWhenTheBytesCannotBeKeptAside)
     write("{}");
     fs::create_directory(corruptFile());
     EXPECT_TRUE(HistoryStore(url()).entries().empty());
+}
+
+TEST_F(HistoryStoreTest, DoesNotReadAFileOfAnAbsurdSizeButKeepsIt)
+{
+    write("{}");
+    fs::resize_file(file(), 100 << 20);
+    HistoryStore store(url());
+    EXPECT_TRUE(store.entries().empty());
+    store.record(clip(1));
+    EXPECT_EQ(HistoryFile::decode(written()), store.entries());
+    EXPECT_EQ(fs::file_size(corruptFile()), 100 << 20);
+}
+
+TEST_F(HistoryStoreTest, WaitsForNoPipe)
+{
+    ASSERT_EQ(::mkfifo(file().c_str(), 0600), 0);
+    HistoryStore store(url());
+    store.record(clip(1));
+    EXPECT_EQ(store.entries().size(), 1U);
+    EXPECT_TRUE(fs::is_fifo(file()));
 }
 
 TEST_F(HistoryStoreTest, KeepsTheEntryInMemoryWhenItCannotBeWritten)

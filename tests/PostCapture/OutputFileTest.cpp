@@ -1,15 +1,18 @@
 #include "PostCapture/OutputFile.h"
 
+#include "Platform/FileDescriptor.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -214,6 +217,22 @@ TEST_F(OutputFileTest, LeavesNothingWhenKilledAtAnyMoment)
         EXPECT_TRUE(size == 3 || size == much.size()) << "neither the old file nor the whole new one: " << size;
         EXPECT_EQ(fileCount(), 1);
     }
+}
+
+TEST_F(OutputFileTest, RemovesWhatAnEndedProcessLeftButNotWhatIsBeingWritten)
+{
+    put(".quillbox-ended", "half");
+    put(".quillbox-saving", "half");
+    put(".other", "whole");
+    fs::create_symlink(path(".other"), path(".quillbox-link"));
+    const FileDescriptor saving(::open(path(".quillbox-saving").c_str(), O_RDONLY | O_CLOEXEC));
+    ASSERT_EQ(::flock(saving.number(), LOCK_EX), 0);
+    OutputFile::removeLeftovers(path(""));
+    EXPECT_FALSE(fs::exists(path(".quillbox-ended")));
+    EXPECT_TRUE(fs::exists(path(".quillbox-saving")));
+    EXPECT_TRUE(fs::is_symlink(path(".quillbox-link")));
+    EXPECT_EQ(contents(".other"), "whole");
+    EXPECT_NO_THROW(OutputFile::removeLeftovers(path("none")));
 }
 
 TEST(OutputFileError, SaysWhatToDo)

@@ -3,16 +3,18 @@
 #include "App/Desktop/DesktopEntryAdaptor.h"
 #include "App/Workflow/CurrentCoordinator.h"
 #include "Capture/RecorderControlling.h"
+#include "Platform/RegularFile.h"
 #include "PostCapture/Clipboard/Clipboard.h"
 #include "PostCapture/ClipboardExporter.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
-#include <QFile>
 #include <QMetaClassInfo>
+#include <QtConcurrent/QtConcurrentRun>
 #include <QTimer>
 #include <QUrl>
 
+#include <optional>
 #include <utility>
 
 namespace quillbox {
@@ -43,6 +45,16 @@ struct Describe {
 private:
     static QVariantMap named(const char* phase) { return {{QStringLiteral("phase"), QString::fromLatin1(phase)}}; }
 };
+
+/// @return none where the file is not a GIF of a size that anybody would paste
+std::optional<QByteArray> readClip(const QString& path)
+{
+    constexpr qint64 maxBytes = qint64{256} << 20;
+    auto bytes = RegularFile::read(path, maxBytes);
+    if (bytes && !bytes->startsWith("GIF87a") && !bytes->startsWith("GIF89a"))
+        return std::nullopt;
+    return bytes;
+}
 
 QString clipboardState()
 {
@@ -166,17 +178,16 @@ QVariantMap ApplicationService::Status() const
     return status;
 }
 
-// NOLINTNEXTLINE(readability-convert-member-functions-to-static): the bus calls it on the object
 bool ApplicationService::Copy(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    const auto bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return false;
-    ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(path), bytes);
-    return true;
+    setDelayedReply(true);
+    const auto call = message();
+    QtConcurrent::run(&readClip, path).then(this, [path, call](const std::optional<QByteArray>& gif) {
+        if (gif)
+            ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(path), gif);
+        QDBusConnection::sessionBus().send(call.createReply(gif.has_value()));
+    });
+    return false; // nobody gets this answer
 }
 
 void ApplicationService::Quit() const

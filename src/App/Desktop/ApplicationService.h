@@ -73,7 +73,7 @@ public:
     /// "byteCount" of what is done; "message" of what failed. "clipboard": empty, pending or accepted, as Clipboard
     /// has it.
     Q_SCRIPTABLE Q_INVOKABLE QVariantMap Status() const;
-    /// Puts a saved clip on the clipboard; false if the file can't be read.
+    /// Puts a saved clip on the clipboard; false if the file can't be read, or is no GIF of at most 256 MB.
     Q_SCRIPTABLE Q_INVOKABLE bool Copy(const QString& path);
     Q_SCRIPTABLE Q_INVOKABLE void Quit() const;
     // NOLINTEND(readability-identifier-naming,modernize-use-nodiscard)

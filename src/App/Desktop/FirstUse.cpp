@@ -1,5 +1,6 @@
 #include "App/Desktop/FirstUse.h"
 
+#include "Platform/RegularFile.h"
 #include "PostCapture/HistoryStore.h"
 #include "PostCapture/OutputFile.h"
 
@@ -32,9 +33,9 @@ FirstUse::FirstUse(QString path, QObject* parent)
     , m_isFirstStart(!QFileInfo::exists(m_path))
     , m_isIntroducing(m_isFirstStart)
 {
-    QFile file(m_path);
-    if (!m_isFirstStart && file.open(QIODevice::ReadOnly))
-        m_isIntroducing = file.read(64) == introducing; // more than either of them
+    constexpr qint64 maxBytes = 64; // more than either line has
+    if (!m_isFirstStart)
+        m_isIntroducing = RegularFile::read(m_path, maxBytes) == QByteArray(introducing);
 }
 
 void FirstUse::begin()

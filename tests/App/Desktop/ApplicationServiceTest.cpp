@@ -16,6 +16,7 @@
 #include <QUrl>
 
 #include <string>
+#include <sys/stat.h>
 #include <vector>
 
 namespace quillbox {
@@ -192,11 +193,11 @@ QByteArray pasted(const char* target)
 TEST_F(ApplicationServiceTest, CopiesASavedClip)
 {
     const auto path = m_fixture.home() + "/a clip.gif";
-    support::writeFile(path.toStdString(), std::vector<std::uint8_t>{'G', 'I', 'F'});
+    support::writeFile(path.toStdString(), std::vector<std::uint8_t>{'G', 'I', 'F', '8', '9', 'a'});
     EXPECT_EQ(ask("Copy", {path}).arguments(), QVariantList{true});
     EXPECT_EQ(status().value("clipboard").toString(), "accepted");
     EXPECT_EQ(pasted("text/uri-list"), QUrl::fromLocalFile(path).toEncoded() + "\r\n");
-    EXPECT_EQ(pasted("image/gif"), "GIF");
+    EXPECT_EQ(pasted("image/gif"), "GIF89a");
     Clipboard::general().clear();
 }
 
@@ -204,6 +205,13 @@ TEST_F(ApplicationServiceTest, SaysSoWhereAClipCannotBeRead)
 {
     EXPECT_EQ(ask("Copy", {m_fixture.home() + "/none.gif"}).arguments(), QVariantList{false});
     EXPECT_EQ(ask("Copy", {m_fixture.home()}).arguments(), QVariantList{false}) << "a folder";
+    const auto pipe = m_fixture.home() + "/pipe.gif";
+    ASSERT_EQ(::mkfifo(pipe.toStdString().c_str(), 0600), 0);
+    EXPECT_EQ(ask("Copy", {pipe}).arguments(), QVariantList{false}) << "a pipe that nobody writes to";
+    EXPECT_EQ(ask("Copy", {"/dev/zero"}).arguments(), QVariantList{false}) << "without an end";
+    const auto text = m_fixture.home() + "/secret.txt";
+    support::writeFile(text.toStdString(), std::vector<std::uint8_t>{'G', 'I', 'F', '8', '8', 'a'});
+    EXPECT_EQ(ask("Copy", {text}).arguments(), QVariantList{false}) << "no GIF";
     EXPECT_EQ(status().value("clipboard").toString(), "empty");
 }
 
