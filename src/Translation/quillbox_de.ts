@@ -1689,6 +1689,10 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <source>Select a region</source>
         <translation>Bereich auswählen</translation>
     </message>
+    <message>
+        <source>Drag to record · Esc cancels</source>
+        <translation>Zum Aufnehmen ziehen · Esc bricht ab</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::SettingsView</name>

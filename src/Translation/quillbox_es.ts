@@ -1689,6 +1689,10 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <source>Select a region</source>
         <translation>Seleccionar un área</translation>
     </message>
+    <message>
+        <source>Drag to record · Esc cancels</source>
+        <translation>Arrastre para grabar · Esc cancela</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::SettingsView</name>

@@ -1689,6 +1689,10 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <source>Select a region</source>
         <translation>Sélectionner une zone</translation>
     </message>
+    <message>
+        <source>Drag to record · Esc cancels</source>
+        <translation>Faites glisser pour enregistrer · Échap annule</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::SettingsView</name>

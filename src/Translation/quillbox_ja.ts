@@ -1679,6 +1679,10 @@ The commands below have more examples: quillbox encode --help</source>
         <source>Select a region</source>
         <translation>範囲を選択</translation>
     </message>
+    <message>
+        <source>Drag to record · Esc cancels</source>
+        <translation>ドラッグで録画 · Esc でキャンセル</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::SettingsView</name>

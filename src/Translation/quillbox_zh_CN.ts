@@ -1679,6 +1679,10 @@ The commands below have more examples: quillbox encode --help</source>
         <source>Select a region</source>
         <translation>选择区域</translation>
     </message>
+    <message>
+        <source>Drag to record · Esc cancels</source>
+        <translation>拖动以录制 · Esc 取消</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::SettingsView</name>

@@ -22,9 +22,12 @@ namespace {
 
 constexpr float dimming = 0.25F;
 constexpr float fillOpacity = 0.15F;
-constexpr double lineWidth = 1.5; // points
-constexpr double tagPadding = 6;  // points
-constexpr double tagDistance = 8; // points, from the selection
+constexpr double lineWidth = 1.5;   // points
+constexpr double edgeWidth = 1;     // points, of the line around the selection's own
+constexpr double tagPadding = 6;    // points
+constexpr double hintPadding = 14;  // points
+constexpr double hintPlace = 0.125; // of the height, from the top
+constexpr double tagDistance = 8;   // points, from the selection
 
 /// How long a compositor and the programs below get to draw what the overlay covered: three pictures of a 60 Hz screen.
 constexpr std::chrono::milliseconds overlaySettlingTime{50};
@@ -41,6 +44,13 @@ Qt::WindowFlags windowKind()
 {
     const Qt::WindowFlags kind = Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
     return managesItself() ? kind | Qt::BypassWindowManagerHint : kind;
+}
+
+/// Of a line beside one in `color`: one of the two is seen on any picture.
+QColor edgeOf(const QColor& color)
+{
+    constexpr int middleGray = 128;
+    return qGray(color.rgb()) < middleGray ? Qt::white : Qt::black;
 }
 
 RegionMath::Point pointOf(QPointF position)
@@ -94,6 +104,7 @@ void SelectionWindow::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton && !m_startPoint)
         m_startPoint = event->position();
+    update(hintTag().toAlignedRect());
 }
 
 void SelectionWindow::mouseMoveEvent(QMouseEvent* event)
@@ -107,9 +118,10 @@ void SelectionWindow::mouseMoveEvent(QMouseEvent* event)
 
 void SelectionWindow::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() != Qt::LeftButton)
+    const bool isCancelled = event->button() == Qt::RightButton;
+    if (!isCancelled && event->button() != Qt::LeftButton)
         return;
-    if (!m_startPoint || QWidget::screen() == nullptr) {
+    if (isCancelled || !m_startPoint || QWidget::screen() == nullptr) {
         finish(std::nullopt);
         return;
     }
@@ -172,8 +184,20 @@ void SelectionWindow::paintEvent(QPaintEvent* /*event*/)
         return;
     if (!m_backdrop.isNull())
         painter.fillRect(rect(), QColor::fromRgbF(0, 0, 0, dimming));
-    if (!m_selection.isNull())
+    if (!m_startPoint)
+        drawTag(painter, hintTag(), hintText());
+    else if (!m_selection.isNull())
         drawSelection(painter);
+}
+
+void SelectionWindow::drawTag(QPainter& painter, const QRectF& tag, const QString& text)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(24, 24, 27, 220));
+    painter.drawRoundedRect(tag, tagPadding, tagPadding);
+    painter.setPen(Qt::white);
+    painter.drawText(tag, Qt::AlignCenter, text);
 }
 
 void SelectionWindow::drawSelection(QPainter& painter) const
@@ -182,16 +206,26 @@ void SelectionWindow::drawSelection(QPainter& painter) const
     auto fill = accent;
     fill.setAlphaF(fillOpacity);
     painter.setRenderHint(QPainter::Antialiasing);
+    const double beside = (lineWidth + edgeWidth) / 2;
+    painter.setPen(QPen(edgeOf(accent), edgeWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.drawRect(m_selection.adjusted(-beside, -beside, beside, beside));
     painter.setPen(QPen(accent, lineWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.setBrush(fill);
     painter.drawRect(m_selection);
+    drawTag(painter, sizeTag(), sizeText());
+}
 
-    const auto tag = sizeTag();
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(24, 24, 27, 220));
-    painter.drawRoundedRect(tag, tagPadding, tagPadding);
-    painter.setPen(Qt::white);
-    painter.drawText(tag, Qt::AlignCenter, sizeText());
+QString SelectionWindow::hintText()
+{
+    return tr("Drag to record · Esc cancels");
+}
+
+/// In the middle of the upper part, where a screen's own bars are not.
+QRectF SelectionWindow::hintTag() const
+{
+    const QFontMetricsF metrics(font());
+    const QSizeF extent(metrics.horizontalAdvance(hintText()) + 2 * hintPadding, metrics.height() + hintPadding);
+    return {{(width() - extent.width()) / 2, height() * hintPlace}, extent};
 }
 
 QString SelectionWindow::sizeText() const
@@ -220,7 +254,7 @@ QRect SelectionWindow::drawnArea() const
 {
     if (m_selection.isNull())
         return {};
-    const double margin = lineWidth + 1;
+    const double margin = lineWidth + edgeWidth + 1;
     return m_selection.adjusted(-margin, -margin, margin, margin).united(sizeTag()).toAlignedRect();
 }
 

@@ -13,8 +13,9 @@
 
 namespace quillbox {
 
-/// The dimmed overlay: one drag of the mouse selects, Escape cancels, every other key is ignored. In front of
-/// everything on its screen, with the keyboard. Serves one gesture and deletes itself then. Thread: main.
+/// The dimmed overlay: one drag of the mouse selects, Escape and the right button cancel, every other key is ignored.
+/// Says so until the drag begins. In front of everything on its screen, with the keyboard. Serves one gesture and
+/// deletes itself then. Thread: main.
 class SelectionWindow : public QWidget {
     Q_OBJECT
 
@@ -48,7 +49,10 @@ protected:
 private:
     void finish(std::optional<CaptureRegion> region);
     void report(std::optional<CaptureRegion> region);
+    static void drawTag(QPainter& painter, const QRectF& tag, const QString& text);
     void drawSelection(QPainter& painter) const;
+    [[nodiscard]] static QString hintText();
+    [[nodiscard]] QRectF hintTag() const;
     [[nodiscard]] QString sizeText() const;
     [[nodiscard]] QRectF sizeTag() const;
     [[nodiscard]] QRect drawnArea() const;
