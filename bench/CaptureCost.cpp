@@ -8,7 +8,7 @@
 // of its threads; while everything moves, a frame without a new picture is a tick that was missed.
 #include "Painters.h"
 
-#include "Capture/CaptureBackend.h"
+#include "Capture/CaptureBackEnd.h"
 #include "Capture/StreamRecorder.h"
 
 #include <QCoreApplication>
@@ -89,7 +89,7 @@ struct Load {
 
 std::array<Load, 2> loads()
 {
-    const bool isWayland = captureBackend() == CaptureBackend::Portal;
+    const bool isWayland = chooseCapture().backEnd == CaptureBackEnd::Portal;
     return {{{"ordinary work", isWayland ? workOnWayland : bench::work},
         {"all in motion", isWayland ? moveOnWayland : bench::move}}};
 }

@@ -1,18 +1,18 @@
 #include "Capture/CaptureReport.h"
 
-#include "Capture/CaptureBackend.h"
+#include "Capture/CaptureBackEnd.h"
+#include "Capture/CaptureError.h"
 #include "Capture/PipeWire/PipeWireSession.h"
 #include "Capture/Portal/RestoreToken.h"
 #include "Capture/Portal/ScreenCastPortal.h"
-#include "Platform/CaptureError.h"
 #include "Platform/DBus/BusQueries.h"
 #include "Platform/Portal/DesktopPortal.h"
 #include "Platform/RunWithTimeout.h"
+#include "Platform/Sandbox.h"
 #include "Platform/X11/X11Display.h"
 #include "Translation/Translate.h"
 
 #include <QCoro/QCoroFuture>
-#include <QFile>
 
 #include <algorithm>
 #include <array>
@@ -57,7 +57,7 @@ ServiceReport x11Report()
                 translate("Doctor", "the server lacks %1: recording is slower, has no pointer, or knows no monitors"),
                 {absent}));
         report.health = absent.empty() ? Health::Works : Health::Limited;
-    } catch (const CaptureError& error) {
+    } catch (const DisplayError& error) {
         report.used = error.what();
         report.advice.emplace_back(
             translate("Doctor", "start it inside a desktop session; quillbox encode needs none"));
@@ -88,7 +88,7 @@ QCoro::Task<std::optional<PipeWireSession>> pipeWireSession()
     PipeWireSession whole;
     whole.isRunning = true;
     whole.hasManager = true;
-    if (QFile::exists(QStringLiteral("/.flatpak-info"))) // the portal reaches it from a sandbox
+    if (isInSandbox()) // the portal reaches it from a sandbox
         co_return whole;
     const auto answer = runWithTimeout<PipeWireSession>(reportPatience, &PipeWireSession::look);
     co_return co_await answer;
@@ -206,16 +206,14 @@ std::string CaptureReport::portalPackage(std::string_view desktop)
 
 QCoro::Task<ServiceReport> CaptureReport::make()
 {
-    const CaptureBackend backend = captureBackend();
-    if (backend == CaptureBackend::Portal) {
+    const auto choice = chooseCapture();
+    if (choice.backEnd == CaptureBackEnd::Portal) {
         auto asking = portalReport();
         co_return co_await asking;
     }
     ServiceReport report = begun();
-    if (backend != CaptureBackend::X11) {
-        report.used = withArguments(
-            translate("Doctor", "Switched off: QUILLBOX_CAPTURE_BACKEND is \"%1\", which is neither x11 nor portal"),
-            {qgetenv("QUILLBOX_CAPTURE_BACKEND").toStdString()});
+    if (choice.backEnd == CaptureBackEnd::None) {
+        report.used = choice.reason;
         co_return report;
     }
     const auto answer = runWithTimeout<ServiceReport>(reportPatience, &x11Report);

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Capture/CaptureError.h"
 #include "Capture/CaptureRegion.h"
 #include "Encoding/Pixels/PixelTypes.h"
-#include "Platform/CaptureError.h"
 
 #include <QCoro/QCoroTask>
 

@@ -1,6 +1,6 @@
 #include "Capture/ScreenSession.h"
 
-#include "Capture/CaptureBackend.h"
+#include "Capture/CaptureBackEnd.h"
 #include "Capture/Portal/PortalStream.h"
 #include "Capture/Portal/ScreenCastPortal.h"
 #include "Capture/X11/X11Stream.h"
@@ -61,12 +61,16 @@ void ScreenSession::closeCast()
 
 std::unique_ptr<CaptureStream> ScreenSession::makeStream()
 {
-    const auto backend = captureBackend();
-    if (backend == CaptureBackend::X11)
+    const auto choice = chooseCapture();
+    switch (choice.backEnd) {
+    case CaptureBackEnd::X11:
         return std::make_unique<X11Stream>();
-    if (backend == CaptureBackend::Portal)
+    case CaptureBackEnd::Portal:
         return std::make_unique<PortalStream>(std::exchange(m_cast, nullptr));
-    throw captureObstacle(backend);
+    case CaptureBackEnd::None:
+        break;
+    }
+    throw captureObstacle(choice);
 }
 
 QScreen* ScreenSession::castScreen() const

@@ -1,14 +1,13 @@
 #include "Platform/CancelEvent.h"
 
-#include "Platform/CaptureError.h"
-#include "Translation/Translate.h"
-
 #include <poll.h>
 #include <sys/eventfd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <ctime>
+#include <system_error>
 
 namespace quillbox {
 
@@ -16,8 +15,7 @@ CancelEvent::CancelEvent()
     : m_event(::eventfd(0, EFD_CLOEXEC))
 {
     if (m_event.number() < 0)
-        throw CaptureError(
-            CaptureError::Reason::Unreadable, translate("CaptureError", "Screen capture needs a free file descriptor"));
+        throw std::system_error(errno, std::generic_category());
 }
 
 void CancelEvent::raise()

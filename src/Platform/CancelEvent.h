@@ -10,7 +10,7 @@ namespace quillbox {
 /// A latch that poll() can wait for: one thread raises it to have others stop what they do. Thread: any.
 class CancelEvent {
 public:
-    /// @throws CaptureError  Unreadable: there is no free file descriptor.
+    /// @throws std::system_error  There is no free file descriptor.
     CancelEvent();
 
     void raise();

@@ -39,22 +39,6 @@
         <translation>Der Bereich liegt außerhalb des Hauptbildschirms mit %1×%2</translation>
     </message>
     <message>
-        <source>DISPLAY is not set, so there is no X11 display to record</source>
-        <translation>DISPLAY ist nicht gesetzt, es gibt also keinen X11-Bildschirm zum Aufnehmen</translation>
-    </message>
-    <message>
-        <source>The X11 display %1 can&apos;t be connected to</source>
-        <translation>Zum X11-Bildschirm %1 lässt sich keine Verbindung herstellen</translation>
-    </message>
-    <message>
-        <source>The screen&apos;s colours can&apos;t be read (depth %1); only true-colour screens can be recorded</source>
-        <translation>Die Farben des Bildschirms sind nicht lesbar (Farbtiefe %1); nur Echtfarbbildschirme lassen sich aufnehmen</translation>
-    </message>
-    <message>
-        <source>The connection to the X11 display was lost</source>
-        <translation>Die Verbindung zum X11-Bildschirm ist abgebrochen</translation>
-    </message>
-    <message>
         <source>Screen capture needs a free file descriptor</source>
         <translation>Die Bildschirmaufnahme braucht einen freien Dateideskriptor</translation>
     </message>
@@ -69,10 +53,6 @@
     <message>
         <source>The X11 display refuses to show its pixels</source>
         <translation>Der X11-Bildschirm gibt seine Pixel nicht heraus</translation>
-    </message>
-    <message>
-        <source>QUILLBOX_CAPTURE_BACKEND is &quot;%1&quot;, which is none of x11, portal and none</source>
-        <translation>QUILLBOX_CAPTURE_BACKEND ist „%1“, also weder x11 noch portal noch none</translation>
     </message>
     <message>
         <source>PipeWire, which carries the screen&apos;s pictures, can&apos;t be reached</source>
@@ -194,6 +174,25 @@
     <message>
         <source>%1. quillbox record and encode work from a terminal</source>
         <translation>%1. quillbox record und encode laufen auch in einem Terminal</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayError</name>
+    <message>
+        <source>DISPLAY is not set, so there is no X11 display to record</source>
+        <translation>DISPLAY ist nicht gesetzt, es gibt also keinen X11-Bildschirm zum Aufnehmen</translation>
+    </message>
+    <message>
+        <source>The X11 display %1 can&apos;t be connected to</source>
+        <translation>Zum X11-Bildschirm %1 lässt sich keine Verbindung herstellen</translation>
+    </message>
+    <message>
+        <source>The screen&apos;s colours can&apos;t be read (depth %1); only true-colour screens can be recorded</source>
+        <translation>Die Farben des Bildschirms sind nicht lesbar (Farbtiefe %1); nur Echtfarbbildschirme lassen sich aufnehmen</translation>
+    </message>
+    <message>
+        <source>The connection to the X11 display was lost</source>
+        <translation>Die Verbindung zum X11-Bildschirm ist abgebrochen</translation>
     </message>
 </context>
 <context>
@@ -389,10 +388,6 @@
     <message>
         <source>log in again when it is installed: the portal looks for its pieces only once</source>
         <translation>melden Sie sich nach der Installation neu an: Das Portal sucht seine Teile nur einmal</translation>
-    </message>
-    <message>
-        <source>Switched off: QUILLBOX_CAPTURE_BACKEND is &quot;%1&quot;, which is neither x11 nor portal</source>
-        <translation>Abgeschaltet: QUILLBOX_CAPTURE_BACKEND ist „%1“, also weder x11 noch portal</translation>
     </message>
     <message>
         <source>The X server does not answer</source>

@@ -39,22 +39,6 @@
         <translation>El área queda fuera de la pantalla principal, que mide %1×%2</translation>
     </message>
     <message>
-        <source>DISPLAY is not set, so there is no X11 display to record</source>
-        <translation>DISPLAY no está definida, así que no hay ninguna pantalla X11 que grabar</translation>
-    </message>
-    <message>
-        <source>The X11 display %1 can&apos;t be connected to</source>
-        <translation>No se puede conectar con la pantalla X11 %1</translation>
-    </message>
-    <message>
-        <source>The screen&apos;s colours can&apos;t be read (depth %1); only true-colour screens can be recorded</source>
-        <translation>No se pueden leer los colores de la pantalla (profundidad %1); solo se pueden grabar pantallas en color verdadero</translation>
-    </message>
-    <message>
-        <source>The connection to the X11 display was lost</source>
-        <translation>Se ha perdido la conexión con la pantalla X11</translation>
-    </message>
-    <message>
         <source>Screen capture needs a free file descriptor</source>
         <translation>La captura de pantalla necesita un descriptor de archivo libre</translation>
     </message>
@@ -69,10 +53,6 @@
     <message>
         <source>The X11 display refuses to show its pixels</source>
         <translation>La pantalla X11 se niega a mostrar sus píxeles</translation>
-    </message>
-    <message>
-        <source>QUILLBOX_CAPTURE_BACKEND is &quot;%1&quot;, which is none of x11, portal and none</source>
-        <translation>QUILLBOX_CAPTURE_BACKEND vale «%1», que no es ni x11 ni portal ni none</translation>
     </message>
     <message>
         <source>PipeWire, which carries the screen&apos;s pictures, can&apos;t be reached</source>
@@ -194,6 +174,25 @@
     <message>
         <source>%1. quillbox record and encode work from a terminal</source>
         <translation>%1. quillbox record y encode funcionan desde un terminal</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayError</name>
+    <message>
+        <source>DISPLAY is not set, so there is no X11 display to record</source>
+        <translation>DISPLAY no está definida, así que no hay ninguna pantalla X11 que grabar</translation>
+    </message>
+    <message>
+        <source>The X11 display %1 can&apos;t be connected to</source>
+        <translation>No se puede conectar con la pantalla X11 %1</translation>
+    </message>
+    <message>
+        <source>The screen&apos;s colours can&apos;t be read (depth %1); only true-colour screens can be recorded</source>
+        <translation>No se pueden leer los colores de la pantalla (profundidad %1); solo se pueden grabar pantallas en color verdadero</translation>
+    </message>
+    <message>
+        <source>The connection to the X11 display was lost</source>
+        <translation>Se ha perdido la conexión con la pantalla X11</translation>
     </message>
 </context>
 <context>
@@ -389,10 +388,6 @@
     <message>
         <source>log in again when it is installed: the portal looks for its pieces only once</source>
         <translation>vuelva a iniciar sesión tras instalarlo: el portal busca sus piezas una sola vez</translation>
-    </message>
-    <message>
-        <source>Switched off: QUILLBOX_CAPTURE_BACKEND is &quot;%1&quot;, which is neither x11 nor portal</source>
-        <translation>Desactivado: QUILLBOX_CAPTURE_BACKEND vale «%1», que no es ni x11 ni portal</translation>
     </message>
     <message>
         <source>The X server does not answer</source>

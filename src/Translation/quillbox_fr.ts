@@ -39,22 +39,6 @@
         <translation>La zone est en dehors de l&apos;écran principal, qui mesure %1×%2</translation>
     </message>
     <message>
-        <source>DISPLAY is not set, so there is no X11 display to record</source>
-        <translation>DISPLAY n&apos;est pas défini, il n&apos;y a donc pas d&apos;écran X11 à enregistrer</translation>
-    </message>
-    <message>
-        <source>The X11 display %1 can&apos;t be connected to</source>
-        <translation>Impossible de se connecter à l&apos;écran X11 %1</translation>
-    </message>
-    <message>
-        <source>The screen&apos;s colours can&apos;t be read (depth %1); only true-colour screens can be recorded</source>
-        <translation>Impossible de lire les couleurs de l&apos;écran (profondeur %1)&#xa0;; seuls les écrans en vraies couleurs peuvent être enregistrés</translation>
-    </message>
-    <message>
-        <source>The connection to the X11 display was lost</source>
-        <translation>La connexion à l&apos;écran X11 a été perdue</translation>
-    </message>
-    <message>
         <source>Screen capture needs a free file descriptor</source>
         <translation>La capture d&apos;écran a besoin d&apos;un descripteur de fichier libre</translation>
     </message>
@@ -69,10 +53,6 @@
     <message>
         <source>The X11 display refuses to show its pixels</source>
         <translation>L&apos;écran X11 refuse de livrer ses pixels</translation>
-    </message>
-    <message>
-        <source>QUILLBOX_CAPTURE_BACKEND is &quot;%1&quot;, which is none of x11, portal and none</source>
-        <translation>QUILLBOX_CAPTURE_BACKEND vaut «&#xa0;%1&#xa0;», ce qui n&apos;est ni x11, ni portal, ni none</translation>
     </message>
     <message>
         <source>PipeWire, which carries the screen&apos;s pictures, can&apos;t be reached</source>
@@ -194,6 +174,25 @@
     <message>
         <source>%1. quillbox record and encode work from a terminal</source>
         <translation>%1. quillbox record et encode fonctionnent depuis un terminal</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayError</name>
+    <message>
+        <source>DISPLAY is not set, so there is no X11 display to record</source>
+        <translation>DISPLAY n&apos;est pas défini, il n&apos;y a donc pas d&apos;écran X11 à enregistrer</translation>
+    </message>
+    <message>
+        <source>The X11 display %1 can&apos;t be connected to</source>
+        <translation>Impossible de se connecter à l&apos;écran X11 %1</translation>
+    </message>
+    <message>
+        <source>The screen&apos;s colours can&apos;t be read (depth %1); only true-colour screens can be recorded</source>
+        <translation>Impossible de lire les couleurs de l&apos;écran (profondeur %1)&#xa0;; seuls les écrans en vraies couleurs peuvent être enregistrés</translation>
+    </message>
+    <message>
+        <source>The connection to the X11 display was lost</source>
+        <translation>La connexion à l&apos;écran X11 a été perdue</translation>
     </message>
 </context>
 <context>
@@ -389,10 +388,6 @@
     <message>
         <source>log in again when it is installed: the portal looks for its pieces only once</source>
         <translation>reconnectez-vous après l&apos;installation&#xa0;: le portail ne cherche ses éléments qu&apos;une fois</translation>
-    </message>
-    <message>
-        <source>Switched off: QUILLBOX_CAPTURE_BACKEND is &quot;%1&quot;, which is neither x11 nor portal</source>
-        <translation>Désactivé&#xa0;: QUILLBOX_CAPTURE_BACKEND vaut «&#xa0;%1&#xa0;», ce qui n&apos;est ni x11 ni portal</translation>
     </message>
     <message>
         <source>The X server does not answer</source>

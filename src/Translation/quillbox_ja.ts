@@ -39,22 +39,6 @@
         <translation>範囲がメインディスプレイ (%1×%2) の外にあります</translation>
     </message>
     <message>
-        <source>DISPLAY is not set, so there is no X11 display to record</source>
-        <translation>DISPLAY が設定されていないため、録画できる X11 ディスプレイがありません</translation>
-    </message>
-    <message>
-        <source>The X11 display %1 can&apos;t be connected to</source>
-        <translation>X11 ディスプレイ %1 に接続できません</translation>
-    </message>
-    <message>
-        <source>The screen&apos;s colours can&apos;t be read (depth %1); only true-colour screens can be recorded</source>
-        <translation>画面の色を読み取れません (色深度 %1)。録画できるのはトゥルーカラーの画面だけです</translation>
-    </message>
-    <message>
-        <source>The connection to the X11 display was lost</source>
-        <translation>X11 ディスプレイへの接続が失われました</translation>
-    </message>
-    <message>
         <source>Screen capture needs a free file descriptor</source>
         <translation>画面の取り込みには空きファイル記述子が必要です</translation>
     </message>
@@ -69,10 +53,6 @@
     <message>
         <source>The X11 display refuses to show its pixels</source>
         <translation>X11 ディスプレイがピクセルの読み取りを拒否しています</translation>
-    </message>
-    <message>
-        <source>QUILLBOX_CAPTURE_BACKEND is &quot;%1&quot;, which is none of x11, portal and none</source>
-        <translation>QUILLBOX_CAPTURE_BACKEND の値「%1」は x11、portal、none のいずれでもありません</translation>
     </message>
     <message>
         <source>PipeWire, which carries the screen&apos;s pictures, can&apos;t be reached</source>
@@ -194,6 +174,25 @@
     <message>
         <source>%1. quillbox record and encode work from a terminal</source>
         <translation>%1。quillbox record と encode は端末から使えます</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayError</name>
+    <message>
+        <source>DISPLAY is not set, so there is no X11 display to record</source>
+        <translation>DISPLAY が設定されていないため、録画できる X11 ディスプレイがありません</translation>
+    </message>
+    <message>
+        <source>The X11 display %1 can&apos;t be connected to</source>
+        <translation>X11 ディスプレイ %1 に接続できません</translation>
+    </message>
+    <message>
+        <source>The screen&apos;s colours can&apos;t be read (depth %1); only true-colour screens can be recorded</source>
+        <translation>画面の色を読み取れません (色深度 %1)。録画できるのはトゥルーカラーの画面だけです</translation>
+    </message>
+    <message>
+        <source>The connection to the X11 display was lost</source>
+        <translation>X11 ディスプレイへの接続が失われました</translation>
     </message>
 </context>
 <context>
@@ -389,10 +388,6 @@
     <message>
         <source>log in again when it is installed: the portal looks for its pieces only once</source>
         <translation>インストール後にログインし直してください。ポータルが構成要素を探すのは一度だけです</translation>
-    </message>
-    <message>
-        <source>Switched off: QUILLBOX_CAPTURE_BACKEND is &quot;%1&quot;, which is neither x11 nor portal</source>
-        <translation>無効: QUILLBOX_CAPTURE_BACKEND の値「%1」は x11 でも portal でもありません</translation>
     </message>
     <message>
         <source>The X server does not answer</source>

@@ -39,22 +39,6 @@
         <translation>该区域位于主显示器（%1×%2）之外</translation>
     </message>
     <message>
-        <source>DISPLAY is not set, so there is no X11 display to record</source>
-        <translation>未设置 DISPLAY，因此没有可录制的 X11 显示器</translation>
-    </message>
-    <message>
-        <source>The X11 display %1 can&apos;t be connected to</source>
-        <translation>无法连接到 X11 显示器 %1</translation>
-    </message>
-    <message>
-        <source>The screen&apos;s colours can&apos;t be read (depth %1); only true-colour screens can be recorded</source>
-        <translation>无法读取屏幕颜色（色深 %1）；只能录制真彩色屏幕</translation>
-    </message>
-    <message>
-        <source>The connection to the X11 display was lost</source>
-        <translation>与 X11 显示器的连接已断开</translation>
-    </message>
-    <message>
         <source>Screen capture needs a free file descriptor</source>
         <translation>屏幕捕获需要一个空闲的文件描述符</translation>
     </message>
@@ -69,10 +53,6 @@
     <message>
         <source>The X11 display refuses to show its pixels</source>
         <translation>X11 显示器拒绝提供其像素</translation>
-    </message>
-    <message>
-        <source>QUILLBOX_CAPTURE_BACKEND is &quot;%1&quot;, which is none of x11, portal and none</source>
-        <translation>QUILLBOX_CAPTURE_BACKEND 的值“%1”不是 x11、portal 或 none</translation>
     </message>
     <message>
         <source>PipeWire, which carries the screen&apos;s pictures, can&apos;t be reached</source>
@@ -194,6 +174,25 @@
     <message>
         <source>%1. quillbox record and encode work from a terminal</source>
         <translation>%1。quillbox record 和 encode 可在终端中使用</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayError</name>
+    <message>
+        <source>DISPLAY is not set, so there is no X11 display to record</source>
+        <translation>未设置 DISPLAY，因此没有可录制的 X11 显示器</translation>
+    </message>
+    <message>
+        <source>The X11 display %1 can&apos;t be connected to</source>
+        <translation>无法连接到 X11 显示器 %1</translation>
+    </message>
+    <message>
+        <source>The screen&apos;s colours can&apos;t be read (depth %1); only true-colour screens can be recorded</source>
+        <translation>无法读取屏幕颜色（色深 %1）；只能录制真彩色屏幕</translation>
+    </message>
+    <message>
+        <source>The connection to the X11 display was lost</source>
+        <translation>与 X11 显示器的连接已断开</translation>
     </message>
 </context>
 <context>
@@ -389,10 +388,6 @@
     <message>
         <source>log in again when it is installed: the portal looks for its pieces only once</source>
         <translation>安装后请重新登录：门户只查找一次其组件</translation>
-    </message>
-    <message>
-        <source>Switched off: QUILLBOX_CAPTURE_BACKEND is &quot;%1&quot;, which is neither x11 nor portal</source>
-        <translation>已关闭：QUILLBOX_CAPTURE_BACKEND 的值“%1”既不是 x11 也不是 portal</translation>
     </message>
     <message>
         <source>The X server does not answer</source>

@@ -4,9 +4,9 @@
 
 #include "App/Updates/UpdaterController.h"
 #include "App/Workflow/CurrentCoordinator.h"
+#include "Capture/CaptureError.h"
 #include "Capture/RecorderControlling.h"
 #include "Capture/Region/RegionSelector.h"
-#include "Platform/CaptureError.h"
 #include "PostCapture/FileReveal.h"
 #include "PostCapture/HistoryStore.h"
 

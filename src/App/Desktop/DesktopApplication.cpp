@@ -1,6 +1,6 @@
 #include "App/Desktop/DesktopApplication.h"
 
-#include "Platform/CaptureError.h"
+#include "Platform/DisplayError.h"
 #include "Platform/QtArguments.h"
 #include "Platform/WindowSystem.h"
 #include "Platform/X11/X11Queries.h"
@@ -18,7 +18,7 @@ int& checked(int& count)
         return count;
     try {
         X11Queries::checkDisplay();
-    } catch (const CaptureError& error) {
+    } catch (const DisplayError& error) {
         throw NoDesktopError(withArguments(
             translate("DesktopApplication", "%1. quillbox record and encode work from a terminal"), {error.what()}));
     }

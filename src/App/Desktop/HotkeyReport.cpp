@@ -5,8 +5,8 @@
 #include "App/Hotkey/HotkeyRefusal.h"
 #include "App/Hotkey/ShortcutsPortal.h"
 #include "App/Hotkey/X11Hotkey.h"
-#include "Platform/CaptureError.h"
 #include "Platform/DBus/BusQueries.h"
+#include "Platform/DisplayError.h"
 #include "Platform/Portal/PortalSession.h"
 #include "Platform/RunWithTimeout.h"
 #include "Translation/Translate.h"
@@ -71,7 +71,7 @@ HotkeyStatus tryOutDefault()
 {
     try {
         return X11Hotkey::tryOut(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
-    } catch (const CaptureError&) {
+    } catch (const DisplayError&) {
         return HotkeyStatus::Unavailable; // the report on the screen says more
     }
 }

@@ -1,8 +1,8 @@
 #include "App/Desktop/TrayReport.h"
 
 #include "App/Desktop/TrayHost.h"
-#include "Platform/CaptureError.h"
 #include "Platform/DBus/BusQueries.h"
+#include "Platform/DisplayError.h"
 #include "Platform/RunWithTimeout.h"
 #include "Platform/WindowSystem.h"
 #include "Platform/X11/X11Queries.h"
@@ -22,7 +22,7 @@ bool hasTraySelection()
 {
     try {
         return X11Queries::isSelectionOwnedOnDisplay(TrayHost::traySelection);
-    } catch (const CaptureError&) {
+    } catch (const DisplayError&) {
         return false; // the report on the screen says that there is no server
     }
 }

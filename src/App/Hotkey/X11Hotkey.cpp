@@ -2,7 +2,7 @@
 
 #include "App/Hotkey/HotkeyMath.h"
 #include "App/Hotkey/KeyboardMap.h"
-#include "Platform/CaptureError.h"
+#include "Platform/DisplayError.h"
 #include "Platform/X11/X11Display.h"
 
 #include <QSocketNotifier>
@@ -47,7 +47,7 @@ X11Hotkey::X11Hotkey()
 {
     try {
         m_connection = std::make_unique<Connection>();
-    } catch (const CaptureError&) {
+    } catch (const DisplayError&) {
         return; // no X server: the status says unavailable once it is asked for
     }
     connect(&m_connection->notifier, &QSocketNotifier::activated, this, &X11Hotkey::takeEvents);

@@ -20,7 +20,7 @@ public:
     void grab(std::uint32_t keyCode, std::uint32_t modifiers) override;
 
     /// What would become of that wish now. It is taken hold of for a moment, on another connection. Thread: any.
-    /// @throws CaptureError  NoDisplay: no X server answers.
+    /// @throws DisplayError  NoDisplay: no X server answers.
     [[nodiscard]] static HotkeyStatus tryOut(std::uint32_t keyCode, std::uint32_t modifiers);
 
 private:

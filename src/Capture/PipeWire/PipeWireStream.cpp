@@ -282,8 +282,7 @@ template <typename Step> void PipeWireStream::Connection::guarded(const Step& st
     } catch (const CaptureError& error) {
         fail(error);
     } catch (const std::exception& error) { // out of memory
-        fail(CaptureError(
-            Reason::Unreadable, withArguments(translate("CaptureError", "Screen capture failed: %1"), {error.what()})));
+        fail(CaptureError::failed(error));
     }
 }
 

@@ -3,9 +3,23 @@
 #include "Capture/Wayland/Compositor.h"
 
 #include <memory>
+#include <system_error>
 #include <utility>
 
 namespace quillbox {
+
+namespace {
+
+std::shared_ptr<CancelEvent> makeCancelEvent()
+{
+    try {
+        return std::make_shared<CancelEvent>();
+    } catch (const std::system_error& error) {
+        throw CaptureError::failed(error);
+    }
+}
+
+} // namespace
 
 PipeWireStream::Source sourceOf(const ScreenCast& cast, FileDescriptor remote, std::optional<PixelSize> points)
 {
@@ -13,7 +27,7 @@ PipeWireStream::Source sourceOf(const ScreenCast& cast, FileDescriptor remote, s
     source.remote = std::move(remote);
     source.node = cast.node;
     const auto compositor = std::make_shared<std::optional<Compositor>>(); // connected by the thread that asks
-    const auto stop = std::make_shared<CancelEvent>();
+    const auto stop = makeCancelEvent();
     source.stop = [stop] {
         stop->raise();
     };

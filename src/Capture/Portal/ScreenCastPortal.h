@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Capture/CaptureError.h"
 #include "Capture/Portal/ScreenCast.h"
-#include "Platform/CaptureError.h"
 #include "Platform/FileDescriptor.h"
 #include "Platform/Portal/PortalSession.h"
 

@@ -1,6 +1,6 @@
 #include "Capture/Region/RegionSelector.h"
 
-#include "Capture/CaptureBackend.h"
+#include "Capture/CaptureBackEnd.h"
 #include "Capture/Region/CastScreen.h"
 #include "Capture/Region/ScreenBackdrop.h"
 #include "Capture/Region/SelectionWindow.h"
@@ -120,13 +120,17 @@ void RegionSelector::present(Completion completion)
         completion(Cancelled{});
         return;
     }
-    const auto backend = captureBackend();
-    if (backend == CaptureBackend::X11)
+    const auto choice = chooseCapture();
+    switch (choice.backEnd) {
+    case CaptureBackEnd::X11:
         presentOnX11(completion);
-    else if (backend == CaptureBackend::Portal)
+        return;
+    case CaptureBackEnd::Portal:
         detach(presentOnCast(m_screen, std::move(completion)));
-    else
-        completion(captureObstacle(backend));
+        return;
+    case CaptureBackEnd::None:
+        completion(captureObstacle(choice));
+    }
 }
 
 } // namespace quillbox

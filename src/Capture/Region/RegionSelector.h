@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Capture/CaptureError.h"
 #include "Capture/CaptureRegion.h"
 #include "Capture/ScreenSession.h"
-#include "Platform/CaptureError.h"
 
 #include <functional>
 #include <memory>

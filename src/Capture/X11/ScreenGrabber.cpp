@@ -1,6 +1,6 @@
 #include "Capture/X11/ScreenGrabber.h"
 
-#include "Platform/CaptureError.h"
+#include "Capture/CaptureError.h"
 #include "Translation/Translate.h"
 
 #include <algorithm>

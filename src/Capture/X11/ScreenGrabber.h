@@ -17,12 +17,13 @@ class ScreenGrabber {
 public:
     /// @param display  Outlives the grabber.
     /// @param scale  Device pixels a point, above 0.
-    /// @throws CaptureError  OutsideDisplay or Unreadable.
+    /// @throws CaptureError  OutsideDisplay.
+    /// @throws DisplayError  Unreadable.
     ScreenGrabber(const X11Display& display, CaptureRegion region, double scale);
 
-    /// The region's picture if it has changed since the last call; the first call always gives one, or throws. All are
-    /// of one size. What has left the screen because that became smaller is black.
-    /// @throws CaptureError  DisplayGone; Unreadable if the first grab is refused.
+    /// The region's picture if it has changed since the last call; the first call gives one unless the server refuses
+    /// it. All are of one size. What has left the screen because that became smaller is black.
+    /// @throws DisplayError  Gone.
     [[nodiscard]] std::optional<RGBAFrame> grab();
 
 private:

@@ -19,7 +19,7 @@ public:
     /// Black at first.
     /// @param display  Outlives the picture.
     /// @param source   In coordinates of the whole screen.
-    /// @throws CaptureError  Unreadable.
+    /// @throws DisplayError  Unreadable.
     ScreenPicture(const X11Display& display, PixelRect source);
 
     [[nodiscard]] PixelRect source() const { return m_source; }

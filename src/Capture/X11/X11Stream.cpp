@@ -18,7 +18,7 @@
 
 #include <atomic>
 #include <optional>
-#include <string>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -103,9 +103,10 @@ void X11Stream::Worker::run()
         capture();
     } catch (const CaptureError& error) {
         failure = error;
+    } catch (const DisplayError& error) {
+        failure.emplace(error);
     } catch (const std::exception& error) { // out of memory
-        failure.emplace(CaptureError::Reason::Unreadable,
-            withArguments(translate("CaptureError", "Screen capture failed: %1"), {error.what()}));
+        failure = CaptureError::failed(error);
     }
     if (m_stop.isRaised()) // whatever broke then, broke because of it
         failure = CaptureError::stopped();
@@ -152,7 +153,11 @@ X11Stream::~X11Stream() = default;
 QCoro::Task<> X11Stream::start(CaptureRegion region, FrameSink sink)
 {
     precondition(!m_worker, "a stream is started once");
-    m_worker = std::make_unique<Worker>(region, std::move(sink));
+    try {
+        m_worker = std::make_unique<Worker>(region, std::move(sink));
+    } catch (const std::system_error& error) { // no thread, or no descriptor for it
+        throw CaptureError::failed(error);
+    }
     const QFuture<Worker::StartOutcome> started = m_worker->started();
     const Worker::StartOutcome outcome = co_await started; // this object may be gone from here on
     if (outcome)

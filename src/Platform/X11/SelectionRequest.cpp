@@ -1,6 +1,6 @@
 #include "Platform/X11/SelectionRequest.h"
 
-#include "Platform/CaptureError.h"
+#include "Platform/DisplayError.h"
 #include "Platform/X11/X11Display.h"
 #include "Platform/X11/X11Queries.h"
 
@@ -43,7 +43,7 @@ std::unique_ptr<SelectionRequest> SelectionRequest::ask(std::string_view selecti
             atomOf(connection, "QUILLBOX_SELECTION"), XCB_CURRENT_TIME);
         xcb_flush(connection);
         return std::unique_ptr<SelectionRequest>(new SelectionRequest(std::move(own)));
-    } catch (const CaptureError&) {
+    } catch (const DisplayError&) {
         return nullptr; // the display is gone, and every selection with it
     }
 }

@@ -1,6 +1,6 @@
 #include "Platform/X11/X11Display.h"
 
-#include "Platform/CaptureError.h"
+#include "Platform/DisplayError.h"
 #include "Platform/X11/DisplayScale.h"
 #include "Translation/Translate.h"
 
@@ -77,13 +77,13 @@ X11Display::X11Display()
 {
     const char* const name = std::getenv("DISPLAY");
     if (name == nullptr || *name == '\0')
-        throw CaptureError(CaptureError::Reason::NoDisplay,
-            translate("CaptureError", "DISPLAY is not set, so there is no X11 display to record"));
+        throw DisplayError(DisplayError::Reason::NoDisplay,
+            translate("DisplayError", "DISPLAY is not set, so there is no X11 display to record"));
     int screenNumber = 0;
     m_connection.reset(xcb_connect(nullptr, &screenNumber));
     if (xcb_connection_has_error(connection()) != 0)
-        throw CaptureError(CaptureError::Reason::NoDisplay,
-            withArguments(translate("CaptureError", "The X11 display %1 can't be connected to"), {name}));
+        throw DisplayError(DisplayError::Reason::NoDisplay,
+            withArguments(translate("DisplayError", "The X11 display %1 can't be connected to"), {name}));
     m_screen = screenOf(connection(), screenNumber);
     findExtensions();
 }
@@ -185,9 +185,9 @@ X11PixelFormat X11Display::layout() const
         layout.carriesAlpha = m_screen->root_depth == 32 && layout.isBGRA();
     }
     if (!known || !hasMasks || !layout.isReadable())
-        throw CaptureError(CaptureError::Reason::Unreadable,
+        throw DisplayError(DisplayError::Reason::Unreadable,
             withArguments(
-                translate("CaptureError",
+                translate("DisplayError",
                     "The screen's colours can't be read (depth %1); only true-colour screens can be recorded"),
                 {std::to_string(m_screen->root_depth)}));
     return layout;
@@ -196,8 +196,8 @@ X11PixelFormat X11Display::layout() const
 void X11Display::checkConnection() const
 {
     if (xcb_connection_has_error(connection()) != 0)
-        throw CaptureError(
-            CaptureError::Reason::DisplayGone, translate("CaptureError", "The connection to the X11 display was lost"));
+        throw DisplayError(
+            DisplayError::Reason::Gone, translate("DisplayError", "The connection to the X11 display was lost"));
 }
 
 } // namespace quillbox

@@ -22,7 +22,7 @@ template <typename T> using XCBPointer = std::unique_ptr<T, XCBDeleter>;
 class X11Display {
 public:
     /// Connects; may wait for the server.
-    /// @throws CaptureError  NoDisplay: DISPLAY is not set, or nothing answers there.
+    /// @throws DisplayError  NoDisplay: DISPLAY is not set, or nothing answers there.
     X11Display();
 
     [[nodiscard]] xcb_connection_t* connection() const { return m_connection.get(); }
@@ -36,7 +36,7 @@ public:
     /// Device pixels a point, above 0, for a program without windows: the resource Xft.dpi ÷ 96 (1 without one) × the
     /// environment variable QT_SCALE_FACTOR, as Qt computes it where nothing else is set.
     [[nodiscard]] double scale() const;
-    /// @throws CaptureError  Unreadable: the screen has no true colours.
+    /// @throws DisplayError  Unreadable: the screen has no true colours.
     [[nodiscard]] X11PixelFormat layout() const;
 
     /// Which extensions can be used; where events belong to one, the number of its first event.
@@ -49,7 +49,7 @@ public:
     /// wait for the server.
     [[nodiscard]] int socket() const { return xcb_get_file_descriptor(connection()); }
 
-    /// @throws CaptureError  DisplayGone: the connection broke.
+    /// @throws DisplayError  Gone: the connection broke.
     void checkConnection() const;
 
 private:

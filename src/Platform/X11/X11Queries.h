@@ -8,7 +8,7 @@ namespace quillbox {
 namespace X11Queries {
 
 /// Makes sure that a display answers where DISPLAY says it is.
-/// @throws CaptureError  NoDisplay
+/// @throws DisplayError  NoDisplay
 void checkDisplay();
 
 /// Whether a program owns the selection of that name on the toolkit's display; false on another window system.
@@ -16,7 +16,7 @@ void checkDisplay();
 [[nodiscard]] bool isSelectionOwned(std::string_view name);
 
 /// The same for the display that DISPLAY names, without the toolkit; may wait for the server. Thread: any.
-/// @throws CaptureError  NoDisplay
+/// @throws DisplayError  NoDisplay
 [[nodiscard]] bool isSelectionOwnedOnDisplay(std::string_view name);
 
 /// Returns once the server has carried out all that the toolkit has asked of it; at once on another window system.

@@ -1,6 +1,6 @@
 #include "PostCapture/Clipboard/Clipboard.h"
 
-#include "Platform/CaptureError.h"
+#include "Platform/DisplayError.h"
 #include "PostCapture/Clipboard/ClipboardChoice.h"
 #include "PostCapture/Clipboard/ClipboardOwner.h"
 #include "PostCapture/Clipboard/ToolkitClipboard.h"
@@ -32,7 +32,7 @@ std::unique_ptr<ClipboardOwner> openSelection()
 {
     try {
         return std::make_unique<SelectionOwner>("CLIPBOARD");
-    } catch (const CaptureError&) {
+    } catch (const DisplayError&) {
         return nullptr;
     }
 }

@@ -1,6 +1,6 @@
 #include "PostCapture/Clipboard/ClipboardReport.h"
 
-#include "Platform/CaptureError.h"
+#include "Platform/DisplayError.h"
 #include "Platform/RunWithTimeout.h"
 #include "Platform/X11/X11Queries.h"
 #include "PostCapture/Clipboard/ClipboardChoice.h"
@@ -28,7 +28,7 @@ ServiceReport x11Report()
                 : translate("Doctor", "no clipboard manager: a clip stays while Quillbox runs"));
         report.used = translate("Doctor", "the X server's selection");
         report.health = Health::Works;
-    } catch (const CaptureError&) {
+    } catch (const DisplayError&) {
         report.used = translate("Doctor", "There is no display"); // the report on the screen says more
     }
     return report;

@@ -1,6 +1,6 @@
 #include "Capture/PipeWire/StreamPicture.h"
 
-#include "Platform/CaptureError.h"
+#include "Capture/CaptureError.h"
 
 #include <gtest/gtest.h>
 

@@ -15,7 +15,7 @@ class SelectionOwner : public ClipboardOwner {
     Q_OBJECT
 
 public:
-    /// @throws CaptureError  NoDisplay
+    /// @throws DisplayError  NoDisplay
     explicit SelectionOwner(std::string_view selection);
     ~SelectionOwner() override;
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/DisplayError.h"
+
 #include <exception>
 #include <string>
 #include <utility>
@@ -26,9 +28,13 @@ public:
         , m_sentence(std::move(sentence))
     {
     }
+    /// What a display that can't be used means for capturing it.
+    explicit CaptureError(const DisplayError& error);
 
     /// What a start fails with that was given up.
     [[nodiscard]] static CaptureError stopped();
+    /// Unreadable, because of what the system refuses, such as memory or a file descriptor.
+    [[nodiscard]] static CaptureError failed(const std::exception& error);
 
     [[nodiscard]] Reason reason() const { return m_reason; }
     [[nodiscard]] const char* what() const noexcept override { return m_sentence.c_str(); }

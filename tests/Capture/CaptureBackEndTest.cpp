@@ -8,7 +8,7 @@
 namespace quillbox {
 
 /// The choice of a back end.
-class CaptureBackendTest : public QObject {
+class CaptureBackEndTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -18,17 +18,17 @@ private Q_SLOTS:
     void theBackEndIsTheSessions();
 };
 
-void CaptureBackendTest::theBackEndCanBeChosenByName_data()
+void CaptureBackEndTest::theBackEndCanBeChosenByName_data()
 {
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<QString>("sentence");
     QTest::newRow("none") << QByteArray("none")
                           << QStringLiteral("Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND");
     QTest::newRow("unknown") << QByteArray(
-        "mirror") << QStringLiteral("QUILLBOX_CAPTURE_BACKEND is \"mirror\", which is none of x11, portal and none");
+        "mirror") << QStringLiteral("QUILLBOX_CAPTURE_BACKEND is \"mirror\", which is none of x11, portal, none");
 }
 
-void CaptureBackendTest::theBackEndCanBeChosenByName()
+void CaptureBackEndTest::theBackEndCanBeChosenByName()
 {
     QFETCH(const QByteArray, name);
     QFETCH(const QString, sentence);
@@ -43,7 +43,7 @@ void CaptureBackendTest::theBackEndCanBeChosenByName()
     QCOMPARE(said, sentence);
 }
 
-void CaptureBackendTest::theBackEndIsTheSessions_data()
+void CaptureBackEndTest::theBackEndIsTheSessions_data()
 {
     QTest::addColumn<QByteArray>("chosen");
     QTest::addColumn<QByteArray>("waylandDisplay");
@@ -57,7 +57,7 @@ void CaptureBackendTest::theBackEndIsTheSessions_data()
     QTest::newRow("X11 on Wayland") << QByteArray("x11") << QByteArray("wayland-1") << QByteArray("wayland") << false;
 }
 
-void CaptureBackendTest::theBackEndIsTheSessions()
+void CaptureBackEndTest::theBackEndIsTheSessions()
 {
     QFETCH(const QByteArray, chosen);
     QFETCH(const QByteArray, waylandDisplay);
@@ -73,5 +73,5 @@ void CaptureBackendTest::theBackEndIsTheSessions()
 
 } // namespace quillbox
 
-QTEST_GUILESS_MAIN(quillbox::CaptureBackendTest)
-#include "CaptureBackendTest.moc"
+QTEST_GUILESS_MAIN(quillbox::CaptureBackEndTest)
+#include "CaptureBackEndTest.moc"
