@@ -4,16 +4,12 @@
 #include "Translation/Translate.h"
 
 namespace quillbox {
-namespace {
 
-using BackEnd = CaptureBackEnd;
-
-constexpr BackEndNames<BackEnd, 3> names{{{"x11", BackEnd::X11}, {"portal", BackEnd::Portal}, {"none", BackEnd::None}}};
-
-} // namespace
-
-BackEndChoice<BackEnd> chooseCapture()
+BackEndChoice<CaptureBackEnd> chooseCapture()
 {
+    using BackEnd = CaptureBackEnd;
+    static constexpr BackEndNames<BackEnd, 3> names{
+        {{"x11", BackEnd::X11}, {"portal", BackEnd::Portal}, {"none", BackEnd::None}}};
     auto choice = backEndByEnvironment("QUILLBOX_CAPTURE_BACKEND", names);
     if (!choice)
         return {sessionWindowSystem() == WindowSystem::Wayland ? BackEnd::Portal : BackEnd::X11};
@@ -22,7 +18,7 @@ BackEndChoice<BackEnd> chooseCapture()
     return *choice;
 }
 
-CaptureError captureObstacle(const BackEndChoice<BackEnd>& choice)
+CaptureError captureObstacle(const BackEndChoice<CaptureBackEnd>& choice)
 {
     return {CaptureError::Reason::Unavailable, choice.reason};
 }
