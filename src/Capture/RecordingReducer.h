@@ -1,7 +1,8 @@
 #pragma once
 
 #include "Capture/Spill/FrameSpill.h"
-#include "Encoding/FrameReducerThread.h"
+#include "Encoding/FrameReducer.h"
+#include "Encoding/FrameThread.h"
 #include "Encoding/Pixels/PixelTypes.h"
 
 #include <functional>
@@ -49,7 +50,7 @@ private:
     std::function<void()> m_onFull;
     mutable std::mutex m_mutex;
     std::string m_fullReason; // guarded by m_mutex
-    std::optional<FrameReducerThread> m_thread;
+    std::optional<FrameThread<FrameReducer>> m_thread;
     std::mutex m_finishing; // for one thread at a time
 };
 

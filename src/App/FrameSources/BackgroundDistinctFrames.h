@@ -1,7 +1,8 @@
 #pragma once
 
 #include "App/FrameSources/FrameConsumer.h"
-#include "Encoding/Precise/DistinctFramesThread.h"
+#include "Encoding/FrameThread.h"
+#include "Encoding/Precise/DistinctFrames.h"
 #include "Encoding/Precise/PreciseOptimizer.h"
 
 #include <cstdint>
@@ -30,7 +31,7 @@ private:
     PreciseOptimizer::Config m_config;
     std::int64_t m_sourceFPS = defaultFPS;
     DistinctFrames::OnKept m_onKept;
-    std::optional<DistinctFramesThread> m_thread; ///< runs from the first frame on
+    std::optional<FrameThread<DistinctFrames>> m_thread; ///< runs from the first frame on
 };
 
 } // namespace quillbox

@@ -2,7 +2,7 @@
 
 #include "App/FrameSources/FrameConsumer.h"
 #include "Encoding/FrameReducer.h"
-#include "Encoding/FrameReducerThread.h"
+#include "Encoding/FrameThread.h"
 
 #include <cstdint>
 #include <optional>
@@ -30,7 +30,7 @@ private:
     ExportPreset m_preset;
     std::int64_t m_sourceFPS = defaultFPS;
     FrameReducer::OnKept m_onKept;
-    std::optional<FrameReducerThread> m_thread; ///< runs from the first frame on
+    std::optional<FrameThread<FrameReducer>> m_thread; ///< runs from the first frame on
 };
 
 } // namespace quillbox

@@ -1,6 +1,8 @@
-#include "Encoding/FrameReducerThread.h"
+#include "Encoding/FrameThread.h"
 
+#include "Encoding/FrameReducer.h"
 #include "Encoding/GIFOptimizer.h"
+#include "Encoding/Precise/DistinctFrames.h"
 #include "support/Pictures.h"
 
 #include <gtest/gtest.h>
@@ -10,6 +12,7 @@
 #include <condition_variable>
 #include <memory>
 #include <mutex>
+#include <stdexcept>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -25,11 +28,11 @@ std::vector<RGBAFrame> grayFrames(int count)
     return frames;
 }
 
-TEST(FrameReducerThread, TakesInWhatAReducerWould)
+TEST(FrameThread, TakesInWhatAReducerWould)
 {
     const auto frames = grayFrames(200);
-    for (const std::size_t queue : {FrameReducerThread::unlimited, std::size_t{1}, std::size_t{5}}) {
-        FrameReducerThread thread(FrameReducer::forAnyPreset(30), queue);
+    for (const std::size_t queue : {FrameThread<FrameReducer>::unlimited, std::size_t{1}, std::size_t{5}}) {
+        FrameThread<FrameReducer> thread(FrameReducer::forAnyPreset(30), queue);
         for (const RGBAFrame& frame : frames)
             thread.take(frame);
         EXPECT_EQ(thread.takenCount(), 200);
@@ -40,9 +43,9 @@ TEST(FrameReducerThread, TakesInWhatAReducerWould)
     }
 }
 
-TEST(FrameReducerThread, MayBeAskedTwice)
+TEST(FrameThread, MayBeAskedTwice)
 {
-    FrameReducerThread thread(FrameReducer::forAnyPreset(30));
+    FrameThread<FrameReducer> thread(FrameReducer::forAnyPreset(30));
     thread.take(grayFrames(1).front());
     EXPECT_EQ(&thread.finished(), &thread.finished());
 }
@@ -99,13 +102,13 @@ private:
     bool m_isOpen = false;
 };
 
-TEST(FrameReducerThread, DropsWhatIsStillWaitingWhenItIsGivenUp)
+TEST(FrameThread, DropsWhatIsStillWaitingWhenItIsGivenUp)
 {
     HoldingFrames frames;
     int takenIn = 0;
     int dropped = 0;
     {
-        FrameReducerThread thread(FrameReducer::forAnyPreset(30));
+        FrameThread<FrameReducer> thread(FrameReducer::forAnyPreset(30));
         for (int i = 0; i < 5; ++i)
             thread.take(frames.frame(takenIn));
         ASSERT_TRUE(frames.isHoldingUp());
@@ -116,10 +119,10 @@ TEST(FrameReducerThread, DropsWhatIsStillWaitingWhenItIsGivenUp)
     EXPECT_EQ(dropped, 50) << "let go of by this thread, so none has been taken in";
 }
 
-TEST(FrameReducerThread, KeepsNoFrameThatIsNotShown)
+TEST(FrameThread, KeepsNoFrameThatIsNotShown)
 {
     std::vector<std::weak_ptr<const Bytes>> storage;
-    FrameReducerThread thread(FrameReducer::forAnyPreset(30));
+    FrameThread<FrameReducer> thread(FrameReducer::forAnyPreset(30));
     for (int i = 0; i < 100; ++i) {
         auto pixels = std::make_shared<const Bytes>(3 * 2 * 4, 7);
         storage.push_back(pixels);
@@ -131,16 +134,49 @@ TEST(FrameReducerThread, KeepsNoFrameThatIsNotShown)
     EXPECT_LE(kept, 3) << "all equal the first; the last two have been compared with each other";
 }
 
-TEST(FrameReducerThreadDeathTest, TakesNothingAfterTheEnd)
+TEST(FrameThreadDeathTest, TakesNothingAfterTheEnd)
 {
     const RGBAFrame frame = grayFrames(1).front();
     EXPECT_DEATH(
         {
-            FrameReducerThread thread(FrameReducer::forAnyPreset(30));
+            FrameThread<FrameReducer> thread(FrameReducer::forAnyPreset(30));
             (void)thread.finished();
             thread.take(frame);
         },
         "no frame follows the last one");
+}
+
+TEST(FrameThread, GivesDistinctFramesAsAppendingAllDoes)
+{
+    DistinctFrames plain({.sourceFPS = 30});
+    FrameThread<DistinctFrames> thread(DistinctFrames({.sourceFPS = 30}), 1);
+    for (int i = 0; i < 20; ++i) {
+        plain.append(support::textLike(40, 30, i / 2));
+        thread.take(support::textLike(40, 30, i / 2));
+    }
+    const auto& frames = thread.finished();
+    EXPECT_EQ(frames.frameCount(), 20);
+    EXPECT_EQ(frames.recording().pictures.size(), plain.recording().pictures.size());
+    EXPECT_EQ(frames.recording().colors, plain.recording().colors);
+}
+
+TEST(FrameThread, PassesOnWhyAPictureCannotBeKept)
+{
+    FrameThread<DistinctFrames> thread(DistinctFrames({.onKept =
+                                                    [](const RGBAFrame&) {
+                                                        throw std::runtime_error("full");
+                                                    }}),
+        1);
+    for (int i = 0; i < 5; ++i) // more than may wait: none of them blocks
+        thread.take(support::solid(2, 2, support::gray(i)));
+    EXPECT_THROW((void)thread.finished(), std::runtime_error);
+}
+
+TEST(FrameThread, OfDistinctFramesCanBeDroppedWithFramesUnderWay)
+{
+    FrameThread<DistinctFrames> thread(DistinctFrames({.sourceFPS = 30}), 8);
+    for (int i = 0; i < 8; ++i)
+        thread.take(support::solid(20, 20, support::gray(i)));
 }
 
 } // namespace
