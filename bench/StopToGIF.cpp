@@ -59,7 +59,7 @@ struct ReducerCost {
     double longest = 0;
 };
 
-template <typename Intake> ReducerCost takeIn(Intake& intake, const std::vector<RGBAFrame>& frames)
+template <typename Reducer> ReducerCost takeIn(Reducer& reducer, const std::vector<RGBAFrame>& frames)
 {
     Clock::duration longest{};
     Clock::duration total{};
