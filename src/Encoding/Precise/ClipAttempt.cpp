@@ -16,6 +16,7 @@ namespace quillbox {
 namespace {
 
 constexpr std::int64_t batchPixels = 4'000'000; // mapped and not yet compressed
+constexpr double atOnce = 0.25;                 // of the bytes for tables of single pictures: the rest comes with time
 
 /// A picture that is mapped and waits to be compressed.
 struct Job {
@@ -23,7 +24,6 @@ struct Job {
     ShownScreen::Mapping mapping;
     std::vector<RGBColor> localTable; ///< empty for the global one
     std::int64_t delayCentiseconds = 0;
-    std::int64_t changedPixels = 0; ///< of the recording, since the picture before
 };
 
 /// Maps a recording's pictures in order, each with the table that suits it.
@@ -50,18 +50,9 @@ public:
         for (std::int64_t pixels = 0; m_next < m_recording.pictures.size() && pixels < batchPixels;) {
             const auto& picture = m_recording.pictures[m_next];
             m_screen.record(picture);
-            m_changedPixels += picture.changedPixels;
             if (!m_plan.leavesOut[m_next]) {
-                if (m_shown % m_plan.sampleEvery == 0) {
-                    jobs.push_back(mapped(picture));
-                    jobs.back().changedPixels = std::exchange(m_changedPixels, 0);
-                    pixels += jobs.back().area.pixelCount();
-                } else {
-                    // What the sampled picture after it differs from.
-                    if ((m_shown + 1) % m_plan.sampleEvery == 0)
-                        m_screen.show(m_screen.mapping(m_global), m_plan.table);
-                    m_changedPixels = 0;
-                }
+                jobs.push_back(mapped(picture));
+                pixels += jobs.back().area.pixelCount();
                 ++m_shown;
             }
             ++m_next;
@@ -73,14 +64,7 @@ public:
     }
 
     [[nodiscard]] std::int64_t pictureCount() const { return std::ssize(m_delays); }
-    /// Changed pixels of all pictures shown but the first.
-    [[nodiscard]] std::int64_t allPixels() const
-    {
-        std::int64_t sum = 0;
-        for (std::size_t i = 1; i < m_recording.pictures.size(); ++i)
-            sum += m_recording.pictures[i].changedPixels;
-        return sum;
-    }
+    [[nodiscard]] std::int64_t ownTableBytes() const { return m_ownTableBytes; }
     [[nodiscard]] double errorTicks() const { return m_screen.errorTicks(); }
     [[nodiscard]] std::int64_t colorCount() const { return m_colorCount; }
 
@@ -90,17 +74,15 @@ private:
         Job job;
         job.area = m_screen.changedArea();
         job.delayCentiseconds = m_delays[static_cast<std::size_t>(m_shown)];
-        const double frames = static_cast<double>(picture.pixelTicks) / static_cast<double>(picture.changedPixels);
         job.mapping = m_screen.mapping(m_global);
-        if (job.mapping.error > 0 && m_plan.gainPerByte > 0 && m_shown > 0)
-            tryLocalTable(job, frames);
+        if (job.mapping.error > 0 && m_plan.spareBytes > 0 && m_shown > 0)
+            tryLocalTable(job, picture);
         m_colorCount = std::max(m_colorCount, std::ssize(job.localTable));
         m_screen.show(job.mapping, job.localTable.empty() ? m_plan.table : job.localTable);
         return job;
     }
 
-    /// @param ticks  How long a changed pixel is shown, on average.
-    void tryLocalTable(Job& job, double ticks)
+    void tryLocalTable(Job& job, const DistinctFrames::Picture& picture)
     {
         std::vector<RGBColor> table = ScreenPalette::makeQuickly(
             m_screen.changedColors().entries(), std::min<std::int64_t>(m_plan.maxColors, 255));
@@ -108,9 +90,15 @@ private:
         ShownScreen::Mapping mapping = m_screen.mapping(nearest);
         const std::int64_t tableBytes = 3LL << GIFEncoder::colorTableBits(std::ssize(table));
         const std::int64_t more = roughSize(mapping) + tableBytes - roughSize(job.mapping);
+        // How long a changed pixel is shown, on average.
+        const double ticks = static_cast<double>(picture.pixelTicks) / static_cast<double>(picture.changedPixels);
         const double gain = static_cast<double>(job.mapping.error - mapping.error) * ticks;
-        if (gain <= m_plan.gainPerByte * static_cast<double>(more))
+        const double passed = static_cast<double>(picture.tick) / static_cast<double>(m_recording.frameCount);
+        const double spare = m_plan.spareBytes * (atOnce + (1 - atOnce) * passed);
+        if (gain <= m_plan.gainPerByte * static_cast<double>(more)
+            || static_cast<double>(m_ownTableBytes + more) > spare)
             return;
+        m_ownTableBytes += more;
         job.mapping = std::move(mapping);
         job.localTable = std::move(table);
     }
@@ -141,8 +129,8 @@ private:
     NearestColors m_global;
     std::vector<std::int64_t> m_delays; ///< of the pictures shown
     std::size_t m_next = 0;             ///< picture of the recording
-    std::int64_t m_shown = 0;           ///< pictures shown so far, or passed over in a sample
-    std::int64_t m_changedPixels = 0;   ///< of the recording, since the picture shown last
+    std::int64_t m_shown = 0;           ///< pictures shown so far
+    std::int64_t m_ownTableBytes = 0;   ///< that tables of single pictures cost so far
     std::int64_t m_colorCount = 0;      ///< of the largest local table
     LZW::Encoder m_compressor;
     Bytes m_scratch;
@@ -174,8 +162,6 @@ ClipAttempt ClipAttempt::make(const DistinctFrames::Recording& recording, const 
     Mapper mapper(recording, plan);
     std::vector<LZWSearch::Search> searches(static_cast<std::size_t>(workerCount(parallelism, 256)));
     std::vector<Job> jobs = mapper.nextBatch();
-    std::int64_t madePixels = 0; // behind the first picture
-    std::int64_t madeBytes = 0;
     while (!jobs.empty()) {
         const std::size_t done = attempt.parts.size();
         attempt.parts.resize(done + jobs.size());
@@ -192,10 +178,7 @@ ClipAttempt ClipAttempt::make(const DistinctFrames::Recording& recording, const 
         });
         for (std::size_t i = done; i < attempt.parts.size(); ++i) {
             attempt.byteCount += std::ssize(attempt.parts[i]);
-            if (i > 0) {
-                madeBytes += std::ssize(attempt.parts[i]);
-                madePixels += jobs[i - done].changedPixels;
-            }
+            attempt.madePixels += jobs[i - done].area.pixelCount();
         }
         if (report)
             report(std::ssize(attempt.parts));
@@ -205,13 +188,7 @@ ClipAttempt ClipAttempt::make(const DistinctFrames::Recording& recording, const 
         }
         jobs = std::move(next);
     }
-    attempt.predictedByteCount = attempt.byteCount;
-    if (plan.sampleEvery > 1) {
-        attempt.isWhole = false;
-        const double ratio
-            = madePixels == 0 ? 0 : static_cast<double>(mapper.allPixels()) / static_cast<double>(madePixels);
-        attempt.predictedByteCount += std::llround((ratio - 1) * static_cast<double>(madeBytes));
-    }
+    attempt.ownTableBytes = mapper.ownTableBytes();
     attempt.errorTicks = mapper.errorTicks();
     attempt.colorCount = std::max(std::ssize(plan.table), mapper.colorCount());
     return attempt;

@@ -18,20 +18,21 @@ struct ClipPlan {
     std::vector<RGBColor> table;  ///< global, 1…256 colours
     std::vector<bool> leavesOut;  ///< one for each picture: not shown at all. The first one is shown.
     std::int64_t maxColors = 256; ///< of a picture's own table
-    double gainPerByte = 0;       ///< error that a byte must save for a picture to get such a table; 0: none gets
+    double spareBytes = 0;        ///< about as many more bytes as such tables may cost in all
+    double gainPerByte = 0;       ///< error that a byte must save for a picture to get such a table
     std::int64_t passes = 30;     ///< of the search for codes, as `LZWSearch::Effort`
-    std::int64_t sampleEvery = 1; ///< only every so manyth picture is made, to predict the size
 };
 
 /// A file made by a plan.
 struct ClipAttempt {
     DeltaGIF::Screen screen;
-    std::vector<Bytes> parts;            ///< one a picture shown
-    std::int64_t byteCount = 0;          ///< of the file
-    std::int64_t colorCount = 0;         ///< of the largest table
-    double errorTicks = 0;               ///< squared errors summed up over pixels, channels and frames of the recording
-    bool isWhole = true;                 ///< false if it was left before its end, or is a sample
-    std::int64_t predictedByteCount = 0; ///< of the whole file, from those pictures that were made
+    std::vector<Bytes> parts;       ///< one a picture shown
+    std::int64_t byteCount = 0;     ///< of the file
+    std::int64_t colorCount = 0;    ///< of the largest table
+    double errorTicks = 0;          ///< squared errors summed up over pixels, channels and frames of the recording
+    std::int64_t ownTableBytes = 0; ///< about as many more as without tables of single pictures
+    bool isWhole = true;            ///< false if it was left before its end
+    std::int64_t madePixels = 0;    ///< of the areas that the pictures made overwrite
 
     /// What limits an attempt.
     struct Limits {

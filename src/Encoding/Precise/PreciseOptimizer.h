@@ -2,6 +2,7 @@
 
 #include "Encoding/GIFOptimizer.h"
 #include "Encoding/Precise/DistinctFrames.h"
+#include "Encoding/Precise/ShownError.h"
 
 #include <cstdint>
 #include <optional>
@@ -45,7 +46,7 @@ struct Result {
 };
 
 /// How well a clip shows that lacks nothing that an eye could see.
-inline constexpr double perfectDecibels = 99;
+inline constexpr double perfectDecibels = ShownError::perfectDecibels;
 
 /// @param frames     Made by `framesFor` the configuration, with all of the recording appended.
 /// @param execution  `finishNow` ends the search: the result is the best attempt finished so far, at least the first.

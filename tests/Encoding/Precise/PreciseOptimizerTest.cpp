@@ -1,5 +1,6 @@
 #include "Encoding/Precise/PreciseOptimizer.h"
 
+#include "reference/Precise/ColorSearch.h"
 #include "support/ForeignDecoders.h"
 #include "support/Pictures.h"
 
@@ -26,6 +27,11 @@ Result optimized(const std::vector<RGBAFrame>& frames, const Config& config, int
     for (const RGBAFrame& frame : frames)
         distinct.append(frame);
     return PreciseOptimizer::optimize(distinct, config, {.parallelism = {threads}, .progress = {}, .finishNow = {}});
+}
+
+GIFOptimizer::Result optimizedClip(const DistinctFrames& frames, std::int64_t targetBytes)
+{
+    return PreciseOptimizer::optimize(frames, {.targetBytes = targetBytes}).clip;
 }
 
 std::vector<RGBColor> shownColorsOf(const RGBAFrame& frame)
@@ -169,6 +175,25 @@ TEST(PreciseOptimizer, GivesUpColoursThatAreHardlySeenBeforePictures)
     EXPECT_LT(most.clip.colorCount, all.clip.colorCount);
     EXPECT_EQ(most.thinnedFrames, 0);
     EXPECT_GT(most.qualityDecibels, 45);
+}
+
+TEST(PreciseOptimizer, FindsAboutAsManyColoursAsTryingAllOfThem)
+{
+    Random random(11);
+    DistinctFrames distinct = PreciseOptimizer::framesFor({}, 30);
+    for (int i = 0; i < 10; ++i) {
+        distinct.append(support::picture(
+            40, 30, [&](std::int64_t x, std::int64_t) { return gray(static_cast<int>(random.below(100) + x * 3)); }));
+    }
+    const std::int64_t all = optimizedClip(distinct, ample).byteCount;
+    for (const std::int64_t share : {97, 93, 89}) {
+        const std::int64_t budget = all * share / 100;
+        const std::int64_t most = reference::mostColors(distinct.recording(), budget);
+        const GIFOptimizer::Result found = optimizedClip(distinct, budget);
+        EXPECT_LE(found.byteCount, budget);
+        EXPECT_LE(found.colorCount, most) << share;
+        EXPECT_GE(found.colorCount, most * 2 / 3) << share;
+    }
 }
 
 TEST(PreciseOptimizer, LeavesOutNoPictureWhereThatLeavesAGapOfMoreThanATenthOfASecond)

@@ -220,4 +220,19 @@ Codes Search::best(const Picture& picture, Effort effort)
     return codes;
 }
 
+std::int64_t Search::roughBits(const Picture& picture)
+{
+    const auto transparentIndex = freeIndex(picture);
+    FreePicture free{.indices = m_tables->withKept(picture, transparentIndex)};
+    const std::uint8_t largest = std::ranges::max(free.indices);
+    free.minCodeSize = minCodeSizeFor(largest);
+    const std::int64_t bits = m_tables->attempt(Candidate::opaque, free).division.placement.bits;
+    if (!transparentIndex)
+        return bits;
+    free.isFree = picture.freedoms;
+    free.transparentIndex = *transparentIndex;
+    free.minCodeSize = minCodeSizeFor(std::max(largest, *transparentIndex));
+    return std::min(bits, m_tables->attempt(Candidate::free, free).division.placement.bits);
+}
+
 } // namespace quillbox::LZWSearch

@@ -67,6 +67,10 @@ public:
     ///         there is an index that no changed pixel has.
     [[nodiscard]] Codes best(const Picture& picture, Effort effort = {});
 
+    /// About as many bits as codes take that are sought with the least effort, clear and end code included.
+    /// @pre as `best`
+    [[nodiscard]] std::int64_t roughBits(const Picture& picture);
+
 private:
     struct Tables;
     std::unique_ptr<Tables> m_tables;
