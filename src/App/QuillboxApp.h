@@ -1,7 +1,7 @@
 #pragma once
 
-#include "App/Hotkey/HotkeyService.h"
-#include "App/Updates/UpdateService.h"
+#include "App/Hotkey/HotkeyChoice.h"
+#include "App/Updates/UpdateChoice.h"
 
 #include <functional>
 #include <memory>

@@ -15,8 +15,8 @@ RecordingReducer::RecordingReducer(FrameSpill store, std::function<void()> onFul
 void RecordingReducer::follow(const std::vector<RGBAFrame>& frames)
 {
     if (!m_thread && !frames.empty())
-        m_thread.emplace(FrameReducer::forAnyPreset(FrameTimeline::framesPerSecond), FrameThread<FrameReducer>::unlimited,
-            [this](const RGBAFrame& frame) { keep(frame); });
+        m_thread.emplace(FrameReducer::forAnyPreset(FrameTimeline::framesPerSecond),
+            FrameThread<FrameReducer>::unlimited, [this](const RGBAFrame& frame) { keep(frame); });
     for (auto i = m_thread ? m_thread->takenCount() : 0; i < std::ssize(frames); ++i)
         m_thread->take(frames[static_cast<std::size_t>(i)]);
 }

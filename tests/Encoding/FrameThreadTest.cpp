@@ -163,9 +163,9 @@ TEST(FrameThread, GivesDistinctFramesAsAppendingAllDoes)
 TEST(FrameThread, PassesOnWhyAPictureCannotBeKept)
 {
     FrameThread<DistinctFrames> thread(DistinctFrames({.onKept =
-                                                    [](const RGBAFrame&) {
-                                                        throw std::runtime_error("full");
-                                                    }}),
+                                                           [](const RGBAFrame&) {
+                                                               throw std::runtime_error("full");
+                                                           }}),
         1);
     for (int i = 0; i < 5; ++i) // more than may wait: none of them blocks
         thread.take(support::solid(2, 2, support::gray(i)));

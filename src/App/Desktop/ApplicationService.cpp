@@ -93,7 +93,10 @@ ApplicationService::ApplicationService(CurrentCoordinator& coordinator, Actions 
     , m_coordinator(coordinator)
     , m_actions(std::move(actions))
 {
-    new DesktopEntryAdaptor(*this); // this object owns it
+    new DesktopEntryAdaptor( // this object owns it
+        this, {.showPanel = m_actions.showPanel, .showSettings = m_actions.showSettings, .begin = [this] {
+                   begin();
+               }});
     connect(&coordinator, &CurrentCoordinator::phaseChanged, this, &ApplicationService::answerWaiting);
 }
 
@@ -128,16 +131,9 @@ void ApplicationService::quit() const
     QTimer::singleShot(0, this, m_actions.quit);
 }
 
-void ApplicationService::passOnActivation(const QVariantMap& platformData)
-{
-    const auto token = platformData.value(QStringLiteral("activation-token")).toString();
-    if (!token.isEmpty())
-        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8()); // where the toolkit looks for it
-}
-
 QVariantMap ApplicationService::Begin(const QVariantMap& platformData)
 {
-    passOnActivation(platformData);
+    DesktopEntryAdaptor::passOnActivation(platformData);
     begin();
     return Status();
 }
@@ -165,8 +161,8 @@ void ApplicationService::answerWaiting()
 
 void ApplicationService::Show(const QVariantMap& platformData) const
 {
-    passOnActivation(platformData);
-    showPanel();
+    DesktopEntryAdaptor::passOnActivation(platformData);
+    m_actions.showPanel();
 }
 
 QVariantMap ApplicationService::Status() const

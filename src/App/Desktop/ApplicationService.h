@@ -52,15 +52,9 @@ public:
     /// Makes room for another instance. Does nothing without the name.
     static void releaseName();
 
-    void showPanel() const { m_actions.showPanel(); }
-    void showSettings() const { m_actions.showSettings(); }
     [[nodiscard]] QVariantMap hotkey() const { return m_actions.hotkey(); }
     void begin();
     void quit() const;
-
-    /// Gives the next window the focus: the user has just clicked or pressed a key for it.
-    /// @param platformData  as org.freedesktop.Application has it
-    static void passOnActivation(const QVariantMap& platformData);
 
     // What other programs can call, by names as they are usual on the bus.
     // NOLINTBEGIN(readability-identifier-naming,modernize-use-nodiscard)

@@ -1,19 +1,26 @@
 #include "App/Desktop/DesktopEntryAdaptor.h"
 
-#include "App/Desktop/ApplicationService.h"
+#include <utility>
 
 namespace quillbox {
 
-DesktopEntryAdaptor::DesktopEntryAdaptor(ApplicationService& service)
-    : QDBusAbstractAdaptor(&service)
-    , m_service(service)
+DesktopEntryAdaptor::DesktopEntryAdaptor(QObject* object, Actions actions)
+    : QDBusAbstractAdaptor(object)
+    , m_actions(std::move(actions))
 {
+}
+
+void DesktopEntryAdaptor::passOnActivation(const QVariantMap& platformData)
+{
+    const auto token = platformData.value(QStringLiteral("activation-token")).toString();
+    if (!token.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8()); // where the toolkit looks for it
 }
 
 void DesktopEntryAdaptor::Activate(const QVariantMap& platformData)
 {
-    ApplicationService::passOnActivation(platformData);
-    m_service.showPanel();
+    passOnActivation(platformData);
+    m_actions.showPanel();
 }
 
 void DesktopEntryAdaptor::Open(const QStringList& /*uris*/, const QVariantMap& platformData)
@@ -24,11 +31,11 @@ void DesktopEntryAdaptor::Open(const QStringList& /*uris*/, const QVariantMap& p
 void DesktopEntryAdaptor::ActivateAction(
     const QString& actionName, const QVariantList& /*parameter*/, const QVariantMap& platformData)
 {
-    ApplicationService::passOnActivation(platformData);
+    passOnActivation(platformData);
     if (actionName == QLatin1String("record-region"))
-        m_service.begin();
+        m_actions.begin();
     else if (actionName == QLatin1String("settings"))
-        m_service.showSettings();
+        m_actions.showSettings();
 }
 
 } // namespace quillbox

@@ -6,9 +6,9 @@
 #include <QVariantList>
 #include <QVariantMap>
 
-namespace quillbox {
+#include <functional>
 
-class ApplicationService;
+namespace quillbox {
 
 /// How desktops start the application and the actions of its desktop entry. Thread: main.
 /// @see freedesktop.org, desktop entries, "D-Bus Activation"
@@ -17,7 +17,18 @@ class DesktopEntryAdaptor : public QDBusAbstractAdaptor {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    explicit DesktopEntryAdaptor(ApplicationService& service);
+    struct Actions {
+        std::function<void()> showPanel;
+        std::function<void()> showSettings;
+        std::function<void()> begin; ///< a recording
+    };
+
+    /// @param object  What the interface is added to; it owns this.
+    DesktopEntryAdaptor(QObject* object, Actions actions);
+
+    /// Gives the next window the focus: the user has just clicked or pressed a key for it.
+    /// @param platformData  As the interface has it.
+    static void passOnActivation(const QVariantMap& platformData);
 
 public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): Qt sees another one
     // NOLINTBEGIN(readability-identifier-naming): names on the bus
@@ -29,7 +40,7 @@ public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): Qt sees anot
     // NOLINTEND(readability-identifier-naming)
 
 private:
-    ApplicationService& m_service;
+    Actions m_actions;
 };
 
 } // namespace quillbox

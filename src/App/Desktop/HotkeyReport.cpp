@@ -1,6 +1,7 @@
 #include "App/Desktop/HotkeyReport.h"
 
 #include "App/Desktop/ApplicationService.h"
+#include "App/Hotkey/HotkeyChoice.h"
 #include "App/Hotkey/HotkeyMath.h"
 #include "App/Hotkey/HotkeyRefusal.h"
 #include "App/Hotkey/ShortcutsPortal.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "App/Hotkey/HotkeyService.h"
+#include "App/Hotkey/HotkeyChoice.h"
 
 #include <QObject>
 

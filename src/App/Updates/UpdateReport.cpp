@@ -1,7 +1,7 @@
 #include "App/Updates/UpdateReport.h"
 
 #include "App/Updates/PackageKit.h"
-#include "App/Updates/UpdateService.h"
+#include "App/Updates/UpdateChoice.h"
 #include "Platform/DBus/BusQueries.h"
 #include "Translation/Translate.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "App/Updates/UpdateService.h"
+#include "App/Updates/UpdateChoice.h"
 
 #include <QCoro/QCoroTask>
 #include <QObject>

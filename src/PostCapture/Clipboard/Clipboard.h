@@ -21,7 +21,8 @@ public:
         Accepted, ///< on the clipboard
     };
 
-    /// The clipboard of this desktop, as `ClipboardChoice` has it; lives as long as the application object.
+    /// The clipboard of this desktop, as `ClipboardChoice` has it; lives as long as the application object. Defined
+    /// where the back ends are known, in GeneralClipboard.cpp.
     [[nodiscard]] static Clipboard& general();
 
     /// Replaces what is on it by a list of exactly one file URL and, if given, the bytes as image/gif, in that order.

@@ -1,4 +1,4 @@
-#include "App/Hotkey/HotkeyService.h"
+#include "App/Hotkey/HotkeyChoice.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "App/Updates/UpdateService.h"
+#include "App/Updates/UpdateChoice.h"
 
 #include "App/Updates/FlatpakService.h"
 #include "App/Updates/PackageKitService.h"
