@@ -25,7 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::Input input(data, size);
     const std::int64_t passes = 1 + input.below(40);
     const std::int64_t colorCount = 1 + input.below(256);
-    const std::uint8_t kinds = input.byte(); // of freedom that occur
+    const std::uint8_t kinds = input.byte();                 // of freedom that occur
     const bool mayKeep = kinds % 2 == 0 && colorCount < 256; // an index is left to be transparent
 
     // Each pixel is a run of one colour, changed or not.
