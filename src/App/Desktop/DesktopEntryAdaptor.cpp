@@ -17,19 +17,19 @@ void DesktopEntryAdaptor::passOnActivation(const QVariantMap& platformData)
         qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8()); // where the toolkit looks for it
 }
 
-void DesktopEntryAdaptor::Activate(const QVariantMap& platformData)
+void DesktopEntryAdaptor::Activate(const QVariantMap& platformData) const
 {
     passOnActivation(platformData);
     m_actions.showPanel();
 }
 
-void DesktopEntryAdaptor::Open(const QStringList& /*uris*/, const QVariantMap& platformData)
+void DesktopEntryAdaptor::Open(const QStringList& /*uris*/, const QVariantMap& platformData) const
 {
     Activate(platformData);
 }
 
 void DesktopEntryAdaptor::ActivateAction(
-    const QString& actionName, const QVariantList& /*parameter*/, const QVariantMap& platformData)
+    const QString& actionName, const QVariantList& /*parameter*/, const QVariantMap& platformData) const
 {
     passOnActivation(platformData);
     if (actionName == QLatin1String("record-region"))

@@ -32,11 +32,12 @@ public:
 
 public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): Qt sees another one
     // NOLINTBEGIN(readability-identifier-naming): names on the bus
-    void Activate(const QVariantMap& platformData);
+    void Activate(const QVariantMap& platformData) const;
     /// There is nothing to open: the panel is shown.
-    void Open(const QStringList& uris, const QVariantMap& platformData);
+    void Open(const QStringList& uris, const QVariantMap& platformData) const;
     /// "record-region" or "settings"; another name does nothing.
-    void ActivateAction(const QString& actionName, const QVariantList& parameter, const QVariantMap& platformData);
+    void ActivateAction(
+        const QString& actionName, const QVariantList& parameter, const QVariantMap& platformData) const;
     // NOLINTEND(readability-identifier-naming)
 
 private:
