@@ -24,6 +24,17 @@ const FrameReducer& Recording::reduced() const
     return m_reducer->finished();
 }
 
+void Recording::setBackup(std::function<void()> remove)
+{
+    m_removeBackup = std::move(remove);
+}
+
+void Recording::settle() const
+{
+    if (m_removeBackup)
+        m_removeBackup();
+}
+
 std::int64_t Recording::fileBytes() const
 {
     (void)reduced();

@@ -3,6 +3,7 @@
 #include "Encoding/Pixels/PixelTypes.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -33,12 +34,18 @@ public:
     /// @throws std::bad_alloc  measuring ran out of memory.
     [[nodiscard]] const FrameReducer& reduced() const;
 
+    /// @param remove  Removes what would bring the recording back if the program ended; any thread may call it.
+    void setBackup(std::function<void()> remove);
+    /// The clip is saved, or not wanted: nothing needs to bring the recording back. Its frames stay.
+    void settle() const;
+
     /// What of the frames lies in a file. Waits as reduced() does. @pre there is a frame.
     [[nodiscard]] std::int64_t fileBytes() const;
 
 private:
     std::shared_ptr<const std::vector<RGBAFrame>> m_frames = std::make_shared<const std::vector<RGBAFrame>>();
     std::shared_ptr<RecordingReducer> m_reducer;
+    std::function<void()> m_removeBackup; // may be empty
 };
 
 } // namespace quillbox

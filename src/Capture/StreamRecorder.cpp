@@ -30,14 +30,17 @@ StreamRecorder::StreamRecorder()
 }
 
 StreamRecorder::StreamRecorder(std::shared_ptr<ScreenSession> screen)
-    : StreamRecorder([screen = std::move(screen)] { return screen->makeStream(); })
+    : StreamRecorder([screen = std::move(screen)] { return screen->makeStream(); }, &CaptureClock::now, std::nullopt,
+        RecordingJournal::usualOptions())
 {
 }
 
-StreamRecorder::StreamRecorder(StreamFactory makeStream, Now now, std::optional<FrameSpill::Limits> limits)
+StreamRecorder::StreamRecorder(StreamFactory makeStream, Now now, std::optional<FrameSpill::Limits> limits,
+    std::optional<RecordingJournal::Options> journal)
     : m_makeStream(std::move(makeStream))
     , m_now(std::move(now))
     , m_limits(limits)
+    , m_journal(std::move(journal))
     , m_deliveries(*this, [this] { takeDeliveries(); })
     , m_session(std::make_shared<Session>())
 {
@@ -59,6 +62,7 @@ QCoro::Task<> StreamRecorder::start(CaptureRegion region)
     session->region = region.normalized();
     session->timeline = FrameTimeline(m_maxFrames);
     session->reducer = makeReducer();
+    session->journal = makeJournal();
     m_starting.push_back(m_makeStream());
     CaptureStream* const stream = m_starting.back().get();
     try {
@@ -67,12 +71,14 @@ QCoro::Task<> StreamRecorder::start(CaptureRegion region)
     } catch (const CaptureError& error) {
         if (self)
             (void)takeStarting(stream); // it never ran
+        removeJournal(*session);
         if (error.reason() == CaptureError::Reason::NoDisplay)
             throw RecorderError(RecorderError::noDisplay);
         throw;
     } catch (...) {
         if (self)
             (void)takeStarting(stream);
+        removeJournal(*session);
         throw;
     }
     if (!self)
@@ -158,6 +164,21 @@ std::shared_ptr<RecordingReducer> StreamRecorder::makeReducer() const
     return std::make_shared<RecordingReducer>(std::move(store), [sender = m_deliveries.sender()] { sender.wake(); });
 }
 
+std::shared_ptr<RecordingJournal> StreamRecorder::makeJournal() const
+{
+    if (!m_journal)
+        return nullptr;
+    auto options = *m_journal;
+    options.maxFrames = std::min(options.maxFrames, m_maxFrames);
+    return std::make_shared<RecordingJournal>(std::move(options));
+}
+
+void StreamRecorder::removeJournal(const Session& session)
+{
+    if (session.journal)
+        session.journal->remove();
+}
+
 FrameSink StreamRecorder::sinkFor(const std::shared_ptr<Session>& session)
 {
     // Both run on the stream's thread, which ends before this object does.
@@ -196,18 +217,26 @@ void StreamRecorder::deliver(Session& session, RGBAFrame frame, CaptureClock::ti
         return;
     }
     takeLate(session);
-    session.timeline.deliver(std::move(frame), time);
+    show(session, std::move(frame), time);
     if (session.timeline.isFinished()) // the picture came after the recording that was measured
         session.recording.reset();
     else
         session.reducer->follow(session.timeline.frames());
 }
 
+void StreamRecorder::show(Session& session, RGBAFrame frame, CaptureClock::time_point time)
+{
+    const bool isFinished = session.timeline.isFinished();
+    session.timeline.deliver(frame, time);
+    if (session.journal && !isFinished)
+        session.journal->take(frame, std::ssize(session.timeline.frames())); // where it begins
+}
+
 /// The latest picture of those that could not be taken is in the clip, for as long as it was on the screen.
 void StreamRecorder::takeLate(Session& session)
 {
     if (session.late && !session.timeline.isFinished())
-        session.timeline.deliver(std::move(session.late->first), session.late->second);
+        show(session, std::move(session.late->first), session.late->second);
     session.late.reset();
 }
 
@@ -219,6 +248,10 @@ void StreamRecorder::finish(Session& session, CaptureClock::time_point time)
     session.timeline.finish(time);
     session.reducer->follow(session.timeline.frames());
     session.recording.emplace(session.timeline.frames(), session.reducer);
+    if (session.journal) {
+        session.journal->finish(std::ssize(session.timeline.frames()));
+        session.recording->setBackup([journal = session.journal] { journal->remove(); });
+    }
 }
 
 Recording StreamRecorder::recordingOf(Session& session)

@@ -2,6 +2,7 @@
 
 #include "Capture/CaptureStream.h"
 #include "Capture/FrameTimeline.h"
+#include "Capture/Journal/RecordingJournal.h"
 #include "Capture/ScreenRecorder.h"
 #include "Capture/Spill/FrameSpill.h"
 #include "Platform/Mailbox.h"
@@ -58,8 +59,10 @@ public:
     /// @param makeStream  Makes the stream of each recording.
     /// @param now         The clock that ends a recording; called from any thread.
     /// @param limits      What a recording may take up; then it is interrupted.
+    /// @param journal     How recordings survive the program; none: they don't.
     explicit StreamRecorder(StreamFactory makeStream, Now now = &CaptureClock::now,
-        std::optional<FrameSpill::Limits> limits = std::nullopt);
+        std::optional<FrameSpill::Limits> limits = std::nullopt,
+        std::optional<RecordingJournal::Options> journal = std::nullopt);
     ~StreamRecorder() override;
 
     [[nodiscard]] bool isRecording() const override { return m_isRecording; }
@@ -81,6 +84,7 @@ private:
         CaptureRegion region;
         FrameTimeline timeline;
         std::shared_ptr<RecordingReducer> reducer;                          // follows the timeline until its end
+        std::shared_ptr<RecordingJournal> journal;                          // does so, too; null: there is none
         std::optional<Recording> recording;                                 // none while the timeline may change
         QString interruption;                                               // empty unless it ended by itself
         std::optional<std::pair<RGBAFrame, CaptureClock::time_point>> late; // not taken: too many were waiting
@@ -96,6 +100,9 @@ private:
     [[nodiscard]] std::shared_ptr<RecordingReducer> makeReducer() const;
     FrameSink sinkFor(const std::shared_ptr<Session>& session);
     void takeDeliveries();
+    [[nodiscard]] std::shared_ptr<RecordingJournal> makeJournal() const;
+    static void removeJournal(const Session& session);
+    static void show(Session& session, RGBAFrame frame, CaptureClock::time_point time);
     static void takeLate(Session& session);
     [[nodiscard]] static Recording recordingOf(Session& session);
     static void finish(Session& session, CaptureClock::time_point time);
@@ -111,6 +118,7 @@ private:
     StreamFactory m_makeStream;
     Now m_now;
     std::optional<FrameSpill::Limits> m_limits; // none: the usual ones
+    std::optional<RecordingJournal::Options> m_journal;
     std::int64_t m_maxFrames = FrameTimeline::unlimited;
     bool m_isRecording = false;
     std::optional<Hold> m_hold; // only while recording

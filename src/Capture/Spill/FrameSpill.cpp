@@ -1,10 +1,8 @@
 #include "Capture/Spill/FrameSpill.h"
 
-#include "Translation/Translate.h"
+#include "Capture/Spill/CompressedBand.h"
 
 #include <QStandardPaths>
-
-#include <lz4.h>
 
 #include <algorithm>
 #include <charconv>
@@ -46,18 +44,6 @@ std::optional<std::int64_t> wantedMemory()
     return std::min(megabytes, FrameSpill::maxMemory / megabyte) * megabyte;
 }
 
-std::shared_ptr<const Bytes> decompressed(std::span<const std::uint8_t> bytes, std::size_t byteCount)
-{
-    if (bytes.size() == byteCount)
-        return std::make_shared<const Bytes>(bytes.begin(), bytes.end()); // it was not worth it
-    Bytes pixels(byteCount);
-    const int got = LZ4_decompress_safe(reinterpret_cast<const char*>(bytes.data()),
-        reinterpret_cast<char*>(pixels.data()), static_cast<int>(bytes.size()), static_cast<int>(byteCount));
-    if (!std::cmp_equal(got, byteCount))
-        throw SpillError(translate("CaptureError", "Pixels of the clip can't be read back: they are damaged"));
-    return std::make_shared<const Bytes>(std::move(pixels));
-}
-
 /// Compressed pixels in memory.
 class CompressedInMemory final : public BackingStore {
 public:
@@ -66,36 +52,13 @@ public:
         , m_byteCount(byteCount)
     {
     }
-    [[nodiscard]] std::shared_ptr<const Bytes> read() const override { return decompressed(m_bytes, m_byteCount); }
+    [[nodiscard]] std::shared_ptr<const Bytes> read() const override
+    {
+        return CompressedBand::decompressed(m_bytes, m_byteCount);
+    }
 
 private:
     Bytes m_bytes;
-    std::size_t m_byteCount;
-};
-
-/// Compressed pixels in a file.
-class CompressedInFile final : public BackingStore {
-public:
-    CompressedInFile(
-        std::shared_ptr<const SpillFile> file, std::int64_t offset, std::size_t size, std::size_t byteCount)
-        : m_file(std::move(file))
-        , m_offset(offset)
-        , m_size(size)
-        , m_byteCount(byteCount)
-    {
-    }
-    [[nodiscard]] std::shared_ptr<const Bytes> read() const override
-    {
-        Bytes bytes(m_size);
-        m_file->read(m_offset, bytes);
-        return m_size == m_byteCount ? std::make_shared<const Bytes>(std::move(bytes))
-                                     : decompressed(bytes, m_byteCount);
-    }
-
-private:
-    std::shared_ptr<const SpillFile> m_file;
-    std::int64_t m_offset;
-    std::size_t m_size;
     std::size_t m_byteCount;
 };
 
@@ -159,12 +122,9 @@ void FrameSpill::evict(const PixelBand& band)
         return;
     }
     const PixelView pixels = band.pixels();
-    m_scratch.resize(static_cast<std::size_t>(LZ4_compressBound(static_cast<int>(pixels.size()))));
-    const int size = LZ4_compress_default(reinterpret_cast<const char*>(pixels.data()),
-        reinterpret_cast<char*>(m_scratch.data()), static_cast<int>(pixels.size()), static_cast<int>(m_scratch.size()));
-    const bool isWorthIt = size > 0 && static_cast<std::size_t>(size) < pixels.size();
-    const auto bytes = isWorthIt ? std::span<const std::uint8_t>(m_scratch).first(static_cast<std::size_t>(size))
-                                 : std::span<const std::uint8_t>(pixels.data(), pixels.size());
+    m_scratch.clear();
+    (void)CompressedBand::append(m_scratch, {pixels.data(), pixels.size()});
+    const std::span<const std::uint8_t> bytes(m_scratch);
     const auto count = std::ssize(bytes);
     if (m_compressedBytes + count <= m_limits.memoryBytes) {
         m_compressedBytes += count;

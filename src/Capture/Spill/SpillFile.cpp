@@ -6,9 +6,11 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <string>
+#include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace quillbox {
 namespace {
@@ -46,6 +48,15 @@ SpillFile::SpillFile(const std::filesystem::path& folder, std::uint64_t spaceToL
             translate("CaptureError", "A long clip needs a file in %1: %2"), {folder.string(), reasonOf(errno)}));
 }
 
+SpillFile::SpillFile(FileDescriptor file, std::uint64_t spaceToLeave)
+    : m_file(std::move(file))
+    , m_spaceToLeave(spaceToLeave)
+{
+    struct stat status { };
+    if (::fstat(m_file.number(), &status) == 0)
+        m_size = status.st_size;
+}
+
 std::int64_t SpillFile::append(std::span<const std::uint8_t> bytes)
 {
     const std::int64_t place = m_size;
@@ -68,6 +79,11 @@ std::int64_t SpillFile::append(std::span<const std::uint8_t> bytes)
     }
     m_size += std::ssize(bytes);
     return place;
+}
+
+void SpillFile::sync() const
+{
+    (void)::fdatasync(m_file.number()); // what can't be synced is written out later
 }
 
 void SpillFile::read(std::int64_t offset, std::span<std::uint8_t> bytes) const

@@ -16,8 +16,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// A file without a name that goes with its last user, even if the process is killed. Written at its end by one thread,
-/// read by any.
+/// A file for pixels; without a name unless it was given one, so that it goes with its last user, even if the process
+/// is killed. Written at its end by one thread, read by any.
 class SpillFile {
 public:
     /// @param folder        Made if need be.
@@ -25,11 +25,17 @@ public:
     /// @throws SpillError  there can be no file.
     SpillFile(const std::filesystem::path& folder, std::uint64_t spaceToLeave);
 
+    /// A file that is open already, for reading or for both.
+    explicit SpillFile(FileDescriptor file, std::uint64_t spaceToLeave = 0);
+
     /// @return where the bytes are. @throws SpillError  nothing was added.
     [[nodiscard]] std::int64_t append(std::span<const std::uint8_t> bytes);
 
     /// @throws SpillError  they can't be read back.
     void read(std::int64_t offset, std::span<std::uint8_t> bytes) const;
+
+    /// Has all that was written reach the disk; waits for it. Ignored where that can't be.
+    void sync() const;
 
     [[nodiscard]] std::int64_t size() const { return m_size; }
 

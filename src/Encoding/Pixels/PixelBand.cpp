@@ -18,6 +18,13 @@ PixelBand::PixelBand(std::shared_ptr<const Bytes> pixels, std::unique_ptr<const 
 {
 }
 
+PixelBand::PixelBand(std::size_t byteCount, std::unique_ptr<const BackingStore> backing)
+    : m_byteCount(byteCount)
+    , m_backing(std::move(backing))
+{
+    precondition(m_backing != nullptr, "evicted pixels come back from somewhere");
+}
+
 bool PixelBand::isBacked() const
 {
     const std::scoped_lock lock(m_mutex);
@@ -43,6 +50,12 @@ PixelView PixelBand::pixels() const
     return PixelView(std::move(pixels));
 }
 
+void PixelBand::back(std::unique_ptr<const BackingStore> backing) const
+{
+    const std::scoped_lock lock(m_mutex);
+    m_backing = std::move(backing);
+}
+
 void PixelBand::evict() const
 {
     const std::scoped_lock lock(m_mutex);
@@ -53,10 +66,7 @@ void PixelBand::evict() const
 
 void PixelBand::evict(std::unique_ptr<const BackingStore> backing) const
 {
-    {
-        const std::scoped_lock lock(m_mutex);
-        m_backing = std::move(backing);
-    }
+    back(std::move(backing));
     evict();
 }
 

@@ -18,6 +18,8 @@ public:
     /// @param pixels   Not null.
     /// @param backing  Where they can be read again, as those of a file; null if nowhere.
     explicit PixelBand(std::shared_ptr<const Bytes> pixels, std::unique_ptr<const BackingStore> backing = nullptr);
+    /// Evicted from the start. @param byteCount  Of the pixels. @pre `backing` is not null; it gives so many bytes.
+    PixelBand(std::size_t byteCount, std::unique_ptr<const BackingStore> backing);
     PixelBand(const PixelBand&) = delete;
     PixelBand& operator=(const PixelBand&) = delete;
 
@@ -29,6 +31,9 @@ public:
     /// The pixels, in memory for as long as the result is held, evicted or not. Throws what the backing store throws if
     /// they have to be read and can't be any more.
     [[nodiscard]] PixelView pixels() const;
+
+    /// Gives it a backing store; its pixels stay. @pre as evict().
+    void back(std::unique_ptr<const BackingStore> backing) const;
 
     /// Evicts the pixels: they leave memory as soon as nobody else holds them. @pre isBacked().
     void evict() const;
