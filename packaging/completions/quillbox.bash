@@ -32,11 +32,11 @@ _quillbox() {
     *)
         if [[ -z $command ]]; then
             choices='--help --version'
-            [[ $word == -* ]] || choices='encode record begin stop toggle show status quit history doctor help'
+            [[ $word == -* ]] || choices='encode record begin stop toggle show status quit history recover doctor help'
         elif [[ $word != -* ]]; then
             [[ $command != encode ]] || _quillbox_files "$word"
             [[ $command == help ]] || return
-            choices='encode record begin stop toggle show status quit history doctor'
+            choices='encode record begin stop toggle show status quit history recover doctor'
         else
             case $command in
             encode)
@@ -46,6 +46,9 @@ _quillbox() {
             record)
                 choices='--help --region --select --duration --preset --output --json --force --quiet --precise --max-size --max-width --max-fps'
                 choices+=' --colors --copy'
+                ;;
+            recover)
+                choices='--help --list --discard --preset --output --json --force --quiet --precise --max-size --max-width --max-fps --colors'
                 ;;
             begin | stop | toggle | status | history | doctor) choices='--help --json' ;;
             show | quit | help) choices='--help' ;;

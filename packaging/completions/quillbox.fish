@@ -13,10 +13,11 @@ complete -c quillbox -n __fish_use_subcommand -a show -d 'Open the panel'
 complete -c quillbox -n __fish_use_subcommand -a status -d 'Print what the application is doing'
 complete -c quillbox -n __fish_use_subcommand -a quit -d 'End the application'
 complete -c quillbox -n __fish_use_subcommand -a history -d 'List the clips made lately, newest first'
+complete -c quillbox -n __fish_use_subcommand -a recover -d 'Make clips of recordings that were cut off'
 complete -c quillbox -n __fish_use_subcommand -a doctor -d 'Tell what this desktop has, and what is missing'
 complete -c quillbox -n __fish_use_subcommand -a help -d 'Print the help of a command'
 
-set -l makes_clips '__fish_seen_subcommand_from encode record'
+set -l makes_clips '__fish_seen_subcommand_from encode record recover'
 complete -c quillbox -n $makes_clips -l preset -x -a 'slack\t"2 MB, 960 pixels wide" github\t"10 MB" docs\t"5 MB"' \
     -d 'Where the GIF is meant for'
 complete -c quillbox -n $makes_clips -s o -l output -r -F -d 'The GIF to write, - for standard output'
@@ -49,5 +50,9 @@ complete -c quillbox -n $record -l region -x -d 'Left, top and size of the regio
 complete -c quillbox -n $record -l select -d 'Drag the region out on the screen'
 complete -c quillbox -n $record -l duration -x -d 'Stop after so many seconds'
 complete -c quillbox -n $record -l copy -d 'Put the clip on the clipboard, too'
+
+set -l recover '__fish_seen_subcommand_from recover'
+complete -c quillbox -n $recover -l list -d 'Only list them'
+complete -c quillbox -n $recover -l discard -d 'Remove them instead'
 
 complete -c quillbox -n '__fish_seen_subcommand_from begin stop toggle status history doctor' -l json -d 'Answer with JSON'

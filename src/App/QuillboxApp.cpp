@@ -281,7 +281,13 @@ void QuillboxApp::quit()
     m_tray->hide();
     for (QWidget* const window : QApplication::topLevelWidgets())
         window->hide();
-    m_handOver->begin();
+    // A clip that is being made is finished first. What is being recorded is kept for the next start.
+    const auto handOver = [this] {
+        if (!m_coordinator->get().isIn<RecordingCoordinator::Processing>())
+            m_handOver->begin();
+    };
+    QObject::connect(m_coordinator.get(), &CurrentCoordinator::phaseChanged, m_handOver.get(), handOver);
+    handOver();
 }
 
 void QuillboxApp::showClipboard()

@@ -49,8 +49,8 @@ public:
 
     void showPanel();
     void showSettings();
-    /// Lets go of all that another instance would need, hands the clipboard over, and ends the event loop: at once, or
-    /// within seconds.
+    /// Lets go of all that another instance would need, lets a clip that is being made be finished, hands the clipboard
+    /// over, and ends the event loop: at once, or within seconds.
     void quit();
 
 private:

@@ -170,6 +170,17 @@
     </message>
 </context>
 <context>
+    <name>CutOffRecordings</name>
+    <message>
+        <source>Another program has this recording, or it is gone</source>
+        <translation>Ein anderes Programm hat diese Aufnahme, oder sie ist nicht mehr da</translation>
+    </message>
+    <message>
+        <source>This recording is damaged; nothing can be made of it</source>
+        <translation>Diese Aufnahme ist beschädigt; aus ihr lässt sich nichts machen</translation>
+    </message>
+</context>
+<context>
     <name>DesktopApplication</name>
     <message>
         <source>%1. quillbox record and encode work from a terminal</source>
@@ -508,6 +519,21 @@
     <message>
         <source>%1, but not %2</source>
         <translation>%1, aber nicht %2</translation>
+    </message>
+    <message>
+        <source>Recordings</source>
+        <translation>Aufnahmen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n recording(s) cut off before there was a clip</source>
+        <translation>
+            <numerusform>%n Aufnahme abgebrochen, bevor es einen Clip gab</numerusform>
+            <numerusform>%n Aufnahmen abgebrochen, bevor es einen Clip gab</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>quillbox recover makes clips of them, quillbox recover --discard removes them</source>
+        <translation>quillbox recover macht Clips daraus, quillbox recover --discard entfernt sie</translation>
     </message>
 </context>
 <context>
@@ -978,6 +1004,18 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <source>The command; none for all of them</source>
         <translation>Der Befehl; keiner für alle</translation>
     </message>
+    <message>
+        <source>Make clips of recordings that the program&apos;s end cut off</source>
+        <translation>Aus Aufnahmen, die das Ende des Programms abbrach, Clips machen</translation>
+    </message>
+    <message>
+        <source>Only list them: when each began, and how long it is</source>
+        <translation>Sie nur auflisten: wann jede begann und wie lang sie ist</translation>
+    </message>
+    <message>
+        <source>Remove them instead</source>
+        <translation>Sie stattdessen entfernen</translation>
+    </message>
 </context>
 <context>
     <name>HistoryCommand</name>
@@ -1219,6 +1257,17 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     </message>
 </context>
 <context>
+    <name>RecoverCommand</name>
+    <message>
+        <source>no recording was cut off; there is nothing to recover</source>
+        <translation>keine Aufnahme wurde abgebrochen; es gibt nichts wiederherzustellen</translation>
+    </message>
+    <message>
+        <source>several recordings were cut off; leave out -o to make a clip of each</source>
+        <translation>mehrere Aufnahmen wurden abgebrochen; lassen Sie -o weg, um aus jeder einen Clip zu machen</translation>
+    </message>
+</context>
+<context>
     <name>ResultReport</name>
     <message>
         <source>%1: %2, %3, %4, %5 fps, %6 s, %7</source>
@@ -1302,6 +1351,16 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>; over the %1 MB budget of %2: try --max-width, --crop, fewer frames or another --preset</source>
         <translation>; über dem Limit von %1 MB für %2: versuchen Sie --max-width, --crop, weniger Bilder oder ein anderes --preset</translation>
+    </message>
+</context>
+<context>
+    <name>StatusReport</name>
+    <message numerus="yes">
+        <source>%n recording(s) cut off; quillbox recover makes clips</source>
+        <translation>
+            <numerusform>%n Aufnahme abgebrochen; quillbox recover macht einen Clip daraus</numerusform>
+            <numerusform>%n Aufnahmen abgebrochen; quillbox recover macht Clips daraus</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1519,6 +1578,10 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>standard input is a terminal; pipe an image, a YUV4MPEG2 stream or raw frames into it</source>
         <translation>die Standardeingabe ist ein Terminal; leiten Sie ein Bild, einen YUV4MPEG2-Strom oder rohe Bilder hinein</translation>
+    </message>
+    <message>
+        <source>--list and --discard can&apos;t be had at once; use one of them</source>
+        <translation>--list und --discard gehen nicht zugleich; verwenden Sie eines davon</translation>
     </message>
 </context>
 <context>

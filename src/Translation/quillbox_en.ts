@@ -2,6 +2,16 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>Doctor</name>
+    <message numerus="yes">
+        <source>%n recording(s) cut off before there was a clip</source>
+        <translation>
+            <numerusform>%n recording cut off before there was a clip</numerusform>
+            <numerusform>%n recordings cut off before there was a clip</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>FrameReadError</name>
     <message numerus="yes">
         <source>is cut off after %n whole frame(s); get the file again, or --keep-going</source>
@@ -80,6 +90,16 @@
         <translation>
             <numerusform>; %n picture, %1 kept: changes of less than 1 % merge (--precise keeps them)</numerusform>
             <numerusform>; %n pictures, %1 kept: changes of less than 1 % merge (--precise keeps them)</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>StatusReport</name>
+    <message numerus="yes">
+        <source>%n recording(s) cut off; quillbox recover makes clips</source>
+        <translation>
+            <numerusform>%n recording cut off; quillbox recover makes a clip of it</numerusform>
+            <numerusform>%n recordings cut off; quillbox recover makes clips of them</numerusform>
         </translation>
     </message>
 </context>

@@ -170,6 +170,17 @@
     </message>
 </context>
 <context>
+    <name>CutOffRecordings</name>
+    <message>
+        <source>Another program has this recording, or it is gone</source>
+        <translation>Otro programa tiene esta grabación, o ya no existe</translation>
+    </message>
+    <message>
+        <source>This recording is damaged; nothing can be made of it</source>
+        <translation>Esta grabación está dañada; no se puede hacer nada con ella</translation>
+    </message>
+</context>
+<context>
     <name>DesktopApplication</name>
     <message>
         <source>%1. quillbox record and encode work from a terminal</source>
@@ -508,6 +519,21 @@
     <message>
         <source>%1, but not %2</source>
         <translation>%1, pero no %2</translation>
+    </message>
+    <message>
+        <source>Recordings</source>
+        <translation>Grabaciones</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n recording(s) cut off before there was a clip</source>
+        <translation>
+            <numerusform>%n grabación cortada antes de que hubiera un clip</numerusform>
+            <numerusform>%n grabaciones cortadas antes de que hubiera un clip</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>quillbox recover makes clips of them, quillbox recover --discard removes them</source>
+        <translation>quillbox recover hace clips con ellas, quillbox recover --discard las elimina</translation>
     </message>
 </context>
 <context>
@@ -978,6 +1004,18 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <source>The command; none for all of them</source>
         <translation>La orden; ninguna para todas</translation>
     </message>
+    <message>
+        <source>Make clips of recordings that the program&apos;s end cut off</source>
+        <translation>Hacer clips con las grabaciones que cortó el final del programa</translation>
+    </message>
+    <message>
+        <source>Only list them: when each began, and how long it is</source>
+        <translation>Solo listarlas: cuándo empezó cada una y cuánto dura</translation>
+    </message>
+    <message>
+        <source>Remove them instead</source>
+        <translation>Eliminarlas en su lugar</translation>
+    </message>
 </context>
 <context>
     <name>HistoryCommand</name>
@@ -1219,6 +1257,17 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     </message>
 </context>
 <context>
+    <name>RecoverCommand</name>
+    <message>
+        <source>no recording was cut off; there is nothing to recover</source>
+        <translation>no se cortó ninguna grabación; no hay nada que recuperar</translation>
+    </message>
+    <message>
+        <source>several recordings were cut off; leave out -o to make a clip of each</source>
+        <translation>se cortaron varias grabaciones; omita -o para hacer un clip con cada una</translation>
+    </message>
+</context>
+<context>
     <name>ResultReport</name>
     <message>
         <source>%1: %2, %3, %4, %5 fps, %6 s, %7</source>
@@ -1302,6 +1351,16 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>; over the %1 MB budget of %2: try --max-width, --crop, fewer frames or another --preset</source>
         <translation>; por encima del límite de %1 MB de %2: pruebe --max-width, --crop, menos imágenes u otro --preset</translation>
+    </message>
+</context>
+<context>
+    <name>StatusReport</name>
+    <message numerus="yes">
+        <source>%n recording(s) cut off; quillbox recover makes clips</source>
+        <translation>
+            <numerusform>%n grabación cortada; quillbox recover hace un clip</numerusform>
+            <numerusform>%n grabaciones cortadas; quillbox recover hace clips</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1519,6 +1578,10 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>standard input is a terminal; pipe an image, a YUV4MPEG2 stream or raw frames into it</source>
         <translation>la entrada estándar es una terminal; envíele una imagen, un flujo YUV4MPEG2 o fotogramas sin formato</translation>
+    </message>
+    <message>
+        <source>--list and --discard can&apos;t be had at once; use one of them</source>
+        <translation>--list y --discard no se pueden usar a la vez; use una de las dos</translation>
     </message>
 </context>
 <context>

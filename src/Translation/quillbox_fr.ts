@@ -170,6 +170,17 @@
     </message>
 </context>
 <context>
+    <name>CutOffRecordings</name>
+    <message>
+        <source>Another program has this recording, or it is gone</source>
+        <translation>Un autre programme a cet enregistrement, ou il n&apos;existe plus</translation>
+    </message>
+    <message>
+        <source>This recording is damaged; nothing can be made of it</source>
+        <translation>Cet enregistrement est endommagé&#xa0;; on ne peut rien en faire</translation>
+    </message>
+</context>
+<context>
     <name>DesktopApplication</name>
     <message>
         <source>%1. quillbox record and encode work from a terminal</source>
@@ -508,6 +519,21 @@
     <message>
         <source>%1, but not %2</source>
         <translation>%1, mais pas %2</translation>
+    </message>
+    <message>
+        <source>Recordings</source>
+        <translation>Enregistrements</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n recording(s) cut off before there was a clip</source>
+        <translation>
+            <numerusform>%n enregistrement interrompu avant d&apos;être un clip</numerusform>
+            <numerusform>%n enregistrements interrompus avant d&apos;être un clip</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>quillbox recover makes clips of them, quillbox recover --discard removes them</source>
+        <translation>quillbox recover en fait des clips, quillbox recover --discard les supprime</translation>
     </message>
 </context>
 <context>
@@ -978,6 +1004,18 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <source>The command; none for all of them</source>
         <translation>La commande ; aucune pour toutes</translation>
     </message>
+    <message>
+        <source>Make clips of recordings that the program&apos;s end cut off</source>
+        <translation>Faire des clips des enregistrements que la fin du programme a interrompus</translation>
+    </message>
+    <message>
+        <source>Only list them: when each began, and how long it is</source>
+        <translation>Seulement les lister : début et durée de chacun</translation>
+    </message>
+    <message>
+        <source>Remove them instead</source>
+        <translation>Les supprimer à la place</translation>
+    </message>
 </context>
 <context>
     <name>HistoryCommand</name>
@@ -1219,6 +1257,17 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     </message>
 </context>
 <context>
+    <name>RecoverCommand</name>
+    <message>
+        <source>no recording was cut off; there is nothing to recover</source>
+        <translation>aucun enregistrement n&apos;a été interrompu&#xa0;; il n&apos;y a rien à récupérer</translation>
+    </message>
+    <message>
+        <source>several recordings were cut off; leave out -o to make a clip of each</source>
+        <translation>plusieurs enregistrements ont été interrompus&#xa0;; omettez -o pour faire un clip de chacun</translation>
+    </message>
+</context>
+<context>
     <name>ResultReport</name>
     <message>
         <source>%1: %2, %3, %4, %5 fps, %6 s, %7</source>
@@ -1302,6 +1351,16 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>; over the %1 MB budget of %2: try --max-width, --crop, fewer frames or another --preset</source>
         <translation> ; dépasse la limite de %1 Mo de %2 : essayez --max-width, --crop, moins d’images ou un autre --preset</translation>
+    </message>
+</context>
+<context>
+    <name>StatusReport</name>
+    <message numerus="yes">
+        <source>%n recording(s) cut off; quillbox recover makes clips</source>
+        <translation>
+            <numerusform>%n enregistrement interrompu&#xa0;; quillbox recover en fait un clip</numerusform>
+            <numerusform>%n enregistrements interrompus&#xa0;; quillbox recover en fait des clips</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1519,6 +1578,10 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>standard input is a terminal; pipe an image, a YUV4MPEG2 stream or raw frames into it</source>
         <translation>l’entrée standard est un terminal ; dirigez-y une image, un flux YUV4MPEG2 ou des images brutes</translation>
+    </message>
+    <message>
+        <source>--list and --discard can&apos;t be had at once; use one of them</source>
+        <translation>--list et --discard ne vont pas ensemble&#xa0;; utilisez l&apos;une des deux</translation>
     </message>
 </context>
 <context>

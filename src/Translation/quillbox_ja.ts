@@ -170,6 +170,17 @@
     </message>
 </context>
 <context>
+    <name>CutOffRecordings</name>
+    <message>
+        <source>Another program has this recording, or it is gone</source>
+        <translation>この録画は別のプログラムが使用中か、もうありません</translation>
+    </message>
+    <message>
+        <source>This recording is damaged; nothing can be made of it</source>
+        <translation>この録画は壊れており、クリップにできません</translation>
+    </message>
+</context>
+<context>
     <name>DesktopApplication</name>
     <message>
         <source>%1. quillbox record and encode work from a terminal</source>
@@ -508,6 +519,20 @@
     <message>
         <source>%1, but not %2</source>
         <translation>%1 (%2 は除く)</translation>
+    </message>
+    <message>
+        <source>Recordings</source>
+        <translation>録画</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n recording(s) cut off before there was a clip</source>
+        <translation>
+            <numerusform>クリップになる前に途切れた録画 %n 件</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>quillbox recover makes clips of them, quillbox recover --discard removes them</source>
+        <translation>quillbox recover でクリップにし、quillbox recover --discard で削除します</translation>
     </message>
 </context>
 <context>
@@ -977,6 +1002,18 @@ The commands below have more examples: quillbox encode --help</source>
         <source>The command; none for all of them</source>
         <translation>コマンド。なければすべて</translation>
     </message>
+    <message>
+        <source>Make clips of recordings that the program&apos;s end cut off</source>
+        <translation>プログラムの終了で途切れた録画からクリップを作る</translation>
+    </message>
+    <message>
+        <source>Only list them: when each began, and how long it is</source>
+        <translation>一覧だけを表示: それぞれの開始時刻と長さ</translation>
+    </message>
+    <message>
+        <source>Remove them instead</source>
+        <translation>代わりに削除する</translation>
+    </message>
 </context>
 <context>
     <name>HistoryCommand</name>
@@ -1214,6 +1251,17 @@ The commands below have more examples: quillbox encode --help</source>
     </message>
 </context>
 <context>
+    <name>RecoverCommand</name>
+    <message>
+        <source>no recording was cut off; there is nothing to recover</source>
+        <translation>途切れた録画はなく、復元するものはありません</translation>
+    </message>
+    <message>
+        <source>several recordings were cut off; leave out -o to make a clip of each</source>
+        <translation>途切れた録画が複数あります。-o を外すと、それぞれのクリップを作ります</translation>
+    </message>
+</context>
+<context>
     <name>ResultReport</name>
     <message>
         <source>%1: %2, %3, %4, %5 fps, %6 s, %7</source>
@@ -1292,6 +1340,15 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>; over the %1 MB budget of %2: try --max-width, --crop, fewer frames or another --preset</source>
         <translation>。%2 の上限 %1 MB を超えています: --max-width、--crop、フレームを減らす、別の --preset を試してください</translation>
+    </message>
+</context>
+<context>
+    <name>StatusReport</name>
+    <message numerus="yes">
+        <source>%n recording(s) cut off; quillbox recover makes clips</source>
+        <translation>
+            <numerusform>途切れた録画 %n 件。quillbox recover でクリップにできます</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1509,6 +1566,10 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>standard input is a terminal; pipe an image, a YUV4MPEG2 stream or raw frames into it</source>
         <translation>標準入力は端末です。画像、YUV4MPEG2 ストリーム、または生フレームをパイプで渡してください</translation>
+    </message>
+    <message>
+        <source>--list and --discard can&apos;t be had at once; use one of them</source>
+        <translation>--list と --discard は同時に使えません。どちらかを使ってください</translation>
     </message>
 </context>
 <context>

@@ -170,6 +170,17 @@
     </message>
 </context>
 <context>
+    <name>CutOffRecordings</name>
+    <message>
+        <source>Another program has this recording, or it is gone</source>
+        <translation>此录制正被另一个程序使用，或已不存在</translation>
+    </message>
+    <message>
+        <source>This recording is damaged; nothing can be made of it</source>
+        <translation>此录制已损坏，无法制作片段</translation>
+    </message>
+</context>
+<context>
     <name>DesktopApplication</name>
     <message>
         <source>%1. quillbox record and encode work from a terminal</source>
@@ -508,6 +519,20 @@
     <message>
         <source>%1, but not %2</source>
         <translation>%1，但不含 %2</translation>
+    </message>
+    <message>
+        <source>Recordings</source>
+        <translation>录制</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n recording(s) cut off before there was a clip</source>
+        <translation>
+            <numerusform>%n 个录制在制成片段前中断</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>quillbox recover makes clips of them, quillbox recover --discard removes them</source>
+        <translation>quillbox recover 将其制成片段，quillbox recover --discard 将其删除</translation>
     </message>
 </context>
 <context>
@@ -977,6 +1002,18 @@ The commands below have more examples: quillbox encode --help</source>
         <source>The command; none for all of them</source>
         <translation>命令；不写则为全部</translation>
     </message>
+    <message>
+        <source>Make clips of recordings that the program&apos;s end cut off</source>
+        <translation>将因程序结束而中断的录制制成片段</translation>
+    </message>
+    <message>
+        <source>Only list them: when each began, and how long it is</source>
+        <translation>仅列出：各自的开始时间和时长</translation>
+    </message>
+    <message>
+        <source>Remove them instead</source>
+        <translation>改为将其删除</translation>
+    </message>
 </context>
 <context>
     <name>HistoryCommand</name>
@@ -1214,6 +1251,17 @@ The commands below have more examples: quillbox encode --help</source>
     </message>
 </context>
 <context>
+    <name>RecoverCommand</name>
+    <message>
+        <source>no recording was cut off; there is nothing to recover</source>
+        <translation>没有中断的录制；没有可恢复的内容</translation>
+    </message>
+    <message>
+        <source>several recordings were cut off; leave out -o to make a clip of each</source>
+        <translation>有多个中断的录制；请去掉 -o，以便分别制作片段</translation>
+    </message>
+</context>
+<context>
     <name>ResultReport</name>
     <message>
         <source>%1: %2, %3, %4, %5 fps, %6 s, %7</source>
@@ -1292,6 +1340,15 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>; over the %1 MB budget of %2: try --max-width, --crop, fewer frames or another --preset</source>
         <translation>；超出 %2 的 %1 MB 限额：请尝试 --max-width、--crop、减少帧数或换一个 --preset</translation>
+    </message>
+</context>
+<context>
+    <name>StatusReport</name>
+    <message numerus="yes">
+        <source>%n recording(s) cut off; quillbox recover makes clips</source>
+        <translation>
+            <numerusform>%n 个录制中断；quillbox recover 可将其制成片段</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1509,6 +1566,10 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>standard input is a terminal; pipe an image, a YUV4MPEG2 stream or raw frames into it</source>
         <translation>标准输入是终端；请将图像、YUV4MPEG2 流或原始帧通过管道送入</translation>
+    </message>
+    <message>
+        <source>--list and --discard can&apos;t be had at once; use one of them</source>
+        <translation>--list 和 --discard 不能同时使用；请使用其中一个</translation>
     </message>
 </context>
 <context>

@@ -14,8 +14,8 @@ struct Finished {
     int exitCode = ExitCode::success;
 };
 
-using Request = std::variant<Finished, EncodeOptions, RecordOptions, ControlOptions, HistoryOptions, DoctorOptions,
-    DesktopOptions>;
+using Request = std::variant<Finished, EncodeOptions, RecordOptions, ControlOptions, HistoryOptions, RecoverOptions,
+    DoctorOptions, DesktopOptions>;
 
 /// Reads the arguments of `main`; prints help and version texts on standard output. Looks at no file.
 /// @throws UsageError

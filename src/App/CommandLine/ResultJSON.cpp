@@ -1,3 +1,4 @@
+#include "App/CommandLine/CutOffReport.h"
 #include "App/CommandLine/DoctorReport.h"
 #include "App/CommandLine/ResultReport.h"
 #include "App/CommandLine/StatusReport.h"
@@ -37,6 +38,22 @@ const char* wordFor(ServiceReport::Health health)
         break;
     }
     return "missing";
+}
+
+/// Of recordings that were cut off.
+nlohmann::ordered_json jsonOf(const QVariantList& cutOff)
+{
+    auto array = nlohmann::ordered_json::array();
+    for (const QVariant& each : cutOff) {
+        const auto map = each.toMap();
+        nlohmann::ordered_json object{{"path", map.value(QStringLiteral("path")).toString().toStdString()}};
+        if (map.contains(QStringLiteral("date"))) {
+            object["date"] = map.value(QStringLiteral("date")).toString().toStdString();
+            object["durationSeconds"] = hundredths(map.value(QStringLiteral("durationSeconds")).toDouble());
+        }
+        array.push_back(object);
+    }
+    return array;
 }
 
 } // namespace
@@ -100,7 +117,14 @@ std::string StatusReport::jsonLine(const QVariantMap& status)
         else if (value.isValid())
             object[key] = value.toLongLong();
     }
+    if (const auto cutOff = status.value(QStringLiteral("cutOff")).toList(); !cutOff.empty())
+        object["cutOff"] = jsonOf(cutOff);
     return lineOf(object);
+}
+
+std::string CutOffReport::json(const std::vector<CutOffRecordings::Found>& all)
+{
+    return lineOf(jsonOf(list(all)));
 }
 
 } // namespace quillbox

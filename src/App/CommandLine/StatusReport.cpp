@@ -1,5 +1,7 @@
 #include "App/CommandLine/StatusReport.h"
 
+#include "Translation/Translate.h"
+
 namespace quillbox {
 
 std::string StatusReport::humanLine(const QVariantMap& status)
@@ -10,7 +12,12 @@ std::string StatusReport::humanLine(const QVariantMap& status)
         if (!value.isEmpty())
             line += QStringLiteral("  ") + value;
     }
-    return line.toStdString() + '\n';
+    auto text = line.toStdString() + '\n';
+    const auto count = static_cast<int>(status.value(QStringLiteral("cutOff")).toList().size()); // a handful
+    if (count > 0)
+        text += translate("StatusReport", "%n recording(s) cut off; quillbox recover makes clips", nullptr, count)
+            + '\n';
+    return text;
 }
 
 } // namespace quillbox

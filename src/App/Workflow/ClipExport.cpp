@@ -57,6 +57,7 @@ ClipExport::Saved ClipExport::run(
 {
     Saved saved{.result = encode(recording, preset, execution), .path = {}};
     saved.path = save(saved.result.data, QDateTime::currentDateTime());
+    recording.settle();
     return saved;
 }
 

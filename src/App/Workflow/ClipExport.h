@@ -41,7 +41,7 @@ struct Saved {
 /// @throws OutputFileError  the file can't be written; nothing of it is left.
 [[nodiscard]] QString save(std::span<const std::uint8_t> gif, QDateTime date);
 
-/// Encodes the recording and saves it as a clip that was made now.
+/// Encodes the recording, saves it as a clip that was made now, and settles it.
 /// @pre the recording has a frame; a violation ends the process.
 /// @throws GIFEncodingError  a side of a frame is too large.
 /// @throws std::filesystem::filesystem_error, OutputFileError  as `save`.

@@ -74,6 +74,8 @@ struct Arguments {
     bool keepGoing = false;
     bool select = false;
     bool copy = false;
+    bool list = false;
+    bool discard = false;
 };
 
 constexpr const char* overview = QT_TRANSLATE_NOOP("Help",
@@ -371,6 +373,19 @@ RecordOptions recordOptions(const CLI::App& command, const Arguments& arguments)
     return options;
 }
 
+RecoverOptions recoverOptions(const CLI::App& command, const Arguments& arguments)
+{
+    if (arguments.list && arguments.discard)
+        throw complaint(QT_TRANSLATE_NOOP("Usage", "--list and --discard can't be had at once; use one of them"));
+    RecoverOptions options;
+    options.out = outputOptions(command, arguments);
+    if (arguments.list)
+        options.action = RecoverOptions::Action::List;
+    else if (arguments.discard)
+        options.action = RecoverOptions::Action::Discard;
+    return options;
+}
+
 /// A command that asks the running application for something.
 struct Control {
     const char* name;
@@ -540,6 +555,14 @@ CommandLine::Request CommandLine::parse(int argc, const char* const* argv)
     auto* const history = app.add_subcommand("history", translate("Help", "List the clips made lately, newest first"));
     history->add_flag("--json", arguments.json, translate("Help", "Print them as a JSON array"));
     history->footer(example("history --json"));
+    auto* const recover
+        = app.add_subcommand("recover", translate("Help", "Make clips of recordings that the program's end cut off"));
+    recover->add_flag(
+        "--list", arguments.list, translate("Help", "Only list them: when each began, and how long it is"));
+    recover->add_flag("--discard", arguments.discard, translate("Help", "Remove them instead"));
+    addOutputOptions(*recover, arguments, translate("Help", "a dated file in the folder Quillbox of your videos"));
+    addPreciseOptions(*recover, arguments);
+    recover->footer(example("recover --list"));
     auto* const doctor = app.add_subcommand(
         "doctor", translate("Help", "Tell what this desktop has to record, copy and so on, and what is missing"));
     doctor->add_flag("--json", arguments.json, translate("Help", "Print it as a JSON object"));
@@ -572,6 +595,8 @@ CommandLine::Request CommandLine::parse(int argc, const char* const* argv)
         return recordOptions(*record, arguments);
     if (history->parsed())
         return HistoryOptions{arguments.json};
+    if (recover->parsed())
+        return recoverOptions(*recover, arguments);
     if (doctor->parsed())
         return DoctorOptions{arguments.json};
     if (const auto control = controlOptions(app, arguments))

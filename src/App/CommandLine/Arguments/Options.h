@@ -75,6 +75,13 @@ struct HistoryOptions {
     bool json = false; ///< print the list as JSON
 };
 
+/// What becomes of recordings that were cut off.
+struct RecoverOptions {
+    enum class Action { MakeClips, List, Discard };
+    Action action = Action::MakeClips;
+    OutputOptions out; ///< of a list only how it is printed
+};
+
 struct DoctorOptions {
     bool json = false; ///< print the report as JSON
 };

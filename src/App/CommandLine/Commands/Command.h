@@ -23,6 +23,11 @@ namespace Command {
 /// `quillbox history`: prints the clips made lately, newest first. Works whether the application runs or not.
 [[nodiscard]] int run(const HistoryOptions& options);
 
+/// `quillbox recover`: makes clips of recordings that were cut off, lists or removes them. Works whether the
+/// application runs or not. Reports its own errors.
+/// @throws UsageError, OutputFileError  before anything is made.
+[[nodiscard]] int run(const RecoverOptions& options);
+
 /// `quillbox doctor`: asks what the desktop has for everything that the program wants of it, all at once, and prints
 /// the answers. Needs neither a display nor a bus. @return success where the screen can be recorded.
 [[nodiscard]] int run(const DoctorOptions& options);

@@ -1,6 +1,7 @@
 #include "App/CommandLine/Commands/Command.h"
 
 #include "App/CommandLine/CoreApplication.h"
+#include "App/CommandLine/CutOffReport.h"
 #include "App/CommandLine/StatusReport.h"
 #include "App/CommandLine/Terminal/ErrorReport.h"
 #include "App/Desktop/RunningInstance.h"
@@ -49,6 +50,13 @@ int stop(bool json)
     return print(status, json);
 }
 
+int status(bool json)
+{
+    auto status = RunningInstance::status();
+    status.insert(QStringLiteral("cutOff"), CutOffReport::list(CutOffRecordings::find()));
+    return print(status, json);
+}
+
 int carryOut(const ControlOptions& options)
 {
     switch (options.action) {
@@ -60,7 +68,7 @@ int carryOut(const ControlOptions& options)
         return phaseOf(RunningInstance::status()) == QLatin1String("recording") ? stop(options.json)
                                                                                 : begin(options.json);
     case ControlOptions::Action::Status:
-        return print(RunningInstance::status(), options.json);
+        return status(options.json);
     case ControlOptions::Action::Show:
         RunningInstance::show();
         break;

@@ -1,6 +1,7 @@
 #include "App/CommandLine/Commands/Command.h"
 
 #include "App/CommandLine/CoreApplication.h"
+#include "App/CommandLine/CutOffReport.h"
 #include "App/CommandLine/DoctorReport.h"
 #include "App/CommandLine/Terminal/ErrorReport.h"
 #include "App/Desktop/HotkeyReport.h"
@@ -78,6 +79,8 @@ int Command::run(const DoctorOptions& options)
         const CoreApplication application;
         findings.services = QCoro::waitFor(askEverybody());
         findings.services.push_back(ImageReport::make());
+        if (auto cutOff = CutOffReport::report(CutOffRecordings::find()))
+            findings.services.push_back(std::move(*cutOff));
     }
     findings.windowSystem = nameOf(sessionWindowSystem());
     findings.desktop = variable("XDG_CURRENT_DESKTOP");

@@ -4,8 +4,8 @@
 #include "App/CommandLine/ClipOutput.h"
 #include "App/CommandLine/CoreApplication.h"
 #include "App/CommandLine/OptimizerProgress.h"
+#include "App/CommandLine/RecordedClip.h"
 #include "App/CommandLine/RecordingEnd.h"
-#include "App/CommandLine/ResultReport.h"
 #include "App/CommandLine/ScreenSelection.h"
 #include "App/CommandLine/Terminal/ErrorReport.h"
 #include "App/CommandLine/Terminal/ProgressLine.h"
@@ -104,41 +104,11 @@ QCoro::Task<Recording> recordFrames(std::shared_ptr<ScreenSession> screen, Recor
     co_return recording;
 }
 
-/// A finished clip, and what was given up for it if it was made precisely.
-struct Encoded {
-    GIFOptimizer::Result result;
-    std::optional<PreciseOptimizer::Result> precise; ///< without the clip
-};
-
-Encoded encode(const Recording& recording, const OutputOptions& options,
+RecordedClip::Encoded encode(const Recording& recording, const OutputOptions& options,
     const std::function<void(const GIFOptimizer::Progress&)>& progress)
 {
     leaveEndingSignalsToMainThread();
-    if (!options.precise)
-        return {.result = ClipExport::encode(recording, options.preset, {.progress = progress}), .precise = {}};
-    auto precise = ClipExport::encodePrecisely(recording, *options.precise, {.progress = progress});
-    auto clip = std::exchange(precise.clip, {});
-    return {.result = std::move(clip), .precise = std::move(precise)};
-}
-
-/// @return where it was saved
-std::string save(const Encoded& encoded, const OutputOptions& options, ProgressLine& line)
-{
-    const auto& gif = encoded.result.data;
-    line.show(translate("ProgressLine", "saving"));
-    if (options.output)
-        ClipOutput(*options.output, options.force).save(gif);
-    const ClipOutput output(options.output
-            ? *options.output
-            : QFile::encodeName(ClipExport::save(gif, QDateTime::currentDateTime())).toStdString(),
-        options.force);
-    line.clear();
-    ResultReport::Clip saved{.result = encoded.result, .preset = options.preset, .output = output.name()};
-    if (encoded.precise)
-        saved.precise.emplace(ResultReport::Clip::Precise{*encoded.precise, *options.precise});
-    if (options.json || !options.quiet)
-        output.report(options.json ? ResultReport::jsonLine(saved) : ResultReport::humanLine(saved));
-    return output.name();
+    return RecordedClip::encode(recording, options, progress);
 }
 
 /// Why no clip can be copied on this desktop, as sentences for the user; empty where one can.
@@ -207,15 +177,15 @@ QCoro::Task<int> recordAndSave(RecordOptions options)
         co_return ExitCode::failure;
     ProgressLine line(!options.out.quiet);
     auto recorded = recordFrames(screen, options, line);
-    Recording recording = co_await recorded;
+    const Recording recording = co_await recorded;
     if (recording.frames().empty())
         co_return ExitCode::failure;
     std::string failure;
     try {
         const auto preset = options.out.precise ? std::nullopt : std::optional(options.out.preset);
-        auto job = QtConcurrent::run(&encode, std::move(recording), options.out, progressOn(line, preset));
+        auto job = QtConcurrent::run(&encode, recording, options.out, progressOn(line, preset));
         const auto encoded = co_await job;
-        const auto output = save(encoded, options.out, line);
+        const auto output = RecordedClip::save(encoded, recording, options.out, QDateTime::currentDateTime(), line);
         if (options.copy) {
             auto copying = copy(output, ClipExport::bytes(encoded.result));
             if (!co_await copying)

@@ -1,0 +1,211 @@
+#!/usr/bin/python3
+"""A recording survives the end of the program that makes it. Run by CTest, one test an X session."""
+
+import json
+import os
+import pathlib
+import random
+import signal
+import stat
+import unittest
+
+from PIL import Image
+
+from application import quillbox, status, until
+from desktop import Desktop, without_pointer
+from journal import journals, recover, wait_until_kept
+from recording import ClipTest, Recording
+from running import ApplicationTest
+from screen import Screen
+
+AREA = (301, 257, 322, 238)
+REGION = "301,257,322x238"
+HISTORY = pathlib.Path(os.environ["XDG_DATA_HOME"], "Quillbox/history.json")
+CLIPS = pathlib.Path(os.environ["HOME"], "Videos/Quillbox")
+
+
+def listed():
+    done = recover("--list", "--json")
+    assert (done.returncode, done.stderr) == (0, ""), done.stderr
+    return json.loads(done.stdout)
+
+
+class Stage:
+    """A screen on which steps are shown while something records it."""
+
+    def __init__(self):
+        self.screen = Screen(*AREA)
+        self.screen.show(0)
+        self.shown = [self.screen.picture(*AREA)]
+
+    def play(self, steps):
+        """Shows steps until each is kept on disk."""
+        for step in range(1, steps + 1):
+            wait_until_kept(lambda: self.screen.show(step))
+            self.shown.append(self.screen.picture(*AREA))
+
+
+class RecoverCommandTest(ClipTest):
+    def assert_recovers(self, stage):
+        """The one recording that was cut off gives exactly what was shown."""
+        self.assertEqual(len(listed()), 1)
+        done = recover("-o", self.gif, "--json")
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertGreaterEqual(json.loads(done.stdout)["sourceFrameCount"], len(stage.shown))
+        self.assert_shows(self.gif, stage.shown)
+        self.assertEqual((listed(), journals()), ([], []))
+
+    def test_a_killed_program_leaves_its_recording(self):
+        stage = Stage()
+        with Recording("--region", REGION, "-o", self.gif) as recording:
+            stage.play(4)
+            journal, = journals()
+            self.assertEqual(stat.S_IMODE(journal.stat().st_mode), 0o600)
+            self.assertEqual(listed(), [], "it belongs to the program that runs")
+            recording.catch_up()
+            frames = recording.frames()
+            recording.stop(signal.SIGKILL)
+            recording.process.wait()
+        self.assertGreaterEqual(listed()[0]["durationSeconds"], frames / 30 - 2)
+        self.assert_recovers(stage)
+
+    def test_a_recording_that_ends_as_it_should_leaves_nothing(self):
+        stage = Stage()
+        with Recording("--region", REGION, "-o", self.gif) as recording:
+            stage.play(1)
+            recording.stop()
+            self.assertEqual(recording.result()[0], 0)
+        self.assertEqual((listed(), journals()), ([], []))
+        self.assert_shows(self.gif, stage.shown)
+
+    def test_a_clip_that_cannot_be_saved_leaves_its_recording(self):
+        stage = Stage()
+        with Recording("--region", REGION, "-o", self.gif) as recording:
+            stage.play(2)
+            os.mkdir(self.gif)  # in the way
+            recording.stop()
+            self.assertEqual(recording.result()[0], 1)
+        os.rmdir(self.gif)
+        self.assert_recovers(stage)
+
+    def test_two_recordings_are_two_clips(self):
+        stage = Stage()
+        with Recording("--region", REGION, "-o", self.gif) as one:
+            stage.play(1)
+            with Recording("--region", REGION, "-o", self.gif) as other:
+                until(lambda: len(journals()) == 2, "there are two journals")
+                one.stop(signal.SIGKILL)
+                one.process.wait()
+                self.assertEqual(len(listed()), 1, "the other one goes on")
+                other.stop(signal.SIGKILL)
+                other.process.wait()
+        self.assertEqual(len(listed()), 2)
+        refused = recover("-o", self.gif)
+        self.assertEqual((refused.returncode, len(listed())), (2, 2), refused.stderr)
+        self.assertEqual(recover("--quiet").returncode, 0)
+        self.assertEqual(len(list(CLIPS.glob("*.gif"))), 2)
+        self.assertEqual(len(json.loads(HISTORY.read_text())), 2)
+        self.assertEqual((listed(), journals()), ([], []))
+
+    def test_is_discarded_when_that_is_wanted(self):
+        stage = Stage()
+        with Recording("--region", REGION, "-o", self.gif) as recording:
+            stage.play(1)
+            recording.stop(signal.SIGKILL)
+            recording.process.wait()
+        done = quillbox("doctor")
+        self.assertIn("quillbox recover", done.stdout)
+        self.assertEqual(recover("--discard").returncode, 0)
+        self.assertEqual((listed(), journals()), ([], []))
+        self.assertNotIn("quillbox recover", quillbox("doctor").stdout)
+        done = recover()
+        self.assertEqual(done.returncode, 1)
+        self.assertEqual(done.stderr, "quillbox: no recording was cut off; there is nothing to recover\n")
+
+    def test_nothing_is_kept_where_that_is_switched_off(self):
+        os.environ["QUILLBOX_JOURNAL"] = "off"
+        stage = Stage()
+        with Recording("--region", REGION, "-o", self.gif) as recording:
+            recording.wait_for_more_frames(60)
+            self.assertEqual(journals(), [])
+            recording.stop()
+            self.assertEqual(recording.result()[0], 0)
+        self.assert_shows(self.gif, stage.shown)
+
+
+class EndedApplicationTest(ApplicationTest, ClipTest):
+    """The application ends while it records, or while it makes the clip."""
+
+    Application = Desktop
+    assert_recovers = RecoverCommandTest.assert_recovers
+
+    def setUp(self):
+        ClipTest.setUp(self)
+        self.pointer = without_pointer()
+        self.stage = Stage()
+
+    def record(self):
+        desktop = self.start()
+        desktop.record(*AREA)
+        self.stage.shown = [self.stage.screen.picture(*AREA)]  # what the overlay has left of step 0
+        self.stage.play(3)
+        return desktop
+
+    def test_quit_while_recording_keeps_the_recording(self):
+        desktop = self.record()
+        self.assertEqual(quillbox("quit").returncode, 0)
+        self.assertEqual(desktop.process.wait(60), 0)
+        self.assert_recovers(self.stage)
+
+    def test_a_signal_while_recording_keeps_the_recording(self):
+        for ending in (signal.SIGTERM, signal.SIGHUP):
+            desktop = self.record()
+            desktop.process.send_signal(ending)
+            self.assertEqual(desktop.process.wait(60), 0)
+            self.assert_recovers(self.stage)
+            os.remove(self.gif)
+
+    def test_the_next_start_tells_of_a_killed_one(self):
+        desktop = self.record()
+        desktop.process.kill()
+        desktop.process.wait()
+        self.start()
+        self.assertEqual(len(status()["cutOff"]), 1)
+        self.assertIn("recover", quillbox("status").stdout)
+        self.assert_recovers(self.stage)
+        self.assertNotIn("cutOff", status())
+
+    def test_the_servers_end_keeps_the_recording(self):
+        desktop = self.record()
+        os.kill(int(os.environ["XSERVER_PID"]), signal.SIGKILL)
+        desktop.process.wait(60)
+        saved = list(CLIPS.glob("*.gif"))
+        self.assertEqual(len(saved) + len(listed()), 1, "the clip, or what it can be made of")
+        if saved:
+            self.assert_shows(str(saved[0]), self.stage.shown)
+        else:
+            self.assert_recovers(self.stage)
+
+    def test_a_clip_that_is_being_made_is_finished_and_listed(self):
+        desktop = self.start()
+        desktop.record(*AREA)
+        noise = random.Random(1)
+        for _ in range(12):  # hard to encode
+            picture = Image.frombytes("RGB", AREA[2:], noise.randbytes(AREA[2] * AREA[3] * 3))
+            wait = status()["frameCount"] + 3
+            self.stage.screen.window.put_pil_image(self.stage.screen.context, 0, 0, picture)
+            self.stage.screen.display.sync()
+            desktop.wait_for_frames(wait)
+        desktop.open_panel()
+        desktop.press("Stop & Copy")
+        desktop.wait_for("processing")
+        self.assertEqual(quillbox("quit").returncode, 0)
+        self.assertEqual(desktop.process.wait(120), 0)
+        clip, = CLIPS.glob("*.gif")
+        entry, = json.loads(HISTORY.read_text())
+        self.assertEqual(entry["outputPath"], str(clip))
+        self.assertEqual((listed(), journals()), ([], []))
+
+
+if __name__ == "__main__":
+    unittest.main()
