@@ -65,8 +65,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             && frame.height() <= JournalFormat::maxSide;
         precondition(fits, "the format's sizes");
         for (std::int64_t index = 0; index < frame.bandCount(); ++index) {
-            const auto byteCount = static_cast<std::size_t>(
-                frame.width() * frame.rowsOfBand(index) * RGBAFrame::bytesPerPixel);
+            const auto byteCount
+                = static_cast<std::size_t>(frame.width() * frame.rowsOfBand(index) * RGBAFrame::bytesPerPixel);
             precondition(frame.band(index).size() == byteCount, "every band can be read, and has its rows");
         }
     }

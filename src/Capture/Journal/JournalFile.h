@@ -29,7 +29,7 @@ enum class Lock {
     Exclusive ///< to have it
 };
 /// Opens one that nobody writes any more. @return none if it is in use, gone, or no file of this user.
-[[nodiscard]] std::optional<Named> open(const std::filesystem::path& path, Lock lock);
+[[nodiscard]] std::optional<Named> open(const std::filesystem::path& path, Lock kind);
 
 /// Whether a file is called as create() would call it.
 [[nodiscard]] bool isName(const std::filesystem::path& path);
