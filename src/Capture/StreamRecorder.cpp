@@ -217,14 +217,14 @@ void StreamRecorder::deliver(Session& session, RGBAFrame frame, CaptureClock::ti
         return;
     }
     takeLate(session);
-    show(session, std::move(frame), time);
+    show(session, frame, time);
     if (session.timeline.isFinished()) // the picture came after the recording that was measured
         session.recording.reset();
     else
         session.reducer->follow(session.timeline.frames());
 }
 
-void StreamRecorder::show(Session& session, RGBAFrame frame, CaptureClock::time_point time)
+void StreamRecorder::show(Session& session, const RGBAFrame& frame, CaptureClock::time_point time)
 {
     const bool isFinished = session.timeline.isFinished();
     session.timeline.deliver(frame, time);
@@ -236,7 +236,7 @@ void StreamRecorder::show(Session& session, RGBAFrame frame, CaptureClock::time_
 void StreamRecorder::takeLate(Session& session)
 {
     if (session.late && !session.timeline.isFinished())
-        show(session, std::move(session.late->first), session.late->second);
+        show(session, session.late->first, session.late->second);
     session.late.reset();
 }
 

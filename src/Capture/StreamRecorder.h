@@ -102,7 +102,7 @@ private:
     void takeDeliveries();
     [[nodiscard]] std::shared_ptr<RecordingJournal> makeJournal() const;
     static void removeJournal(const Session& session);
-    static void show(Session& session, RGBAFrame frame, CaptureClock::time_point time);
+    static void show(Session& session, const RGBAFrame& frame, CaptureClock::time_point time);
     static void takeLate(Session& session);
     [[nodiscard]] static Recording recordingOf(Session& session);
     static void finish(Session& session, CaptureClock::time_point time);
