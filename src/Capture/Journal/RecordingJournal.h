@@ -46,8 +46,8 @@ public:
     void take(const RGBAFrame& picture, std::int64_t firstFrame);
     /// The recording is over: no picture follows. Never waits. A second call does nothing.
     void finish(std::int64_t frameCount);
-    /// The recording is safe elsewhere, or not wanted: the file loses its name at once, its pixels stay readable.
-    /// Never waits for the disk. Thread: any.
+    /// The recording is safe elsewhere, or not wanted: the file loses its name at once, or as soon as it has got one if
+    /// it is just being made; its pixels stay readable. Never waits for the disk. Thread: any.
     void remove();
 
 private:

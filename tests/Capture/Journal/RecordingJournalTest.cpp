@@ -118,6 +118,8 @@ TEST_F(RecordingJournalTest, IsGoneOnceRemoved)
 {
     RecordingJournal journal(options());
     recordThree(journal);
+    while (writtenFrames() < 3)
+        ::usleep(1000);
     journal.remove();
     EXPECT_EQ(fileCount(), 0U);
     journal.finish(3);
