@@ -32,11 +32,11 @@ _quillbox() {
     *)
         if [[ -z $command ]]; then
             choices='--help --version'
-            [[ $word == -* ]] || choices='encode record begin stop toggle show status quit history recover doctor help'
+            [[ $word == -* ]] || choices='encode record begin stop toggle again show status quit history recover doctor help'
         elif [[ $word != -* ]]; then
             [[ $command != encode ]] || _quillbox_files "$word"
             [[ $command == help ]] || return
-            choices='encode record begin stop toggle show status quit history recover doctor'
+            choices='encode record begin stop toggle again show status quit history recover doctor'
         else
             case $command in
             encode)
@@ -50,7 +50,9 @@ _quillbox() {
             recover)
                 choices='--help --list --discard --preset --output --json --force --quiet --precise --max-size --max-width --max-fps --colors'
                 ;;
-            begin | stop | toggle | status | history | doctor) choices='--help --json' ;;
+            begin) choices='--help --json --precise' ;;
+            again) choices='--help --json --precise --preset' ;;
+            stop | toggle | status | history | doctor) choices='--help --json' ;;
             show | quit | help) choices='--help' ;;
             esac
         fi

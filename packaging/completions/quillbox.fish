@@ -9,6 +9,7 @@ complete -c quillbox -n __fish_use_subcommand -a record -d 'Record a region of t
 complete -c quillbox -n __fish_use_subcommand -a begin -d 'Let the user drag out a region and record it'
 complete -c quillbox -n __fish_use_subcommand -a stop -d 'Stop recording, save and copy the clip'
 complete -c quillbox -n __fish_use_subcommand -a toggle -d 'Stop a recording, or begin one'
+complete -c quillbox -n __fish_use_subcommand -a again -d 'Make another clip of what was recorded last'
 complete -c quillbox -n __fish_use_subcommand -a show -d 'Open the panel'
 complete -c quillbox -n __fish_use_subcommand -a status -d 'Print what the application is doing'
 complete -c quillbox -n __fish_use_subcommand -a quit -d 'End the application'
@@ -55,4 +56,7 @@ set -l recover '__fish_seen_subcommand_from recover'
 complete -c quillbox -n $recover -l list -d 'Only list them'
 complete -c quillbox -n $recover -l discard -d 'Remove them instead'
 
-complete -c quillbox -n '__fish_seen_subcommand_from begin stop toggle status history doctor' -l json -d 'Answer with JSON'
+complete -c quillbox -n '__fish_seen_subcommand_from begin stop toggle again status history doctor' -l json -d 'Answer with JSON'
+complete -c quillbox -n '__fish_seen_subcommand_from begin again' -l precise -d 'Keep every change in this clip'
+complete -c quillbox -n '__fish_seen_subcommand_from again' -l preset -x -a 'slack github docs' \
+    -d 'Where the GIF is meant for'

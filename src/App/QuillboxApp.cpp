@@ -16,16 +16,20 @@
 #include "Capture/Region/RegionSelector.h"
 #include "Capture/Region/ScreenBackdrop.h"
 #include "Capture/StreamRecorder.h"
+#include "Platform/StateFile.h"
 #include "PostCapture/Clipboard/Clipboard.h"
 #include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/FileReveal.h"
 #include "PostCapture/HistoryStore.h"
 #include "PostCapture/OutputFile.h"
+#include "Views/ClipSaveDialog.h"
 #include "Views/Panel.h"
 #include "Views/SettingsView.h"
 #include "Views/UpdateView.h"
 
 #include <QApplication>
+#include <QCalendar>
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QFontMetrics>
@@ -74,6 +78,7 @@ QuillboxApp::QuillboxApp(SystemServices services)
     , m_handOver(std::make_unique<ClipboardHandOver>())
 {
     m_hotkey->registerKey(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
+    rememberPrecision();
     m_tray = std::make_unique<TrayIcon>(*m_coordinator);
     m_service = std::make_unique<ApplicationService>(*m_coordinator,
         ApplicationService::Actions{.showPanel = [this] { showPanel(); },
@@ -104,7 +109,7 @@ QuillboxApp::QuillboxApp(SystemServices services)
         m_firstUse->end();
     QObject::connect(m_firstUse.get(), &FirstUse::ended, m_firstUse.get(), [this] { explain(); });
     QObject::connect(m_coordinator.get(), &CurrentCoordinator::phaseChanged, m_firstUse.get(), [this] {
-        if (m_coordinator->get().isIn<RecordingCoordinator::Recording>())
+        if (m_coordinator->isIn<RecordingCoordinator::Recording>())
             m_firstUse->end();
     });
     QObject::connect(m_hotkey.get(), &GlobalHotkey::stateChanged, m_hotkey.get(), [this] { explain(); });
@@ -123,6 +128,18 @@ QuillboxApp::QuillboxApp(SystemServices services)
 }
 
 QuillboxApp::~QuillboxApp() = default;
+
+/// The choice outlives the program.
+void QuillboxApp::rememberPrecision()
+{
+    const auto name = QStringLiteral("keep-every-change");
+    const auto on = QStringLiteral("on");
+    m_coordinator->setKeepsEveryChange(StateFile::read(name) == on);
+    QObject::connect(m_coordinator.get(), &CurrentCoordinator::keepsEveryChangeChanged, m_coordinator.get(),
+        [coordinator = m_coordinator.get(), name, on] {
+            StateFile::replace(name, coordinator->keepsEveryChange() ? on : QString());
+        });
+}
 
 bool QuillboxApp::claimName()
 {
@@ -145,6 +162,7 @@ Panel& QuillboxApp::panel()
     m_panel = std::make_unique<Panel>(*m_coordinator, updater(), *m_history, *m_fileReveal);
     QObject::connect(m_panel.get(), &Panel::settingsRequested, m_panel.get(), [this] { showSettings(); });
     QObject::connect(m_panel.get(), &Panel::quitRequested, m_panel.get(), [this] { quit(); });
+    QObject::connect(m_panel.get(), &Panel::saveElsewhereRequested, m_panel.get(), [this] { saveElsewhere(); });
     QObject::connect(m_panel.get(), &Panel::copyRequested, &Clipboard::general(), &Clipboard::retry);
     QObject::connect(&Clipboard::general(), &Clipboard::stateChanged, m_panel.get(), [this] { showClipboard(); });
     QObject::connect(m_panel.get(), &Panel::introductionUnderstood, m_firstUse.get(), [this] { m_firstUse->end(); });
@@ -177,7 +195,7 @@ void QuillboxApp::showUpdate()
     const bool isWished = m_updater->isIn<UpdaterController::Looking>();
     if (!isWished && m_updateView->isVisible())
         return;
-    m_hasUpdateNews = !isWished && isBusy(); // told when nothing of it can get into a clip
+    m_hasUpdateNews = !isWished && m_coordinator->isBusy(); // told when nothing of it can get into a clip
     if (!m_hasUpdateNews)
         openUpdateView(isWished);
 }
@@ -191,8 +209,8 @@ void QuillboxApp::makeUpdateView()
         m_updateView->close();
     });
     const auto followWork = [this] {
-        m_updateView->setBusy(isBusy());
-        if (!isBusy() && std::exchange(m_hasUpdateNews, false))
+        m_updateView->setBusy(m_coordinator->isBusy());
+        if (!m_coordinator->isBusy() && std::exchange(m_hasUpdateNews, false))
             openUpdateView(false);
     };
     QObject::connect(m_coordinator.get(), &CurrentCoordinator::phaseChanged, m_updateView.get(), followWork);
@@ -208,14 +226,6 @@ void QuillboxApp::openUpdateView(bool isWished)
     m_updateView->raise();
     if (isWished)
         m_updateView->activateWindow();
-}
-
-/// Whether a clip is being made, or about to be.
-bool QuillboxApp::isBusy() const
-{
-    const auto& now = m_coordinator->get();
-    return now.isIn<RecordingCoordinator::Recording>() || now.isIn<RecordingCoordinator::Processing>()
-        || now.isIn<RecordingCoordinator::SelectingRegion>();
 }
 
 void QuillboxApp::restart()
@@ -251,14 +261,14 @@ void QuillboxApp::showWithoutTray()
 {
     m_hasTray = false;
     explain();
-    if (m_coordinator->get().isIn<RecordingCoordinator::Idle>()) // a user at work knows the way already
+    if (m_coordinator->isIn<RecordingCoordinator::Idle>()) // a user at work knows the way already
         showPanel();
 }
 
 /// Shows where things are, unless the user has found something already.
 void QuillboxApp::introduce()
 {
-    const bool isBusy = !m_coordinator->get().isIn<RecordingCoordinator::Idle>();
+    const bool isBusy = !m_coordinator->isIn<RecordingCoordinator::Idle>();
     if (m_firstUse->isIntroducing() && !isBusy && !m_settings && !m_panel)
         showPanel();
 }
@@ -293,6 +303,24 @@ void QuillboxApp::quit()
 void QuillboxApp::showClipboard()
 {
     m_panel->setClipPending(Clipboard::general().state() == Clipboard::State::Pending);
+}
+
+/// Asks where the clip goes that could not be saved, and makes it for that place.
+void QuillboxApp::saveElsewhere()
+{
+    if (!m_saveDialog) {
+        m_saveDialog = std::make_unique<ClipSaveDialog>();
+        QObject::connect(
+            m_saveDialog.get(), &QFileDialog::fileSelected, m_saveDialog.get(), [this](const QString& path) {
+                if (!m_coordinator->canTryAgain())
+                    return; // the user has gone on to another recording
+                ClipRequest request = m_coordinator->latestRequest();
+                request.path = path;
+                m_coordinator->makeAgain(request);
+                showPanel();
+            });
+    }
+    m_saveDialog->ask(ClipboardExporter::fileName(QDateTime::currentDateTime(), QStringLiteral("gif"), QCalendar()));
 }
 
 /// Tells what is not as usual, and newcomers everything.

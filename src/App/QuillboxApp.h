@@ -11,6 +11,7 @@ class QRect;
 namespace quillbox {
 
 class ApplicationService;
+class ClipSaveDialog;
 class ClipboardHandOver;
 class CurrentCoordinator;
 class FileReveal;
@@ -54,16 +55,17 @@ public:
     void quit();
 
 private:
+    void rememberPrecision();
     Panel& panel();
     UpdaterController& updater();
     void showUpdate();
     void makeUpdateView();
     void openUpdateView(bool isWished);
-    [[nodiscard]] bool isBusy() const;
     void restart();
     void toggleForIcon();
     void showWithoutTray();
     void showClipboard();
+    void saveElsewhere();
     void introduce();
     void explain();
 
@@ -80,6 +82,7 @@ private:
     std::unique_ptr<TrayIcon> m_tray;
     std::unique_ptr<SettingsView> m_settings;
     std::unique_ptr<Panel> m_panel;
+    std::unique_ptr<ClipSaveDialog> m_saveDialog;
     std::unique_ptr<UpdateView> m_updateView;
     bool m_hasUpdateNews = false; // which wait until nothing is being recorded
     std::unique_ptr<ClipboardHandOver> m_handOver;

@@ -24,6 +24,13 @@ const FrameReducer& Recording::reduced() const
     return m_reducer->finished();
 }
 
+Recording Recording::measuredAnew() const
+{
+    Recording recording(frames());
+    recording.m_removeBackup = m_removeBackup;
+    return recording;
+}
+
 void Recording::setBackup(std::function<void()> remove)
 {
     m_removeBackup = std::move(remove);
@@ -33,6 +40,12 @@ void Recording::settle() const
 {
     if (m_removeBackup)
         m_removeBackup();
+}
+
+std::int64_t Recording::distinctCount() const
+{
+    (void)reduced();
+    return m_reducer->distinctCount();
 }
 
 std::int64_t Recording::fileBytes() const

@@ -34,6 +34,13 @@ public:
     /// @throws std::bad_alloc  measuring ran out of memory.
     [[nodiscard]] const FrameReducer& reduced() const;
 
+    /// Frames that differ from the one before in any pixel, the first included. Waits and throws as reduced() does.
+    /// @pre there is a frame.
+    [[nodiscard]] std::int64_t distinctCount() const;
+
+    /// The same, of which nothing is known yet: as when what was measured failed.
+    [[nodiscard]] Recording measuredAnew() const;
+
     /// @param remove  Removes what would bring the recording back if the program ended; any thread may call it.
     void setBackup(std::function<void()> remove);
     /// The clip is saved, or not wanted: nothing needs to bring the recording back. Its frames stay.

@@ -16,7 +16,10 @@ void RecordingReducer::follow(const std::vector<RGBAFrame>& frames)
 {
     if (!m_thread && !frames.empty())
         m_thread.emplace(FrameReducer::forAnyPreset(FrameTimeline::framesPerSecond),
-            FrameThread<FrameReducer>::unlimited, [this](const RGBAFrame& frame) { keep(frame); });
+            FrameThread<FrameReducer>::unlimited, [this](const RGBAFrame& frame) {
+                count(frame);
+                keep(frame);
+            });
     for (auto i = m_thread ? m_thread->takenCount() : 0; i < std::ssize(frames); ++i)
         m_thread->take(frames[static_cast<std::size_t>(i)]);
 }
@@ -40,6 +43,13 @@ const FrameReducer& RecordingReducer::finished()
     const std::scoped_lock lock(m_finishing);
     precondition(m_thread.has_value(), "a recording that is finished has a frame");
     return m_thread->finished();
+}
+
+void RecordingReducer::count(const RGBAFrame& frame)
+{
+    if (!m_previous || !(frame == *m_previous))
+        ++m_distinctCount;
+    m_previous = frame;
 }
 
 void RecordingReducer::keep(const RGBAFrame& frame)

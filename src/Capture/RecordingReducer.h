@@ -5,6 +5,7 @@
 #include "Encoding/FrameThread.h"
 #include "Encoding/Pixels/PixelTypes.h"
 
+#include <cstdint>
 #include <functional>
 #include <mutex>
 #include <optional>
@@ -30,6 +31,9 @@ public:
     /// What lies in a file. @pre finished() has been called.
     [[nodiscard]] std::int64_t fileBytes() const { return m_store ? m_store->fileBytes() : 0; }
 
+    /// Frames that differ from the one before in any pixel, the first included. @pre finished() has been called.
+    [[nodiscard]] std::int64_t distinctCount() const { return m_distinctCount; }
+
     /// Whether pictures come faster than they can be taken care of: more bytes of them wait than the store's limit.
     /// @param frames  As for follow().
     [[nodiscard]] bool isBehind(const std::vector<RGBAFrame>& frames) const;
@@ -44,9 +48,12 @@ public:
     [[nodiscard]] const FrameReducer& finished();
 
 private:
+    void count(const RGBAFrame& frame);
     void keep(const RGBAFrame& frame);
 
-    std::optional<FrameSpill> m_store; // the thread's while it runs
+    std::optional<FrameSpill> m_store;   // the thread's while it runs
+    std::optional<RGBAFrame> m_previous; // as is the count
+    std::int64_t m_distinctCount = 0;
     std::function<void()> m_onFull;
     mutable std::mutex m_mutex;
     std::string m_fullReason; // guarded by m_mutex

@@ -1016,6 +1016,18 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <source>Remove them instead</source>
         <translation>Sie stattdessen entfernen</translation>
     </message>
+    <message>
+        <source>Make another clip of what was recorded last, save and copy it</source>
+        <translation>Aus der letzten Aufnahme noch einen Clip machen, ihn speichern und kopieren</translation>
+    </message>
+    <message>
+        <source>Keep every change in this clip</source>
+        <translation>In diesem Clip jede Änderung behalten</translation>
+    </message>
+    <message>
+        <source>Where the GIF is meant for (default: as for the clip before)</source>
+        <translation>Wofür das GIF gedacht ist (Vorgabe: wie beim Clip davor)</translation>
+    </message>
 </context>
 <context>
     <name>HistoryCommand</name>
@@ -1590,6 +1602,55 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <source>Nothing is being recorded</source>
         <translation>Es läuft keine Aufnahme</translation>
     </message>
+    <message>
+        <source>A clip is being made already</source>
+        <translation>Es wird schon ein Clip gemacht</translation>
+    </message>
+    <message>
+        <source>Nothing has been recorded since Quillbox was started</source>
+        <translation>Seit dem Start von Quillbox wurde nichts aufgenommen</translation>
+    </message>
+    <message>
+        <source>There is no preset “%1”</source>
+        <translation>Es gibt keine Vorgabe „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipOffers</name>
+    <message numerus="yes">
+        <source>%1 of %2 · shows %3 of %Ln recorded picture(s)</source>
+        <translation>
+            <numerusform>%1 von %2 · zeigt %3 von %Ln aufgenommenen Bild</numerusform>
+            <numerusform>%1 von %2 · zeigt %3 von %Ln aufgenommenen Bildern</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Make it sharper</source>
+        <translation>Schärfer machen</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Noch einmal</translation>
+    </message>
+    <message>
+        <source>Save elsewhere…</source>
+        <translation>Woanders speichern …</translation>
+    </message>
+    <message>
+        <source>Again as %1</source>
+        <translation>Noch einmal für %1</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipSaveDialog</name>
+    <message>
+        <source>Save Clip</source>
+        <translation>Clip speichern</translation>
+    </message>
+    <message>
+        <source>GIF (*.gif)</source>
+        <translation>GIF (*.gif)</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::FirstUseCard</name>
@@ -1740,6 +1801,14 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <source>Record Region</source>
         <translation>Bereich aufnehmen</translation>
     </message>
+    <message>
+        <source>Keep every change</source>
+        <translation>Jede Änderung behalten</translation>
+    </message>
+    <message>
+        <source>Shows all that changed, as sharp as the size allows</source>
+        <translation>Zeigt alles, was sich geändert hat, so scharf, wie es die Größe zulässt</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::SelectionWindow</name>
@@ -1808,6 +1877,10 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>Quillbox — Recording…</source>
         <translation>Quillbox — Aufnahme läuft…</translation>
+    </message>
+    <message>
+        <source>Keep every change</source>
+        <translation>Jede Änderung behalten</translation>
     </message>
 </context>
 <context>

@@ -103,4 +103,14 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>quillbox::ClipOffers</name>
+    <message numerus="yes">
+        <source>%1 of %2 · shows %3 of %Ln recorded picture(s)</source>
+        <translation>
+            <numerusform>%1 of %2 · shows %3 of %Ln recorded picture</numerusform>
+            <numerusform>%1 of %2 · shows %3 of %Ln recorded pictures</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -1016,6 +1016,18 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <source>Remove them instead</source>
         <translation>Eliminarlas en su lugar</translation>
     </message>
+    <message>
+        <source>Make another clip of what was recorded last, save and copy it</source>
+        <translation>Hacer otro clip de la última grabación, guardarlo y copiarlo</translation>
+    </message>
+    <message>
+        <source>Keep every change in this clip</source>
+        <translation>Conservar todos los cambios en este clip</translation>
+    </message>
+    <message>
+        <source>Where the GIF is meant for (default: as for the clip before)</source>
+        <translation>Para qué sirve el GIF (por omisión: como el clip anterior)</translation>
+    </message>
 </context>
 <context>
     <name>HistoryCommand</name>
@@ -1590,6 +1602,55 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <source>Nothing is being recorded</source>
         <translation>No hay ninguna grabación en curso</translation>
     </message>
+    <message>
+        <source>A clip is being made already</source>
+        <translation>Ya se está haciendo un clip</translation>
+    </message>
+    <message>
+        <source>Nothing has been recorded since Quillbox was started</source>
+        <translation>No se ha grabado nada desde que se inició Quillbox</translation>
+    </message>
+    <message>
+        <source>There is no preset “%1”</source>
+        <translation>No hay ningún ajuste «%1»</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipOffers</name>
+    <message numerus="yes">
+        <source>%1 of %2 · shows %3 of %Ln recorded picture(s)</source>
+        <translation>
+            <numerusform>%1 de %2 · muestra %3 de %Ln imagen grabada</numerusform>
+            <numerusform>%1 de %2 · muestra %3 de %Ln imágenes grabadas</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Make it sharper</source>
+        <translation>Hacerlo más nítido</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Reintentar</translation>
+    </message>
+    <message>
+        <source>Save elsewhere…</source>
+        <translation>Guardar en otro sitio…</translation>
+    </message>
+    <message>
+        <source>Again as %1</source>
+        <translation>Otra vez para %1</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipSaveDialog</name>
+    <message>
+        <source>Save Clip</source>
+        <translation>Guardar el clip</translation>
+    </message>
+    <message>
+        <source>GIF (*.gif)</source>
+        <translation>GIF (*.gif)</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::FirstUseCard</name>
@@ -1740,6 +1801,14 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <source>Record Region</source>
         <translation>Grabar área</translation>
     </message>
+    <message>
+        <source>Keep every change</source>
+        <translation>Conservar todos los cambios</translation>
+    </message>
+    <message>
+        <source>Shows all that changed, as sharp as the size allows</source>
+        <translation>Muestra todo lo que cambió, tan nítido como lo permite el tamaño</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::SelectionWindow</name>
@@ -1808,6 +1877,10 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>Quillbox — Recording…</source>
         <translation>Quillbox — Grabando…</translation>
+    </message>
+    <message>
+        <source>Keep every change</source>
+        <translation>Conservar todos los cambios</translation>
     </message>
 </context>
 <context>

@@ -1016,6 +1016,18 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <source>Remove them instead</source>
         <translation>Les supprimer à la place</translation>
     </message>
+    <message>
+        <source>Make another clip of what was recorded last, save and copy it</source>
+        <translation>Faire un autre clip du dernier enregistrement, l’enregistrer dans un fichier et le copier</translation>
+    </message>
+    <message>
+        <source>Keep every change in this clip</source>
+        <translation>Garder chaque changement dans ce clip</translation>
+    </message>
+    <message>
+        <source>Where the GIF is meant for (default: as for the clip before)</source>
+        <translation>À quoi le GIF est destiné (par défaut : comme le clip précédent)</translation>
+    </message>
 </context>
 <context>
     <name>HistoryCommand</name>
@@ -1590,6 +1602,55 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <source>Nothing is being recorded</source>
         <translation>Aucun enregistrement n&apos;est en cours</translation>
     </message>
+    <message>
+        <source>A clip is being made already</source>
+        <translation>Un clip est déjà en cours de création</translation>
+    </message>
+    <message>
+        <source>Nothing has been recorded since Quillbox was started</source>
+        <translation>Rien n’a été enregistré depuis le démarrage de Quillbox</translation>
+    </message>
+    <message>
+        <source>There is no preset “%1”</source>
+        <translation>Il n’y a pas de préréglage « %1 »</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipOffers</name>
+    <message numerus="yes">
+        <source>%1 of %2 · shows %3 of %Ln recorded picture(s)</source>
+        <translation>
+            <numerusform>%1 sur %2 · montre %3 image sur %Ln enregistrée</numerusform>
+            <numerusform>%1 sur %2 · montre %3 images sur %Ln enregistrées</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Make it sharper</source>
+        <translation>Le rendre plus net</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message>
+        <source>Save elsewhere…</source>
+        <translation>Enregistrer ailleurs…</translation>
+    </message>
+    <message>
+        <source>Again as %1</source>
+        <translation>Refaire pour %1</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipSaveDialog</name>
+    <message>
+        <source>Save Clip</source>
+        <translation>Enregistrer le clip</translation>
+    </message>
+    <message>
+        <source>GIF (*.gif)</source>
+        <translation>GIF (*.gif)</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::FirstUseCard</name>
@@ -1740,6 +1801,14 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <source>Record Region</source>
         <translation>Enregistrer une zone</translation>
     </message>
+    <message>
+        <source>Keep every change</source>
+        <translation>Garder chaque changement</translation>
+    </message>
+    <message>
+        <source>Shows all that changed, as sharp as the size allows</source>
+        <translation>Montre tout ce qui a changé, aussi net que la taille le permet</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::SelectionWindow</name>
@@ -1808,6 +1877,10 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>Quillbox — Recording…</source>
         <translation>Quillbox — Enregistrement…</translation>
+    </message>
+    <message>
+        <source>Keep every change</source>
+        <translation>Garder chaque changement</translation>
     </message>
 </context>
 <context>

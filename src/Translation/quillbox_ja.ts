@@ -1014,6 +1014,18 @@ The commands below have more examples: quillbox encode --help</source>
         <source>Remove them instead</source>
         <translation>代わりに削除する</translation>
     </message>
+    <message>
+        <source>Make another clip of what was recorded last, save and copy it</source>
+        <translation>最後の録画から別のクリップを作り、保存してコピーする</translation>
+    </message>
+    <message>
+        <source>Keep every change in this clip</source>
+        <translation>このクリップではすべての変化を残す</translation>
+    </message>
+    <message>
+        <source>Where the GIF is meant for (default: as for the clip before)</source>
+        <translation>GIF の用途（既定: 前のクリップと同じ）</translation>
+    </message>
 </context>
 <context>
     <name>HistoryCommand</name>
@@ -1578,6 +1590,54 @@ The commands below have more examples: quillbox encode --help</source>
         <source>Nothing is being recorded</source>
         <translation>録画していません</translation>
     </message>
+    <message>
+        <source>A clip is being made already</source>
+        <translation>すでにクリップを作成中です</translation>
+    </message>
+    <message>
+        <source>Nothing has been recorded since Quillbox was started</source>
+        <translation>Quillbox の起動後、まだ何も録画されていません</translation>
+    </message>
+    <message>
+        <source>There is no preset “%1”</source>
+        <translation>「%1」というプリセットはありません</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipOffers</name>
+    <message numerus="yes">
+        <source>%1 of %2 · shows %3 of %Ln recorded picture(s)</source>
+        <translation>
+            <numerusform>%1 / %2 · 録画された %Ln 枚のうち %3 枚を表示</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Make it sharper</source>
+        <translation>もっと鮮明にする</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>もう一度試す</translation>
+    </message>
+    <message>
+        <source>Save elsewhere…</source>
+        <translation>別の場所に保存…</translation>
+    </message>
+    <message>
+        <source>Again as %1</source>
+        <translation>%1 用に作り直す</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipSaveDialog</name>
+    <message>
+        <source>Save Clip</source>
+        <translation>クリップを保存</translation>
+    </message>
+    <message>
+        <source>GIF (*.gif)</source>
+        <translation>GIF (*.gif)</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::FirstUseCard</name>
@@ -1728,6 +1788,14 @@ The commands below have more examples: quillbox encode --help</source>
         <source>Record Region</source>
         <translation>範囲を録画</translation>
     </message>
+    <message>
+        <source>Keep every change</source>
+        <translation>すべての変化を残す</translation>
+    </message>
+    <message>
+        <source>Shows all that changed, as sharp as the size allows</source>
+        <translation>変化したものをすべて、サイズの許すかぎり鮮明に表示します</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::SelectionWindow</name>
@@ -1796,6 +1864,10 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>Quillbox — Recording…</source>
         <translation>Quillbox — 録画中…</translation>
+    </message>
+    <message>
+        <source>Keep every change</source>
+        <translation>すべての変化を残す</translation>
     </message>
 </context>
 <context>

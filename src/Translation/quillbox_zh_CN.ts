@@ -1014,6 +1014,18 @@ The commands below have more examples: quillbox encode --help</source>
         <source>Remove them instead</source>
         <translation>改为将其删除</translation>
     </message>
+    <message>
+        <source>Make another clip of what was recorded last, save and copy it</source>
+        <translation>用最近一次录制的内容再做一个剪辑，保存并复制</translation>
+    </message>
+    <message>
+        <source>Keep every change in this clip</source>
+        <translation>在这个剪辑中保留每一处变化</translation>
+    </message>
+    <message>
+        <source>Where the GIF is meant for (default: as for the clip before)</source>
+        <translation>GIF 的用途（默认：与上一个剪辑相同）</translation>
+    </message>
 </context>
 <context>
     <name>HistoryCommand</name>
@@ -1578,6 +1590,54 @@ The commands below have more examples: quillbox encode --help</source>
         <source>Nothing is being recorded</source>
         <translation>当前没有在录制</translation>
     </message>
+    <message>
+        <source>A clip is being made already</source>
+        <translation>已经在制作剪辑</translation>
+    </message>
+    <message>
+        <source>Nothing has been recorded since Quillbox was started</source>
+        <translation>自 Quillbox 启动以来还没有录制过任何内容</translation>
+    </message>
+    <message>
+        <source>There is no preset “%1”</source>
+        <translation>没有名为“%1”的预设</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipOffers</name>
+    <message numerus="yes">
+        <source>%1 of %2 · shows %3 of %Ln recorded picture(s)</source>
+        <translation>
+            <numerusform>%1 / %2 · 显示了所录 %Ln 个画面中的 %3 个</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Make it sharper</source>
+        <translation>做得更清晰</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>Save elsewhere…</source>
+        <translation>保存到别处…</translation>
+    </message>
+    <message>
+        <source>Again as %1</source>
+        <translation>再做一个用于 %1 的</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipSaveDialog</name>
+    <message>
+        <source>Save Clip</source>
+        <translation>保存剪辑</translation>
+    </message>
+    <message>
+        <source>GIF (*.gif)</source>
+        <translation>GIF (*.gif)</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::FirstUseCard</name>
@@ -1728,6 +1788,14 @@ The commands below have more examples: quillbox encode --help</source>
         <source>Record Region</source>
         <translation>录制区域</translation>
     </message>
+    <message>
+        <source>Keep every change</source>
+        <translation>保留每一处变化</translation>
+    </message>
+    <message>
+        <source>Shows all that changed, as sharp as the size allows</source>
+        <translation>在大小允许的范围内，尽可能清晰地显示所有变化</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::SelectionWindow</name>
@@ -1796,6 +1864,10 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>Quillbox — Recording…</source>
         <translation>Quillbox — 正在录制…</translation>
+    </message>
+    <message>
+        <source>Keep every change</source>
+        <translation>保留每一处变化</translation>
     </message>
 </context>
 <context>

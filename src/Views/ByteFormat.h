@@ -11,4 +11,7 @@ namespace quillbox::ByteFormat {
 /// megabytes with one decimal. A point is the decimal separator in every language. Thread: any.
 [[nodiscard]] QString shortText(std::int64_t bytes);
 
+/// The same with the decimal separator of the user's locale.
+[[nodiscard]] QString inLocale(std::int64_t bytes);
+
 } // namespace quillbox::ByteFormat

@@ -57,6 +57,7 @@ Panel::Panel(CurrentCoordinator& coordinator, UpdaterController& updater, Histor
 
     connect(m_hud, &RecorderHUD::settingsRequested, this, &Panel::settingsRequested);
     connect(m_hud, &RecorderHUD::quitRequested, this, &Panel::quitRequested);
+    connect(m_hud, &RecorderHUD::saveElsewhereRequested, this, &Panel::saveElsewhereRequested);
     connect(
         &coordinator, &CurrentCoordinator::phaseAboutToChange, this, [this](const RecordingCoordinator::Phase& next) {
             if (std::holds_alternative<RecordingCoordinator::SelectingRegion>(next))

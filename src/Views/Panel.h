@@ -71,6 +71,8 @@ public:
 Q_SIGNALS:
     void settingsRequested();
     void quitRequested();
+    /// The user wants to say where the clip that could not be saved goes.
+    void saveElsewhereRequested();
     /// The user clicked to have the clip put on the clipboard.
     void copyRequested();
     /// The introduction's button was pressed.

@@ -2,38 +2,24 @@
 
 #include "Views/ByteFormat.h"
 #include "Views/Card.h"
+#include "Views/ClipOffers.h"
 #include "Views/FlatButton.h"
+#include "Views/PresetTexts.h"
 #include "Views/ProgressBar.h"
 #include "Views/SegmentedPicker.h"
+#include "Views/Switch.h"
 #include "Views/SymbolLabel.h"
 #include "Views/TextLabel.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <string>
 
 namespace quillbox {
 namespace {
-
-/// For translators: what `ExportPreset` says of its cases.
-[[maybe_unused]] constexpr const char* presetTexts[] = {
-    QT_TRANSLATE_NOOP("ExportPreset", "Slack"),
-    QT_TRANSLATE_NOOP("ExportPreset", "Tiny GIF under 2 MB"),
-    QT_TRANSLATE_NOOP("ExportPreset", "GitHub"),
-    QT_TRANSLATE_NOOP("ExportPreset", "GIF under 10 MB"),
-    QT_TRANSLATE_NOOP("ExportPreset", "Docs"),
-    QT_TRANSLATE_NOOP("ExportPreset", "Crisp, balanced quality"),
-};
-
-QString translated(std::string_view presetText)
-{
-    return QCoreApplication::translate("ExportPreset", std::string(presetText).c_str());
-}
 
 /// How one phase looks in the status row.
 struct Status {
@@ -116,8 +102,10 @@ RecorderHUD::RecorderHUD(CurrentCoordinator& coordinator, UpdaterController& upd
     connect(&m_coordinator, &CurrentCoordinator::phaseChanged, this, &RecorderHUD::showPhase);
     connect(&m_coordinator, &CurrentCoordinator::progressChanged, this, &RecorderHUD::showProgress);
     connect(&m_coordinator, &CurrentCoordinator::presetChanged, this, &RecorderHUD::showPreset);
+    connect(&m_coordinator, &CurrentCoordinator::keepsEveryChangeChanged, this, &RecorderHUD::showPrecision);
     connect(&m_updater, &UpdaterController::canCheckForUpdatesChanged, this, &RecorderHUD::showUpdater);
     showPhase();
+    showPrecision();
     showUpdater();
 }
 
@@ -144,13 +132,16 @@ QWidget* RecorderHUD::makePresetPicker()
     std::vector<QString> titles;
     titles.reserve(ExportPreset::allCases.size());
     for (const ExportPreset preset : ExportPreset::allCases)
-        titles.push_back(translated(preset.title()));
+        titles.push_back(PresetTexts::title(preset));
     const QString title = tr("Preset");
     m_presets = new SegmentedPicker(title, titles, section);
     connect(m_presets, &SegmentedPicker::chosen, this, [this](int index) {
         m_coordinator.get().setPreset(ExportPreset::allCases.at(static_cast<std::size_t>(index)));
     });
     m_subtitle = new TextLabel(QString(), TextStyle::Caption, Role::Secondary, TextLabel::Overflow::Wrap, section);
+    m_everyChange = new Switch(tr("Keep every change"), section);
+    m_everyChange->setToolTip(plainToolTip(tr("Shows all that changed, as sharp as the size allows")));
+    connect(m_everyChange, &Switch::toggled, &m_coordinator, &CurrentCoordinator::setKeepsEveryChange);
 
     auto* column = new QVBoxLayout(section);
     column->setContentsMargins(0, 0, 0, 0);
@@ -161,14 +152,22 @@ QWidget* RecorderHUD::makePresetPicker()
     row->addWidget(m_presets, 1);
     column->addLayout(row);
     column->addWidget(m_subtitle);
+    column->addWidget(m_everyChange, 0, Qt::AlignLeft);
     return section;
 }
 
 QWidget* RecorderHUD::makeStatusRow()
 {
     auto* status = new QWidget(this);
-    auto* row = rowIn(status);
+    auto* rows = new QVBoxLayout(status);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    auto* row = new QHBoxLayout;
     row->setSpacing(Theme::spacing);
+    auto* offers = new ClipOffers(m_coordinator, status);
+    connect(offers, &ClipOffers::saveElsewhereRequested, this, &RecorderHUD::saveElsewhereRequested);
+    rows->addLayout(row);
+    rows->addWidget(offers);
     auto* column = new QVBoxLayout;
     column->setSpacing(0);
     auto* sentence = new QHBoxLayout;
@@ -197,7 +196,7 @@ QWidget* RecorderHUD::makeMainButton()
 {
     m_mainButton = new FlatButton(FlatButton::Kind::Prominent, QString(), std::nullopt, this);
     connect(m_mainButton, &FlatButton::clicked, this, [this] {
-        if (m_coordinator.get().isIn<RecordingCoordinator::Recording>())
+        if (m_coordinator.isIn<RecordingCoordinator::Recording>())
             m_coordinator.stop();
         else
             m_coordinator.begin();
@@ -224,11 +223,11 @@ QWidget* RecorderHUD::makeFooter()
 
 void RecorderHUD::showPhase()
 {
-    const Status status = std::visit(StatusOf{}, m_coordinator.get().phase());
+    const Status status = std::visit(StatusOf{}, m_coordinator.phase());
     m_statusSymbol->setSymbol(status.symbol, status.role);
     m_statusText->setText(status.text);
     m_statusText->setRole(status.role);
-    if (m_coordinator.get().isIn<RecordingCoordinator::Recording>())
+    if (m_coordinator.isIn<RecordingCoordinator::Recording>())
         m_mainButton->setLabel(tr("Stop & Copy"), Symbol::StopCircleFill);
     else
         m_mainButton->setLabel(tr("Record Region"), Symbol::RectangleDashedBadgeRecord);
@@ -241,12 +240,17 @@ void RecorderHUD::showPreset()
     const ExportPreset preset = m_coordinator.get().preset();
     const auto& all = ExportPreset::allCases;
     m_presets->setChoice(static_cast<int>(std::find(all.begin(), all.end(), preset) - all.begin()));
-    m_subtitle->setText(translated(preset.subtitle()));
+    m_subtitle->setText(PresetTexts::subtitle(preset));
+}
+
+void RecorderHUD::showPrecision()
+{
+    m_everyChange->setChecked(m_coordinator.keepsEveryChange());
 }
 
 void RecorderHUD::awaitProgress()
 {
-    const bool processing = m_coordinator.get().isIn<RecordingCoordinator::Processing>();
+    const bool processing = m_coordinator.isIn<RecordingCoordinator::Processing>();
     keepPlace(*m_finishButton, processing); // other texts need it
     if (!processing) {
         m_progressDelay->stop();
@@ -266,10 +270,9 @@ void RecorderHUD::revealProgress()
 
 void RecorderHUD::showProgress()
 {
-    const RecordingCoordinator& coordinator = m_coordinator.get();
-    const auto progress = coordinator.progress();
+    const auto progress = m_coordinator.progress();
     m_progress->setFraction(progress ? progress->fraction() : 0);
-    m_finishButton->setEnabled(!coordinator.isFinishing());
+    m_finishButton->setEnabled(!m_coordinator.isFinishing());
 }
 
 void RecorderHUD::showUpdater()

@@ -14,6 +14,7 @@ namespace quillbox {
 class FlatButton;
 class ProgressBar;
 class SegmentedPicker;
+class Switch;
 class SymbolLabel;
 class TextLabel;
 
@@ -37,6 +38,8 @@ public:
 Q_SIGNALS:
     void settingsRequested();
     void quitRequested();
+    /// The user wants to say where the clip that could not be saved goes.
+    void saveElsewhereRequested();
 
 private:
     QWidget* makeHeader();
@@ -46,6 +49,7 @@ private:
     QWidget* makeFooter();
     void showPhase();
     void showPreset();
+    void showPrecision();
     void awaitProgress();
     void revealProgress();
     void showProgress();
@@ -55,6 +59,7 @@ private:
     UpdaterController& m_updater;
     SegmentedPicker* m_presets = nullptr;
     TextLabel* m_subtitle = nullptr;
+    Switch* m_everyChange = nullptr;
     SymbolLabel* m_statusSymbol = nullptr;
     TextLabel* m_statusText = nullptr;
     ProgressBar* m_progress = nullptr;

@@ -51,12 +51,14 @@ protected:
     {
         qputenv("HOME", m_folder.path().string().c_str());
         qputenv("XDG_DATA_HOME", (m_folder.path() / "data").string().c_str());
+        qputenv("XDG_STATE_HOME", (m_folder.path() / "state").string().c_str());
         qputenv("QUILLBOX_CAPTURE_BACKEND", "none");
     }
     void TearDown() override
     {
         m_app.reset();
         qunsetenv("QUILLBOX_CAPTURE_BACKEND");
+        qputenv("XDG_STATE_HOME", m_stateBefore);
         qputenv("XDG_DATA_HOME", m_dataBefore);
         qputenv("HOME", m_homeBefore);
     }
@@ -103,6 +105,7 @@ protected:
 private:
     QByteArray m_homeBefore = qgetenv("HOME");
     QByteArray m_dataBefore = qgetenv("XDG_DATA_HOME");
+    QByteArray m_stateBefore = qgetenv("XDG_STATE_HOME");
     support::TemporaryFolder m_folder;
 };
 

@@ -8,7 +8,7 @@ import pathlib
 import subprocess
 import unittest
 
-from application import overlay, phase, program, quillbox, run, status, until, xdo
+from application import overlay, phase, program, quillbox, run, status, until, windows, xdo
 from desktop import Desktop, clipboard, take_hotkey, without_pointer
 from recording import ffmpeg_frames, pillow_frames
 from running import ApplicationTest
@@ -225,6 +225,120 @@ class DesktopTest(ApplicationTest):
         self.assertIn("Couldn't save clip: ", done.stderr)
         self.assertIn(str(CLIPS), done.stderr)
         self.assertEqual(done.stderr.count("\n"), 1)
+
+    def blink(self, desktop, count=8):
+        """Changes so few pixels so often that only a precise clip shows it each time."""
+        for step in range(count):
+            self.screen.dot(step)
+            desktop.wait_for_frames(status()["frameCount"] + 3)
+
+    def test_keeps_every_change_when_the_panel_says_so_now_and_after_a_restart(self):
+        desktop = self.start()
+        desktop.open_panel()
+        desktop.click("check box", "Keep every change")
+        until(lambda: desktop.is_checked("Keep every change"), "it is on")
+        xdo("key", "Escape")
+        for _ in range(2):
+            desktop.record(*AREA)
+            self.blink(desktop)
+            self.assertEqual(quillbox("stop").returncode, 0)
+            _, frames = self.assert_is_a_finished_clip(desktop, AREA)
+            self.assertGreaterEqual(len(frames), 8)
+            desktop.__exit__()
+            desktop = self.start()
+        desktop.open_panel()
+        self.assertTrue(desktop.is_checked("Keep every change"))
+        self.keep_screenshot("panel-every-change")
+
+    def test_makes_a_clip_sharper_that_lacks_pictures_and_keeps_both(self):
+        desktop = self.start()
+        desktop.record(*AREA)
+        self.blink(desktop)
+        self.assertEqual(quillbox("stop").returncode, 0)
+        first, frames = self.assert_is_a_finished_clip(desktop, AREA)
+        self.assertLess(len(frames), 8)
+        desktop.open_panel()
+        until(lambda: [text for text in desktop.texts() if " of 2.0 MB · shows " in text], "it says what is missing")
+        self.keep_screenshot("panel-lacks-pictures")
+        desktop.click("push button", "Make it sharper")
+        until(lambda: (now := status())["phase"] == "done" and now["path"] != str(first), "another clip")
+        second, frames = self.assert_is_a_finished_clip(desktop, AREA)
+        self.assertGreaterEqual(len(frames), 8)
+        self.assertTrue(first.exists())
+        self.assertEqual([entry["outputPath"] for entry in json.loads(HISTORY.read_text())], [str(second), str(first)])
+        until(lambda: {first.name, second.name} <= set(desktop.texts()), "both are in the list")
+        self.assertIsNone(desktop.find("push button", "Make it sharper"))
+
+    def test_makes_a_clip_again_for_another_preset(self):
+        desktop = self.start()
+        desktop.record(*AREA)
+        self.play_and_wait(desktop, 2)
+        self.assertEqual(quillbox("stop").returncode, 0)
+        desktop.open_panel()
+        desktop.click("radio button", "Docs")
+        desktop.click("push button", "Again as Docs")
+        until(lambda: len(json.loads(HISTORY.read_text())) == 2 and phase() == "done", "another clip")
+        self.assertEqual([entry["preset"] for entry in json.loads(HISTORY.read_text())], ["Docs", "Slack"])
+        until(lambda: desktop.find("push button", "Make it sharper"), "it may be made sharper")
+
+    def test_tries_again_once_the_clips_folder_can_be_written_to(self):
+        CLIPS.parent.write_text("a file in the way")
+        desktop = self.start()
+        desktop.record(*AREA)
+        self.play_and_wait(desktop, 2)
+        self.assertEqual(quillbox("stop").returncode, 1)
+        desktop.open_panel()
+        self.keep_screenshot("panel-not-saved")
+        self.assertTrue(desktop.find("push button", "Save elsewhere…"))
+        CLIPS.parent.unlink()
+        desktop.click("push button", "Try again")
+        desktop.wait_for("done")
+        self.assert_is_a_finished_clip(desktop, AREA)
+
+    def test_saves_a_clip_elsewhere_that_could_not_be_saved(self):
+        CLIPS.parent.write_text("a file in the way")
+        desktop = self.start()
+        desktop.record(*AREA)
+        self.assertEqual(quillbox("stop").returncode, 1)
+        desktop.open_panel()
+        desktop.click("push button", "Save elsewhere…")
+        until(lambda: windows("Save Clip — Quillbox"), "the question where")
+        elsewhere = pathlib.Path(os.environ["HOME"], "elsewhere.gif")
+        xdo("windowfocus", "--sync", windows("Save Clip — Quillbox")[0])
+        xdo("key", "ctrl+a", "type", str(elsewhere))
+        xdo("key", "Return")
+        desktop.wait_for("done")
+        self.assertEqual(status()["path"], str(elsewhere))
+        self.assertEqual(clipboard("image/gif"), elsewhere.read_bytes())
+        until(desktop.panel, "the panel shows it")
+
+    def test_the_command_line_makes_another_clip_of_the_recording(self):
+        desktop = self.start()
+        nothing = quillbox("again")
+        self.assertEqual((nothing.returncode, nothing.stderr),
+                         (1, "quillbox: Nothing has been recorded since Quillbox was started\n"))
+        self.assertEqual(quillbox("begin", "--precise").returncode, 0)
+        desktop.drag(*AREA)
+        desktop.wait_for("recording")
+        busy = quillbox("again")
+        self.assertEqual((busy.returncode, busy.stderr), (1, "quillbox: A clip is being made already\n"))
+        self.blink(desktop)
+        self.assertEqual(quillbox("stop").returncode, 0)
+        first, frames = self.assert_is_a_finished_clip(desktop, AREA)
+        self.assertGreaterEqual(len(frames), 8)
+        again = quillbox("again", "--preset", "docs", "--json")
+        self.assertEqual(again.returncode, 0, again.stderr)
+        second = json.loads(again.stdout)
+        self.assertEqual(second, status())
+        self.assertNotEqual(second["path"], str(first))
+        self.assertGreaterEqual(len(pillow_frames(second["path"])), 8, "as precise as the one before")
+        self.assertEqual([entry["preset"] for entry in json.loads(HISTORY.read_text())], ["Docs", "Slack"])
+        desktop.record(*AREA)  # one that is not precise: the wish was for one clip
+        self.blink(desktop)
+        self.assertEqual(quillbox("stop").returncode, 0)
+        self.assertLess(len(pillow_frames(status()["path"])), 8)
+        self.assertEqual(quillbox("again", "--precise").returncode, 0)
+        self.assertGreaterEqual(len(pillow_frames(status()["path"])), 8)
 
     def test_keeps_a_corrupt_history_aside(self):
         HISTORY.parent.mkdir(parents=True)

@@ -66,6 +66,10 @@ class Running:
         until(lambda: self.find("push button", name), f"{name} is there")
         press(self.find("push button", name))
 
+    def is_checked(self, name):
+        box = self.find("check box", name)
+        return box is not None and box.get_state_set().contains(Atspi.StateType.CHECKED)
+
     def has_focus(self):
         """Whether the keyboard is that of one of its windows."""
         return any(node.get_state_set().contains(Atspi.StateType.ACTIVE) for node in self.widgets())

@@ -61,6 +61,12 @@ class Screen:
         self.display.ungrab_server()
         self.display.sync()
 
+    def dot(self, step):
+        """Turns a few pixels over: with every step another colour than before."""
+        self.context.change(foreground=pixel(INK if step % 2 else BLOCKS[0]))
+        self.window.fill_rectangle(self.context, 4, 4, 3, 3)
+        self.display.sync()
+
     def picture(self, x, y, width, height):
         """What the server shows there, without the pointer."""
         image = self.root.get_image(x, y, width, height, X.ZPixmap, 0xFFFFFFFF)

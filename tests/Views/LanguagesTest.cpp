@@ -105,6 +105,21 @@ const std::vector<State>& states()
             [](ViewsFixture& fixture, Panel&) {
                 fixture.finish();
             }},
+        {"a clip that lacks pictures",
+            [](ViewsFixture& fixture, Panel&) {
+                fixture.recorder->frames = test::smallChanges(30);
+                fixture.finish();
+            }},
+        {"a clip that may be made again for another preset",
+            [](ViewsFixture& fixture, Panel&) {
+                fixture.finish();
+                fixture.coordinator.get().setPreset(ExportPreset::github);
+            }},
+        {"a clip that could not be saved",
+            [](ViewsFixture& fixture, Panel&) {
+                const test::ClipsFolderInTheWay obstacle;
+                fixture.stopInVain();
+            }},
         {"without frames",
             [](ViewsFixture& fixture, Panel&) {
                 fixture.recorder->frames.clear();
@@ -242,7 +257,7 @@ private Q_SLOTS:
         QCoreApplication::installTranslator(&brackets);
         ViewsFixture fixture;
         const TrayIcon tray(fixture.coordinator);
-        QCOMPARE(trayMenu()->actions().size(), 5);
+        QCOMPARE(trayMenu()->actions().size(), 6);
         for (const bool recording : {false, true}) {
             if (recording)
                 fixture.record();

@@ -5,6 +5,7 @@
 #include "ViewTests.h"
 
 #include "Views/ByteFormat.h"
+#include "Views/Switch.h"
 
 #include <QFileInfo>
 #include <QSignalSpy>
@@ -38,6 +39,7 @@ private Q_SLOTS:
     void hasThePickerSetThePreset();
     void followsAPresetSetElsewhere();
     void keepsThePickerEnabledInEveryPhase();
+    void offersToKeepEveryChange();
     void tellsHowToStartWhileIdle();
     void asksForADragWhileSelecting();
     void saysInRedThatItRecords();
@@ -199,6 +201,21 @@ void RecorderHUDTest::keepsThePickerEnabledInEveryPhase()
     choose("GitHub", ExportPreset::github);
 }
 
+void RecorderHUDTest::offersToKeepEveryChange()
+{
+    auto* const choice = m_hud->findChild<Switch*>();
+    QCOMPARE(choice->text(), QString("Keep every change"));
+    QVERIFY(!choice->isChecked());
+    QTest::mouseClick(choice, Qt::LeftButton);
+    QVERIFY(m_fixture->coordinator.keepsEveryChange());
+    m_fixture->coordinator.setKeepsEveryChange(false);
+    QVERIFY(!choice->isChecked());
+    QTest::keyClick(choice, Qt::Key_Space);
+    QVERIFY(m_fixture->coordinator.keepsEveryChange());
+    const RecorderHUD later(m_fixture->coordinator, m_fixture->updater);
+    QVERIFY(later.findChild<Switch*>()->isChecked());
+}
+
 void RecorderHUDTest::tellsHowToStartWhileIdle()
 {
     COMPARE_STATUS("Press ⌘⇧2 or Record to capture a region.", Symbol::InfoCircle, Role::Secondary);
@@ -345,12 +362,13 @@ void RecorderHUDTest::isWhollyReachableByTab()
 {
     segment(*m_hud, "Slack")->setFocus();
     QStringList reached;
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < 6; ++i) {
         reached.append(QApplication::focusWidget()->accessibleName());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QVERIFY(Theme::showsFocus(*QApplication::focusWidget()));
     }
-    QCOMPARE(reached, QStringList({"Slack", "Record Region", "Check for Updates…", "Settings", "Quit"}));
+    QCOMPARE(reached,
+        QStringList({"Slack", "Keep every change", "Record Region", "Check for Updates…", "Settings", "Quit"}));
 }
 
 void RecorderHUDTest::choosesPresetsWithTheArrowKeys()

@@ -180,6 +180,7 @@ void RecorderProgressTest::keepsTheStatusOnItsLineInEveryPhase()
     const auto lines = [this](const QString& beginning) {
         QCoreApplication::processEvents();
         std::vector<int> result{m_hud->heightForWidth(m_hud->width())};
+        m_hud->resize(m_hud->width(), result.front()); // as the panel does
         for (const TextLabel* each : visible<TextLabel>(*m_hud))
             if (each->text().startsWith(beginning))
                 result.push_back(each->mapTo(m_hud.get(), each->rect().center()).y());
@@ -194,7 +195,7 @@ void RecorderProgressTest::keepsTheStatusOnItsLineInEveryPhase()
     QCOMPARE(lines("Optimizing GIF…"), before);
     m_fixture->recorder->release();
     QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::Done>());
-    QCOMPARE(lines("Copied — "), before);
+    QCOMPARE(lines("Copied — ").back(), before.back()); // an offer below it needs more room
 }
 
 void RecorderProgressTest::followsTheProgress()
@@ -222,7 +223,7 @@ void RecorderProgressTest::finishesByTheButton()
 {
     holdAClip();
     QTest::mouseClick(finishButton(), Qt::LeftButton);
-    QVERIFY(m_fixture->coordinator.get().isFinishing());
+    QVERIFY(m_fixture->coordinator.isFinishing());
     QVERIFY(!finishButton()->isEnabled());
     QVERIFY(m_fixture->isIn<RecordingCoordinator::Processing>());
 }
@@ -232,7 +233,7 @@ void RecorderProgressTest::finishesByTheKeyboard()
     holdAClip();
     finishButton()->setFocus(Qt::TabFocusReason);
     QTest::keyClick(finishButton(), Qt::Key_Space);
-    QVERIFY(m_fixture->coordinator.get().isFinishing());
+    QVERIFY(m_fixture->coordinator.isFinishing());
 }
 
 void RecorderProgressTest::offersToFinishTheNextClipAgain()
@@ -254,7 +255,7 @@ void RecorderProgressTest::putsTheButtonBeforeTheMainOne()
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
     QCOMPARE(QApplication::focusWidget(), finishButton());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
-    QCOMPARE(QApplication::focusWidget()->accessibleName(), QString("Slack"));
+    QCOMPARE(QApplication::focusWidget()->accessibleName(), QString("Keep every change"));
 }
 
 void RecorderProgressTest::tellsScreenReadersHowFarItIs()

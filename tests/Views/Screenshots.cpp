@@ -102,6 +102,18 @@ const Prepare partlyDone = [](ViewsFixture&, Panel& panel) {
     bar->setFraction(0.42);
 };
 
+/// A clip that lacks pictures.
+const Prepare pictureLoss = [](ViewsFixture& fixture, Panel&) {
+    fill(*fixture.history, 1);
+    fixture.recorder->frames = smallChanges(84);
+    fixture.finish();
+};
+const Prepare notSaved = [](ViewsFixture& fixture, Panel&) {
+    fill(*fixture.history, 2);
+    const ClipsFolderInTheWay obstacle;
+    fixture.stopInVain();
+};
+
 void takePanel(ScreenshotWriter& writer, const QString& name, const Prepare& prepare, const Prepare& whenOpen = nothing)
 {
     ViewsFixture fixture;
@@ -193,6 +205,22 @@ void takeAll(ScreenshotWriter& writer)
         fill(*fixture.history, 1);
         fixture.finish();
     });
+    takePanel(writer, QStringLiteral("panel-done-other-preset"), [](ViewsFixture& fixture, Panel&) {
+        fill(*fixture.history, 1);
+        fixture.finish();
+        fixture.coordinator.get().setPreset(ExportPreset::github);
+    });
+    takePanel(writer, QStringLiteral("panel-done-pictures-lost"), pictureLoss);
+    takePanel(writer, QStringLiteral("panel-done-precise"), [](ViewsFixture& fixture, Panel&) {
+        fill(*fixture.history, 1);
+        fixture.coordinator.setKeepsEveryChange(true);
+        fixture.finish();
+    });
+    takePanel(writer, QStringLiteral("panel-not-saved"), notSaved);
+    takePanel(writer, QStringLiteral("panel-keyboard-every-change"), nothing, [](ViewsFixture&, Panel&) {
+        for (int i = 0; i < 5; ++i)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    });
     takePanel(writer, QStringLiteral("panel-failed"), [](ViewsFixture& fixture, Panel&) {
         fill(*fixture.history, 2);
         fixture.fail("No display to record");
@@ -223,7 +251,7 @@ void takeAll(ScreenshotWriter& writer)
     takePanel(writer, QStringLiteral("panel-keyboard-update"), many, tab(1));
     takePanel(writer, QStringLiteral("panel-keyboard-reveal"), many, tab(5));
     takePanel(writer, QStringLiteral("panel-keyboard-preset"), nothing, tab(4));
-    takePanel(writer, QStringLiteral("panel-keyboard-record"), nothing, tab(5));
+    takePanel(writer, QStringLiteral("panel-keyboard-record"), nothing, tab(6));
     takePanel(writer, QStringLiteral("panel-pointer"), many, [](ViewsFixture&, Panel& panel) {
         QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
         QCoreApplication::sendEvent(panel.findChildren<HistoryRow*>().last(), &enter);
@@ -242,6 +270,8 @@ void takeAll(ScreenshotWriter& writer)
     takePanel(writer, QStringLiteral("panel-long-texts"), many);
     takePanel(writer, QStringLiteral("panel-long-texts-empty"), nothing);
     takePanel(writer, QStringLiteral("panel-long-texts-progress"), processing, partlyDone);
+    takePanel(writer, QStringLiteral("panel-long-texts-pictures-lost"), pictureLoss);
+    takePanel(writer, QStringLiteral("panel-long-texts-not-saved"), notSaved);
     SettingsView longSettings(QStringLiteral(
         "⌘ is the Super key, and ⇧ the Shift key of this keyboard: press Super+Shift+2 to record, or Record Region."));
     longSettings.show();
@@ -269,7 +299,8 @@ void takeLanguages(ScreenshotWriter& writer)
             fill(*fixture.history, 2);
             fixture.record();
         });
-        takePanel(writer, language + QStringLiteral("-done"), [](ViewsFixture& fixture, Panel&) { fixture.finish(); });
+        takePanel(writer, language + QStringLiteral("-done"), pictureLoss);
+        takePanel(writer, language + QStringLiteral("-not-saved"), notSaved);
         SettingsView settings(
             QCoreApplication::translate("HotkeyNotice", "⌘ is the Super key: press Super + Shift + 2 in any program."));
         settings.show();
@@ -293,6 +324,7 @@ int main(int argc, char** argv)
         qWarning("usage: views_screenshots FOLDER");
         return 2;
     }
+    Catalogues::use(QStringLiteral("en"));
     bool clean = true;
     for (const auto& [name, palette] : {std::pair("light", lightPalette()), std::pair("dark", darkPalette())}) {
         QApplication::setPalette(palette);

@@ -1,6 +1,8 @@
 #include "ViewsFixture.h"
 
 #include <QCoro/QCoroFuture>
+#include <QDir>
+#include <QFile>
 #include <QTest>
 
 #include <utility>
@@ -85,6 +87,13 @@ void ViewsFixture::finish()
     QTRY_VERIFY(isIn<RecordingCoordinator::Done>());
 }
 
+void ViewsFixture::stopInVain()
+{
+    record();
+    coordinator.stop();
+    QTRY_VERIFY(isIn<RecordingCoordinator::Failed>());
+}
+
 void ViewsFixture::fail(const std::string& reason)
 {
     recorder->refusal = reason;
@@ -92,6 +101,41 @@ void ViewsFixture::fail(const std::string& reason)
     selector->finish(CaptureRegion{0, 0, 20, 10});
     QTRY_VERIFY(isIn<RecordingCoordinator::Failed>());
     recorder->refusal.reset();
+}
+
+std::vector<RGBAFrame> smallChanges(int count)
+{
+    constexpr int side = 100;
+    std::vector<RGBAFrame> frames;
+    Bytes pixels(std::size_t{side} * side * 4, 255);
+    for (int i = 0; i < count; ++i) {
+        for (std::size_t channel = 0; channel < 3; ++channel)
+            pixels[static_cast<std::size_t>(i) * 4 + channel] = 0;
+        frames.emplace_back(side, side, pixels);
+    }
+    return frames;
+}
+
+namespace {
+
+QString videos()
+{
+    return QDir::homePath() + QStringLiteral("/Videos");
+}
+
+} // namespace
+
+ClipsFolderInTheWay::ClipsFolderInTheWay()
+{
+    (void)QDir(videos()).removeRecursively(); // most often there is none
+    QFile obstacle(videos());
+    if (!obstacle.open(QIODevice::WriteOnly))
+        qFatal("the home folder can't be written to");
+}
+
+ClipsFolderInTheWay::~ClipsFolderInTheWay()
+{
+    (void)QFile::remove(videos());
 }
 
 ClipEntry clip(const QString& path, std::int64_t byteCount, double seconds)

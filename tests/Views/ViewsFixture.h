@@ -70,10 +70,12 @@ public:
     /// Ends in `Processing`; the event loop then goes on to `Done`.
     void process();
     void finish();
+    /// Ends a recording that can't be made into a clip, in `Failed`.
+    void stopInVain();
     void fail(const std::string& reason);
 
-    [[nodiscard]] const RecordingCoordinator::Phase& phase() const { return coordinator.get().phase(); }
-    template <typename P> [[nodiscard]] bool isIn() const { return coordinator.get().isIn<P>(); }
+    [[nodiscard]] const RecordingCoordinator::Phase& phase() const { return coordinator.phase(); }
+    template <typename P> [[nodiscard]] bool isIn() const { return coordinator.isIn<P>(); }
 
     QTemporaryDir folder;
     std::shared_ptr<HistoryStore> history;
@@ -83,6 +85,18 @@ public:
     ScriptedUpdates* updates; // the updater's
     UpdaterController updater;
     RememberingReveal reveal;
+};
+
+/// Pictures that differ in so few pixels that only a precise clip shows them all.
+[[nodiscard]] std::vector<RGBAFrame> smallChanges(int count);
+
+/// While it exists, a file is where the folder of the videos has to be: no clip can be saved.
+class ClipsFolderInTheWay {
+public:
+    ClipsFolderInTheWay();
+    ~ClipsFolderInTheWay();
+    ClipsFolderInTheWay(const ClipsFolderInTheWay&) = delete;
+    ClipsFolderInTheWay& operator=(const ClipsFolderInTheWay&) = delete;
 };
 
 /// A clip of the history with everything that the program writes.

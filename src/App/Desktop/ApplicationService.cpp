@@ -9,6 +9,7 @@
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QDBusError>
 #include <QMetaClassInfo>
 #include <QtConcurrent/QtConcurrentRun>
 #include <QTimer>
@@ -131,16 +132,17 @@ void ApplicationService::quit() const
     QTimer::singleShot(0, this, m_actions.quit);
 }
 
-QVariantMap ApplicationService::Begin(const QVariantMap& platformData)
+QVariantMap ApplicationService::Begin(const QVariantMap& options)
 {
-    DesktopEntryAdaptor::passOnActivation(platformData);
-    begin();
+    DesktopEntryAdaptor::passOnActivation(options);
+    m_coordinator.begin(options.value(QStringLiteral("precise")).toBool() ? CurrentCoordinator::Precision::Precise
+                                                                          : CurrentCoordinator::Precision::AsChosen);
     return Status();
 }
 
 QVariantMap ApplicationService::Stop()
 {
-    if (!m_coordinator.get().isIn<Coordinator::Recording>()) {
+    if (!m_coordinator.isIn<Coordinator::Recording>()) {
         sendErrorReply(QStringLiteral("org.quillbox.quillbox.Error.NotRecording"), tr("Nothing is being recorded"));
         return {};
     }
@@ -150,10 +152,37 @@ QVariantMap ApplicationService::Stop()
     return {};
 }
 
+QVariantMap ApplicationService::Again(const QVariantMap& options)
+{
+    if (m_coordinator.isBusy()) {
+        sendErrorReply(QStringLiteral("org.quillbox.quillbox.Error.Busy"), tr("A clip is being made already"));
+        return {};
+    }
+    if (!m_coordinator.canMakeAgain()) {
+        sendErrorReply(QStringLiteral("org.quillbox.quillbox.Error.NothingRecorded"),
+            tr("Nothing has been recorded since Quillbox was started"));
+        return {};
+    }
+    ClipRequest request = m_coordinator.latestRequest();
+    if (!m_coordinator.canTryAgain())
+        request.path.clear(); // a clip is there, and stays
+    const auto name = options.value(QStringLiteral("preset")).toString();
+    const auto preset = name.isEmpty() ? request.preset : ExportPreset::fromRawValue(name.toStdString());
+    if (!preset) {
+        sendErrorReply(QDBusError::InvalidArgs, tr("There is no preset “%1”").arg(name));
+        return {};
+    }
+    request.preset = *preset;
+    request.isPrecise = options.value(QStringLiteral("precise"), request.isPrecise).toBool();
+    setDelayedReply(true);
+    m_waiting.push_back(message());
+    m_coordinator.makeAgain(request);
+    return {};
+}
+
 void ApplicationService::answerWaiting()
 {
-    const auto& now = m_coordinator.get();
-    if (!now.isIn<Coordinator::Done>() && !now.isIn<Coordinator::Failed>())
+    if (!m_coordinator.isIn<Coordinator::Done>() && !m_coordinator.isIn<Coordinator::Failed>())
         return;
     for (const auto& call : std::exchange(m_waiting, {}))
         QDBusConnection::sessionBus().send(call.createReply(Status()));
@@ -167,7 +196,7 @@ void ApplicationService::Show(const QVariantMap& platformData) const
 
 QVariantMap ApplicationService::Status() const
 {
-    auto status = std::visit(Describe{}, m_coordinator.get().phase());
+    auto status = std::visit(Describe{}, m_coordinator.phase());
     if (m_coordinator.get().recorder()->isRecording())
         status.insert(QStringLiteral("frameCount"), qlonglong{m_actions.frameCount()});
     status.insert(QStringLiteral("clipboard"), clipboardState());

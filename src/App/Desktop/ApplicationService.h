@@ -59,9 +59,16 @@ public:
     // What other programs can call, by names as they are usual on the bus.
     // NOLINTBEGIN(readability-identifier-naming,modernize-use-nodiscard)
     /// Begins a flow. Answers with the phase afterwards, as Status does.
-    Q_SCRIPTABLE Q_INVOKABLE QVariantMap Begin(const QVariantMap& platformData);
+    /// @param options  Platform data as above; "precise": whether every change is kept in this clip, whatever the user
+    ///                 chose otherwise.
+    Q_SCRIPTABLE Q_INVOKABLE QVariantMap Begin(const QVariantMap& options);
     /// Ends the recording; answers, as Status does, once the clip is there or has failed. An error unless recording.
     Q_SCRIPTABLE Q_INVOKABLE QVariantMap Stop();
+    /// Makes another clip of what was recorded last; answers as Stop does. An error where nothing was recorded, or
+    /// while a clip is being made.
+    /// @param options  What differs from the clip before: "precise", whether every change is kept; "preset": slack,
+    ///                 github or docs.
+    Q_SCRIPTABLE Q_INVOKABLE QVariantMap Again(const QVariantMap& options);
     Q_SCRIPTABLE Q_INVOKABLE void Show(const QVariantMap& platformData) const;
     /// "phase": idle, selecting, recording, processing, done or failed; "frameCount" while it records; "path" and
     /// "byteCount" of what is done; "message" of what failed. "clipboard": empty, pending or accepted, as Clipboard
@@ -77,7 +84,7 @@ private:
 
     CurrentCoordinator& m_coordinator;
     Actions m_actions;
-    std::vector<QDBusMessage> m_waiting; // calls of Stop that have not been answered
+    std::vector<QDBusMessage> m_waiting; // calls of Stop and Again that have not been answered
 };
 
 } // namespace quillbox

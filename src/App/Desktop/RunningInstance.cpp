@@ -8,6 +8,7 @@
 #include <QDBusMessage>
 
 #include <limits>
+#include <string>
 
 namespace quillbox {
 namespace {
@@ -60,9 +61,22 @@ bool RunningInstance::exists()
         && connection.interface()->isServiceRegistered(ApplicationService::busName()).value();
 }
 
-QVariantMap RunningInstance::begin()
+QVariantMap RunningInstance::begin(bool precise)
 {
-    return mapOf(ask(ApplicationService::interfaceName(), QStringLiteral("Begin"), {platformData()}));
+    auto options = platformData();
+    if (precise)
+        options.insert(QStringLiteral("precise"), true);
+    return mapOf(ask(ApplicationService::interfaceName(), QStringLiteral("Begin"), {options}));
+}
+
+QVariantMap RunningInstance::again(bool precise, std::optional<ExportPreset> preset)
+{
+    QVariantMap options;
+    if (precise)
+        options.insert(QStringLiteral("precise"), true);
+    if (preset)
+        options.insert(QStringLiteral("preset"), QString::fromStdString(std::string(preset->rawValue())));
+    return mapOf(ask(ApplicationService::interfaceName(), QStringLiteral("Again"), {options}, noLimit));
 }
 
 QVariantMap RunningInstance::stop()

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "Encoding/Presets.h"
+
 #include <QString>
 #include <QVariantMap>
 
+#include <optional>
 #include <stdexcept>
 
 namespace quillbox {
@@ -20,8 +23,10 @@ namespace RunningInstance {
 [[nodiscard]] bool exists();
 
 // Each as the method of that name of ApplicationService. @throws InstanceError
-[[nodiscard]] QVariantMap begin();
+[[nodiscard]] QVariantMap begin(bool precise);
 [[nodiscard]] QVariantMap stop();
+/// @param precise  False for as precise as the clip before. @param preset  None for the one of the clip before.
+[[nodiscard]] QVariantMap again(bool precise, std::optional<ExportPreset> preset);
 [[nodiscard]] QVariantMap status();
 void show();
 void quit();

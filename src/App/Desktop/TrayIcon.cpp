@@ -36,11 +36,15 @@ TrayIcon::TrayIcon(CurrentCoordinator& coordinator, QObject* parent)
     connect(m_menu.addAction(tr("Open Quillbox")), &QAction::triggered, this, &TrayIcon::openRequested);
     m_recordAction = m_menu.addAction(QString());
     connect(m_recordAction, &QAction::triggered, &coordinator, &CurrentCoordinator::toggle);
+    m_everyChangeAction = m_menu.addAction(tr("Keep every change"));
+    m_everyChangeAction->setCheckable(true);
+    connect(m_everyChangeAction, &QAction::toggled, &coordinator, &CurrentCoordinator::setKeepsEveryChange);
     connect(m_menu.addAction(tr("Settings")), &QAction::triggered, this, &TrayIcon::settingsRequested);
     m_menu.addSeparator();
     connect(m_menu.addAction(tr("Quit")), &QAction::triggered, this, &TrayIcon::quitRequested);
 
     connect(&coordinator, &CurrentCoordinator::phaseChanged, this, &TrayIcon::redraw);
+    connect(&coordinator, &CurrentCoordinator::keepsEveryChangeChanged, this, &TrayIcon::redraw);
     connect(&m_host, &TrayHost::found, this, [this] {
         create();
         Q_EMIT appeared();
@@ -85,8 +89,9 @@ QRect TrayIcon::place() const
 
 void TrayIcon::redraw()
 {
-    const bool isRecording = m_coordinator.get().isIn<RecordingCoordinator::Recording>();
+    const bool isRecording = m_coordinator.isIn<RecordingCoordinator::Recording>();
     m_recordAction->setText(isRecording ? tr("Stop && Copy") : tr("Record Region"));
+    m_everyChangeAction->setChecked(m_coordinator.keepsEveryChange());
     if (!m_icon)
         return;
     m_icon->setIcon(Icons::trayIcon(isRecording));

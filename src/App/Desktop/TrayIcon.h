@@ -48,7 +48,8 @@ private:
     CurrentCoordinator& m_coordinator;
     TrayHost m_host;
     QMenu m_menu;
-    QAction* m_recordAction = nullptr; // the menu owns it
+    QAction* m_recordAction = nullptr; // the menu owns it, and the next
+    QAction* m_everyChangeAction = nullptr;
     std::unique_ptr<QSystemTrayIcon> m_icon;
 };
 

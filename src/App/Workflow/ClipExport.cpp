@@ -11,6 +11,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <utility>
 
 namespace quillbox {
 
@@ -53,10 +54,23 @@ QString ClipExport::save(std::span<const std::uint8_t> gif, QDateTime date)
 }
 
 ClipExport::Saved ClipExport::run(
-    const Recording& recording, ExportPreset preset, const GIFOptimizer::Execution& execution)
+    const Recording& recording, const ClipRequest& request, const GIFOptimizer::Execution& execution)
 {
-    Saved saved{.result = encode(recording, preset, execution), .path = {}};
-    saved.path = save(saved.result.data, QDateTime::currentDateTime());
+    Saved saved;
+    if (request.isPrecise) {
+        auto precise = encodePrecisely(recording, PreciseOptimizer::Config::of(request.preset), execution);
+        saved.result = std::move(precise.clip);
+        saved.recordedPictures = saved.result.frameCount + precise.thinnedFrames;
+    } else {
+        saved.result = encode(recording, request.preset, execution);
+        saved.recordedPictures = recording.distinctCount();
+    }
+    if (request.path.isEmpty()) {
+        saved.path = save(saved.result.data, QDateTime::currentDateTime());
+    } else {
+        saved.path = request.path;
+        OutputFile::save(QFile::encodeName(saved.path).toStdString(), saved.result.data, OutputFile::IfExists::Replace);
+    }
     recording.settle();
     return saved;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "App/Workflow/ClipRequest.h"
 #include "Capture/Recording.h"
 #include "Encoding/GIFOptimizer.h"
 #include "Encoding/Precise/PreciseOptimizer.h"
@@ -19,7 +20,8 @@ namespace ClipExport {
 
 struct Saved {
     GIFOptimizer::Result result;
-    QString path; ///< absolute
+    QString path;                      ///< absolute
+    std::int64_t recordedPictures = 0; ///< those that differ from the one before
 };
 
 /// Makes the GIF that `preset` asks for, dithered where that helps.
@@ -41,11 +43,13 @@ struct Saved {
 /// @throws OutputFileError  the file can't be written; nothing of it is left.
 [[nodiscard]] QString save(std::span<const std::uint8_t> gif, QDateTime date);
 
-/// Encodes the recording, saves it as a clip that was made now, and settles it.
+/// Encodes the recording, saves it, unless `request` names a path as a clip that was made now, and settles it.
 /// @pre the recording has a frame; a violation ends the process.
 /// @throws GIFEncodingError  a side of a frame is too large.
+/// @throws SpillError  there is no room for what a precise clip is made from.
 /// @throws std::filesystem::filesystem_error, OutputFileError  as `save`.
-[[nodiscard]] Saved run(const Recording& recording, ExportPreset preset, const GIFOptimizer::Execution& execution = {});
+[[nodiscard]] Saved run(
+    const Recording& recording, const ClipRequest& request, const GIFOptimizer::Execution& execution = {});
 
 /// The bytes of the file, for the clipboard.
 [[nodiscard]] QByteArray bytes(const GIFOptimizer::Result& result);

@@ -5,13 +5,19 @@
 #include "Encoding/GIFOptimizer.h"
 #include "Platform/Mailbox.h"
 
+#include <QCoro/QCoroTask>
 #include <QFuture>
 #include <QObject>
+#include <QString>
 
+#include <memory>
 #include <optional>
 #include <stop_token>
+#include <variant>
 
 namespace quillbox {
+
+class HistoryStore;
 
 /// Makes one clip on a worker thread and tells how far it is: one long piece of work whose result the event loop
 /// awaits, and so one for the toolkit's own workers. The work owns all that it needs: it goes on when the job is
@@ -24,7 +30,18 @@ public:
 
     /// Begins. To be called once. @pre the recording has a frame; a violation ends the process.
     /// @return What `ClipExport::run` returns; the future throws what that throws.
-    [[nodiscard]] QFuture<ClipExport::Saved> start(Recording recording, ExportPreset preset);
+    [[nodiscard]] QFuture<ClipExport::Saved> start(Recording recording, const ClipRequest& request);
+
+    struct Failure {
+        QString message;      ///< for the user, as it stands
+        bool mayPass = false; ///< with more room, or in another folder
+    };
+    using Outcome = std::variant<FinishedClip, Failure>;
+
+    /// Does what start() does, then copies the clip and puts it at the head of the history.
+    /// @return Nothing if the job was destroyed meanwhile; the clip is then neither copied nor in the history.
+    [[nodiscard]] QCoro::Task<std::optional<Outcome>> make(
+        Recording recording, ClipRequest request, std::shared_ptr<HistoryStore> history);
 
     /// None until the encoder has begun. Once the job is finishing, few attempts are left. Its fraction never falls.
     [[nodiscard]] std::optional<ExportProgress> progress() const;

@@ -7,8 +7,8 @@
 #include <QUnhandledException>
 
 #include <filesystem>
-#include <functional>
 #include <new>
+#include <stdexcept>
 
 namespace quillbox {
 namespace {
@@ -18,7 +18,7 @@ struct Text {
 };
 
 /// Hands `error` to `use`, or what a worker threw if that is what it carries.
-QString unwrapped(const std::exception& error, const std::function<QString(const std::exception&)>& use)
+template <typename Use> auto unwrapped(const std::exception& error, const Use& use) -> decltype(use(error))
 {
     const auto* const carrier = dynamic_cast<const QUnhandledException*>(&error);
     if (carrier == nullptr || !carrier->exception())
@@ -28,7 +28,7 @@ QString unwrapped(const std::exception& error, const std::function<QString(const
     } catch (const std::exception& inner) {
         return use(inner);
     } catch (...) {
-        return Text::tr("an unknown error");
+        return use(std::runtime_error(Text::tr("an unknown error").toStdString()));
     }
 }
 
@@ -72,6 +72,12 @@ QString FlowMessages::couldNotSave(const std::exception& error)
             .arg(QString::number(size.width), QString::number(size.height),
                 QString::number(GIFEncoder::maximumFieldValue));
     });
+}
+
+bool FlowMessages::mayPass(const std::exception& error)
+{
+    return unwrapped(
+        error, [](const std::exception& cause) { return dynamic_cast<const GIFEncodingError*>(&cause) == nullptr; });
 }
 
 } // namespace quillbox

@@ -14,6 +14,10 @@ namespace FlowMessages {
 /// A frame that is too large for the format gets a sentence of its own.
 [[nodiscard]] QString couldNotSave(const std::exception& error);
 
+/// Whether what kept a clip from being saved can be otherwise another time: a disk can be emptied, a frame that is too
+/// large stays so.
+[[nodiscard]] bool mayPass(const std::exception& error);
+
 /// What went wrong, in a few words. What a worker threw (QUnhandledException) is unwrapped first.
 [[nodiscard]] QString describe(const std::exception& error);
 

@@ -1,16 +1,13 @@
 #include "App/Workflow/RecordingCoordinator.h"
 
-#include "App/Workflow/ClipExport.h"
 #include "App/Workflow/ExportJob.h"
 #include "App/Workflow/FlowMessages.h"
 #include "Capture/Region/RegionSelector.h"
 #include "Capture/StreamRecorder.h"
 #include "Encoding/Precondition.h"
 #include "Platform/Detach.h"
-#include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/HistoryStore.h"
 
-#include <QCoro/QCoroFuture>
 #include <QPointer>
 
 #include <exception>
@@ -18,24 +15,6 @@
 #include <utility>
 
 namespace quillbox {
-namespace {
-
-ClipEntry entryFor(const ClipExport::Saved& saved, ExportPreset preset, std::int64_t width, std::int64_t height)
-{
-    const auto title = preset.title();
-    return {
-        .date = QDateTime::currentDateTimeUtc(),
-        .format = QStringLiteral("GIF"),
-        .preset = QString::fromUtf8(title.data(), std::ssize(title)),
-        .outputPath = saved.path,
-        .byteCount = saved.result.byteCount,
-        .durationSeconds = saved.result.durationSeconds,
-        .width = width,
-        .height = height,
-    };
-}
-
-} // namespace
 
 RecordingCoordinator::RecordingCoordinator(std::shared_ptr<RecorderControlling> recorder,
     std::shared_ptr<RegionSelector> selector, std::shared_ptr<HistoryStore> history)
@@ -125,7 +104,8 @@ QCoro::Task<> RecordingCoordinator::stopAndExport()
     if (!isIn<Recording>())
         co_return; // a second click
     const QPointer self(this);
-    const auto preset = m_preset; // read once: a later change, also while the recorder stops, belongs to the next clip
+    // Read once: a later change, also while the recorder stops, belongs to the next clip.
+    const ClipRequest request{.preset = m_preset, .isPrecise = m_isPrecise};
     m_job = std::make_unique<ExportJob>();
     connect(m_job.get(), &ExportJob::progressChanged, this, &RecordingCoordinator::progressChanged);
     setPhase(Processing{});
@@ -139,22 +119,20 @@ QCoro::Task<> RecordingCoordinator::stopAndExport()
         setPhase(Failed{FlowMessages::noFrames()});
         co_return;
     }
-    const auto width = recording.frames().front().width();
-    const auto height = recording.frames().front().height();
-    std::optional<QString> failure;
-    try {
-        auto job = m_job->start(std::move(recording), preset);
-        const auto saved = co_await job;
-        if (!self)
-            co_return;
-        ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(saved.path), ClipExport::bytes(saved.result));
-        m_history->record(entryFor(saved, preset, width, height));
-        setPhase(Done{saved.path, saved.result.byteCount});
-    } catch (const std::exception& error) {
-        failure = FlowMessages::couldNotSave(error);
-    }
-    if (failure && self)
-        setPhase(Failed{*failure});
+    Q_EMIT recordingEnded(recording, request);
+    if (!self)
+        co_return;
+    auto making = m_job->make(std::move(recording), request, m_history);
+    const auto outcome = co_await making;
+    if (!self || !outcome)
+        co_return;
+    Q_EMIT exportEnded(*outcome);
+    if (!self)
+        co_return;
+    if (const auto* const clip = std::get_if<FinishedClip>(&*outcome))
+        setPhase(Done{clip->path, clip->byteCount});
+    else
+        setPhase(Failed{std::get<ExportJob::Failure>(*outcome).message});
 }
 
 } // namespace quillbox

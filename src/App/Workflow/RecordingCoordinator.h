@@ -1,5 +1,7 @@
 #pragma once
 
+#include "App/Workflow/ClipRequest.h"
+#include "App/Workflow/ExportJob.h"
 #include "App/Workflow/ExportProgress.h"
 #include "Capture/CaptureRegion.h"
 #include "Encoding/Presets.h"
@@ -15,7 +17,6 @@
 
 namespace quillbox {
 
-class ExportJob;
 class HistoryStore;
 class RecorderControlling;
 class RegionSelector;
@@ -68,6 +69,10 @@ public:
     [[nodiscard]] ExportPreset preset() const { return m_preset; }
     void setPreset(ExportPreset preset);
 
+    /// Whether the next clip shows every change; read together with the preset. At first it does not.
+    [[nodiscard]] bool isPrecise() const { return m_isPrecise; }
+    void setPrecise(bool isPrecise) { m_isPrecise = isPrecise; }
+
     /// Starts a flow: asks the user for a region and records it. Ignored unless idle.
     void beginFlow();
     /// Ends the recording and makes the clip. Ignored unless recording. Never throws; a failure becomes a phase.
@@ -99,6 +104,10 @@ Q_SIGNALS:
     /// Announced after progress() or isFinishing() has changed while processing. Changes that come faster than the
     /// event loop turns are announced as one.
     void progressChanged();
+    /// What was recorded, at least one frame, is about to be made into a clip as `request` says.
+    void recordingEnded(const quillbox::Recording& recording, const quillbox::ClipRequest& request);
+    /// What became of it. Announced before the phase changes.
+    void exportEnded(const quillbox::ExportJob::Outcome& outcome);
 
 private:
     QCoro::Task<> record(CaptureRegion region);
@@ -106,6 +115,7 @@ private:
 
     Phase m_phase = Idle{};
     ExportPreset m_preset = ExportPreset::slack;
+    bool m_isPrecise = false;
     std::shared_ptr<RecorderControlling> m_recorder;
     std::shared_ptr<RegionSelector> m_selector;
     std::shared_ptr<HistoryStore> m_history;

@@ -26,7 +26,8 @@ TEST_F(Help, ShowsAnExampleForEachJob)
 
 TEST_F(Help, ShowsAnExampleForEachCommandThatAsksTheRunningApplication)
 {
-    for (const std::string command : {"begin", "stop", "toggle", "show", "status", "quit", "history", "doctor"}) {
+    for (const std::string command :
+        {"begin", "stop", "toggle", "again", "show", "status", "quit", "history", "doctor"}) {
         const auto result = shell("quillbox " + command + " --help");
         EXPECT_EQ(result.exitStatus, 0) << command;
         EXPECT_NE(result.output.find("Example:\n  quillbox " + command), std::string::npos) << command;

@@ -57,8 +57,8 @@ std::string outside(const std::string& text)
 
 TEST_F(Brackets, HoldEverySentenceOfTheHelp)
 {
-    for (const char* const command : {"", "encode", "record", "begin", "stop", "toggle", "show", "status", "quit",
-             "history", "recover", "doctor", "help"}) {
+    for (const char* const command : {"", "encode", "record", "begin", "stop", "toggle", "again", "show", "status",
+             "quit", "history", "recover", "doctor", "help"}) {
         const auto rest
             = std::regex_replace(outside(helpOf(command)), std::regex("(quillbox|--[a-z-]+) [a-z0-9|=]*"), "");
         EXPECT_FALSE(std::regex_search(rest, std::regex("[a-z]{2,} [a-z]{2,}|[A-Z][a-z]{2,}")))

@@ -4,6 +4,7 @@
 #include "App/Workflow/CurrentCoordinator.h"
 #include "CoordinatorFixture.h"
 #include "PostCapture/Clipboard/Clipboard.h"
+#include "support/BusyWorkers.h"
 
 #include <gtest/gtest.h>
 
@@ -15,8 +16,10 @@
 #include <QProcess>
 #include <QUrl>
 
+#include <memory>
 #include <string>
 #include <sys/stat.h>
+#include <utility>
 #include <vector>
 
 namespace quillbox {
@@ -170,6 +173,57 @@ TEST_F(ApplicationServiceTest, RefusesToStopWhatDoesNotRecord)
     m_fixture.recorder->stopGate->finish();
     EXPECT_EQ(mapIn(answerOf(first)).value("phase").toString(), "done");
     EXPECT_EQ(m_fixture.recorder->stops, 1);
+}
+
+TEST_F(ApplicationServiceTest, KeepsEveryChangeOfOneClipWhenAskedTo)
+{
+    EXPECT_EQ(mapIn(ask("Begin", {QVariantMap{{"precise", true}}})).value("phase").toString(), "selecting");
+    m_fixture.selector->select(test::someRegion);
+    (void)mapIn(ask("Stop"));
+    ASSERT_NE(m_coordinator.finishedClip(), nullptr);
+    EXPECT_TRUE(m_coordinator.finishedClip()->request.isPrecise);
+    EXPECT_FALSE(m_coordinator.keepsEveryChange());
+}
+
+TEST_F(ApplicationServiceTest, MakesAnotherClipAndAnswersOnceItIsThere)
+{
+    record();
+    const auto first = mapIn(ask("Stop"));
+    const auto second = mapIn(ask("Again", {QVariantMap{{"precise", true}, {"preset", "docs"}}}));
+    EXPECT_EQ(second.value("phase").toString(), "done");
+    EXPECT_NE(second.value("path"), first.value("path"));
+    EXPECT_EQ(second, status());
+    EXPECT_EQ(m_coordinator.finishedClip()->request, (ClipRequest{.preset = ExportPreset::docs, .isPrecise = true}));
+    (void)mapIn(ask("Again", {QVariantMap()}));
+    EXPECT_EQ(m_coordinator.finishedClip()->request, (ClipRequest{.preset = ExportPreset::docs, .isPrecise = true}))
+        << "as the one before";
+    EXPECT_EQ(m_fixture.history->entries().size(), 3U);
+}
+
+TEST_F(ApplicationServiceTest, TriesAgainWhatCouldNotBeSaved)
+{
+    m_fixture.blockClips();
+    record();
+    EXPECT_EQ(mapIn(ask("Stop")).value("phase").toString(), "failed");
+    EXPECT_EQ(mapIn(ask("Again", {QVariantMap()})).value("phase").toString(), "failed");
+    m_fixture.unblockClips();
+    EXPECT_EQ(mapIn(ask("Again", {QVariantMap()})).value("phase").toString(), "done");
+}
+
+TEST_F(ApplicationServiceTest, MakesNoOtherClipOfNothingOrMeanwhileOrOfAnUnknownKind)
+{
+    EXPECT_EQ(ask("Again", {QVariantMap()}).errorName(), "org.quillbox.quillbox.Error.NothingRecorded");
+    record();
+    EXPECT_EQ(ask("Again", {QVariantMap()}).errorName(), "org.quillbox.quillbox.Error.Busy");
+    (void)mapIn(ask("Stop"));
+    const auto unknown = ask("Again", {QVariantMap{{"preset", "disk"}}});
+    EXPECT_EQ(unknown.errorName(), "org.freedesktop.DBus.Error.InvalidArgs");
+    EXPECT_EQ(unknown.errorMessage(), QString("There is no preset “disk”"));
+    auto workers = std::make_unique<support::BusyWorkers>();
+    const auto making = call("Again", {QVariantMap()});
+    EXPECT_EQ(ask("Again", {QVariantMap()}).errorName(), "org.quillbox.quillbox.Error.Busy");
+    workers.reset();
+    EXPECT_EQ(mapIn(answerOf(making)).value("phase").toString(), "done");
 }
 
 TEST_F(ApplicationServiceTest, ShowsThePanel)

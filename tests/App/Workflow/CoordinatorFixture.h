@@ -7,10 +7,12 @@
 #include "support/TemporaryFolder.h"
 
 #include <QDir>
+#include <QFile>
 
 #include <cstdint>
 #include <exception>
 #include <stdexcept>
+#include <vector>
 
 namespace quillbox::test {
 
@@ -19,6 +21,20 @@ inline constexpr CaptureRegion someRegion{10, 20, 30, 40};
 inline RGBAFrame gray(std::int64_t width, std::int64_t height, std::uint8_t level = 128)
 {
     return RGBAFrame(width, height, Bytes(static_cast<std::size_t>(width * height * 4), level));
+}
+
+/// Pictures that differ in so few pixels that only a precise clip shows them all.
+inline std::vector<RGBAFrame> smallChanges(std::int64_t count)
+{
+    constexpr std::int64_t side = 100;
+    std::vector<RGBAFrame> frames;
+    Bytes pixels(std::size_t{side} * side * 4, 255);
+    for (std::int64_t i = 0; i < count; ++i) {
+        for (std::size_t channel = 0; channel < 3; ++channel)
+            pixels[static_cast<std::size_t>(i) * 4 + channel] = 0;
+        frames.emplace_back(side, side, pixels);
+    }
+    return frames;
 }
 
 /// A coordinator whose neighbours are scripted, in a home folder of its own.
@@ -35,6 +51,10 @@ public:
 
     [[nodiscard]] QString home() const { return QString::fromStdString(m_folder.path().string()); }
     [[nodiscard]] QDir clips() const { return QDir(home() + "/Videos/Quillbox"); }
+
+    /// A file where the folder of the videos has to be: no clip can be saved until it is taken away.
+    void blockClips() const { support::writeFile((home() + "/Videos").toStdString(), std::vector<std::uint8_t>{}); }
+    void unblockClips() const { QFile::remove(home() + "/Videos"); }
 
     /// On to a phase, by the road that a user takes.
     void recordARegion()

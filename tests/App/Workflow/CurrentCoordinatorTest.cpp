@@ -1,9 +1,14 @@
 #include "App/Workflow/CurrentCoordinator.h"
 
 #include "CoordinatorFixture.h"
+#include "support/BusyWorkers.h"
 
 #include <QSignalSpy>
 #include <QTest>
+
+#include <memory>
+#include <optional>
+#include <utility>
 
 namespace quillbox {
 namespace {
@@ -24,6 +29,30 @@ private Q_SLOTS:
     void toggleBeginsAndStops();
     void passesTheProgressOn();
     void passesTheWishToFinishOn();
+    void makesAgainWhatWasRecorded();
+    void beginsNothingWhileAFurtherClipIsMade();
+    void beginsAfreshAfterAFurtherClip();
+    void makesAgainAlsoAfterACancelledSelection();
+    void forgetsTheRecordingWhenTheNextOneRuns();
+    void offersToTryAgainWhatCouldNotBeSaved();
+    void offersNothingWhereNothingWasRecorded();
+    void offersNothingAfterAStartThatFailed();
+    void keepsEveryChangeFromNowOn();
+    void keepsEveryChangeInOneClip();
+    void keepsEveryChangeOfARunningRecordingToo();
+
+private:
+    static void record(CurrentCoordinator& current, Fixture& fixture)
+    {
+        current.begin();
+        fixture.selector->select(someRegion);
+        QVERIFY(current.isIn<Coordinator::Recording>());
+    }
+    static void finish(CurrentCoordinator& current)
+    {
+        current.stop();
+        QVERIFY(test::eventually([&] { return !current.isBusy(); }));
+    }
 };
 
 void CurrentCoordinatorTest::theNextFlowReplacesTheCoordinatorThatHasEnded()
@@ -115,6 +144,197 @@ void CurrentCoordinatorTest::passesTheWishToFinishOn()
     QCOMPARE(spy.size(), 1);
     fixture.recorder->stopGate->finish();
     QVERIFY(test::eventually([&] { return current.get().isIn<Coordinator::Done>(); }));
+}
+
+void CurrentCoordinatorTest::makesAgainWhatWasRecorded()
+{
+    Fixture fixture;
+    fixture.recorder->frames = test::smallChanges(20);
+    CurrentCoordinator current(std::move(fixture.coordinator));
+    QVERIFY(!current.canMakeAgain());
+    record(current, fixture);
+    QVERIFY(!current.canMakeAgain());
+    finish(current);
+    const auto first = *current.finishedClip();
+    QVERIFY(first.lacksPictures());
+    QVERIFY(current.latestRequest() == (ClipRequest{.preset = ExportPreset::slack}));
+    const QSignalSpy phases(&current, &CurrentCoordinator::phaseChanged);
+    {
+        const support::BusyWorkers workers;
+        current.makeAgain({.preset = ExportPreset::slack, .isPrecise = true});
+        QVERIFY(current.isIn<Coordinator::Processing>());
+        QVERIFY(current.isBusy());
+        QVERIFY(current.finishedClip() == nullptr);
+    }
+    QVERIFY(test::eventually([&] { return current.isIn<Coordinator::Done>(); }));
+    QCOMPARE(phases.size(), 2);
+    QCOMPARE(current.finishedClip()->shownPictures, 20);
+    QVERIFY(std::get<Coordinator::Done>(current.phase()).path != first.path);
+    QCOMPARE(fixture.history->entries().size(), 2U);
+    QVERIFY(std::get<Coordinator::Done>(current.get().phase()).path == first.path); // it stays ended
+}
+
+void CurrentCoordinatorTest::beginsNothingWhileAFurtherClipIsMade()
+{
+    Fixture fixture;
+    CurrentCoordinator current(std::move(fixture.coordinator));
+    record(current, fixture);
+    finish(current);
+    auto workers = std::make_unique<support::BusyWorkers>();
+    current.makeAgain(current.latestRequest());
+    current.toggle();
+    QCOMPARE(fixture.selector->presentations, 1);
+    const QSignalSpy progress(&current, &CurrentCoordinator::progressChanged);
+    current.finishNow();
+    QVERIFY(current.isFinishing());
+    QCOMPARE(progress.size(), 1);
+    workers.reset();
+    QVERIFY(test::eventually([&] { return current.isIn<Coordinator::Done>(); }));
+}
+
+void CurrentCoordinatorTest::beginsAfreshAfterAFurtherClip()
+{
+    Fixture fixture;
+    CurrentCoordinator current(std::move(fixture.coordinator));
+    const auto* const first = &current.get();
+    record(current, fixture);
+    finish(current);
+    current.makeAgain(current.latestRequest());
+    QVERIFY(test::eventually([&] { return !current.isBusy(); }));
+    current.begin();
+    QVERIFY(&current.get() != first);
+    QVERIFY(current.isIn<Coordinator::SelectingRegion>());
+}
+
+void CurrentCoordinatorTest::makesAgainAlsoAfterACancelledSelection()
+{
+    Fixture fixture;
+    CurrentCoordinator current(std::move(fixture.coordinator));
+    record(current, fixture);
+    finish(current);
+    current.begin();
+    QVERIFY(!current.canMakeAgain());
+    fixture.selector->select(RegionSelector::Cancelled{});
+    QVERIFY(current.isIn<Coordinator::Idle>());
+    current.makeAgain(current.latestRequest());
+    QVERIFY(test::eventually([&] { return current.isIn<Coordinator::Done>(); }));
+    QCOMPARE(fixture.history->entries().size(), 2U);
+    current.begin();
+    QVERIFY(current.isIn<Coordinator::SelectingRegion>());
+}
+
+void CurrentCoordinatorTest::forgetsTheRecordingWhenTheNextOneRuns()
+{
+    Fixture fixture;
+    CurrentCoordinator current(std::move(fixture.coordinator));
+    record(current, fixture);
+    finish(current);
+    fixture.recorder->frames.clear();
+    record(current, fixture);
+    finish(current);
+    QVERIFY(current.isIn<Coordinator::Failed>());
+    QVERIFY(!current.canMakeAgain());
+}
+
+void CurrentCoordinatorTest::offersToTryAgainWhatCouldNotBeSaved()
+{
+    Fixture fixture;
+    fixture.blockClips();
+    CurrentCoordinator current(std::move(fixture.coordinator));
+    record(current, fixture);
+    finish(current);
+    QVERIFY(current.isIn<Coordinator::Failed>());
+    QVERIFY(current.canTryAgain());
+    {
+        const support::BusyWorkers workers;
+        current.makeAgain(current.latestRequest());
+        QVERIFY(!current.canTryAgain()); // while it tries
+    }
+    QVERIFY(test::eventually([&] { return !current.isBusy(); }));
+    QVERIFY(current.canTryAgain());
+    fixture.unblockClips();
+    current.makeAgain(current.latestRequest());
+    QVERIFY(test::eventually([&] { return !current.isBusy(); }));
+    QVERIFY(current.isIn<Coordinator::Done>());
+    QVERIFY(!current.canTryAgain());
+    QCOMPARE(fixture.history->entries().size(), 1U);
+}
+
+void CurrentCoordinatorTest::offersNothingWhereNothingWasRecorded()
+{
+    Fixture fixture;
+    fixture.recorder->frames.clear();
+    CurrentCoordinator current(std::move(fixture.coordinator));
+    record(current, fixture);
+    finish(current);
+    QVERIFY(current.isIn<Coordinator::Failed>());
+    QVERIFY(!current.canTryAgain());
+    QVERIFY(!current.canMakeAgain());
+}
+
+void CurrentCoordinatorTest::offersNothingAfterAStartThatFailed()
+{
+    Fixture fixture;
+    fixture.blockClips();
+    CurrentCoordinator current(std::move(fixture.coordinator));
+    record(current, fixture);
+    finish(current);
+    fixture.recorder->startError = std::make_exception_ptr(std::runtime_error("no"));
+    current.begin();
+    fixture.selector->select(someRegion);
+    QVERIFY(current.isIn<Coordinator::Failed>());
+    QVERIFY(!current.canTryAgain()); // it is not what failed
+    QVERIFY(current.canMakeAgain()); // but still there
+}
+
+void CurrentCoordinatorTest::keepsEveryChangeFromNowOn()
+{
+    Fixture fixture;
+    CurrentCoordinator current(std::move(fixture.coordinator));
+    const QSignalSpy changes(&current, &CurrentCoordinator::keepsEveryChangeChanged);
+    QVERIFY(!current.keepsEveryChange());
+    current.setKeepsEveryChange(true);
+    current.setKeepsEveryChange(true);
+    QCOMPARE(changes.size(), 1);
+    for (int clips = 0; clips < 2; ++clips) {
+        record(current, fixture);
+        finish(current);
+        QVERIFY(current.finishedClip()->request.isPrecise);
+    }
+    current.setKeepsEveryChange(false);
+    record(current, fixture);
+    finish(current);
+    QVERIFY(!current.finishedClip()->request.isPrecise);
+}
+
+void CurrentCoordinatorTest::keepsEveryChangeInOneClip()
+{
+    Fixture fixture;
+    CurrentCoordinator current(std::move(fixture.coordinator));
+    current.begin(CurrentCoordinator::Precision::Precise);
+    current.begin(); // ignored
+    fixture.selector->select(someRegion);
+    finish(current);
+    QVERIFY(current.finishedClip()->request.isPrecise);
+    QVERIFY(!current.keepsEveryChange());
+    record(current, fixture);
+    finish(current);
+    QVERIFY(!current.finishedClip()->request.isPrecise);
+    current.begin(CurrentCoordinator::Precision::Precise);
+    fixture.selector->select(RegionSelector::Cancelled{});
+    record(current, fixture);
+    finish(current);
+    QVERIFY(!current.finishedClip()->request.isPrecise);
+}
+
+void CurrentCoordinatorTest::keepsEveryChangeOfARunningRecordingToo()
+{
+    Fixture fixture;
+    CurrentCoordinator current(std::move(fixture.coordinator));
+    record(current, fixture);
+    current.setKeepsEveryChange(true);
+    finish(current);
+    QVERIFY(current.finishedClip()->request.isPrecise);
 }
 
 } // namespace quillbox

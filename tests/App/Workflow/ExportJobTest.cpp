@@ -57,7 +57,7 @@ void ExportJobTest::knowsOfNoProgressAtFirst()
 void ExportJobTest::tellsOfEveryAttemptThatThereCanBe()
 {
     ExportJob job;
-    (void)result(job.start(Recording({test::gray(8, 6)}), ExportPreset::slack));
+    (void)result(job.start(Recording({test::gray(8, 6)}), {.preset = ExportPreset::slack}));
     QVERIFY(job.progress() == (ExportProgress{.attempt = 1, .attempts = 9, .framesDone = 1, .frameCount = 1}));
 }
 
@@ -66,7 +66,7 @@ void ExportJobTest::neverGoesBackAndEndsNearTheWhole()
     ExportJob job;
     std::vector<double> fractions;
     connect(&job, &ExportJob::progressChanged, &job, [&] { fractions.push_back(job.progress().value().fraction()); });
-    const auto saved = result(job.start(Recording(support::hardClip()), ExportPreset::slack));
+    const auto saved = result(job.start(Recording(support::hardClip()), {.preset = ExportPreset::slack}));
     QVERIFY(saved.result.colorCount == 16);
     QVERIFY(!fractions.empty());
     QVERIFY(std::is_sorted(fractions.begin(), fractions.end()));
@@ -77,7 +77,7 @@ void ExportJobTest::announcesOnceWhatComesFasterThanTheEventLoopTurns()
 {
     ExportJob job;
     const QSignalSpy announcements(&job, &ExportJob::progressChanged);
-    auto future = job.start(Recording(m_fixture->recorder->frames), ExportPreset::slack);
+    auto future = job.start(Recording(m_fixture->recorder->frames), {.preset = ExportPreset::slack});
     future.waitForFinished(); // the event loop stands still
     QVERIFY(announcements.isEmpty());
     (void)result(future);
@@ -89,7 +89,7 @@ void ExportJobTest::finishesWithTheFirstAttemptWhenToldBeforehand()
 {
     ExportJob job;
     job.finishNow();
-    const auto saved = result(job.start(Recording(support::hardClip()), ExportPreset::slack));
+    const auto saved = result(job.start(Recording(support::hardClip()), {.preset = ExportPreset::slack}));
     QVERIFY(saved.result.colorCount == 64);
     QVERIFY(saved.result.byteCount > ExportPreset(ExportPreset::slack).targetBytes());
     QCOMPARE(QFileInfo(saved.path).size(), saved.result.byteCount);
@@ -117,7 +117,7 @@ void ExportJobTest::expectsFewAttemptsWhenFinishing()
 {
     QFETCH(const int, least);
     ExportJob job;
-    const auto future = job.start(Recording(support::hardClip()), ExportPreset::slack);
+    const auto future = job.start(Recording(support::hardClip()), {.preset = ExportPreset::slack});
     QVERIFY(test::eventually([&] { return job.progress() && job.progress()->attempt >= least; }));
     const double before = job.progress()->fraction();
     const auto attempt = job.progress()->attempt;
@@ -132,7 +132,7 @@ void ExportJobTest::expectsFewAttemptsWhenFinishing()
 void ExportJobTest::expectsNoFewerAttemptsThanThereWere()
 {
     ExportJob job;
-    auto future = job.start(Recording(support::hardClip()), ExportPreset::slack);
+    auto future = job.start(Recording(support::hardClip()), {.preset = ExportPreset::slack});
     future.waitForFinished(); // the event loop stands still
     job.finishNow();
     (void)result(future);
@@ -143,7 +143,7 @@ void ExportJobTest::expectsNoFewerAttemptsThanThereWere()
 void ExportJobTest::savesTheClipWhenItIsDestroyed()
 {
     auto job = std::make_unique<ExportJob>();
-    const auto future = job->start(Recording(m_fixture->recorder->frames), ExportPreset::slack);
+    const auto future = job->start(Recording(m_fixture->recorder->frames), {.preset = ExportPreset::slack});
     job.reset();
     QVERIFY(QFileInfo::exists(result(future).path));
 }
@@ -152,7 +152,7 @@ void ExportJobTest::mayBeDestroyedByAnObserver()
 {
     auto job = std::make_unique<ExportJob>();
     connect(job.get(), &ExportJob::progressChanged, this, [&] { job.reset(); });
-    const auto future = job->start(Recording(m_fixture->recorder->frames), ExportPreset::slack);
+    const auto future = job->start(Recording(m_fixture->recorder->frames), {.preset = ExportPreset::slack});
     QVERIFY(QFileInfo::exists(result(future).path));
     QVERIFY(!job);
 }

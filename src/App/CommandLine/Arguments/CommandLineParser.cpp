@@ -217,14 +217,19 @@ void refuseOtherFormats(const std::string& output)
         throw complaint(QT_TRANSLATE_NOOP("Usage", "-o: \"%1\" is no name for a GIF; let it end in .gif"), output);
 }
 
+ExportPreset presetNamed(const std::string& name)
+{
+    const auto preset = ExportPreset::fromRawValue(name);
+    if (!preset)
+        throw complaint(
+            QT_TRANSLATE_NOOP("Usage", "--preset: there is no preset \"%1\"; use slack, github or docs"), name);
+    return *preset;
+}
+
 OutputOptions outputOptions(const CLI::App& command, const Arguments& arguments)
 {
     OutputOptions options;
-    const auto preset = ExportPreset::fromRawValue(arguments.preset);
-    if (!preset)
-        throw complaint(QT_TRANSLATE_NOOP("Usage", "--preset: there is no preset \"%1\"; use slack, github or docs"),
-            arguments.preset);
-    options.preset = *preset;
+    options.preset = presetNamed(arguments.preset);
     if (command.count("--output") > 0) {
         if (arguments.output.empty())
             throw complaint(QT_TRANSLATE_NOOP("Usage", "-o: the name is empty; name a file, or - for standard output"));
@@ -233,7 +238,7 @@ OutputOptions outputOptions(const CLI::App& command, const Arguments& arguments)
     }
     options.json = arguments.json;
     options.force = arguments.force;
-    options.precise = preciseLimits(command, arguments, *preset);
+    options.precise = preciseLimits(command, arguments, options.preset);
     options.quiet = arguments.quiet;
     return options;
 }
@@ -399,6 +404,8 @@ constexpr std::array controls{
     Control{"stop", QT_TRANSLATE_NOOP("Help", "Stop recording, save and copy the clip, and print where it is"),
         ControlOptions::Action::Stop},
     Control{"toggle", QT_TRANSLATE_NOOP("Help", "Stop a recording, or begin one"), ControlOptions::Action::Toggle},
+    Control{"again", QT_TRANSLATE_NOOP("Help", "Make another clip of what was recorded last, save and copy it"),
+        ControlOptions::Action::Again},
     Control{"show", QT_TRANSLATE_NOOP("Help", "Open the panel"), ControlOptions::Action::Show},
     Control{"status", QT_TRANSLATE_NOOP("Help", "Print what the application is doing"), ControlOptions::Action::Status},
     Control{"quit", QT_TRANSLATE_NOOP("Help", "End the application"), ControlOptions::Action::Quit},
@@ -439,15 +446,28 @@ void addControls(CLI::App& app, Arguments& arguments)
                 translate("Help", "%1 (of the running application)"), {translate("Help", control.description)}));
         if (answersAsJSON(control.action))
             command->add_flag("--json", arguments.json, translate("Help", "Answer with a JSON object"));
-        command->footer(example(control.name));
+        if (control.action == ControlOptions::Action::Begin || control.action == ControlOptions::Action::Again)
+            command->add_flag("--precise", arguments.precise, translate("Help", "Keep every change in this clip"));
+        if (control.action == ControlOptions::Action::Again)
+            command
+                ->add_option("--preset", arguments.preset,
+                    translate("Help", "Where the GIF is meant for (default: as for the clip before)"))
+                ->type_name("slack|github|docs");
+        command->footer(example(control.action == ControlOptions::Action::Again ? "again --precise" : control.name));
     }
 }
 
 std::optional<ControlOptions> controlOptions(const CLI::App& app, const Arguments& arguments)
 {
-    for (const Control& control : controls)
-        if (app.got_subcommand(control.name))
-            return ControlOptions{control.action, arguments.json};
+    for (const Control& control : controls) {
+        if (!app.got_subcommand(control.name))
+            continue;
+        ControlOptions options{.action = control.action, .json = arguments.json, .precise = arguments.precise};
+        const auto* const command = app.get_subcommand(control.name);
+        if (control.action == ControlOptions::Action::Again && command->count("--preset") > 0)
+            options.preset = presetNamed(arguments.preset);
+        return options;
+    }
     return std::nullopt;
 }
 

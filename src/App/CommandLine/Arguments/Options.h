@@ -66,9 +66,11 @@ struct RecordOptions {
 
 /// What the running application is asked for.
 struct ControlOptions {
-    enum class Action { Begin, Stop, Toggle, Show, Status, Quit };
+    enum class Action { Begin, Stop, Toggle, Again, Show, Status, Quit };
     Action action = Action::Status;
-    bool json = false; ///< answer as JSON
+    bool json = false;                       ///< answer as JSON
+    bool precise = false;                    ///< keep every change in this clip
+    std::optional<ExportPreset> preset = {}; ///< of another clip of the same recording; none for the one before
 };
 
 struct HistoryOptions {

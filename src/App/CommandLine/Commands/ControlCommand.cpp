@@ -28,7 +28,7 @@ int print(const QVariantMap& status, bool json)
     return ExitCode::failure;
 }
 
-int begin(bool json)
+int begin(const ControlOptions& options)
 {
     const auto before = phaseOf(RunningInstance::status());
     if (before == QLatin1String("selecting") || before == QLatin1String("recording")
@@ -36,13 +36,13 @@ int begin(bool json)
         ErrorReport::print(translate("ControlCommand", "a clip is being made already; quillbox stop ends a recording"));
         return ExitCode::failure;
     }
-    const auto status = RunningInstance::begin();
-    return json ? print(status, json) : ExitCode::success;
+    const auto status = RunningInstance::begin(options.precise);
+    return options.json ? print(status, options.json) : ExitCode::success;
 }
 
-int stop(bool json)
+/// Tells what became of a clip.
+int report(const QVariantMap& status, bool json)
 {
-    const auto status = RunningInstance::stop();
     if (phaseOf(status) == QLatin1String("failed")) {
         ErrorReport::print(status.value(QStringLiteral("message")).toString().toStdString());
         return ExitCode::failure;
@@ -61,12 +61,15 @@ int carryOut(const ControlOptions& options)
 {
     switch (options.action) {
     case ControlOptions::Action::Begin:
-        return begin(options.json);
+        return begin(options);
     case ControlOptions::Action::Stop:
-        return stop(options.json);
+        return report(RunningInstance::stop(), options.json);
     case ControlOptions::Action::Toggle:
-        return phaseOf(RunningInstance::status()) == QLatin1String("recording") ? stop(options.json)
-                                                                                : begin(options.json);
+        return phaseOf(RunningInstance::status()) == QLatin1String("recording")
+            ? report(RunningInstance::stop(), options.json)
+            : begin(options);
+    case ControlOptions::Action::Again:
+        return report(RunningInstance::again(options.precise, options.preset), options.json);
     case ControlOptions::Action::Status:
         return status(options.json);
     case ControlOptions::Action::Show:

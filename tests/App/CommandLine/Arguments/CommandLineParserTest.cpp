@@ -227,14 +227,29 @@ TEST(CommandLineParser, KnowsEveryWishForTheRunningApplication)
 {
     using Action = ControlOptions::Action;
     const std::vector<std::pair<const char*, Action>> wishes{{"begin", Action::Begin}, {"stop", Action::Stop},
-        {"toggle", Action::Toggle}, {"show", Action::Show}, {"status", Action::Status}, {"quit", Action::Quit}};
+        {"toggle", Action::Toggle}, {"again", Action::Again}, {"show", Action::Show}, {"status", Action::Status},
+        {"quit", Action::Quit}};
     for (const auto& [name, action] : wishes) {
         const auto options = std::get<ControlOptions>(parse({name}));
         EXPECT_EQ(options.action, action) << name;
         EXPECT_FALSE(options.json) << name;
+        EXPECT_FALSE(options.precise) << name;
+        EXPECT_FALSE(options.preset.has_value()) << name << ": as before";
     }
     EXPECT_TRUE(std::get<ControlOptions>(parse({"status", "--json"})).json);
     EXPECT_NE(complaintAbout({"quit", "--json"}), "none") << "there is no answer to print";
+}
+
+TEST(CommandLineParser, TakesHowAClipOfTheApplicationIsToBe)
+{
+    EXPECT_TRUE(std::get<ControlOptions>(parse({"begin", "--precise"})).precise);
+    const auto options = std::get<ControlOptions>(parse({"again", "--precise", "--preset", "docs"}));
+    EXPECT_TRUE(options.precise);
+    EXPECT_TRUE(options.preset == ExportPreset(ExportPreset::docs));
+    EXPECT_EQ(complaintAbout({"again", "--preset", "disk"}),
+        "--preset: there is no preset \"disk\"; use slack, github or docs");
+    EXPECT_NE(complaintAbout({"stop", "--precise"}), "none") << "it began otherwise";
+    EXPECT_NE(complaintAbout({"begin", "--preset", "docs"}), "none");
 }
 
 TEST(CommandLineParser, ListsTheHistoryAsTextOrJSON)

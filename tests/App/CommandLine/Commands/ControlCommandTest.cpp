@@ -9,7 +9,7 @@ class ControlCommand : public ProgramFixture { };
 
 TEST_F(ControlCommand, SaysThatNothingRuns)
 {
-    for (const std::string command : {"begin", "stop", "toggle", "show", "status --json", "quit"}) {
+    for (const std::string command : {"begin", "stop", "toggle", "again --precise", "show", "status --json", "quit"}) {
         const auto result = shell("DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere quillbox " + command);
         EXPECT_EQ(result.exitStatus, 1) << command;
         EXPECT_EQ(result.errors, "quillbox: Quillbox is not running; start it with quillbox\n") << command;
