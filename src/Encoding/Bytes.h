@@ -5,6 +5,7 @@
 #include <limits>
 #include <memory>
 #include <new>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -67,6 +68,32 @@ private:
         return count * sizeof(T) >= hugePageBytes ? hugePageBytes : pageBytes;
     }
     static constexpr std::size_t smallestAlignedBytes = 64 * pageBytes; // so that what alignment wastes is little
+};
+
+/// So many elements that begin without a value, for a table of which only what is needed is ever touched: a vector
+/// would go through all of them, if only to do nothing, where the compiler doesn't see that.
+template <typename T> class UninitializedArray {
+public:
+    static_assert(std::is_trivially_default_constructible_v<T> && std::is_trivially_destructible_v<T>);
+
+    UninitializedArray() = default;
+    explicit UninitializedArray(std::size_t size)
+        : m_elements(UninitializedAllocator<T>().allocate(size), Deleter{size})
+    {
+    }
+
+    [[nodiscard]] std::size_t size() const { return m_elements.get_deleter().size; }
+    [[nodiscard]] T* begin() { return m_elements.get(); }
+    [[nodiscard]] T* end() { return m_elements.get() + size(); }
+    [[nodiscard]] T& operator[](std::size_t index) { return m_elements[index]; }
+    [[nodiscard]] const T& operator[](std::size_t index) const { return m_elements[index]; }
+
+private:
+    struct Deleter {
+        std::size_t size = 0;
+        void operator()(T* elements) const noexcept { UninitializedAllocator<T>().deallocate(elements, size); }
+    };
+    std::unique_ptr<T[], Deleter> m_elements; // NOLINT(cppcoreguidelines-avoid-c-arrays): how it owns an array
 };
 
 /// A growable byte array. `Bytes(n)` and `resize(n)` leave new bytes undefined; `Bytes(n, 0)` gives zeros.

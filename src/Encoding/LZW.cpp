@@ -71,10 +71,10 @@ public:
         m_indexBits = static_cast<unsigned>(indexBits);
         const std::size_t slots = std::size_t{maxCodes} << m_indexBits;
         if (m_children.size() < slots) {
-            const std::size_t before = m_children.size();
-            m_children.resize(slots);
-            std::fill(m_children.begin() + static_cast<std::ptrdiff_t>(before), m_children.end(), Code{0});
-            m_runCodes.resize(slots);
+            m_children = Codes(slots);
+            std::fill(m_children.begin(), m_children.end(), Code{0});
+            m_assigned.clear();
+            m_runCodes = Codes(slots);
         }
         reset();
     }
@@ -119,7 +119,7 @@ public:
     }
 
 private:
-    using Codes = std::vector<Code, UninitializedAllocator<Code>>; // memory that is never needed is never touched
+    using Codes = UninitializedArray<Code>;
 
     Codes m_children; ///< by prefix code, then index; as large as the most bits of an index so far
     Codes m_runCodes; ///< by index, then length; valid up to `m_longestRun`

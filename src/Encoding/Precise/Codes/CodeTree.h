@@ -85,7 +85,7 @@ private:
         return std::size_t{index} << codeBits | length;
     }
 
-    using Codes = std::vector<Code, UninitializedAllocator<Code>>; // memory that is never needed is never touched
+    using Codes = UninitializedArray<Code>;
 
     std::array<std::uint32_t, placeCount> m_entries{}; ///< prefix, index, code; zero where free
     Codes m_runCodes;                                  ///< by index, then length from 2 on; valid up to `m_longestRun`
