@@ -19,9 +19,9 @@ ForkJoinThread::~ForkJoinThread()
     m_thread.join();
 }
 
-bool ForkJoinThread::isWorthIt()
+bool ForkJoinThread::isWorthIt(Parallelism parallelism)
 {
-    return std::thread::hardware_concurrency() > 1;
+    return parallelism.threads != 1 && std::thread::hardware_concurrency() > 1;
 }
 
 void ForkJoinThread::runBoth(std::function<void()> there, const std::function<void()>& here)

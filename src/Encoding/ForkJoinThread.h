@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Encoding/Parallel.h"
+
 #include <condition_variable>
 #include <exception>
 #include <functional>
@@ -18,8 +20,8 @@ public:
     ForkJoinThread(const ForkJoinThread&) = delete;
     ForkJoinThread& operator=(const ForkJoinThread&) = delete;
 
-    /// Whether the machine runs two threads at once; else sharing work only costs.
-    [[nodiscard]] static bool isWorthIt();
+    /// Whether two threads may be used, and the machine runs them at once; else sharing work only costs.
+    [[nodiscard]] static bool isWorthIt(Parallelism parallelism);
 
     /// Does `there` on the thread and `here` meanwhile on the caller's; returns when both are done.
     /// @throws whatever `here` threw, or else `there`.

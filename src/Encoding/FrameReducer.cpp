@@ -66,10 +66,11 @@ FrameReducer FrameReducer::forAnyPreset(std::int64_t sourceFPS)
     return FrameReducer(sourceFPS, all);
 }
 
-FrameReducer FrameReducer::sparing(std::int64_t sourceFPS, ExportPreset preset, OnKept onKept)
+FrameReducer FrameReducer::sparing(std::int64_t sourceFPS, ExportPreset preset, OnKept onKept, Parallelism parallelism)
 {
     FrameReducer reducer(sourceFPS, std::span(&preset, 1));
     reducer.m_onKept = std::move(onKept);
+    reducer.m_parallelism = parallelism;
     reducer.m_isSparing = true;
     reducer.m_maxWidth = preset.maxWidth();
     return reducer;
@@ -100,7 +101,7 @@ void FrameReducer::append(const RGBAFrame& frame)
 
 RGBAFrame FrameReducer::shrunk(const RGBAFrame& frame)
 {
-    if (!m_side && !m_cap->isNone() && ForkJoinThread::isWorthIt())
+    if (!m_side && !m_cap->isNone() && ForkJoinThread::isWorthIt(m_parallelism))
         m_side = std::make_unique<ForkJoinThread>();
     return m_cap->applied(frame, m_side.get());
 }

@@ -6,6 +6,7 @@
 #include "Encoding/FrameDeduplicator.h"
 #include "Encoding/FrameResampler.h"
 #include "Encoding/GIFEncoder.h"
+#include "Encoding/Parallel.h"
 #include "Encoding/Pixels/PixelTypes.h"
 #include "Encoding/Presets.h"
 
@@ -37,8 +38,10 @@ public:
 
     /// A reducer for one preset whose frames take up as little memory as may be: those that have a backing store are
     /// evicted, any other is shrunk to the preset's width as soon as it is to be kept.
-    /// @param onKept  May be empty. What it throws comes out of append().
-    [[nodiscard]] static FrameReducer sparing(std::int64_t sourceFPS, ExportPreset preset, OnKept onKept = nullptr);
+    /// @param onKept       May be empty. What it throws comes out of append().
+    /// @param parallelism  For shrinking, which two threads at most share.
+    [[nodiscard]] static FrameReducer sparing(
+        std::int64_t sourceFPS, ExportPreset preset, OnKept onKept = nullptr, Parallelism parallelism = {});
 
     /// Takes the next frame. Its pixels are shared, not copied.
     void append(const RGBAFrame& frame);
@@ -82,8 +85,9 @@ private:
     std::optional<std::int64_t> m_maxWidth;        ///< what to shrink to at once, pixels
     std::optional<FrameResampler::WidthCap> m_cap; ///< the same for the size of the first frame
     OnKept m_onKept;                               ///< may be empty
-    std::optional<Kept> m_lastKept;                ///< several rates may keep one frame
-    std::unique_ptr<ForkJoinThread> m_side;        ///< shrinks the upper halves, once there was something to shrink
+    Parallelism m_parallelism;
+    std::optional<Kept> m_lastKept;         ///< several rates may keep one frame
+    std::unique_ptr<ForkJoinThread> m_side; ///< shrinks the upper halves, once there was something to shrink
     std::vector<Candidate> m_candidates;
     FPSAdaptive::ActivityMeter m_activity;
     FrameComparisons m_comparisons;

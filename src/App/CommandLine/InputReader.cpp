@@ -8,6 +8,7 @@
 #include "App/FrameSources/Images/AnimationTimeline.h"
 #include "App/FrameSources/Images/ImageReader.h"
 #include "App/FrameSources/RawReader.h"
+#include "App/FrameSources/ReadingThreads.h"
 #include "App/FrameSources/Y4M/Y4MReader.h"
 #include "Translation/Translate.h"
 
@@ -153,13 +154,17 @@ std::optional<std::string> InputReader::read(const EncodeOptions& options, Frame
             "Usage", "standard input is a terminal; pipe an image, a YUV4MPEG2 stream or raw frames into it"));
     if (options.raw) {
         return readStream(options, receiver, [&](FrameConsumer& counted) {
-            RawReader::read(*source, *options.raw, counted, options.rawFormat,
-                options.keepGoing ? RawReader::IfCut::ReadFirst : RawReader::IfCut::RefuseAtOnce);
+            RawReader::read(*source, *options.raw, counted,
+                {.format = options.rawFormat,
+                    .background = options.rawBackground,
+                    .ifCut = options.keepGoing ? RawReader::IfCut::ReadFirst : RawReader::IfCut::RefuseAtOnce,
+                    .parallelism = ReadingThreads::of(options.threads).reader});
         });
     }
     if (Y4MReader::recognizes(*source)) {
-        return readStream(
-            options, receiver, [&](FrameConsumer& counted) { Y4MReader::read(*source, options.colors, counted); });
+        return readStream(options, receiver, [&](FrameConsumer& counted) {
+            Y4MReader::read(*source, options.colors, counted, ReadingThreads::of(options.threads).reader);
+        });
     }
     const CoreApplication application;
     return readAnimation(*source, options, receiver);

@@ -10,12 +10,14 @@
 
 namespace quillbox {
 
-/// Gives frames to `DistinctFrames` on a thread of its own, so that reading and comparing overlap. A reader that is
-/// faster waits: only a few frames are under way at a time.
+/// Gives frames to `DistinctFrames`, if it may on a thread of its own, so that reading and comparing overlap. A reader
+/// that is faster waits: only a few frames are under way at a time.
 class BackgroundDistinctFrames final : public FrameConsumer {
 public:
-    /// @param onKept  As `DistinctFrames`; called on the thread.
-    explicit BackgroundDistinctFrames(const PreciseOptimizer::Config& config, DistinctFrames::OnKept onKept = nullptr);
+    /// @param onKept       As `DistinctFrames`; called on the thread.
+    /// @param parallelism  As `ReadingThreads::reducer`.
+    explicit BackgroundDistinctFrames(
+        const PreciseOptimizer::Config& config, DistinctFrames::OnKept onKept = nullptr, Parallelism parallelism = {});
 
     /// @pre the rate is a whole number of frames per second. Without a call it is `defaultFPS`.
     void setRate(FrameRate rate) override;
@@ -31,7 +33,10 @@ private:
     PreciseOptimizer::Config m_config;
     std::int64_t m_sourceFPS = defaultFPS;
     DistinctFrames::OnKept m_onKept;
-    std::optional<FrameThread<DistinctFrames>> m_thread; ///< runs from the first frame on
+    Parallelism m_parallelism;
+    // One of them, from the first frame on.
+    std::optional<DistinctFrames> m_distinct;
+    std::optional<FrameThread<DistinctFrames>> m_thread;
 };
 
 } // namespace quillbox

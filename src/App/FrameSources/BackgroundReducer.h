@@ -9,12 +9,14 @@
 
 namespace quillbox {
 
-/// Gives frames to a `FrameReducer` on a thread of its own, so that reading, measuring and shrinking
+/// Gives frames to a `FrameReducer`, if it may on a thread of its own, so that reading, measuring and shrinking
 /// overlap. A reader that is faster waits: only a few frames are under way at a time.
 class BackgroundReducer final : public FrameConsumer {
 public:
-    /// @param onKept  As `FrameReducer::sparing`; called on the thread.
-    explicit BackgroundReducer(ExportPreset preset, FrameReducer::OnKept onKept = nullptr);
+    /// @param onKept       As `FrameReducer::sparing`; called on the thread.
+    /// @param parallelism  As `ReadingThreads::reducer`.
+    explicit BackgroundReducer(
+        ExportPreset preset, FrameReducer::OnKept onKept = nullptr, Parallelism parallelism = {});
 
     /// @pre the rate is a whole number of frames per second. Without a call it is `defaultFPS`.
     void setRate(FrameRate rate) override;
@@ -30,7 +32,10 @@ private:
     ExportPreset m_preset;
     std::int64_t m_sourceFPS = defaultFPS;
     FrameReducer::OnKept m_onKept;
-    std::optional<FrameThread<FrameReducer>> m_thread; ///< runs from the first frame on
+    Parallelism m_parallelism;
+    // One of them, from the first frame on.
+    std::optional<FrameReducer> m_reducer;
+    std::optional<FrameThread<FrameReducer>> m_thread;
 };
 
 } // namespace quillbox

@@ -36,7 +36,7 @@ private:
 
 } // namespace
 
-BandReader::BandReader(ByteSource& source, PixelSize size)
+BandReader::BandReader(ByteSource& source, PixelSize size, Parallelism parallelism)
     : m_source(source)
     , m_size(size)
     , m_pictureBytes(size.width * size.height * RGBAFrame::bytesPerPixel)
@@ -44,7 +44,7 @@ BandReader::BandReader(ByteSource& source, PixelSize size)
     , m_bandBytes(size.width * RGBAFrame::rowsPerBand * RGBAFrame::bytesPerPixel)
     , m_file(source.extract())
 {
-    if (source.canReadAhead() && ForkJoinThread::isWorthIt() && m_bandCount > 1
+    if (source.canReadAhead() && ForkJoinThread::isWorthIt(parallelism) && m_bandCount > 1
         && m_pictureBytes >= smallestSharedBytes)
         m_side = std::make_unique<ForkJoinThread>();
 }

@@ -2,6 +2,7 @@
 
 #include "App/FrameSources/ByteSource.h"
 #include "Encoding/ForkJoinThread.h"
+#include "Encoding/Parallel.h"
 #include "Encoding/Pixels/FramePool.h"
 #include "Encoding/Pixels/PixelSize.h"
 #include "Encoding/Pixels/PixelTypes.h"
@@ -22,7 +23,7 @@ class BandReader {
 public:
     /// @param source  Outlives the reader, which may read ahead; used by nobody else in the meantime.
     /// @param size    Pixels; both sides are positive, and four bytes for each fit 64 bits.
-    BandReader(ByteSource& source, PixelSize size);
+    BandReader(ByteSource& source, PixelSize size, Parallelism parallelism = {});
 
     struct Outcome {
         std::optional<RGBAFrame> frame; ///< none where the input ends before its last byte

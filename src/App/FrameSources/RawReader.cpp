@@ -4,6 +4,7 @@
 #include "App/FrameSources/FrameMaker.h"
 #include "App/FrameSources/FrameMemory.h"
 #include "App/FrameSources/FrameReadError.h"
+#include "App/FrameSources/Transparency.h"
 #include "Translation/Translate.h"
 
 #include <optional>
@@ -19,9 +20,12 @@ std::int64_t bytesPerPixel(RawFormat format)
 }
 
 /// The next picture, whose pixels are not as we have them.
-BandReader::Outcome readReordered(ByteSource& source, PixelSize size, RawFormat format, FrameMaker& maker)
+BandReader::Outcome readReordered(
+    ByteSource& source, PixelSize size, const RawReader::Options& options, FrameMaker& maker)
 {
+    const auto format = options.format;
     const std::int64_t pixelBytes = bytesPerPixel(format);
+    const bool hasAlpha = pixelBytes == 4 && options.background;
     Bytes input(static_cast<std::size_t>(size.width * size.height * pixelBytes));
     const std::size_t got = source.read(input);
     if (got < input.size())
@@ -35,16 +39,18 @@ BandReader::Outcome readReordered(ByteSource& source, PixelSize size, RawFormat 
         pixels[to] = from[red];
         pixels[to + 1] = from[1];
         pixels[to + 2] = from[blue];
-        pixels[to + 3] = 255;
+        pixels[to + 3] = hasAlpha ? from[3] : 255;
     }
+    if (hasAlpha)
+        Transparency::layOn(*options.background, pixels);
     return {.frame = maker.frame(size, std::move(pixels)), .byteCount = std::ssize(input)};
 }
 
 } // namespace
 
-void RawReader::read(ByteSource& source, PixelSize size, FrameConsumer& receiver, RawFormat format, IfCut ifCut)
+void RawReader::read(ByteSource& source, PixelSize size, FrameConsumer& receiver, const Options& options)
 {
-    const auto frameBytes = checkedByteCount(source.name(), 1, size) / 4 * bytesPerPixel(format);
+    const auto frameBytes = checkedByteCount(source.name(), 1, size) / 4 * bytesPerPixel(options.format);
     const auto endsInside = [&](std::int64_t frame, std::int64_t byteCount) {
         const auto sizeText = std::to_string(size.width) + "x" + std::to_string(size.height);
         return FrameReadError(source.name(),
@@ -52,17 +58,17 @@ void RawReader::read(ByteSource& source, PixelSize size, FrameConsumer& receiver
                 withArguments(translate("FrameReadError", "is --raw %1 its true size?"), {sizeText})});
     };
     const auto remaining = source.remaining();
-    if (ifCut == IfCut::RefuseAtOnce && remaining && *remaining % frameBytes != 0)
+    if (options.ifCut == IfCut::RefuseAtOnce && remaining && *remaining % frameBytes != 0)
         throw endsInside(*remaining / frameBytes + 1, *remaining % frameBytes);
 
     if (source.peek(1).empty())
         throw FrameReadError(source.name(), FrameReadError::NoFrames{});
     std::optional<BandReader> bands;
-    if (format == RawFormat::rgba)
-        bands.emplace(source, size);
+    if (options.format == RawFormat::rgba && !options.background)
+        bands.emplace(source, size, options.parallelism);
     FrameMaker maker;
     for (std::int64_t number = 1;; ++number) {
-        const auto [frame, byteCount] = bands ? bands->read() : readReordered(source, size, format, maker);
+        const auto [frame, byteCount] = bands ? bands->read() : readReordered(source, size, options, maker);
         if (!frame && remaining && (number - 1) * frameBytes + byteCount < *remaining)
             throw FrameReadError(source.name(), FrameReadError::BecameShorter{});
         if (!frame && byteCount > 0)

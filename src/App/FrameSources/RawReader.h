@@ -2,13 +2,16 @@
 
 #include "App/FrameSources/ByteSource.h"
 #include "App/FrameSources/FrameConsumer.h"
+#include "Encoding/Parallel.h"
 #include "Encoding/Pixels/PixelSize.h"
+#include "Encoding/Pixels/PixelTypes.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace quillbox {
 
-/// The bytes of a raw pixel, in their order. A fourth one is not looked at.
+/// The bytes of a raw pixel, in their order.
 enum class RawFormat : std::uint8_t { rgba, bgra, rgb, bgr };
 
 /// Reads raw video: frames of one size, rows top-down, nothing between rows or frames.
@@ -20,10 +23,16 @@ enum class IfCut : std::uint8_t {
     ReadFirst,    ///< hand over the whole frames, then complain
 };
 
+struct Options {
+    RawFormat format = RawFormat::rgba;
+    std::optional<RGBColor> background{}; ///< what a fourth byte, then alpha, lets through; none: it is not looked at
+    IfCut ifCut = IfCut::RefuseAtOnce;
+    Parallelism parallelism{};
+};
+
 /// Hands over every frame up to the end of the input; equal neighbours share their pixels.
 /// @throws FrameReadError  a side outside 1…65535, no frame, or an input that ends inside a frame.
-void read(ByteSource& source, PixelSize size, FrameConsumer& receiver, RawFormat format = RawFormat::rgba,
-    IfCut ifCut = IfCut::RefuseAtOnce);
+void read(ByteSource& source, PixelSize size, FrameConsumer& receiver, const Options& options = {});
 
 } // namespace RawReader
 } // namespace quillbox

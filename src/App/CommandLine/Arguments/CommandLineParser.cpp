@@ -281,6 +281,7 @@ void setSource(EncodeOptions& options, const CLI::App& command, const Arguments&
                                 "Usage", "--background: \"%1\" is not a colour; write it like #FFFFFF, white or black"),
                 arguments.background);
         options.colors.background = *color;
+        options.rawBackground = *color;
     }
     if (arguments.rawFormat == "bgra")
         options.rawFormat = RawFormat::bgra;

@@ -49,10 +49,11 @@ struct EncodeOptions {
     std::optional<bool> dithering;         ///< always, never, or (none) decided for each palette
     std::optional<PixelSize> raw;          ///< the input is raw RGBA frames of this size
     RawFormat rawFormat = RawFormat::rgba; ///< of raw frames
+    std::optional<RGBColor> rawBackground; ///< what their alpha lets through; none: it is not looked at
     SourceColors colors;                   ///< how the inputs' are to be understood
     bool strict = false;                   ///< refuse frames of another size than the first
     FrameShape shape;                      ///< what is taken of each frame
-    int threads = 0;                       ///< to encode with, at most 256; 0 for one a core
+    int threads = 0;                       ///< to read and encode with, at most 256; 0 for as many as are of use
     std::int64_t plays = 0;                ///< how often the GIF plays, at most 65536; 0 for ever
     bool keepGoing = false;                ///< leave out what can't be read, as long as something can
 };

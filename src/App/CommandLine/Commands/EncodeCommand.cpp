@@ -13,6 +13,7 @@
 #include "App/FrameSources/BackgroundReducer.h"
 #include "App/FrameSources/ClipTimeline.h"
 #include "App/FrameSources/FrameReadError.h"
+#include "App/FrameSources/ReadingThreads.h"
 #include "Capture/Spill/FrameSpill.h"
 #include "Encoding/GIFOptimizer.h"
 #include "Encoding/Precise/PreciseOptimizer.h"
@@ -91,7 +92,9 @@ void setPlays(GIFOptimizer::Result& result, std::int64_t plays)
 void encodeByPreset(const EncodeOptions& options, const ClipOutput& output, ProgressLine& line)
 {
     FrameSpill spill(FrameSpill::inputLimits(), FrameSpill::usualFolder());
-    BackgroundReducer reducer(options.out.preset, [&spill](const RGBAFrame& picture) { spill.keep(picture); });
+    BackgroundReducer reducer(
+        options.out.preset, [&spill](const RGBAFrame& picture) { spill.keep(picture); },
+        ReadingThreads::of(options.threads).reducer);
     ClipTimeline timeline(options.rate, reducer);
     warn(read(options, timeline), line);
     const FrameReducer& frames = reducer.finished();
@@ -115,7 +118,9 @@ void encodePrecisely(const EncodeOptions& options, const ClipOutput& output, Pro
 {
     const PreciseOptimizer::Config& config = *options.out.precise;
     FrameSpill spill(FrameSpill::inputLimits(FrameSpill::usualMemory), FrameSpill::usualFolder());
-    BackgroundDistinctFrames distinct(config, [&spill](const RGBAFrame& picture) { spill.keep(picture); });
+    BackgroundDistinctFrames distinct(
+        config, [&spill](const RGBAFrame& picture) { spill.keep(picture); },
+        ReadingThreads::of(options.threads).reducer);
     ClipTimeline timeline(options.rate, distinct);
     warn(read(options, timeline), line);
     auto result = PreciseOptimizer::optimize(

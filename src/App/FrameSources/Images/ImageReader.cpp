@@ -58,7 +58,9 @@ private:
 /// All of the input: decoders jump about in it, and how whole it is must be known before one of them pads it.
 Bytes everythingOf(FileByteSource& source)
 {
-    constexpr std::size_t step = 1 << 20;
+    constexpr std::size_t stepOfStream = 1 << 20;
+    const auto remaining = source.remaining();
+    const std::size_t step = remaining ? static_cast<std::size_t>(*remaining) + 1 : stepOfStream; // 1 to see the end
     Bytes bytes;
     for (std::size_t used = 0;;) {
         bytes.resize(used + step);

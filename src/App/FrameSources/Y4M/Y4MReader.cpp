@@ -23,11 +23,12 @@ namespace {
 /// Converts pictures, as many at a time as there are threads, and hands them over in the order in which they came.
 class ConversionQueue {
 public:
-    ConversionQueue(const Y4MHeader& header, RGBColor background, FrameConsumer& receiver)
+    ConversionQueue(const Y4MHeader& header, RGBColor background, FrameConsumer& receiver, Parallelism parallelism)
         : m_header(header)
         , m_background(background)
         , m_receiver(receiver)
-        , m_batch(static_cast<std::size_t>(workerCount({}, std::numeric_limits<std::int64_t>::max())))
+        , m_parallelism(parallelism)
+        , m_batch(static_cast<std::size_t>(workerCount(parallelism, std::numeric_limits<std::int64_t>::max())))
     {
     }
 
@@ -67,7 +68,8 @@ public:
     void finish()
     {
         constexpr std::size_t worthAThread = 1U << 16U; // bytes: starting one costs more than converting less
-        const Parallelism parallelism{.threads = m_previous && m_previous->size() < worthAThread ? 1 : 0};
+        const bool isSmall = m_previous && m_previous->size() < worthAThread;
+        const Parallelism parallelism{.threads = isSmall ? 1 : m_parallelism.threads};
         parallelFor(parallelism, std::ssize(m_waiting), [this](std::int64_t item, int /*worker*/) {
             Waiting& waiting = m_waiting[static_cast<std::size_t>(item)];
             waiting.frame = converted(*waiting.planes);
@@ -101,6 +103,7 @@ private:
     Y4MHeader m_header;
     RGBColor m_background;
     FrameConsumer& m_receiver;
+    Parallelism m_parallelism;
     std::size_t m_batch;
     FramePool m_pool;
     std::optional<RGBAFrame> m_latest; ///< the one last handed over
@@ -139,7 +142,7 @@ bool Y4MReader::recognizes(ByteSource& source)
     return std::equal(start.begin(), start.end(), Y4MHeader::magic.begin(), Y4MHeader::magic.end());
 }
 
-void Y4MReader::read(ByteSource& source, const SourceColors& colors, FrameConsumer& receiver)
+void Y4MReader::read(ByteSource& source, const SourceColors& colors, FrameConsumer& receiver, Parallelism parallelism)
 {
     if (source.peek(1).empty())
         throw FrameReadError(source.name(), FrameReadError::NoFrames{});
@@ -150,7 +153,7 @@ void Y4MReader::read(ByteSource& source, const SourceColors& colors, FrameConsum
 
     if (header.rate)
         receiver.setRate(*header.rate);
-    ConversionQueue queue(header, colors.background, receiver);
+    ConversionQueue queue(header, colors.background, receiver, parallelism);
     std::int64_t frame = 1;
     try {
         for (; readFrameLine(source, frame); ++frame) {

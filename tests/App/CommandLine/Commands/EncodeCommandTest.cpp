@@ -73,6 +73,43 @@ TEST_F(EncodeCommand, MakesTheSameFileOfFramesThatExceedTheMemory)
     EXPECT_TRUE(fileNames().contains("cache")) << "where the pixels went";
 }
 
+TEST_F(EncodeCommand, MakesTheSameFileWithAnyNumberOfThreads)
+{
+    const auto made = shell(
+        "head -c 20000000 /dev/urandom > noise.rgba; " // pictures that two threads read and shrink
+        "ffmpeg -v error -f lavfi -i testsrc=size=320x240:rate=12:duration=1 -pix_fmt yuv420p -f yuv4mpegpipe a.y4m");
+    ASSERT_EQ(made.exitStatus, 0) << made.errors;
+    for (const std::string input : {"--raw 1000x500 noise.rgba", "--raw 1000x500 - < noise.rgba", "a.y4m",
+             "--precise a.y4m", "--precise --colors 8 --max-width 200 --raw 1000x500 noise.rgba"}) {
+        const auto result
+            = shell("for threads in 1 2 3 4 9; do quillbox encode --force --threads $threads -o $threads.gif " + input
+                + " || exit; done");
+        ASSERT_EQ(result.exitStatus, 0) << result.errors;
+        for (const std::string threads : {"2", "3", "4", "9"})
+            EXPECT_TRUE(bytesOf(threads + ".gif") == bytesOf("1.gif")) << input << " with " << threads;
+    }
+}
+
+TEST_F(EncodeCommand, ReadsWithNoMoreThreadsThanAllowed)
+{
+#ifdef __SANITIZE_THREAD__
+    constexpr int others = 1; // of the sanitizer
+#else
+    constexpr int others = 0;
+#endif
+    for (const std::string mode : {"", "--precise"}) {
+        for (const int threads : {1, 2}) {
+            // What the pipe doesn't hold has been read when all has been written; the input goes on until then.
+            const auto counted = shell("rm -f in; mkfifo in; \"$program\" encode -q --force --threads "
+                + std::to_string(threads) + " " + mode
+                + " --raw 1000x500 -o a.gif - < in & exec 3> in; head -c 20000000 /dev/urandom >&3; "
+                  "ls /proc/$!/task | wc -l; exec 3>&-; wait $!");
+            EXPECT_EQ(counted.exitStatus, 0) << counted.errors;
+            EXPECT_EQ(counted.output, std::to_string(threads + others) + "\n") << mode;
+        }
+    }
+}
+
 TEST_F(EncodeCommand, HandsEveryOptionToTheOptimizer)
 {
     const auto frames = scrollingText();

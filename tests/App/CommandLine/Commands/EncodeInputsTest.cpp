@@ -1,6 +1,7 @@
 #include "ProgramFixture.h"
 
 #include "support/ForeignDecoders.h"
+#include "support/GifDecoding.h"
 
 #include <nlohmann/json.hpp>
 
@@ -78,6 +79,15 @@ std::vector<Input> inputs()
             18},
         {"RawBGROnStandardInput", ffmpeg + "-pix_fmt bgr24 -f rawvideo -",
             "--raw 96x64 --raw-format bgr --source-fps 5 -", 18},
+        {"RawRGBAWhoseFourthByteIsNotLookedAt",
+            "convert -size 96x64 xc:'#30609080' -depth 8 rgba:a.raw; convert -size 96x64 xc:'#306090' ref.png",
+            "--raw 96x64 a.raw", 1, 1},
+        {"RawRGBAWithTransparencyOnBlack",
+            "convert -size 96x64 xc:'#30609080' -depth 8 rgba:a.raw; convert -size 96x64 xc:'#183048' ref.png",
+            "--raw 96x64 --background black a.raw", 1, 1},
+        {"RawBGRAWithTransparencyOnWhite",
+            "convert -size 96x64 xc:'#90603080' -depth 8 rgba:a.raw; convert -size 96x64 xc:'#97afc7' ref.png",
+            "--raw 96x64 --raw-format bgra --background white a.raw", 1, 1},
         {"ACroppedPart", "convert 1.png -crop 48x32+16+8 +repage ref.png", "1.png --crop 16,8,48x32", 1, 1, 48, 32},
         {"AStreamOf709ThatIsToldSo",
             ffmpeg + "-vf format=yuv444p,scale=in_color_matrix=bt601:out_color_matrix=bt709 -f yuv4mpegpipe a.y4m",
@@ -159,6 +169,13 @@ TEST_P(EncodeInputs, PlayAsLongAndInTheColorsThatTheyHave)
     const auto delay = std::llround(100.0 / static_cast<double>(fps));
     EXPECT_NEAR(object["durationSeconds"].get<double>(), kept * static_cast<double>(delay) / 100, 1e-9)
         << "what the delays of that rate give";
+
+    const auto precise = shell("quillbox encode --precise -o precise.gif " + input.arguments + " < piped");
+    ASSERT_EQ(precise.exitStatus, 0) << precise.errors;
+    std::int64_t centiseconds = 0;
+    for (const auto& frame : support::decodeWithGiflib(bytesOf("precise.gif")).frames)
+        centiseconds += frame.delayCentiseconds;
+    EXPECT_NEAR(static_cast<double>(centiseconds), static_cast<double>(input.timeline) * 100 / (isFast ? 60 : 30), 1);
 
     const auto expected = pixelsOf("ref.png");
     ASSERT_FALSE(shown.pictures.empty());
