@@ -1,6 +1,8 @@
 #include "App/DesktopCommand.h"
 
 #include "App/CommandLine/CoreApplication.h"
+#include "App/CommandLine/Environment.h"
+#include "App/CommandLine/Terminal/ErrorReport.h"
 #include "App/CommandLine/TerminationSignals.h"
 #include "App/Desktop/DesktopApplication.h"
 #include "App/Desktop/RunningInstance.h"
@@ -25,6 +27,8 @@ int DesktopCommand::run()
 {
     if (activateRunning())
         return 0;
+    if (const auto complaint = Environment::complaint()) // no reason to keep a desktop without the application
+        ErrorReport::print(*complaint);
     const DesktopApplication application;
     QuillboxApp app;
     if (!app.claimName()) { // somebody was faster

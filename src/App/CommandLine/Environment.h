@@ -1,11 +1,17 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
 namespace quillbox {
 
-/// What the environment asks of commands that make clips.
+/// What the environment asks of us. Thread: any, as long as none changes the environment.
 namespace Environment {
 
-/// @throws UsageError  a variable of ours holds what makes no sense; it names the variable.
+/// What is wrong with one of our variables, as a sentence for the user that names it; none if they all make sense.
+[[nodiscard]] std::optional<std::string> complaint();
+
+/// For commands that make clips. @throws UsageError  the complaint, if there is one.
 void check();
 
 } // namespace Environment

@@ -3,6 +3,7 @@
 #include "App/CommandLine/ClipboardHold.h"
 #include "App/CommandLine/ClipOutput.h"
 #include "App/CommandLine/CoreApplication.h"
+#include "App/CommandLine/Environment.h"
 #include "App/CommandLine/OptimizerProgress.h"
 #include "App/CommandLine/RecordedClip.h"
 #include "App/CommandLine/RecordingEnd.h"
@@ -204,6 +205,7 @@ QCoro::Task<int> recordAndSave(RecordOptions options)
 
 int Command::run(const RecordOptions& options)
 {
+    Environment::check();
     if (options.out.output)
         ClipOutput(*options.out.output, options.out.force).check();
     std::variant<std::monostate, CoreApplication, DesktopApplication> application;

@@ -141,10 +141,54 @@ TEST_F(EncodeErrors, NameAPartThatFramesDoNotHave)
         "a.png: frames are 4×4, so --crop names a part that they don't have");
 }
 
+TEST_F(EncodeErrors, NameThePackageOfAMissingDecoder)
+{
+    using namespace std::string_literals;
+    std::ofstream(path("a.webp")) << "RIFF\x0C\0\0\0WEBPVP8 \0\0\0\0"s;
+    std::ofstream(path("a.tiff")) << "II*\0\x08\0\0\0"s;
+    // A program beside which a file has the toolkit look for its plugins elsewhere.
+    ASSERT_EQ(shell("mkdir bin && (ln \"$program\" bin/quillbox || cp \"$program\" bin) 2>/dev/null && "
+                    "printf '[Paths]\\nPlugins = none\\n' > bin/qt.conf")
+                  .exitStatus,
+        0);
+    const std::string advice = " image, for which a plugin is missing; install qt6-image-formats-plugins (Fedora: "
+                               "qt6-qtimageformats, Arch: qt6-imageformats)\n";
+    for (const auto& [file, kind] : {std::pair("a.webp", "WebP"), {"a.tiff", "TIFF"}}) {
+        const auto result = shell("bin/quillbox encode -o x.gif "s + file);
+        EXPECT_EQ(result.exitStatus, 1);
+        EXPECT_EQ(result.errors, "quillbox: "s + file + ": is a " + kind + advice);
+    }
+    EXPECT_EQ(shell("bin/quillbox encode -o x.gif a.png").exitStatus, 0) << "that decoder is the toolkit's own";
+    const auto report = shell("env -u DISPLAY -u WAYLAND_DISPLAY bin/quillbox doctor").output;
+    EXPECT_NE(report.find("qt6-image-formats-plugins"), std::string::npos) << report;
+    EXPECT_EQ(shell("env -u DISPLAY -u WAYLAND_DISPLAY \"$program\" doctor").output.find("qt6-image-formats-plugins"),
+        std::string::npos);
+}
+
 TEST_F(EncodeErrors, NameAVariableThatMakesNoSense)
 {
     expectError(2, "QUILLBOX_RECORDING_MEMORY=lots quillbox encode a.png",
         "QUILLBOX_RECORDING_MEMORY is \"lots\"; make it a whole number of megabytes, or unset it");
+    for (const auto& [name, known] : {std::pair("CAPTURE", "x11, portal, none"), {"HOTKEY", "x11, portal, none"},
+             {"CLIPBOARD", "x11, data-control, toolkit, none"}, {"UPDATE", "packagekit, flatpak, none"}}) {
+        const std::string variable = "QUILLBOX_" + std::string(name) + "_BACKEND";
+        expectError(
+            2, variable + "=magic quillbox encode a.png", variable + " is \"magic\", which is none of " + known);
+        // A part of a value, or of two, is no value.
+        for (const std::string nonsense : {"non", "none, ", ","})
+            EXPECT_EQ(shell(variable + "=\"" + nonsense + "\" quillbox encode -o x.gif a.png").exitStatus, 2)
+                << nonsense;
+    }
+}
+
+TEST_F(EncodeErrors, AreNotMadeOfVariablesThatMakeSense)
+{
+    for (const std::string setting : {"CAPTURE_BACKEND=x11", "CAPTURE_BACKEND=portal", "CAPTURE_BACKEND=none",
+             "HOTKEY_BACKEND=x11", "HOTKEY_BACKEND=portal", "HOTKEY_BACKEND=none", "CLIPBOARD_BACKEND=x11",
+             "CLIPBOARD_BACKEND=data-control", "CLIPBOARD_BACKEND=toolkit", "CLIPBOARD_BACKEND=none",
+             "UPDATE_BACKEND=packagekit", "UPDATE_BACKEND=flatpak", "UPDATE_BACKEND=none",
+             "UPDATE_BACKEND=", "RECORDING_MEMORY=0", "RECORDING_MEMORY=", "RECORDING_MEMORY=500"})
+        EXPECT_EQ(shell("QUILLBOX_" + setting + " quillbox encode --force -o x.gif a.png").errors, "") << setting;
 }
 
 TEST_F(EncodeErrors, ReportALimitOnTheSizeOfFiles)

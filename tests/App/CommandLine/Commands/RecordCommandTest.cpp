@@ -28,6 +28,10 @@ TEST_F(RecordCommand, SaysWhyADesktopCannotBeRecorded)
 {
     expectError(1, "QUILLBOX_CAPTURE_BACKEND=none quillbox record --region 0,0,10x10 -o x.gif",
         "Couldn't start recording: Screen capture is switched off by QUILLBOX_CAPTURE_BACKEND.");
+    expectError(2, "QUILLBOX_CAPTURE_BACKEND=magic quillbox record --region 0,0,10x10 -o x.gif",
+        "QUILLBOX_CAPTURE_BACKEND is \"magic\", which is none of x11, portal, none");
+    expectError(2, "QUILLBOX_RECORDING_MEMORY=-1 quillbox record --region 0,0,10x10 -o x.gif",
+        "QUILLBOX_RECORDING_MEMORY is \"-1\"; make it a whole number of megabytes, or unset it");
 }
 
 TEST_F(RecordCommand, NamesTheOptionThatIsWrong)
