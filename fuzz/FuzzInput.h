@@ -58,7 +58,8 @@ public:
         return colors;
     }
 
-    /// A picture with sides of 0…`largestSide`, filled by repeating a pattern of up to 256 bytes.
+    /// A picture with sides of 0…`largestSide`, filled by repeating a pattern of up to 48 bytes: many colours would
+    /// take the stages more time than they are worth here.
     RGBAFrame picture(std::int64_t largestSide)
     {
         const std::int64_t width = below(largestSide + 1);
@@ -66,7 +67,7 @@ public:
     }
     RGBAFrame picture(std::int64_t width, std::int64_t height)
     {
-        Bytes pattern = rest(1 + static_cast<std::size_t>(byte()));
+        Bytes pattern = rest(static_cast<std::size_t>(1 + below(48)));
         if (pattern.empty())
             pattern.push_back(0);
         Bytes pixels(static_cast<std::size_t>(width * height * 4), 0);

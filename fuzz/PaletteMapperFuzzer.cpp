@@ -1,24 +1,35 @@
 #include "Encoding/Dithering.h"
 #include "Encoding/PaletteMapper.h"
-#include "FuzzInput.h"
-#include "reference/PaletteMapper.h"
+#include "StageInputs.h"
+
+#include <algorithm>
 
 using namespace quillbox;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    fuzz::Input input(data, size);
-    const std::vector<RGBColor> palette = input.palette(1 + input.below(input.byte() % 2 == 0 ? 6 : 256));
-    const NearestColorLUT lut(palette);
+    const fuzz::MapperInput input(fuzz::Input(data, size));
+    const NearestColorLUT lut(input.palette);
     Ditherer ditherer;
     ditherer.use(lut);
     Bytes indices;
-    for (const RGBAFrame& frame : input.recording(3, 100)) {
-        precondition(PaletteMapper::map(frame, lut, 3) == reference::map(frame, palette, 3), "both map alike");
-        const IndexedFrame expected = reference::mapDithered(frame, palette, 3);
-        precondition(PaletteMapper::mapDithered(frame, lut, 3) == expected, "both dither alike");
+    for (const RGBAFrame& frame : input.frames) {
+        const IndexedFrame mapped = PaletteMapper::map(frame, lut, 3);
+        const PixelView pixels = frame.pixels();
+        for (std::size_t i = 0; i < mapped.indices.size(); ++i) {
+            const auto key = Color15::key(pixels[4 * i], pixels[4 * i + 1], pixels[4 * i + 2]);
+            if (i % 16 == 0) {
+                precondition(mapped.indices[i] == PaletteMapper::nearestIndexLinear(Color15::color(key), input.palette),
+                    "a linear search finds the same entry");
+            }
+            precondition(mapped.indices[i] == lut.table()[key], "equal colours have equal indices");
+        }
+        const IndexedFrame dithered = PaletteMapper::mapDithered(frame, lut, 3);
+        precondition(
+            std::ranges::all_of(dithered.indices, [&](std::uint8_t index) { return index < input.palette.size(); }),
+            "every index has a colour");
         ditherer.dither(frame, indices);
-        precondition(indices == expected.indices, "a frame is dithered as if it were alone");
+        precondition(indices == dithered.indices, "a frame is dithered as if it were alone");
     }
     return 0;
 }

@@ -1,52 +1,30 @@
 #include "Encoding/PaletteQuantizer.h"
-#include "FuzzInput.h"
-#include "reference/PaletteQuantizer.h"
+#include "StageInputs.h"
+
+#include <algorithm>
 
 using namespace quillbox;
 
-namespace {
-
-void expectSamePalette(const ColorHistogram& histogram, const reference::Histogram& expected, std::int64_t maxColors)
-{
-    const std::vector<RGBColor> palette = PaletteQuantizer::quantize(histogram, maxColors);
-    precondition(palette == reference::quantize(expected, maxColors), "both quantizers choose the same palette");
-    precondition(!palette.empty() && palette.size() <= 256, "a palette has 1 to 256 colours");
-}
-
-void quantizeCounts(fuzz::Input& input, std::int64_t maxColors)
-{
-    ColorHistogram histogram;
-    reference::Histogram expected;
-    while (!input.isEmpty()) {
-        const std::int64_t key = input.below(Color15::keyCount);
-        const std::int64_t count = 1 + (std::int64_t{input.byte()} << input.below(40));
-        histogram.add(static_cast<std::uint16_t>(key), count);
-        expected[static_cast<int>(key)] += count;
-    }
-    expectSamePalette(histogram, expected, maxColors);
-}
-
-void quantizePictures(fuzz::Input& input, std::int64_t maxColors)
-{
-    const std::vector<RGBAFrame> frames = input.recording(4, 60);
-    const ColorHistogram histogram = PaletteQuantizer::histogram(frames, {2});
-    const reference::Histogram expected = reference::histogram(frames);
-    const std::vector<ColorHistogram::Entry> entries = histogram.entries();
-    precondition(entries.size() == expected.size(), "both histograms have as many colours");
-    for (const auto& [color, count] : entries)
-        precondition(expected.at(reference::keyOf(color)) == count, "both histograms have the same counts");
-    expectSamePalette(histogram, expected, maxColors);
-}
-
-} // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    fuzz::Input input(data, std::min<std::size_t>(size, 20'000));
-    const std::int64_t maxColors = input.below(270) - 5;
-    if (input.byte() % 2 == 0)
-        quantizeCounts(input, maxColors);
-    else
-        quantizePictures(input, maxColors);
+    const fuzz::QuantizerInput input(fuzz::Input(data, size));
+    ColorHistogram histogram = PaletteQuantizer::histogram(input.frames, {1});
+    std::int64_t pixels = 0;
+    for (const RGBAFrame& frame : input.frames)
+        pixels += frame.pixelCount();
+    const auto entries = histogram.entries();
+    for (const ColorHistogram::Entry& entry : entries)
+        pixels -= entry.count;
+    precondition(pixels == 0, "every pixel is counted once");
+    for (const auto& [key, count] : input.counts)
+        histogram.add(key, count);
+
+    const std::vector<RGBColor> palette = PaletteQuantizer::quantize(histogram, input.maxColors);
+    const std::int64_t allowed = std::clamp<std::int64_t>(input.maxColors, 1, 256);
+    precondition(!palette.empty() && std::ssize(palette) <= allowed, "a palette has 1 to so many colours");
+    if (histogram.size() <= allowed) {
+        for (const ColorHistogram::Entry& entry : histogram.entries())
+            precondition(std::ranges::find(palette, entry.color) != palette.end(), "few colours are kept");
+    }
     return 0;
 }

@@ -3,7 +3,7 @@
 #include "support/GifDecoding.h"
 
 #include <algorithm>
-#include <numeric>
+#include <stop_token>
 #include <vector>
 
 using namespace quillbox;
@@ -35,23 +35,30 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     fuzz::Input input(data, size);
     const std::int64_t fps = 1 + input.below(70);
-    const PreciseOptimizer::Config config{.targetBytes = 1 + input.number16(),
-        .maxWidth = input.byte() % 2 == 0 ? std::nullopt : std::optional<std::int64_t>(1 + input.below(40)),
+    const PreciseOptimizer::Config config{.targetBytes = 65536 - input.number16(),
+        .maxWidth = input.byte() < 200 ? std::nullopt : std::optional<std::int64_t>(1 + input.below(10)),
         .maxFPS = 1 + input.below(50),
-        .maxColors = 2 + input.below(255)};
-    const int threads = static_cast<int>(1 + input.below(4));
-    const std::vector<RGBAFrame> frames = input.recording(10, 24);
-    if (frames.empty() || frames.front().pixelCount() == 0)
+        .maxColors = 2 + input.below(input.byte() < 240 ? 15 : 255)};
+    const bool isHurried = input.byte() < 200; // takes the first attempt: each of them takes its time
+    const bool isThreaded = input.byte() >= 240;
+    const std::vector<RGBAFrame> frames = input.recording(3, 6);
+    if (frames.front().pixelCount() == 0)
         return 0;
 
     DistinctFrames distinct = PreciseOptimizer::framesFor(config, fps);
     for (const RGBAFrame& frame : frames)
         distinct.append(frame);
-    const auto result
-        = PreciseOptimizer::optimize(distinct, config, {.parallelism = {threads}, .progress = {}, .finishNow = {}});
-    const auto same
-        = PreciseOptimizer::optimize(distinct, config, {.parallelism = {1}, .progress = {}, .finishNow = {}});
-    precondition(result == same, "threads change nothing");
+    std::stop_source stop;
+    if (isHurried)
+        stop.request_stop();
+    const auto result = PreciseOptimizer::optimize(
+        distinct, config, {.parallelism = {1}, .progress = {}, .finishNow = stop.get_token()});
+    if (isThreaded) {
+        precondition(result
+                == PreciseOptimizer::optimize(
+                    distinct, config, {.parallelism = {3}, .progress = {}, .finishNow = stop.get_token()}),
+            "threads change nothing");
+    }
 
     const support::DecodedGif gif = support::decodeWithGiflib(result.clip.data);
     precondition(std::ssize(gif.frames) == result.clip.frameCount, "giflib finds every picture");

@@ -1,0 +1,97 @@
+#include "App/FrameSources/FrameReadError.h"
+#include "App/FrameSources/Images/ImageReader.h"
+#include "App/FrameSources/Transparency.h"
+#include "Encoding/Precondition.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <sys/mman.h>
+#include <unistd.h>
+
+using namespace quillbox;
+
+namespace {
+
+/// What the decoders' plugins are found by; made once.
+void startToolkit()
+{
+    static int count = 1;
+    static std::array<char, 5> name{'f', 'u', 'z', 'z', '\0'};
+    static std::array<char*, 2> arguments{name.data(), nullptr};
+    static const QCoreApplication application(count, arguments.data());
+}
+
+/// Whether a header announces a picture that would take long: they are decoded by others, in a loop over its pixels.
+bool isLarge(std::span<const std::uint8_t> file)
+{
+    constexpr unsigned largestSide = 128;
+    const auto begins = [&](std::string_view word) {
+        return file.size() >= 32 && std::equal(word.begin(), word.end(), file.begin(), [](char a, std::uint8_t b) {
+            return static_cast<std::uint8_t>(a) == b;
+        });
+    };
+    const auto bigEndian = [&](std::size_t at) {
+        return unsigned{file[at]} << 8U | file[at + 1];
+    };
+    const auto littleEndian = [&](std::size_t at) {
+        return unsigned{file[at + 1]} << 8U | file[at];
+    };
+    if (begins("GIF"))
+        return littleEndian(6) > largestSide || littleEndian(8) > largestSide;
+    if (begins("BM"))
+        return (littleEndian(18) | littleEndian(20)) > largestSide
+            || (littleEndian(22) | littleEndian(24)) > largestSide;
+    if (begins("\x89PNG"))
+        return (bigEndian(16) | bigEndian(18)) > largestSide || (bigEndian(20) | bigEndian(22)) > largestSide;
+    for (std::size_t i = 0; begins("\xFF\xD8") && i + 8 < file.size(); ++i) {
+        if (file[i] == 0xFF && file[i + 1] >= 0xC0 && file[i + 1] <= 0xC2
+            && (bigEndian(i + 5) > largestSide || bigEndian(i + 7) > largestSide))
+            return true;
+    }
+    return false;
+}
+
+void check(const RGBAFrame& frame)
+{
+    precondition(frame.width() >= 1 && frame.height() >= 1, "a picture has pixels");
+    const PixelView pixels = frame.pixels();
+    for (std::size_t i = 3; i < pixels.size(); i += 4)
+        precondition(pixels[i] == 255, "a picture is opaque");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    startToolkit();
+    static const int file = ::memfd_create("image", MFD_CLOEXEC);
+    constexpr std::size_t maxBytes = 1024;
+    const std::size_t count = std::min(size, maxBytes);
+    if (isLarge({data, count}))
+        return 0;
+    precondition(::ftruncate(file, 0) == 0 && ::pwrite(file, data, count, 0) == static_cast<ssize_t>(count),
+        "memory can be written");
+    const auto read = [](auto reader) {
+        ::lseek(file, 0, SEEK_SET);
+        FileByteSource source("image", file);
+        try {
+            reader(source);
+        } catch (const FrameReadError& error) {
+            precondition(*error.what() != '\0', "an error is said");
+        }
+    };
+    read([](FileByteSource& source) {
+        const auto animation = ImageReader::readAll(source, Transparency::defaultBackground);
+        precondition(!animation.frames.empty(), "an animation has a picture");
+        for (const auto& timed : animation.frames)
+            check(timed.frame);
+    });
+    if (count % 16 == 0)
+        read([](FileByteSource& source) { check(ImageReader::readOne(source, {1, 2, 3}, 1)); });
+    return 0;
+}
