@@ -9,7 +9,7 @@
 
 namespace quillbox {
 
-/// What the desktop has to capture its screen with, and what captureBackend() makes of it. Thread: main.
+/// What the desktop has to capture its screen with, and what chooseCapture() makes of it. Thread: main.
 namespace CaptureReport {
 
 /// Finds out, without a display as well, and asks the user nothing.

@@ -324,7 +324,7 @@ int main(int argc, char** argv)
         qWarning("usage: views_screenshots FOLDER");
         return 2;
     }
-    Catalogues::use(QStringLiteral("en"));
+    quillbox::Catalogues::use(QStringLiteral("en"));
     bool clean = true;
     for (const auto& [name, palette] : {std::pair("light", lightPalette()), std::pair("dark", darkPalette())}) {
         QApplication::setPalette(palette);
