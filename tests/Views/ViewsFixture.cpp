@@ -1,5 +1,7 @@
 #include "ViewsFixture.h"
 
+#include "support/BusyWorkers.h"
+
 #include <QCoro/QCoroFuture>
 #include <QDir>
 #include <QFile>
@@ -77,6 +79,7 @@ void ViewsFixture::record()
 void ViewsFixture::process()
 {
     record();
+    const support::BusyWorkers workers; // until the flow waits for them, however fast they are
     coordinator.stop();
     QVERIFY(isIn<RecordingCoordinator::Processing>());
 }
