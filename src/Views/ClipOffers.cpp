@@ -82,7 +82,7 @@ std::optional<ClipOffers::Offer> ClipOffers::offer() const
     const auto* const clip = m_coordinator.finishedClip();
     if (clip == nullptr)
         return std::nullopt;
-    const auto again = [clip](ExportPreset preset, bool isPrecise) {
+    const auto again = [](ExportPreset preset, bool isPrecise) {
         return Offer{tr("Again as %1").arg(PresetTexts::title(preset)), {.preset = preset, .isPrecise = isPrecise}};
     };
     const ExportPreset made = clip->request.preset;

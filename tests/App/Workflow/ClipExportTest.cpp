@@ -64,7 +64,7 @@ void ClipExportTest::saysWhyTheFolderCanNotBeMade()
     QVERIFY(QDir(folder).removeRecursively());
     QFile inTheWay(folder);
     QVERIFY(inTheWay.open(QIODevice::WriteOnly));
-    QVERIFY_THROWS_EXCEPTION(std::exception, ClipExport::save(m_bytes, m_date));
+    QVERIFY_THROWS_EXCEPTION(std::exception, (void)ClipExport::save(m_bytes, m_date));
 }
 
 } // namespace quillbox

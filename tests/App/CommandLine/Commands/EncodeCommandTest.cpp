@@ -93,19 +93,17 @@ TEST_F(EncodeCommand, MakesTheSameFileWithAnyNumberOfThreads)
 TEST_F(EncodeCommand, ReadsWithNoMoreThreadsThanAllowed)
 {
 #ifdef __SANITIZE_THREAD__
-    constexpr int others = 1; // of the sanitizer
-#else
-    constexpr int others = 0;
+    GTEST_SKIP() << "the sanitizer has threads of its own";
 #endif
     for (const std::string mode : {"", "--precise"}) {
         for (const int threads : {1, 2}) {
             // What the pipe doesn't hold has been read when all has been written; the input goes on until then.
             const auto counted = shell("rm -f in; mkfifo in; \"$program\" encode -q --force --threads "
                 + std::to_string(threads) + " " + mode
-                + " --raw 1000x500 -o a.gif - < in & exec 3> in; head -c 20000000 /dev/urandom >&3; "
+                + " --raw 1000x500 -o a.gif - < in & exec 3> in; head -c 20000000 /dev/zero >&3; "
                   "ls /proc/$!/task | wc -l; exec 3>&-; wait $!");
             EXPECT_EQ(counted.exitStatus, 0) << counted.errors;
-            EXPECT_EQ(counted.output, std::to_string(threads + others) + "\n") << mode;
+            EXPECT_EQ(counted.output, std::to_string(threads) + "\n") << mode;
         }
     }
 }
