@@ -81,14 +81,14 @@ void ProgressLine::replaceBy(std::string_view text)
 {
     // One column less than there are: some terminals begin a new line as soon as the last one is filled.
     const std::string line = TextColumns::shortened(text, columnsOfTerminal() - 1);
-    const std::size_t columns = TextColumns::widthOf(line);
+    const std::size_t columnsNow = TextColumns::widthOf(line);
     std::string output = "\r" + TerminalText::encoded(line, TerminalText::localeEncoding());
     if (!m_isDumb)
         output += "\x1b[K"; // clear what is left of the line before
-    else if (columns < m_shownColumns)
-        output += std::string(m_shownColumns - columns, ' ') + (line.empty() ? "\r" : "");
+    else if (columnsNow < m_shownColumns)
+        output += std::string(m_shownColumns - columnsNow, ' ') + (line.empty() ? "\r" : "");
     writeToTerminal(output);
-    m_shownColumns = columns;
+    m_shownColumns = columnsNow;
 }
 
 void ProgressLine::show(std::string_view text)
