@@ -1,5 +1,4 @@
-#include "App/FrameSources/BackgroundDistinctFrames.h"
-#include "App/FrameSources/BackgroundReducer.h"
+#include "App/FrameSources/BackgroundFrames.h"
 #include "App/FrameSources/ClipTimeline.h"
 #include "App/FrameSources/FrameReadError.h"
 #include "App/FrameSources/FrameShaper.h"
@@ -7,7 +6,9 @@
 #include "App/FrameSources/ReadingThreads.h"
 #include "App/FrameSources/Y4M/Y4MReader.h"
 #include "Capture/Spill/FrameSpill.h"
+#include "Encoding/FrameReducer.h"
 #include "Encoding/GIFOptimizer.h"
+#include "Encoding/Precise/DistinctFrames.h"
 #include "Encoding/Precise/PreciseOptimizer.h"
 #include "FuzzInput.h"
 #include "Platform/FileDescriptor.h"
@@ -152,18 +153,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto onKept = [&spill](const RGBAFrame& picture) {
         spill.keep(picture);
     };
-    const Parallelism apart = ReadingThreads::of(options.threads).reducer;
+    const auto threads = ReadingThreads::of(options.threads);
     std::stop_source hurry;
     if (options.isHurried)
         hurry.request_stop();
     const GIFOptimizer::Execution execution{
         .parallelism = {options.threads}, .progress = {}, .finishNow = hurry.get_token()};
     if (options.isPrecise) {
-        BackgroundDistinctFrames frames(options.precise, onKept, apart);
+        BackgroundFrames<DistinctFrames> frames(
+            [&](std::int64_t fps) { return PreciseOptimizer::framesFor(options.precise, fps, onKept); },
+            threads.intake);
         if (read(source, options, frames) > 0)
             check(PreciseOptimizer::optimize(frames.finished(), options.precise, execution).clip);
     } else {
-        BackgroundReducer reducer(options.preset, onKept, apart);
+        BackgroundFrames<FrameReducer> reducer(
+            [&](std::int64_t fps) { return FrameReducer::sparing(fps, options.preset, onKept, threads.measuring); },
+            threads.intake);
         if (read(source, options, reducer) > 0) {
             const FrameReducer& frames = reducer.finished();
             check(GIFOptimizer::optimize(frames,

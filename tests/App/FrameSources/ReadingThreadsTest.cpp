@@ -1,8 +1,7 @@
 #include "App/FrameSources/ReadingThreads.h"
 
-#include "App/FrameSources/BackgroundDistinctFrames.h"
-#include "App/FrameSources/BackgroundReducer.h"
 #include "App/FrameSources/Y4M/Y4MReader.h"
+#include "Encoding/FrameReducer.h"
 #include "support/SourceClip.h"
 
 #include <gtest/gtest.h>
@@ -17,41 +16,45 @@ namespace {
 TEST(ReadingThreads, AreNeverMoreThanAllowed)
 {
     for (int threads = 1; threads < 20; ++threads) {
-        const auto [reader, reducer] = ReadingThreads::of(threads);
+        const auto [reader, intake, measuring] = ReadingThreads::of(threads);
         EXPECT_GE(reader.threads, 1);
-        EXPECT_EQ(reader.threads + reducer.threads - 1, threads) << "the reducer's count has the reader's among them";
+        EXPECT_EQ(measuring.threads, intake == Intake::here ? 1 : std::clamp(threads - reader.threads, 1, 2));
+        EXPECT_EQ(reader.threads + (intake == Intake::here ? 0 : measuring.threads), threads);
     }
 }
 
 TEST(ReadingThreads, AreAsManyAsAreOfUseUnlessSomebodySays)
 {
     EXPECT_EQ(ReadingThreads::of(0).reader.threads, 0);
-    EXPECT_EQ(ReadingThreads::of(0).reducer.threads, 0);
+    EXPECT_EQ(ReadingThreads::of(0).intake, Intake::onAThread);
+    EXPECT_EQ(ReadingThreads::of(0).measuring.threads, 0);
 }
 
-/// Gives frames to a consumer. @return whether this thread took them in
-template <typename Consumer, typename Config> bool isTakenInHere(const Config& config, int threads)
+/// Has a frame taken in. @return whether this thread did it
+bool isTakenInHere(int threads)
 {
     std::thread::id taker;
-    Consumer consumer(config, [&taker](const RGBAFrame&) { taker = std::this_thread::get_id(); }, {threads});
-    consumer.take(RGBAFrame(2, 2, Bytes(16, 9)));
-    (void)consumer.finished();
+    const auto note = [&taker](const RGBAFrame&) {
+        taker = std::this_thread::get_id();
+    };
+    BackgroundFrames<FrameReducer> frames(
+        [&note](std::int64_t fps) { return FrameReducer::sparing(fps, ExportPreset::slack, note); },
+        ReadingThreads::of(threads).intake);
+    frames.take(RGBAFrame(2, 2, Bytes(16, 9)));
+    (void)frames.finished();
     EXPECT_NE(taker, std::thread::id()) << "the picture is kept";
     return taker == std::this_thread::get_id();
 }
 
 TEST(ReadingThreads, HaveOneThreadTakeInWhatItRead)
 {
-    EXPECT_TRUE((isTakenInHere<BackgroundReducer>(ExportPreset::slack, 1)));
-    EXPECT_TRUE((isTakenInHere<BackgroundDistinctFrames>(PreciseOptimizer::Config(), 1)));
+    EXPECT_TRUE(isTakenInHere(1));
 }
 
 TEST(ReadingThreads, HaveASecondOneTakeItInMeanwhile)
 {
-    for (const int threads : {0, 2, 3}) {
-        EXPECT_FALSE((isTakenInHere<BackgroundReducer>(ExportPreset::slack, threads)));
-        EXPECT_FALSE((isTakenInHere<BackgroundDistinctFrames>(PreciseOptimizer::Config(), threads)));
-    }
+    for (const int threads : {0, 2, 3})
+        EXPECT_FALSE(isTakenInHere(threads));
 }
 
 /// A stream that notes how many of the pictures it gave have not been handed on yet.

@@ -9,13 +9,14 @@
 #include "App/CommandLine/ResultReport.h"
 #include "App/CommandLine/Terminal/ErrorReport.h"
 #include "App/CommandLine/Terminal/ProgressLine.h"
-#include "App/FrameSources/BackgroundDistinctFrames.h"
-#include "App/FrameSources/BackgroundReducer.h"
+#include "App/FrameSources/BackgroundFrames.h"
 #include "App/FrameSources/ClipTimeline.h"
 #include "App/FrameSources/FrameReadError.h"
 #include "App/FrameSources/ReadingThreads.h"
 #include "Capture/Spill/FrameSpill.h"
+#include "Encoding/FrameReducer.h"
 #include "Encoding/GIFOptimizer.h"
+#include "Encoding/Precise/DistinctFrames.h"
 #include "Encoding/Precise/PreciseOptimizer.h"
 #include "PostCapture/OutputFile.h"
 #include "Translation/Translate.h"
@@ -92,12 +93,16 @@ void setPlays(GIFOptimizer::Result& result, std::int64_t plays)
 void encodeByPreset(const EncodeOptions& options, const ClipOutput& output, ProgressLine& line)
 {
     FrameSpill spill(FrameSpill::inputLimits(), FrameSpill::usualFolder());
-    BackgroundReducer reducer(
-        options.out.preset, [&spill](const RGBAFrame& picture) { spill.keep(picture); },
-        ReadingThreads::of(options.threads).reducer);
-    ClipTimeline timeline(options.rate, reducer);
+    const auto threads = ReadingThreads::of(options.threads);
+    const auto keep = [&spill](const RGBAFrame& picture) {
+        spill.keep(picture);
+    };
+    BackgroundFrames<FrameReducer> intake(
+        [&](std::int64_t fps) { return FrameReducer::sparing(fps, options.out.preset, keep, threads.measuring); },
+        threads.intake);
+    ClipTimeline timeline(options.rate, intake);
     warn(read(options, timeline), line);
-    const FrameReducer& frames = reducer.finished();
+    const FrameReducer& frames = intake.finished();
     const GIFOptimizer::Config config{
         .preset = options.out.preset, .sourceFPS = frames.sourceFPS(), .ditheringOverride = options.dithering};
     auto result = GIFOptimizer::optimize(
@@ -118,13 +123,16 @@ void encodePrecisely(const EncodeOptions& options, const ClipOutput& output, Pro
 {
     const PreciseOptimizer::Config& config = *options.out.precise;
     FrameSpill spill(FrameSpill::inputLimits(FrameSpill::usualMemory), FrameSpill::usualFolder());
-    BackgroundDistinctFrames distinct(
-        config, [&spill](const RGBAFrame& picture) { spill.keep(picture); },
-        ReadingThreads::of(options.threads).reducer);
-    ClipTimeline timeline(options.rate, distinct);
+    const auto keep = [&spill](const RGBAFrame& picture) {
+        spill.keep(picture);
+    };
+    BackgroundFrames<DistinctFrames> intake(
+        [&](std::int64_t fps) { return PreciseOptimizer::framesFor(config, fps, keep); },
+        ReadingThreads::of(options.threads).intake);
+    ClipTimeline timeline(options.rate, intake);
     warn(read(options, timeline), line);
     auto result = PreciseOptimizer::optimize(
-        distinct.finished(), config, {.parallelism = {options.threads}, .progress = progressOn(line, std::nullopt)});
+        intake.finished(), config, {.parallelism = {options.threads}, .progress = progressOn(line, std::nullopt)});
     setPlays(result.clip, options.plays);
     const ResultReport::Clip clip{.result = result.clip,
         .preset = options.out.preset,

@@ -1,5 +1,6 @@
-#include "App/FrameSources/BackgroundReducer.h"
+#include "App/FrameSources/BackgroundFrames.h"
 
+#include "Encoding/FrameReducer.h"
 #include "Encoding/GIFOptimizer.h"
 
 #include <gtest/gtest.h>
@@ -18,10 +19,15 @@ std::vector<RGBAFrame> colorfulFrames(int count)
     return frames;
 }
 
-TEST(BackgroundReducer, GivesTheGIFOfTheSameFramesAtHand)
+BackgroundFrames<FrameReducer> reducerFor(ExportPreset preset)
+{
+    return BackgroundFrames<FrameReducer>([preset](std::int64_t fps) { return FrameReducer::sparing(fps, preset); });
+}
+
+TEST(BackgroundFrames, GivesTheGIFOfTheSameFramesAtHand)
 {
     const auto frames = colorfulFrames(100); // far more than wait at a time
-    BackgroundReducer reducer(ExportPreset::docs);
+    auto reducer = reducerFor(ExportPreset::docs);
     reducer.setRate({25, 1});
     for (const RGBAFrame& frame : frames)
         reducer.take(frame);
@@ -29,24 +35,24 @@ TEST(BackgroundReducer, GivesTheGIFOfTheSameFramesAtHand)
     EXPECT_EQ(GIFOptimizer::optimize(reducer.finished(), config), GIFOptimizer::optimize(frames, config));
 }
 
-TEST(BackgroundReducer, TakesTheRateOfTheInput)
+TEST(BackgroundFrames, TakesTheRateOfTheInput)
 {
-    BackgroundReducer reducer(ExportPreset::slack);
+    auto reducer = reducerFor(ExportPreset::slack);
     reducer.setRate({12, 1});
     reducer.take(colorfulFrames(1).front());
     EXPECT_EQ(reducer.finished().sourceFPS(), 12);
 }
 
-TEST(BackgroundReducer, TakesThirtyFramesASecondWhereNobodySays)
+TEST(BackgroundFrames, TakesThirtyFramesASecondWhereNobodySays)
 {
-    BackgroundReducer reducer(ExportPreset::slack);
+    auto reducer = reducerFor(ExportPreset::slack);
     reducer.take(colorfulFrames(1).front());
     EXPECT_EQ(reducer.finished().sourceFPS(), 30);
 }
 
-TEST(BackgroundReducer, MayBeGivenUpHalfWay)
+TEST(BackgroundFrames, MayBeGivenUpHalfWay)
 {
-    BackgroundReducer reducer(ExportPreset::slack);
+    auto reducer = reducerFor(ExportPreset::slack);
     for (const RGBAFrame& frame : colorfulFrames(20))
         reducer.take(frame);
     // the destructor must not wait for more frames
