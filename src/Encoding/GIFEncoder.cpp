@@ -42,41 +42,6 @@ bool fitsField(std::int64_t value)
     return value >= 0 && value <= maximumFieldValue;
 }
 
-/// GIF89a, sections 17 and 18.
-void appendHeaderAndScreen(Bytes& output, std::int64_t width, std::int64_t height)
-{
-    append(output, "GIF89a");
-    appendUInt16LE(output, static_cast<std::uint16_t>(width));
-    appendUInt16LE(output, static_cast<std::uint16_t>(height));
-    append(output,
-        {
-            0x70, // no global colour table, 8 bits per primary
-            0,    // background colour index
-            0,    // pixel aspect ratio: square
-        });
-}
-
-/// The application extension by which Netscape Navigator 2.0 introduced repetition.
-void appendLooping(Bytes& output, Options options)
-{
-    const std::int64_t repeats = std::max<std::int64_t>(options.loopCount, 0);
-    precondition(repeats <= maximumFieldValue, "a loop count fits 16 bits");
-    append(output, {extensionIntroducer, 0xFF, 11});
-    append(output, "NETSCAPE2.0");
-    append(output, {3, 1});
-    appendUInt16LE(output, static_cast<std::uint16_t>(repeats));
-    append(output, {blockTerminator});
-}
-
-/// GIF89a, section 23: disposal 1 (leave in place), no transparency.
-void appendGraphicControl(Bytes& output, std::int64_t delayCentiseconds)
-{
-    append(output, {extensionIntroducer, 0xF9, 4, 0x04});
-    appendUInt16LE(
-        output, static_cast<std::uint16_t>(std::clamp<std::int64_t>(delayCentiseconds, 1, maximumFieldValue)));
-    append(output, {0, blockTerminator});
-}
-
 /// GIF89a, section 20.
 void appendImageDescriptor(Bytes& output, const IndexedFrame& frame, int tableBits)
 {
@@ -113,6 +78,39 @@ void appendUInt16LE(Bytes& output, std::uint16_t value)
 {
     output.push_back(static_cast<std::uint8_t>(value & 0xFFU));
     output.push_back(static_cast<std::uint8_t>(value >> 8U));
+}
+
+void appendHeader(Bytes& output, std::int64_t width, std::int64_t height, std::uint8_t colorTableFlags)
+{
+    precondition(fitsField(width) && fitsField(height), "a side of the screen fits 16 bits");
+    append(output, "GIF89a");
+    appendUInt16LE(output, static_cast<std::uint16_t>(width));
+    appendUInt16LE(output, static_cast<std::uint16_t>(height));
+    append(output,
+        {
+            static_cast<std::uint8_t>(0x70 | colorTableFlags), // 8 bits per primary
+            0,                                                 // background colour index
+            0,                                                 // pixel aspect ratio: square
+        });
+}
+
+void appendLooping(Bytes& output, std::int64_t loopCount)
+{
+    const std::int64_t repeats = std::max<std::int64_t>(loopCount, 0);
+    precondition(repeats <= maximumFieldValue, "a loop count fits 16 bits");
+    append(output, {extensionIntroducer, 0xFF, 11});
+    append(output, "NETSCAPE2.0");
+    append(output, {3, 1});
+    appendUInt16LE(output, static_cast<std::uint16_t>(repeats));
+    append(output, {blockTerminator});
+}
+
+void appendGraphicControl(Bytes& output, std::int64_t delayCentiseconds, std::optional<std::uint8_t> transparentIndex)
+{
+    append(output, {extensionIntroducer, 0xF9, 4, static_cast<std::uint8_t>(transparentIndex ? 0x05 : 0x04)});
+    appendUInt16LE(
+        output, static_cast<std::uint16_t>(std::clamp<std::int64_t>(delayCentiseconds, 1, maximumFieldValue)));
+    append(output, {transparentIndex.value_or(0), blockTerminator});
 }
 
 void appendAsSubBlocks(Bytes& output, std::span<const std::uint8_t> data)
@@ -157,8 +155,8 @@ Bytes fileOf(std::span<const Bytes> frameParts, std::int64_t width, std::int64_t
     Bytes file;
     file.reserve(static_cast<std::size_t>(fileSize(frameParts)));
 
-    appendHeaderAndScreen(file, width, height);
-    appendLooping(file, options);
+    appendHeader(file, width, height);
+    appendLooping(file, options.loopCount);
     for (const Bytes& part : frameParts)
         file.insert(file.end(), part.begin(), part.end());
     append(file, {0x3B}); // trailer

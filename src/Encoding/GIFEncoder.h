@@ -4,6 +4,7 @@
 #include "Encoding/Pixels/PixelTypes.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <vector>
@@ -70,6 +71,20 @@ void checkSize(std::int64_t width, std::int64_t height);
 
 /// Appends the low byte, then the high byte.
 void appendUInt16LE(Bytes& output, std::uint16_t value);
+
+/// Appends what a file begins with (GIF89a, sections 17 and 18).
+/// @param colorTableFlags  The packed field's bits that announce a global colour table; 0 for none. @pre both sides are
+///                         0…65535
+void appendHeader(Bytes& output, std::int64_t width, std::int64_t height, std::uint8_t colorTableFlags = 0);
+
+/// Appends the application extension by which Netscape Navigator 2.0 introduced repetition.
+/// @param loopCount  As in `Options`.
+void appendLooping(Bytes& output, std::int64_t loopCount);
+
+/// Appends a graphic control extension (GIF89a, section 23): disposal 1 (leave in place).
+/// @param delayCentiseconds  Brought into 1…65535.
+void appendGraphicControl(
+    Bytes& output, std::int64_t delayCentiseconds, std::optional<std::uint8_t> transparentIndex = std::nullopt);
 
 /// Appends `data` as sub-blocks of at most 255 bytes, each behind its length, and the zero terminator.
 void appendAsSubBlocks(Bytes& output, std::span<const std::uint8_t> data);

@@ -3,27 +3,19 @@
 #include "Encoding/Precondition.h"
 
 #include <algorithm>
-#include <string_view>
+#include <initializer_list>
 
 namespace quillbox::DeltaGIF {
 namespace {
 
 using GIFEncoder::appendUInt16LE;
 
-constexpr std::uint8_t extensionIntroducer = 0x21;
-constexpr std::uint8_t blockTerminator = 0x00;
 constexpr std::uint8_t trailer = 0x3B;
 
 void append(Bytes& output, std::initializer_list<std::uint8_t> bytes)
 {
     for (const std::uint8_t byte : bytes)
         output.push_back(byte);
-}
-
-void append(Bytes& output, std::string_view text)
-{
-    for (const char letter : text)
-        output.push_back(static_cast<std::uint8_t>(letter));
 }
 
 void appendField(Bytes& output, std::int64_t value)
@@ -46,14 +38,6 @@ std::uint8_t colorTableFlags(std::span<const RGBColor> colors)
         return 0;
     precondition(colors.size() <= 256, "a colour table has at most 256 colours");
     return static_cast<std::uint8_t>(0x80 | (GIFEncoder::colorTableBits(std::ssize(colors)) - 1));
-}
-
-/// GIF89a, section 23: disposal 1 (leave in place).
-void appendGraphicControl(Bytes& output, std::optional<std::uint8_t> transparentIndex, std::int64_t delayCentiseconds)
-{
-    append(output, {extensionIntroducer, 0xF9, 4, static_cast<std::uint8_t>(transparentIndex ? 0x05 : 0x04)});
-    appendField(output, delayCentiseconds);
-    append(output, {transparentIndex.value_or(0), blockTerminator});
 }
 
 /// GIF89a, sections 20 to 22.
@@ -86,22 +70,10 @@ Bytes header(const Screen& screen)
 {
     GIFEncoder::checkSize(screen.width, screen.height);
     Bytes output;
-    append(output, "GIF89a");
-    appendField(output, screen.width);
-    appendField(output, screen.height);
-    append(output,
-        {
-            static_cast<std::uint8_t>(0x70 | colorTableFlags(screen.colorTable)), // 8 bits a primary
-            0,                                                                    // background colour index
-            0,                                                                    // pixel aspect ratio: square
-        });
+    GIFEncoder::appendHeader(output, screen.width, screen.height, colorTableFlags(screen.colorTable));
     if (!screen.colorTable.empty())
         appendColorTable(output, screen.colorTable);
-    append(output, {extensionIntroducer, 0xFF, 11});
-    append(output, "NETSCAPE2.0");
-    append(output, {3, 1});
-    appendField(output, screen.loopCount);
-    append(output, {blockTerminator});
+    GIFEncoder::appendLooping(output, screen.loopCount);
     return output;
 }
 
@@ -120,11 +92,11 @@ Bytes part(const Picture& picture)
         rest -= share;
         return share;
     };
-    appendGraphicControl(output, picture.codes.transparentIndex, takeShare());
+    GIFEncoder::appendGraphicControl(output, takeShare(), picture.codes.transparentIndex);
     appendImage(output, picture);
     const Picture filler = invisible(!picture.localColorTable.empty());
     while (rest > 0) {
-        appendGraphicControl(output, filler.codes.transparentIndex, takeShare());
+        GIFEncoder::appendGraphicControl(output, takeShare(), filler.codes.transparentIndex);
         appendImage(output, filler);
     }
     return output;

@@ -226,4 +226,28 @@ DistinctFrames::Recording DistinctFrames::recording() const
     return result;
 }
 
+DistinctFrames::Recording DistinctFrames::Recording::shrunk(std::int64_t toWidth) const
+{
+    DistinctFrames frames({.sourceFPS = sourceFPS, .maxWidth = toWidth, .maxFPS = std::max(maxFPS, sourceFPS)});
+    Bytes screen(static_cast<std::size_t>(size.width * size.height * RGBAFrame::bytesPerPixel), 0);
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+        const auto& picture = pictures[i];
+        const PixelView pixels = picture.pixels.pixels();
+        const auto rowBytes = static_cast<std::size_t>(picture.area.width * RGBAFrame::bytesPerPixel);
+        for (std::int64_t y = 0; y < picture.area.height; ++y) {
+            std::copy_n(pixels.data() + static_cast<std::size_t>(y) * rowBytes, rowBytes,
+                screen.data()
+                    + static_cast<std::size_t>(
+                        ((picture.area.top + y) * size.width + picture.area.left) * RGBAFrame::bytesPerPixel));
+        }
+        const RGBAFrame frame(size.width, size.height, screen);
+        const std::int64_t end = i + 1 < pictures.size() ? pictures[i + 1].tick : frameCount;
+        for (std::int64_t tick = picture.tick; tick < end; ++tick)
+            frames.append(frame);
+    }
+    DistinctFrames::Recording result = frames.recording();
+    result.maxFPS = maxFPS;
+    return result;
+}
+
 } // namespace quillbox

@@ -65,6 +65,9 @@ public:
         std::int64_t frameCount = 0;       ///< all there were
         std::vector<Picture> pictures;     ///< oldest first; the first one covers the screen
         std::vector<WeightedColor> colors; ///< each colour with its pixels times the frames that they last
+
+        /// The same recording with a narrower screen. @param toWidth  pixels, 1…its width
+        [[nodiscard]] Recording shrunk(std::int64_t toWidth) const;
     };
 
     /// @throws GIFEncodingError  the first frame a side of which exceeds 65535 pixels.

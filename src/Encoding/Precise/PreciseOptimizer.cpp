@@ -2,7 +2,6 @@
 
 #include "Encoding/Precise/RateControl.h"
 #include "Encoding/Precise/ShownError.h"
-#include "Encoding/Precise/ShrunkRecording.h"
 
 #include <algorithm>
 #include <cmath>
@@ -67,7 +66,7 @@ Result optimize(const DistinctFrames& frames, const Config& config, const GIFOpt
         const auto width = std::llround(scale * static_cast<double>(recording.size.width));
         if (width < 1)
             break;
-        const Recording smaller = shrunk(recording, width);
+        const Recording smaller = recording.shrunk(width);
         RateControl again(smaller, bounds, execution, attempts);
         (void)again.giveUpMost();
         attempts = again.attemptCount();
