@@ -63,7 +63,7 @@ TEST_F(EncodeCommand, MakesOfRawFramesTheVeryFileThatTheOptimizerMakes)
 TEST_F(EncodeCommand, MakesTheSameFileOfFramesThatExceedTheMemory)
 {
     const auto result
-        = shell("head -c 60000000 /dev/urandom > noise.rgba; export XDG_CACHE_HOME=$PWD/cache;"
+        = shell("head -c 40000000 /dev/urandom > noise.rgba; export XDG_CACHE_HOME=$PWD/cache;"
                 " for memory in 2000 0; do cat noise.rgba | QUILLBOX_RECORDING_MEMORY=$memory quillbox encode"
                 " --raw 1000x500 --source-fps 24 --preset docs -o $memory.gif - || exit; done;"
                 " quillbox encode --raw 1000x500 --source-fps 24 --preset docs -o file.gif noise.rgba");
@@ -76,7 +76,7 @@ TEST_F(EncodeCommand, MakesTheSameFileOfFramesThatExceedTheMemory)
 TEST_F(EncodeCommand, MakesTheSameFileWithAnyNumberOfThreads)
 {
     const auto made = shell(
-        "head -c 20000000 /dev/urandom > noise.rgba; " // pictures that two threads read and shrink
+        "head -c 8000000 /dev/urandom > noise.rgba; " // pictures that two threads read and shrink
         "ffmpeg -v error -f lavfi -i testsrc=size=320x240:rate=12:duration=1 -pix_fmt yuv420p -f yuv4mpegpipe a.y4m");
     ASSERT_EQ(made.exitStatus, 0) << made.errors;
     for (const std::string input : {"--raw 1000x500 noise.rgba", "--raw 1000x500 - < noise.rgba", "a.y4m",
