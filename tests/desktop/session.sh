@@ -118,15 +118,25 @@ start_pipewire() {
     ready "WirePlumber" wireplumber_is_up
 }
 
+# The tray's watcher knows somebody who shows the icons.
+tray_is_up() {
+    dbus-send --session --print-reply=literal --dest=org.kde.StatusNotifierWatcher /StatusNotifierWatcher \
+        org.freedesktop.DBus.Properties.Get string:org.kde.StatusNotifierWatcher \
+        string:IsStatusNotifierHostRegistered | grep -q 'boolean true'
+}
+
 # start_portal BACKEND [COMMAND]...: with that back end alone, run by the command; PORTAL_PID and PORTAL_BACKEND_PID are
-# their processes. Without PipeWire the back end need not come up.
+# their processes. Without PipeWire the back end need not come up. A script may set the folder that the back end is in,
+# and a library for the portal to preload.
+portal_back_end_folder=/usr/libexec
+portal_front_end_preload=''
 start_portal() {
     backend=$1
     shift
     /usr/libexec/xdg-permission-store >"$session/permissions.log" 2>&1 &
     pids="$! $pids"
     ready "the permission store" owns_name org.freedesktop.impl.portal.PermissionStore
-    "$@" "/usr/libexec/xdg-desktop-portal-$backend" >"$session/portal-backend.log" 2>&1 &
+    "$@" "$portal_back_end_folder/xdg-desktop-portal-$backend" >"$session/portal-backend.log" 2>&1 &
     PORTAL_BACKEND_PID=$!
     export PORTAL_BACKEND_PID
     pids="$PORTAL_BACKEND_PID $pids"
@@ -136,7 +146,8 @@ start_portal() {
     # Only this back end: the portal falls back on any other that is installed.
     mkdir "$session/portals" && cp "/usr/share/xdg-desktop-portal/portals/$backend.portal" "$session/portals/" \
         || failed "$backend.portal is missing"
-    XDG_DESKTOP_PORTAL_DIR="$session/portals" /usr/libexec/xdg-desktop-portal >"$session/portal.log" 2>&1 &
+    XDG_DESKTOP_PORTAL_DIR="$session/portals" LD_PRELOAD="$portal_front_end_preload" \
+        /usr/libexec/xdg-desktop-portal >"$session/portal.log" 2>&1 &
     PORTAL_PID=$!
     export PORTAL_PID
     pids="$PORTAL_PID $pids"
