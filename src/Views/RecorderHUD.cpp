@@ -6,6 +6,7 @@
 #include "Views/FlatButton.h"
 #include "Views/PresetTexts.h"
 #include "Views/ProgressBar.h"
+#include "Views/Recording/TimeLabel.h"
 #include "Views/SegmentedPicker.h"
 #include "Views/Switch.h"
 #include "Views/SymbolLabel.h"
@@ -176,6 +177,8 @@ QWidget* RecorderHUD::makeStatusRow()
     m_statusText = new TextLabel(QString(), TextStyle::Caption, Role::Secondary, TextLabel::Overflow::Wrap, status);
     sentence->addWidget(m_statusSymbol, 0, Qt::AlignTop);
     sentence->addWidget(m_statusText, 1, Qt::AlignVCenter);
+    m_time = new TimeLabel(m_coordinator.recordingClock(), TextStyle::Caption, Role::Red, status);
+    sentence->addWidget(m_time, 0, Qt::AlignVCenter);
     m_progress = new ProgressBar(tr("Progress"), status);
     m_finishButton = new FlatButton(FlatButton::Kind::Small, tr("Finish now"), std::nullopt, status);
     m_finishButton->setToolTip(plainToolTip(tr("Ends with the smallest file made so far")));
@@ -231,6 +234,7 @@ void RecorderHUD::showPhase()
         m_mainButton->setLabel(tr("Stop & Copy"), Symbol::StopCircleFill);
     else
         m_mainButton->setLabel(tr("Record Region"), Symbol::RectangleDashedBadgeRecord);
+    m_time->setVisible(m_coordinator.isIn<RecordingCoordinator::Recording>());
     awaitProgress();
     showPreset(); // another coordinator may have another one
 }

@@ -17,6 +17,7 @@ class SegmentedPicker;
 class Switch;
 class SymbolLabel;
 class TextLabel;
+class TimeLabel;
 
 /// The upper part of the panel: what to record for, how it stands, and the buttons. Holds no state: it shows what the
 /// coordinator and the updater say, whenever they announce a change. Thread: main.
@@ -62,6 +63,7 @@ private:
     Switch* m_everyChange = nullptr;
     SymbolLabel* m_statusSymbol = nullptr;
     TextLabel* m_statusText = nullptr;
+    TimeLabel* m_time = nullptr;
     ProgressBar* m_progress = nullptr;
     FlatButton* m_finishButton = nullptr;
     QTimer* m_progressDelay;

@@ -165,7 +165,7 @@ struct Scene {
 /// A file's name, and what is kept in the history as it was stored.
 bool isData(const QString& text)
 {
-    return text.endsWith(".gif") || text.startsWith("Slack · ");
+    return text.endsWith(".gif") || text.startsWith("Slack · ") || text == RecordingClock::text({});
 }
 
 /// Shows `look` what the window about updates says from a look to a restart, and of one that failed.

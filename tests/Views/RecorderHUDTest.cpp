@@ -5,11 +5,14 @@
 #include "ViewTests.h"
 
 #include "Views/ByteFormat.h"
+#include "Views/Recording/TimeLabel.h"
 #include "Views/Switch.h"
 
 #include <QFileInfo>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <cstdlib>
 
 namespace quillbox {
 namespace {
@@ -43,6 +46,7 @@ private Q_SLOTS:
     void tellsHowToStartWhileIdle();
     void asksForADragWhileSelecting();
     void saysInRedThatItRecords();
+    void showsBesideItHowLongItHasRecorded();
     void saysThatItProcesses();
     void saysInGreenWhatWasCopied();
     void showsOnlyTheNameOfTheFile();
@@ -232,6 +236,22 @@ void RecorderHUDTest::saysInRedThatItRecords()
 {
     m_fixture->record();
     COMPARE_STATUS("Recording…", Symbol::RecordCircle, Role::Red);
+}
+
+void RecorderHUDTest::showsBesideItHowLongItHasRecorded()
+{
+    const auto* const time = m_hud->findChild<TimeLabel*>();
+    QVERIFY(!time->isVisible());
+    m_fixture->record();
+    QVERIFY(time->isVisible());
+    QCOMPARE(time->text(), QString("0:00"));
+    QCOMPARE(time->role(), Role::Red);
+    const auto middle = [this](const QWidget* part) {
+        return part->mapTo(m_hud.get(), part->rect().center()).y();
+    };
+    QVERIFY(std::abs(middle(time) - middle(statusText())) <= 1);
+    m_fixture->coordinator.stop();
+    QVERIFY(!time->isVisible());
 }
 
 void RecorderHUDTest::saysThatItProcesses()

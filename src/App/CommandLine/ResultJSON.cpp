@@ -110,7 +110,8 @@ std::string ResultReport::jsonLine(const Clip& clip)
 std::string StatusReport::jsonLine(const QVariantMap& status)
 {
     nlohmann::ordered_json object;
-    for (const auto* const key : {"phase", "frameCount", "path", "byteCount", "message", "clipboard"}) {
+    for (const auto* const key :
+        {"phase", "frameCount", "elapsedSeconds", "path", "byteCount", "message", "clipboard"}) {
         const auto value = status.value(QLatin1String(key));
         if (value.typeId() == QMetaType::QString)
             object[key] = value.toString().toStdString();

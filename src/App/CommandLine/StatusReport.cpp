@@ -1,5 +1,6 @@
 #include "App/CommandLine/StatusReport.h"
 
+#include "App/Workflow/RecordingClock.h"
 #include "Translation/Translate.h"
 
 namespace quillbox {
@@ -7,6 +8,8 @@ namespace quillbox {
 std::string StatusReport::humanLine(const QVariantMap& status)
 {
     auto line = status.value(QStringLiteral("phase")).toString();
+    if (const auto elapsed = status.value(QStringLiteral("elapsedSeconds")); elapsed.isValid())
+        line += QStringLiteral("  ") + RecordingClock::text(std::chrono::seconds(elapsed.toLongLong()));
     for (const auto* const detail : {"path", "message"}) {
         const auto value = status.value(QLatin1String(detail)).toString();
         if (!value.isEmpty())

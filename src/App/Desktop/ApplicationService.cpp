@@ -199,6 +199,8 @@ QVariantMap ApplicationService::Status() const
     auto status = std::visit(Describe{}, m_coordinator.phase());
     if (m_coordinator.get().recorder()->isRecording())
         status.insert(QStringLiteral("frameCount"), qlonglong{m_actions.frameCount()});
+    if (m_coordinator.isIn<Coordinator::Recording>())
+        status.insert(QStringLiteral("elapsedSeconds"), qlonglong{m_coordinator.recordingClock().elapsed().count()});
     status.insert(QStringLiteral("clipboard"), clipboardState());
     return status;
 }

@@ -70,9 +70,9 @@ public:
     ///                 github or docs.
     Q_SCRIPTABLE Q_INVOKABLE QVariantMap Again(const QVariantMap& options);
     Q_SCRIPTABLE Q_INVOKABLE void Show(const QVariantMap& platformData) const;
-    /// "phase": idle, selecting, recording, processing, done or failed; "frameCount" while it records; "path" and
-    /// "byteCount" of what is done; "message" of what failed. "clipboard": empty, pending or accepted, as Clipboard
-    /// has it.
+    /// "phase": idle, selecting, recording, processing, done or failed; "frameCount" and "elapsedSeconds" while it
+    /// records; "path" and "byteCount" of what is done; "message" of what failed. "clipboard": empty, pending or
+    /// accepted, as Clipboard has it.
     Q_SCRIPTABLE Q_INVOKABLE QVariantMap Status() const;
     /// Puts a saved clip on the clipboard; false if the file can't be read, or is no GIF of at most 256 MB.
     Q_SCRIPTABLE Q_INVOKABLE bool Copy(const QString& path);

@@ -45,6 +45,7 @@ TrayIcon::TrayIcon(CurrentCoordinator& coordinator, QObject* parent)
 
     connect(&coordinator, &CurrentCoordinator::phaseChanged, this, &TrayIcon::redraw);
     connect(&coordinator, &CurrentCoordinator::keepsEveryChangeChanged, this, &TrayIcon::redraw);
+    connect(&coordinator.recordingClock(), &RecordingClock::changed, this, &TrayIcon::showToolTip);
     connect(&m_host, &TrayHost::found, this, [this] {
         create();
         Q_EMIT appeared();
@@ -95,7 +96,17 @@ void TrayIcon::redraw()
     if (!m_icon)
         return;
     m_icon->setIcon(Icons::trayIcon(isRecording));
-    m_icon->setToolTip(isRecording ? tr("Quillbox — Recording…") : QStringLiteral("Quillbox"));
+    showToolTip();
+}
+
+void TrayIcon::showToolTip()
+{
+    if (!m_icon)
+        return;
+    const QString time = RecordingClock::text(m_coordinator.recordingClock().elapsed());
+    m_icon->setToolTip(m_coordinator.isIn<RecordingCoordinator::Recording>()
+            ? tr("Quillbox — Recording…") + QLatin1Char(' ') + time
+            : QStringLiteral("Quillbox"));
 }
 
 } // namespace quillbox

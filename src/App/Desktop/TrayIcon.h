@@ -44,6 +44,7 @@ Q_SIGNALS:
 private:
     void create();
     void redraw();
+    void showToolTip();
 
     CurrentCoordinator& m_coordinator;
     TrayHost m_host;

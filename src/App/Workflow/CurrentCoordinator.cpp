@@ -23,6 +23,12 @@ CurrentCoordinator::CurrentCoordinator(std::unique_ptr<RecordingCoordinator> fir
     connect(&m_remake, &ClipRemake::phaseAboutToChange, this, &CurrentCoordinator::phaseAboutToChange);
     connect(&m_remake, &ClipRemake::phaseChanged, this, &CurrentCoordinator::phaseChanged);
     connect(&m_remake, &ClipRemake::progressChanged, this, &CurrentCoordinator::progressChanged);
+    connect(this, &CurrentCoordinator::phaseAboutToChange, &m_clock, [this](const RecordingCoordinator::Phase& next) {
+        if (std::holds_alternative<RecordingCoordinator::Recording>(next))
+            m_clock.start();
+        else
+            m_clock.stop();
+    });
     adopt(std::move(first));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "App/Workflow/ClipRemake.h"
+#include "App/Workflow/RecordingClock.h"
 #include "App/Workflow/RecordingCoordinator.h"
 
 #include <QObject>
@@ -31,6 +32,9 @@ public:
     /// As those of RecordingCoordinator, for the clip that phase() is about.
     [[nodiscard]] std::optional<ExportProgress> progress() const;
     [[nodiscard]] bool isFinishing() const;
+
+    /// Runs while a recording does.
+    [[nodiscard]] const RecordingClock& recordingClock() const { return m_clock; }
 
     /// Whether clips are made precisely from now on, also the one that is being recorded. At first they are not.
     [[nodiscard]] bool keepsEveryChange() const { return m_keepsEveryChange; }
@@ -79,6 +83,7 @@ private:
 
     std::unique_ptr<RecordingCoordinator> m_coordinator;
     ClipRemake m_remake;
+    RecordingClock m_clock;
     bool m_hasRecorded = false; // what m_remake has is this coordinator's
     bool m_keepsEveryChange = false;
     Precision m_precision = Precision::AsChosen; // of the flow

@@ -111,7 +111,9 @@ TEST_F(ApplicationServiceTest, TellsEveryPhase)
     m_coordinator.begin();
     EXPECT_EQ(status().value("phase").toString(), "selecting");
     m_fixture.selector->select(test::someRegion);
-    EXPECT_EQ(status(), (QVariantMap{{"phase", "recording"}, {"frameCount", 42LL}, {"clipboard", "empty"}}));
+    const QVariantMap recording{
+        {"phase", "recording"}, {"frameCount", 42LL}, {"elapsedSeconds", 0LL}, {"clipboard", "empty"}};
+    EXPECT_EQ(status(), recording);
     ScriptedRecorder::close(m_fixture.recorder->stopGate);
     m_coordinator.stop();
     EXPECT_EQ(status().value("phase").toString(), "processing");
