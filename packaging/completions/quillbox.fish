@@ -36,7 +36,7 @@ complete -c quillbox -n $encode -F
 complete -c quillbox -n $encode -l source-fps -x -d 'Frames per second of the input'
 complete -c quillbox -n $encode -l dither -x -a 'auto always never' -d 'Mix colours that the palette lacks'
 complete -c quillbox -n $encode -l raw -x -d 'The input is raw frames of this size'
-complete -c quillbox -n $encode -l raw-format -x -a 'rgba bgra rgb bgr' -d 'The bytes of a raw pixel'
+complete -c quillbox -n $encode -l raw-format -x -a 'rgba bgra rgb bgr' -d 'With --raw: the bytes of a pixel'
 complete -c quillbox -n $encode -l delay -x -d 'Show each frame of the input for so many seconds'
 complete -c quillbox -n $encode -l crop -x -d 'Take this part of each frame: X,Y,WxH'
 complete -c quillbox -n $encode -l loop -x -d 'Play the GIF so many times'

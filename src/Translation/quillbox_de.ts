@@ -823,10 +823,6 @@
         <translation>neben dem ersten INPUT, mit der Endung gif</translation>
     </message>
     <message>
-        <source>Mix colours that the palette lacks</source>
-        <translation>Farben mischen, die der Palette fehlen</translation>
-    </message>
-    <message>
         <source>Record a region of the screen as a GIF</source>
         <translation>Einen Bereich des Bildschirms als GIF aufnehmen</translation>
     </message>
@@ -965,10 +961,6 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <translation>INPUT besteht aus rohen Bildern dieser Größe, ohne Füllbytes</translation>
     </message>
     <message>
-        <source>The bytes of a raw pixel</source>
-        <translation>Die Bytes eines rohen Pixels</translation>
-    </message>
-    <message>
         <source>Take this part of each frame: left, top and size</source>
         <translation>Diesen Ausschnitt jedes Bildes nehmen: links, oben und Größe</translation>
     </message>
@@ -983,10 +975,6 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>By which standard the YUV4MPEG2 stream has its colours (default: bt709 from 720 rows on, else bt601)</source>
         <translation>Nach welcher Norm der YUV4MPEG2-Strom seine Farben hat (Standard: bt709 ab 720 Zeilen, sonst bt601)</translation>
-    </message>
-    <message>
-        <source>What shows through transparent pixels (default: white)</source>
-        <translation>Was durch durchsichtige Pixel scheint (Standard: Weiß)</translation>
     </message>
     <message>
         <source>Refuse images of another size than the first instead of fitting them into it</source>
@@ -1027,6 +1015,18 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>Where the GIF is meant for (default: as for the clip before)</source>
         <translation>Wofür das GIF gedacht ist (Vorgabe: wie beim Clip davor)</translation>
+    </message>
+    <message>
+        <source>Mix colours that the palette lacks; not with --precise</source>
+        <translation>Farben mischen, die der Palette fehlen; nicht mit --precise</translation>
+    </message>
+    <message>
+        <source>With --raw: the bytes of a pixel</source>
+        <translation>Mit --raw: die Bytes eines Pixels</translation>
+    </message>
+    <message>
+        <source>What shows through transparent pixels (default: white; raw frames are opaque unless this is given)</source>
+        <translation>Was durch durchsichtige Pixel scheint (Standard: Weiß; rohe Bilder sind ohne diese Angabe undurchsichtig)</translation>
     </message>
 </context>
 <context>
@@ -1312,37 +1312,6 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <translation>; über der Grenze von %1 MB für %2: Nehmen Sie kürzer oder einen kleineren Teil des Bildschirms auf</translation>
     </message>
     <message>
-        <source>%1 dB</source>
-        <translation>%1 dB</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n change(s)</source>
-        <translation>
-            <numerusform>%n Änderung</numerusform>
-            <numerusform>%n Änderungen</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>%1 % of the width</source>
-        <translation>%1 % der Breite</translation>
-    </message>
-    <message>
-        <source>every change kept</source>
-        <translation>jede Änderung behalten</translation>
-    </message>
-    <message>
-        <source>%1 and %2</source>
-        <translation>%1 und %2</translation>
-    </message>
-    <message>
-        <source>%1 given up to fit</source>
-        <translation>%1 für die Größe aufgegeben</translation>
-    </message>
-    <message>
-        <source>%1: %2, %3, %4, %5 s, %6</source>
-        <translation>%1: %2, %3, %4, %5 s, %6</translation>
-    </message>
-    <message>
         <source>; over the %1 of --max-size: record less, or a smaller part of the screen</source>
         <translation>; über den %1 von --max-size: weniger oder einen kleineren Teil des Bildschirms aufnehmen</translation>
     </message>
@@ -1363,6 +1332,48 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>; over the %1 MB budget of %2: try --max-width, --crop, fewer frames or another --preset</source>
         <translation>; über dem Limit von %1 MB für %2: versuchen Sie --max-width, --crop, weniger Bilder oder ein anderes --preset</translation>
+    </message>
+    <message>
+        <source>picture %1 dB less exact</source>
+        <translation>Bild %1 dB ungenauer</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s) left out</source>
+        <translation>
+            <numerusform>%n Änderung ausgelassen</numerusform>
+            <numerusform>%n Änderungen ausgelassen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 % narrower</source>
+        <translation>%1 % schmaler</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>; to fit: %1</source>
+        <translation>; damit es passt: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: at most %2 a second (--max-fps)</source>
+        <translation>
+            <numerusform>; %n Bild, %1 behalten: höchstens %2 pro Sekunde (--max-fps)</numerusform>
+            <numerusform>; %n Bilder, %1 behalten: höchstens %2 pro Sekunde (--max-fps)</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>, every change kept</source>
+        <translation>, jede Änderung behalten</translation>
+    </message>
+    <message>
+        <source>%1: %2, %3, %4, %5 s</source>
+        <translation>%1: %2, %3, %4, %5 s</translation>
+    </message>
+    <message>
+        <source>; over the %1 of --max-size: try --max-width, --crop or fewer frames</source>
+        <translation>; über den %1 von --max-size: versuchen Sie --max-width, --crop oder weniger Bilder</translation>
     </message>
 </context>
 <context>
@@ -1594,6 +1605,26 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>--list and --discard can&apos;t be had at once; use one of them</source>
         <translation>--list und --discard gehen nicht zugleich; verwenden Sie eines davon</translation>
+    </message>
+    <message>
+        <source>--region and --select were both given; use one of them to say what to record</source>
+        <translation>--region und --select sind beide angegeben; verwenden Sie eines davon, um zu sagen, was aufgenommen wird</translation>
+    </message>
+    <message>
+        <source>--dither: --precise mixes no colours; leave out one of them</source>
+        <translation>--dither: --precise mischt keine Farben; lassen Sie eines von beiden weg</translation>
+    </message>
+    <message>
+        <source>%1 belongs to --raw; add that</source>
+        <translation>%1 gehört zu --raw; fügen Sie das hinzu</translation>
+    </message>
+    <message>
+        <source>--matrix: raw frames are red, green and blue; leave it out</source>
+        <translation>--matrix: rohe Bilder bestehen aus Rot, Grün und Blau; lassen Sie es weg</translation>
+    </message>
+    <message>
+        <source>--background: %1 frames have no transparency; leave it out</source>
+        <translation>--background: %1-Bilder haben keine Durchsichtigkeit; lassen Sie es weg</translation>
     </message>
 </context>
 <context>

@@ -72,13 +72,6 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n change(s)</source>
-        <translation>
-            <numerusform>%n change</numerusform>
-            <numerusform>%n changes</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
         <source>; %n picture(s), %1 kept: at most %2 a second, and changes of less than 1 % merge (--precise keeps them)</source>
         <translation>
             <numerusform>; %n picture, %1 kept: at most %2 a second, and changes of less than 1 % merge (--precise keeps them)</numerusform>
@@ -90,6 +83,20 @@
         <translation>
             <numerusform>; %n picture, %1 kept: changes of less than 1 % merge (--precise keeps them)</numerusform>
             <numerusform>; %n pictures, %1 kept: changes of less than 1 % merge (--precise keeps them)</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s) left out</source>
+        <translation>
+            <numerusform>%n change left out</numerusform>
+            <numerusform>%n changes left out</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: at most %2 a second (--max-fps)</source>
+        <translation>
+            <numerusform>; %n picture, %1 kept: at most %2 a second (--max-fps)</numerusform>
+            <numerusform>; %n pictures, %1 kept: at most %2 a second (--max-fps)</numerusform>
         </translation>
     </message>
 </context>

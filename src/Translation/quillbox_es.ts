@@ -823,10 +823,6 @@
         <translation>junto al primer INPUT, con la extensión gif</translation>
     </message>
     <message>
-        <source>Mix colours that the palette lacks</source>
-        <translation>Mezclar los colores que faltan en la paleta</translation>
-    </message>
-    <message>
         <source>Record a region of the screen as a GIF</source>
         <translation>Grabar un área de la pantalla como GIF</translation>
     </message>
@@ -965,10 +961,6 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <translation>INPUT son fotogramas sin formato de este tamaño, sin relleno</translation>
     </message>
     <message>
-        <source>The bytes of a raw pixel</source>
-        <translation>Los bytes de un píxel sin formato</translation>
-    </message>
-    <message>
         <source>Take this part of each frame: left, top and size</source>
         <translation>Tomar esta parte de cada imagen: izquierda, arriba y tamaño</translation>
     </message>
@@ -983,10 +975,6 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>By which standard the YUV4MPEG2 stream has its colours (default: bt709 from 720 rows on, else bt601)</source>
         <translation>Según qué norma tiene sus colores el flujo YUV4MPEG2 (por omisión: bt709 desde 720 filas, si no bt601)</translation>
-    </message>
-    <message>
-        <source>What shows through transparent pixels (default: white)</source>
-        <translation>Lo que se ve a través de los píxeles transparentes (por omisión: blanco)</translation>
     </message>
     <message>
         <source>Refuse images of another size than the first instead of fitting them into it</source>
@@ -1027,6 +1015,18 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>Where the GIF is meant for (default: as for the clip before)</source>
         <translation>Para qué sirve el GIF (por omisión: como el clip anterior)</translation>
+    </message>
+    <message>
+        <source>Mix colours that the palette lacks; not with --precise</source>
+        <translation>Mezclar los colores que faltan en la paleta; no con --precise</translation>
+    </message>
+    <message>
+        <source>With --raw: the bytes of a pixel</source>
+        <translation>Con --raw: los bytes de un píxel</translation>
+    </message>
+    <message>
+        <source>What shows through transparent pixels (default: white; raw frames are opaque unless this is given)</source>
+        <translation>Lo que se ve a través de los píxeles transparentes (por defecto, blanco; los fotogramas en bruto son opacos si no se indica)</translation>
     </message>
 </context>
 <context>
@@ -1312,37 +1312,6 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <translation>; supera el límite de %1 MB de %2: grabe menos tiempo o una parte más pequeña de la pantalla</translation>
     </message>
     <message>
-        <source>%1 dB</source>
-        <translation>%1 dB</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n change(s)</source>
-        <translation>
-            <numerusform>%n cambio</numerusform>
-            <numerusform>%n cambios</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>%1 % of the width</source>
-        <translation>el %1 % del ancho</translation>
-    </message>
-    <message>
-        <source>every change kept</source>
-        <translation>se conserva cada cambio</translation>
-    </message>
-    <message>
-        <source>%1 and %2</source>
-        <translation>%1 y %2</translation>
-    </message>
-    <message>
-        <source>%1 given up to fit</source>
-        <translation>se cedió %1 para caber</translation>
-    </message>
-    <message>
-        <source>%1: %2, %3, %4, %5 s, %6</source>
-        <translation>%1: %2, %3, %4, %5 s, %6</translation>
-    </message>
-    <message>
         <source>; over the %1 of --max-size: record less, or a smaller part of the screen</source>
         <translation>; supera los %1 de --max-size: grabe menos, o una parte más pequeña de la pantalla</translation>
     </message>
@@ -1363,6 +1332,48 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>; over the %1 MB budget of %2: try --max-width, --crop, fewer frames or another --preset</source>
         <translation>; por encima del límite de %1 MB de %2: pruebe --max-width, --crop, menos imágenes u otro --preset</translation>
+    </message>
+    <message>
+        <source>picture %1 dB less exact</source>
+        <translation>imagen %1 dB menos exacta</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s) left out</source>
+        <translation>
+            <numerusform>%n cambio omitido</numerusform>
+            <numerusform>%n cambios omitidos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 % narrower</source>
+        <translation>%1 % más estrecho</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>; to fit: %1</source>
+        <translation>; para que quepa: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: at most %2 a second (--max-fps)</source>
+        <translation>
+            <numerusform>; %n imagen, %1 conservadas: como máximo %2 por segundo (--max-fps)</numerusform>
+            <numerusform>; %n imágenes, %1 conservadas: como máximo %2 por segundo (--max-fps)</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>, every change kept</source>
+        <translation>, se conservan todos los cambios</translation>
+    </message>
+    <message>
+        <source>%1: %2, %3, %4, %5 s</source>
+        <translation>%1: %2, %3, %4, %5 s</translation>
+    </message>
+    <message>
+        <source>; over the %1 of --max-size: try --max-width, --crop or fewer frames</source>
+        <translation>; supera los %1 de --max-size: pruebe --max-width, --crop o menos fotogramas</translation>
     </message>
 </context>
 <context>
@@ -1594,6 +1605,26 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>--list and --discard can&apos;t be had at once; use one of them</source>
         <translation>--list y --discard no se pueden usar a la vez; use una de las dos</translation>
+    </message>
+    <message>
+        <source>--region and --select were both given; use one of them to say what to record</source>
+        <translation>se han indicado --region y --select; use uno de los dos para decir qué grabar</translation>
+    </message>
+    <message>
+        <source>--dither: --precise mixes no colours; leave out one of them</source>
+        <translation>--dither: --precise no mezcla colores; omita uno de los dos</translation>
+    </message>
+    <message>
+        <source>%1 belongs to --raw; add that</source>
+        <translation>%1 va con --raw; añádalo</translation>
+    </message>
+    <message>
+        <source>--matrix: raw frames are red, green and blue; leave it out</source>
+        <translation>--matrix: los fotogramas en bruto son de rojo, verde y azul; omítalo</translation>
+    </message>
+    <message>
+        <source>--background: %1 frames have no transparency; leave it out</source>
+        <translation>--background: los fotogramas %1 no tienen transparencia; omítalo</translation>
     </message>
 </context>
 <context>

@@ -823,10 +823,6 @@
         <translation>à côté du premier INPUT, avec l&apos;extension gif</translation>
     </message>
     <message>
-        <source>Mix colours that the palette lacks</source>
-        <translation>Mélanger les couleurs absentes de la palette</translation>
-    </message>
-    <message>
         <source>Record a region of the screen as a GIF</source>
         <translation>Enregistrer une zone de l&apos;écran en GIF</translation>
     </message>
@@ -965,10 +961,6 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <translation>INPUT est fait d’images brutes de cette taille, sans remplissage</translation>
     </message>
     <message>
-        <source>The bytes of a raw pixel</source>
-        <translation>Les octets d’un pixel brut</translation>
-    </message>
-    <message>
         <source>Take this part of each frame: left, top and size</source>
         <translation>Prendre cette partie de chaque image : gauche, haut et taille</translation>
     </message>
@@ -983,10 +975,6 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>By which standard the YUV4MPEG2 stream has its colours (default: bt709 from 720 rows on, else bt601)</source>
         <translation>Selon quelle norme le flux YUV4MPEG2 a ses couleurs (par défaut : bt709 dès 720 lignes, sinon bt601)</translation>
-    </message>
-    <message>
-        <source>What shows through transparent pixels (default: white)</source>
-        <translation>Ce qui se voit à travers les pixels transparents (par défaut : blanc)</translation>
     </message>
     <message>
         <source>Refuse images of another size than the first instead of fitting them into it</source>
@@ -1027,6 +1015,18 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>Where the GIF is meant for (default: as for the clip before)</source>
         <translation>À quoi le GIF est destiné (par défaut : comme le clip précédent)</translation>
+    </message>
+    <message>
+        <source>Mix colours that the palette lacks; not with --precise</source>
+        <translation>Mélanger les couleurs qui manquent à la palette&#xa0;; pas avec --precise</translation>
+    </message>
+    <message>
+        <source>With --raw: the bytes of a pixel</source>
+        <translation>Avec --raw&#xa0;: les octets d’un pixel</translation>
+    </message>
+    <message>
+        <source>What shows through transparent pixels (default: white; raw frames are opaque unless this is given)</source>
+        <translation>Ce qui se voit à travers les pixels transparents (par défaut&#xa0;: blanc&#xa0;; sans cette option, les images brutes sont opaques)</translation>
     </message>
 </context>
 <context>
@@ -1312,37 +1312,6 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <translation>; au-delà des %1 MB prévus pour %2&#xa0;: enregistrez moins longtemps, ou une plus petite partie de l&apos;écran</translation>
     </message>
     <message>
-        <source>%1 dB</source>
-        <translation>%1 dB</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n change(s)</source>
-        <translation>
-            <numerusform>%n changement</numerusform>
-            <numerusform>%n changements</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>%1 % of the width</source>
-        <translation>%1 % de la largeur</translation>
-    </message>
-    <message>
-        <source>every change kept</source>
-        <translation>chaque changement conservé</translation>
-    </message>
-    <message>
-        <source>%1 and %2</source>
-        <translation>%1 et %2</translation>
-    </message>
-    <message>
-        <source>%1 given up to fit</source>
-        <translation>%1 sacrifié(s) pour tenir dans la taille</translation>
-    </message>
-    <message>
-        <source>%1: %2, %3, %4, %5 s, %6</source>
-        <translation>%1 : %2, %3, %4, %5 s, %6</translation>
-    </message>
-    <message>
         <source>; over the %1 of --max-size: record less, or a smaller part of the screen</source>
         <translation> ; dépasse les %1 de --max-size : enregistrez moins, ou une plus petite partie de l’écran</translation>
     </message>
@@ -1363,6 +1332,48 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>; over the %1 MB budget of %2: try --max-width, --crop, fewer frames or another --preset</source>
         <translation> ; dépasse la limite de %1 Mo de %2 : essayez --max-width, --crop, moins d’images ou un autre --preset</translation>
+    </message>
+    <message>
+        <source>picture %1 dB less exact</source>
+        <translation>image %1 dB moins exacte</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s) left out</source>
+        <translation>
+            <numerusform>%n changement omis</numerusform>
+            <numerusform>%n changements omis</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 % narrower</source>
+        <translation>%1 % moins large</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>; to fit: %1</source>
+        <translation>&#xa0;; pour tenir dans la taille&#xa0;: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: at most %2 a second (--max-fps)</source>
+        <translation>
+            <numerusform>&#xa0;; %n image, %1 gardées&#xa0;: au plus %2 par seconde (--max-fps)</numerusform>
+            <numerusform>&#xa0;; %n images, %1 gardées&#xa0;: au plus %2 par seconde (--max-fps)</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>, every change kept</source>
+        <translation>, chaque changement gardé</translation>
+    </message>
+    <message>
+        <source>%1: %2, %3, %4, %5 s</source>
+        <translation>%1&#xa0;: %2, %3, %4, %5 s</translation>
+    </message>
+    <message>
+        <source>; over the %1 of --max-size: try --max-width, --crop or fewer frames</source>
+        <translation>&#xa0;; au-delà des %1 de --max-size&#xa0;: essayez --max-width, --crop ou moins d’images</translation>
     </message>
 </context>
 <context>
@@ -1594,6 +1605,26 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>--list and --discard can&apos;t be had at once; use one of them</source>
         <translation>--list et --discard ne vont pas ensemble&#xa0;; utilisez l&apos;une des deux</translation>
+    </message>
+    <message>
+        <source>--region and --select were both given; use one of them to say what to record</source>
+        <translation>--region et --select sont donnés tous les deux&#xa0;; n’utilisez que l’un des deux pour dire quoi enregistrer</translation>
+    </message>
+    <message>
+        <source>--dither: --precise mixes no colours; leave out one of them</source>
+        <translation>--dither&#xa0;: --precise ne mélange pas de couleurs&#xa0;; retirez l’un des deux</translation>
+    </message>
+    <message>
+        <source>%1 belongs to --raw; add that</source>
+        <translation>%1 va avec --raw&#xa0;; ajoutez-le</translation>
+    </message>
+    <message>
+        <source>--matrix: raw frames are red, green and blue; leave it out</source>
+        <translation>--matrix&#xa0;: les images brutes sont en rouge, vert et bleu&#xa0;; retirez-la</translation>
+    </message>
+    <message>
+        <source>--background: %1 frames have no transparency; leave it out</source>
+        <translation>--background&#xa0;: les images %1 n’ont pas de transparence&#xa0;; retirez-la</translation>
     </message>
 </context>
 <context>

@@ -821,10 +821,6 @@
         <translation>最初の INPUT と同じ場所、拡張子 gif</translation>
     </message>
     <message>
-        <source>Mix colours that the palette lacks</source>
-        <translation>パレットにない色を混ぜて表す</translation>
-    </message>
-    <message>
         <source>Record a region of the screen as a GIF</source>
         <translation>画面の一部を GIF として録画する</translation>
     </message>
@@ -963,10 +959,6 @@ The commands below have more examples: quillbox encode --help</source>
         <translation>INPUT はこの大きさの生フレーム (パディングなし)</translation>
     </message>
     <message>
-        <source>The bytes of a raw pixel</source>
-        <translation>生のピクセルのバイト順</translation>
-    </message>
-    <message>
         <source>Take this part of each frame: left, top and size</source>
         <translation>各フレームのこの部分だけを使う: 左、上、大きさ</translation>
     </message>
@@ -981,10 +973,6 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>By which standard the YUV4MPEG2 stream has its colours (default: bt709 from 720 rows on, else bt601)</source>
         <translation>YUV4MPEG2 ストリームの色の規格 (既定: 720 行以上は bt709、それ以外は bt601)</translation>
-    </message>
-    <message>
-        <source>What shows through transparent pixels (default: white)</source>
-        <translation>透明なピクセルの背後の色 (既定: 白)</translation>
     </message>
     <message>
         <source>Refuse images of another size than the first instead of fitting them into it</source>
@@ -1025,6 +1013,18 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>Where the GIF is meant for (default: as for the clip before)</source>
         <translation>GIF の用途（既定: 前のクリップと同じ）</translation>
+    </message>
+    <message>
+        <source>Mix colours that the palette lacks; not with --precise</source>
+        <translation>パレットにない色を混ぜて表す。--precise では使えません</translation>
+    </message>
+    <message>
+        <source>With --raw: the bytes of a pixel</source>
+        <translation>--raw のとき: 1 ピクセルのバイトの並び</translation>
+    </message>
+    <message>
+        <source>What shows through transparent pixels (default: white; raw frames are opaque unless this is given)</source>
+        <translation>透明なピクセルの背景の色（既定は白。指定しなければ生のフレームは不透明）</translation>
     </message>
 </context>
 <context>
@@ -1304,36 +1304,6 @@ The commands below have more examples: quillbox encode --help</source>
         <translation>。%2 の上限 %1 MB を超えています。録画を短くするか、画面の範囲を小さくしてください</translation>
     </message>
     <message>
-        <source>%1 dB</source>
-        <translation>%1 dB</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n change(s)</source>
-        <translation>
-            <numerusform>%n 個の変化</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>%1 % of the width</source>
-        <translation>幅の %1 %</translation>
-    </message>
-    <message>
-        <source>every change kept</source>
-        <translation>すべての変化を保持</translation>
-    </message>
-    <message>
-        <source>%1 and %2</source>
-        <translation>%1 と %2</translation>
-    </message>
-    <message>
-        <source>%1 given up to fit</source>
-        <translation>収めるために %1 を省略</translation>
-    </message>
-    <message>
-        <source>%1: %2, %3, %4, %5 s, %6</source>
-        <translation>%1: %2、%3、%4、%5 秒、%6</translation>
-    </message>
-    <message>
         <source>; over the %1 of --max-size: record less, or a smaller part of the screen</source>
         <translation>; --max-size の %1 を超えています: 短く、または画面のより狭い範囲を録画してください</translation>
     </message>
@@ -1352,6 +1322,46 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>; over the %1 MB budget of %2: try --max-width, --crop, fewer frames or another --preset</source>
         <translation>。%2 の上限 %1 MB を超えています: --max-width、--crop、フレームを減らす、別の --preset を試してください</translation>
+    </message>
+    <message>
+        <source>picture %1 dB less exact</source>
+        <translation>画像の正確さ −%1 dB</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s) left out</source>
+        <translation>
+            <numerusform>変化 %n 件を省略</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 % narrower</source>
+        <translation>幅 −%1 %</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1、%2</translation>
+    </message>
+    <message>
+        <source>; to fit: %1</source>
+        <translation>。サイズに収めるため: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: at most %2 a second (--max-fps)</source>
+        <translation>
+            <numerusform>。%n 枚のうち %1 枚を保持: 毎秒最大 %2 枚（--max-fps）</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>, every change kept</source>
+        <translation>、すべての変化を保持</translation>
+    </message>
+    <message>
+        <source>%1: %2, %3, %4, %5 s</source>
+        <translation>%1: %2、%3、%4、%5 秒</translation>
+    </message>
+    <message>
+        <source>; over the %1 of --max-size: try --max-width, --crop or fewer frames</source>
+        <translation>。--max-size の %1 を超えています: --max-width、--crop、またはより少ないフレームを試してください</translation>
     </message>
 </context>
 <context>
@@ -1582,6 +1592,26 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>--list and --discard can&apos;t be had at once; use one of them</source>
         <translation>--list と --discard は同時に使えません。どちらかを使ってください</translation>
+    </message>
+    <message>
+        <source>--region and --select were both given; use one of them to say what to record</source>
+        <translation>--region と --select の両方が指定されています。録画する範囲はどちらか一方で指定してください</translation>
+    </message>
+    <message>
+        <source>--dither: --precise mixes no colours; leave out one of them</source>
+        <translation>--dither: --precise は色を混ぜません。どちらか一方を外してください</translation>
+    </message>
+    <message>
+        <source>%1 belongs to --raw; add that</source>
+        <translation>%1 は --raw とともに使います。--raw を付けてください</translation>
+    </message>
+    <message>
+        <source>--matrix: raw frames are red, green and blue; leave it out</source>
+        <translation>--matrix: 生のフレームは赤・緑・青です。指定を外してください</translation>
+    </message>
+    <message>
+        <source>--background: %1 frames have no transparency; leave it out</source>
+        <translation>--background: %1 のフレームには透明度がありません。指定を外してください</translation>
     </message>
 </context>
 <context>

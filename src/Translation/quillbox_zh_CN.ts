@@ -821,10 +821,6 @@
         <translation>与第一个 INPUT 同处，扩展名为 gif</translation>
     </message>
     <message>
-        <source>Mix colours that the palette lacks</source>
-        <translation>混合调色板中缺少的颜色</translation>
-    </message>
-    <message>
         <source>Record a region of the screen as a GIF</source>
         <translation>将屏幕区域录制为 GIF</translation>
     </message>
@@ -963,10 +959,6 @@ The commands below have more examples: quillbox encode --help</source>
         <translation>INPUT 是此尺寸的原始帧，无填充</translation>
     </message>
     <message>
-        <source>The bytes of a raw pixel</source>
-        <translation>原始像素的字节</translation>
-    </message>
-    <message>
         <source>Take this part of each frame: left, top and size</source>
         <translation>取每帧的这一部分：左、上和尺寸</translation>
     </message>
@@ -981,10 +973,6 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>By which standard the YUV4MPEG2 stream has its colours (default: bt709 from 720 rows on, else bt601)</source>
         <translation>YUV4MPEG2 流的颜色所依标准（默认：720 行及以上为 bt709，否则 bt601）</translation>
-    </message>
-    <message>
-        <source>What shows through transparent pixels (default: white)</source>
-        <translation>透明像素背后的颜色（默认：白色）</translation>
     </message>
     <message>
         <source>Refuse images of another size than the first instead of fitting them into it</source>
@@ -1025,6 +1013,18 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>Where the GIF is meant for (default: as for the clip before)</source>
         <translation>GIF 的用途（默认：与上一个剪辑相同）</translation>
+    </message>
+    <message>
+        <source>Mix colours that the palette lacks; not with --precise</source>
+        <translation>混合调色板中没有的颜色；不能与 --precise 一起使用</translation>
+    </message>
+    <message>
+        <source>With --raw: the bytes of a pixel</source>
+        <translation>与 --raw 一起使用：一个像素的字节</translation>
+    </message>
+    <message>
+        <source>What shows through transparent pixels (default: white; raw frames are opaque unless this is given)</source>
+        <translation>透过透明像素显示的颜色（默认为白色；不指定时原始帧视为不透明）</translation>
     </message>
 </context>
 <context>
@@ -1304,36 +1304,6 @@ The commands below have more examples: quillbox encode --help</source>
         <translation>；超出 %2 的 %1 MB 上限：请缩短录制时间或缩小屏幕区域</translation>
     </message>
     <message>
-        <source>%1 dB</source>
-        <translation>%1 dB</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n change(s)</source>
-        <translation>
-            <numerusform>%n 处变化</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>%1 % of the width</source>
-        <translation>%1 % 的宽度</translation>
-    </message>
-    <message>
-        <source>every change kept</source>
-        <translation>保留了每一处变化</translation>
-    </message>
-    <message>
-        <source>%1 and %2</source>
-        <translation>%1和%2</translation>
-    </message>
-    <message>
-        <source>%1 given up to fit</source>
-        <translation>为符合大小舍弃了%1</translation>
-    </message>
-    <message>
-        <source>%1: %2, %3, %4, %5 s, %6</source>
-        <translation>%1：%2，%3，%4，%5 秒，%6</translation>
-    </message>
-    <message>
         <source>; over the %1 of --max-size: record less, or a smaller part of the screen</source>
         <translation>；超出 --max-size 的 %1：请录制得短一些，或录制屏幕上更小的一块</translation>
     </message>
@@ -1352,6 +1322,46 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>; over the %1 MB budget of %2: try --max-width, --crop, fewer frames or another --preset</source>
         <translation>；超出 %2 的 %1 MB 限额：请尝试 --max-width、--crop、减少帧数或换一个 --preset</translation>
+    </message>
+    <message>
+        <source>picture %1 dB less exact</source>
+        <translation>画面精确度降低 %1 dB</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s) left out</source>
+        <translation>
+            <numerusform>省略 %n 处变化</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 % narrower</source>
+        <translation>宽度缩小 %1 %</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1，%2</translation>
+    </message>
+    <message>
+        <source>; to fit: %1</source>
+        <translation>；为满足大小限制：%1</translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n picture(s), %1 kept: at most %2 a second (--max-fps)</source>
+        <translation>
+            <numerusform>；%n 幅画面中保留 %1 幅：每秒最多 %2 幅（--max-fps）</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>, every change kept</source>
+        <translation>，保留每处变化</translation>
+    </message>
+    <message>
+        <source>%1: %2, %3, %4, %5 s</source>
+        <translation>%1：%2，%3，%4，%5 秒</translation>
+    </message>
+    <message>
+        <source>; over the %1 of --max-size: try --max-width, --crop or fewer frames</source>
+        <translation>；超过 --max-size 的 %1：请尝试 --max-width、--crop 或减少帧数</translation>
     </message>
 </context>
 <context>
@@ -1582,6 +1592,26 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>--list and --discard can&apos;t be had at once; use one of them</source>
         <translation>--list 和 --discard 不能同时使用；请使用其中一个</translation>
+    </message>
+    <message>
+        <source>--region and --select were both given; use one of them to say what to record</source>
+        <translation>同时给出了 --region 和 --select；请只用其中一个来指定录制范围</translation>
+    </message>
+    <message>
+        <source>--dither: --precise mixes no colours; leave out one of them</source>
+        <translation>--dither：--precise 不混合颜色；请去掉其中一个</translation>
+    </message>
+    <message>
+        <source>%1 belongs to --raw; add that</source>
+        <translation>%1 要与 --raw 一起使用；请加上它</translation>
+    </message>
+    <message>
+        <source>--matrix: raw frames are red, green and blue; leave it out</source>
+        <translation>--matrix：原始帧由红、绿、蓝组成；请去掉它</translation>
+    </message>
+    <message>
+        <source>--background: %1 frames have no transparency; leave it out</source>
+        <translation>--background：%1 帧没有透明度；请去掉它</translation>
     </message>
 </context>
 <context>

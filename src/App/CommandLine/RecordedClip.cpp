@@ -4,6 +4,7 @@
 #include "App/CommandLine/ResultReport.h"
 #include "App/CommandLine/Terminal/ProgressLine.h"
 #include "App/Workflow/ClipExport.h"
+#include "Capture/FrameTimeline.h"
 #include "Translation/Translate.h"
 
 #include <QFile>
@@ -16,10 +17,15 @@ RecordedClip::Encoded RecordedClip::encode(const Recording& recording, const Out
     const std::function<void(const GIFOptimizer::Progress&)>& progress)
 {
     if (!options.precise)
-        return {.result = ClipExport::encode(recording, options.preset, {.progress = progress}), .precise = {}};
+        return {.result = ClipExport::encode(recording, options.preset, {.progress = progress}),
+            .precise = {},
+            .pictures = recording.distinctCount()};
     auto precise = ClipExport::encodePrecisely(recording, *options.precise, {.progress = progress});
     auto clip = std::exchange(precise.clip, {});
-    return {.result = std::move(clip), .precise = std::move(precise)};
+    const bool isRateLowered = options.precise->maxFPS < FrameTimeline::framesPerSecond;
+    return {.result = std::move(clip),
+        .precise = std::move(precise),
+        .pictures = isRateLowered ? recording.distinctCount() : 0};
 }
 
 std::string RecordedClip::save(const Encoded& encoded, const Recording& recording, const OutputOptions& options,
@@ -33,7 +39,12 @@ std::string RecordedClip::save(const Encoded& encoded, const Recording& recordin
         options.output ? *options.output : QFile::encodeName(ClipExport::save(gif, date)).toStdString(), options.force);
     recording.settle();
     line.clear();
-    ResultReport::Clip saved{.result = encoded.result, .preset = options.preset, .output = output.name()};
+    const auto shownRate = options.precise ? options.precise->maxFPS : encoded.result.effectiveFPS;
+    ResultReport::Clip saved{.result = encoded.result,
+        .preset = options.preset,
+        .output = output.name(),
+        .pictures = encoded.pictures,
+        .isRateLowered = shownRate < FrameTimeline::framesPerSecond};
     if (encoded.precise)
         saved.precise.emplace(ResultReport::Clip::Precise{*encoded.precise, *options.precise});
     if (options.json || !options.quiet)

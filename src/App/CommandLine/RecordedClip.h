@@ -7,6 +7,7 @@
 
 #include <QDateTime>
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -22,6 +23,7 @@ namespace RecordedClip {
 struct Encoded {
     GIFOptimizer::Result result;
     std::optional<PreciseOptimizer::Result> precise; ///< without the clip
+    std::int64_t pictures = 0; ///< recorded ones that differ from the one before; 0 where nobody counted
 };
 
 /// Thread: any. @pre the recording has a frame. @throws what `ClipExport::encode` and `encodePrecisely` throw

@@ -38,8 +38,8 @@ int count(std::int64_t number)
 /// What became of the pictures, where more than a tenth of them is not shown.
 std::string lossOf(const ResultReport::Clip& clip)
 {
-    if (clip.result.frameCount * 10 >= clip.pictures * 9)
-        return {};
+    if (clip.precise || clip.result.frameCount * 10 >= clip.pictures * 9)
+        return {}; // a precise one says it in its own words
     const auto text = clip.isRateLowered
         ? translate("ResultReport",
             "; %n picture(s), %1 kept: at most %2 a second, and changes of less than 1 % merge (--precise keeps them)",
@@ -58,33 +58,44 @@ bool ResultReport::isOverBudget(const Clip& clip)
 
 namespace {
 
-/// What was given up for the size of a precise clip, or that nothing was.
-std::string givenUp(const PreciseOptimizer::Result& result)
+/// What a precise clip lacks of its frames, or that it lacks nothing.
+std::string preciseLoss(const ResultReport::Clip& clip)
 {
+    const PreciseOptimizer::Result& result = clip.precise->result;
     std::vector<std::string> parts;
     if (result.lossDecibels >= 0.05)
-        parts.push_back(withArguments(translate("ResultReport", "%1 dB"), {decimal(result.lossDecibels, 1)}));
+        parts.push_back(
+            withArguments(translate("ResultReport", "picture %1 dB less exact"), {decimal(result.lossDecibels, 1)}));
     if (result.thinnedFrames > 0)
-        parts.push_back(translate("ResultReport", "%n change(s)", nullptr, count(result.thinnedFrames)));
+        parts.push_back(translate("ResultReport", "%n change(s) left out", nullptr, count(result.thinnedFrames)));
     if (result.scale < 1)
         parts.push_back(
-            withArguments(translate("ResultReport", "%1 % of the width"), {decimal(100 - 100 * result.scale, 0)}));
-    if (parts.empty())
-        return translate("ResultReport", "every change kept");
-    std::string list = parts.front();
-    for (std::size_t i = 1; i < parts.size(); ++i)
-        list = withArguments(translate("ResultReport", "%1 and %2"), {list, parts[i]});
-    return withArguments(translate("ResultReport", "%1 given up to fit"), {list});
+            withArguments(translate("ResultReport", "%1 % narrower"), {decimal(100 - 100 * result.scale, 0)}));
+    std::string text;
+    if (!parts.empty()) {
+        std::string list = parts.front();
+        for (std::size_t i = 1; i < parts.size(); ++i)
+            list = withArguments(translate("ResultReport", "%1, %2"), {list, parts[i]});
+        text = withArguments(translate("ResultReport", "; to fit: %1"), {list});
+    }
+    const std::int64_t kept = clip.result.frameCount + result.thinnedFrames;
+    if (clip.isRateLowered && kept < clip.pictures)
+        return text
+            + withArguments(translate("ResultReport", "; %n picture(s), %1 kept: at most %2 a second (--max-fps)",
+                                nullptr, count(clip.pictures)),
+                {std::to_string(kept), std::to_string(clip.precise->config.maxFPS)});
+    return parts.empty() ? translate("ResultReport", ", every change kept") : text;
 }
 
 std::string preciseSummary(const ResultReport::Clip& clip)
 {
     const auto& result = clip.result;
-    return withArguments(translate("ResultReport", "%1: %2, %3, %4, %5 s, %6"),
-        {ErrorReport::oneLine(clip.output), size(result.byteCount),
-            translate("ResultReport", "%n frame(s)", nullptr, count(result.frameCount)),
-            translate("ResultReport", "%n colour(s)", nullptr, count(result.colorCount)),
-            decimal(result.durationSeconds, 1), givenUp(clip.precise->result)});
+    return withArguments(translate("ResultReport", "%1: %2, %3, %4, %5 s"),
+               {ErrorReport::oneLine(clip.output), size(result.byteCount),
+                   translate("ResultReport", "%n frame(s)", nullptr, count(result.frameCount)),
+                   translate("ResultReport", "%n colour(s)", nullptr, count(result.colorCount)),
+                   decimal(result.durationSeconds, 1)})
+        + preciseLoss(clip);
 }
 
 std::string summary(const ResultReport::Clip& clip)
@@ -110,8 +121,10 @@ std::string ResultReport::humanLine(const Clip& clip)
 {
     std::string line = clip.precise ? preciseSummary(clip) : summary(clip);
     if (isOverBudget(clip) && hasOwnBudget(clip)) {
-        line += withArguments(
-            translate("ResultReport", "; over the %1 of --max-size: record less, or a smaller part of the screen"),
+        line += withArguments(clip.isOfFrames
+                ? translate("ResultReport", "; over the %1 of --max-size: try --max-width, --crop or fewer frames")
+                : translate(
+                    "ResultReport", "; over the %1 of --max-size: record less, or a smaller part of the screen"),
             {size(clip.precise->config.targetBytes)});
     } else if (isOverBudget(clip)) {
         const auto megabytes = decimal(static_cast<double>(clip.preset.targetBytes()) / 1'000'000, 0);

@@ -31,8 +31,8 @@ struct Clip {
 
 /// "demo.gif: 1.2 MB, 40 frames, 64 colours, 12 fps, 5.3 s, dithered" and a newline, numbers as the user's locale
 /// writes them. A clip over its budget says so at the end, and what became of its pictures where fewer than nine in ten
-/// are left. A precise one says what was given up for the budget: "demo.gif: 1.9 MB, 80 frames, 256 colours, 5.3 s,
-/// 3.1 dB and 12 changes given up to fit", or "every change kept".
+/// are left. A precise one says what was given up for the budget: "demo.gif: 1.9 MB, 80 frames, 256 colours, 5.3 s;
+/// to fit: picture 3.1 dB less exact, 12 changes left out", what its rate had no room for, or "every change kept".
 [[nodiscard]] std::string humanLine(const Clip& clip);
 
 /// One JSON object on one line, and a newline: the fields of `GIFOptimizer::Result` but the data, in their order,

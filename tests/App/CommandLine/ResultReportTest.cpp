@@ -136,11 +136,31 @@ TEST(ResultReport, SaysWhatAPreciseClipGaveUp)
 {
     PreciseClip precise{.result = {.clip = result(1234567), .qualityDecibels = 40, .lossDecibels = 2.34}};
     EXPECT_EQ(ResultReport::humanLine(precise.clip()),
-        "a.gif: 1.2 MB, 40 frames, 64 colours, 3.3 s, 2.3 dB given up to fit\n");
+        "a.gif: 1.2 MB, 40 frames, 64 colours, 3.3 s; to fit: picture 2.3 dB less exact\n");
     precise.result.thinnedFrames = 1;
     precise.result.scale = 0.8;
     EXPECT_EQ(ResultReport::humanLine(precise.clip()),
-        "a.gif: 1.2 MB, 40 frames, 64 colours, 3.3 s, 2.3 dB and 1 change and 20 % of the width given up to fit\n");
+        "a.gif: 1.2 MB, 40 frames, 64 colours, 3.3 s; to fit: picture 2.3 dB less exact, 1 change left out, "
+        "20 % narrower\n");
+}
+
+TEST(ResultReport, SaysOfAPreciseClipWhatItsRateHadNoRoomFor)
+{
+    PreciseClip precise{.result = {.clip = result(1234567)}};
+    auto clip = precise.clip();
+    clip.pictures = 80;
+    EXPECT_EQ(ResultReport::humanLine(clip), "a.gif: 1.2 MB, 40 frames, 64 colours, 3.3 s, every change kept\n")
+        << "frames that are alike once they are shrunk";
+    clip.isRateLowered = true;
+    EXPECT_EQ(ResultReport::humanLine(clip),
+        "a.gif: 1.2 MB, 40 frames, 64 colours, 3.3 s; 80 pictures, 40 kept: at most 30 a second (--max-fps)\n");
+    precise.result.thinnedFrames = 2;
+    EXPECT_EQ(ResultReport::humanLine(clip),
+        "a.gif: 1.2 MB, 40 frames, 64 colours, 3.3 s; to fit: 2 changes left out; 80 pictures, 42 kept: at most 30 a "
+        "second (--max-fps)\n");
+    precise.result.thinnedFrames = 40;
+    EXPECT_EQ(
+        ResultReport::humanLine(clip), "a.gif: 1.2 MB, 40 frames, 64 colours, 3.3 s; to fit: 40 changes left out\n");
 }
 
 TEST(ResultReport, AddsToTheJSONObjectWhatAPreciseClipGaveUp)
@@ -162,6 +182,11 @@ TEST(ResultReport, ComparesAPreciseClipWithItsOwnBudget)
     EXPECT_TRUE(ResultReport::isOverBudget(precise.clip()));
     const auto line = ResultReport::humanLine(precise.clip());
     EXPECT_NE(line.find("; over the 1.0 MB of --max-size: record less"), std::string::npos) << line;
+    auto ofFrames = precise.clip();
+    ofFrames.isOfFrames = true;
+    const auto tip = ResultReport::humanLine(ofFrames);
+    EXPECT_NE(tip.find("; over the 1.0 MB of --max-size: try --max-width, --crop or fewer frames"), std::string::npos)
+        << tip;
 }
 
 TEST(ErrorReport, KeepsAMessageOnOneLine)

@@ -58,7 +58,10 @@ RecordOptions recordOptions(const CLI::App& command, const Arguments& arguments)
 {
     RecordOptions options;
     options.out = OutputArguments::options(command, arguments);
-    if (arguments.select == (command.count("--region") > 0))
+    if (arguments.select && command.count("--region") > 0)
+        throw complaint(
+            QT_TRANSLATE_NOOP("Usage", "--region and --select were both given; use one of them to say what to record"));
+    if (!arguments.select && command.count("--region") == 0)
         throw complaint(
             QT_TRANSLATE_NOOP("Usage", "name the region with --region X,Y,WxH, or drag it out with --select"));
     if (!arguments.select) {

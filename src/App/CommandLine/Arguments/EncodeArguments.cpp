@@ -95,12 +95,14 @@ CLI::App* EncodeArguments::addCommand(CLI::App& app, Arguments& arguments)
         ->add_option("--delay", arguments.delay,
             translate("Help", "Show each frame of the input for so many seconds; the other way to say --source-fps"))
         ->type_name("S");
-    encode->add_option("--dither", arguments.dither, translate("Help", "Mix colours that the palette lacks"))
+    encode
+        ->add_option(
+            "--dither", arguments.dither, translate("Help", "Mix colours that the palette lacks; not with --precise"))
         ->type_name("auto|always|never")
         ->capture_default_str();
     encode->add_option("--raw", arguments.raw, translate("Help", "INPUT is raw frames of this size, without padding"))
         ->type_name("WxH");
-    encode->add_option("--raw-format", arguments.rawFormat, translate("Help", "The bytes of a raw pixel"))
+    encode->add_option("--raw-format", arguments.rawFormat, translate("Help", "With --raw: the bytes of a pixel"))
         ->type_name("rgba|bgra|rgb|bgr")
         ->capture_default_str();
     encode->add_option("--crop", arguments.crop, translate("Help", "Take this part of each frame: left, top and size"))
@@ -118,7 +120,8 @@ CLI::App* EncodeArguments::addCommand(CLI::App& app, Arguments& arguments)
         ->type_name("bt601|bt709|bt2020");
     encode
         ->add_option("--background", arguments.background,
-            translate("Help", "What shows through transparent pixels (default: white)"))
+            translate("Help",
+                "What shows through transparent pixels (default: white; raw frames are opaque unless this is given)"))
         ->type_name("COLOR");
     encode->add_flag("--strict", arguments.strict,
         translate("Help", "Refuse images of another size than the first instead of fitting them into it"));
@@ -127,6 +130,27 @@ CLI::App* EncodeArguments::addCommand(CLI::App& app, Arguments& arguments)
     encode->footer(translate("Help", encodeExamples));
     return encode;
 }
+
+namespace {
+
+/// Each option has an effect, or is refused.
+void refuseWithoutEffect(const CLI::App& command, const Arguments& arguments)
+{
+    const auto isGiven = [&command](const char* option) {
+        return command.count(option) > 0;
+    };
+    if (arguments.precise && isGiven("--dither"))
+        throw complaint(QT_TRANSLATE_NOOP("Usage", "--dither: --precise mixes no colours; leave out one of them"));
+    if (isGiven("--raw-format") && !isGiven("--raw"))
+        throw complaint(QT_TRANSLATE_NOOP("Usage", "%1 belongs to --raw; add that"), "--raw-format");
+    if (isGiven("--raw") && isGiven("--matrix"))
+        throw complaint(QT_TRANSLATE_NOOP("Usage", "--matrix: raw frames are red, green and blue; leave it out"));
+    if (isGiven("--raw") && isGiven("--background") && arguments.rawFormat.size() == 3)
+        throw complaint(QT_TRANSLATE_NOOP("Usage", "--background: %1 frames have no transparency; leave it out"),
+            arguments.rawFormat);
+}
+
+} // namespace
 
 EncodeOptions EncodeArguments::options(const CLI::App& command, const Arguments& arguments)
 {
@@ -170,6 +194,7 @@ EncodeOptions EncodeArguments::options(const CLI::App& command, const Arguments&
                 arguments.raw);
     }
     setSource(options, command, arguments);
+    refuseWithoutEffect(command, arguments);
     setShape(options.shape, command, arguments);
     constexpr std::int64_t maxThreads = 256;
     constexpr std::int64_t maxPlays = 65536;

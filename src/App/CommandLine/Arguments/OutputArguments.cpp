@@ -105,7 +105,10 @@ void OutputArguments::addPreciseOptions(CLI::App& command, Arguments& arguments)
 
 ExportPreset OutputArguments::presetNamed(const std::string& name)
 {
-    const auto preset = ExportPreset::fromRawValue(name);
+    std::string lowerCase = name;
+    std::transform(lowerCase.begin(), lowerCase.end(), lowerCase.begin(),
+        [](char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter; });
+    const auto preset = ExportPreset::fromRawValue(lowerCase);
     if (!preset)
         throw complaint(
             QT_TRANSLATE_NOOP("Usage", "--preset: there is no preset \"%1\"; use slack, github or docs"), name);

@@ -17,7 +17,7 @@ void addPreciseOptions(CLI::App& command, Arguments& arguments);
 
 /// @pre the command line has been parsed. @throws UsageError
 [[nodiscard]] OutputOptions options(const CLI::App& command, const Arguments& arguments);
-/// @throws UsageError  there is none of that name.
+/// @param name  In letters of any case. @throws UsageError  there is none of that name.
 [[nodiscard]] ExportPreset presetNamed(const std::string& name);
 
 } // namespace OutputArguments

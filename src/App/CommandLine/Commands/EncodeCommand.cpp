@@ -134,11 +134,14 @@ void encodePrecisely(const EncodeOptions& options, const ClipOutput& output, Pro
     auto result = PreciseOptimizer::optimize(
         intake.finished(), config, {.parallelism = {options.threads}, .progress = progressOn(line, std::nullopt)});
     setPlays(result.clip, options.plays);
+    const FrameRate rate = timeline.rate();
     const ResultReport::Clip clip{.result = result.clip,
         .preset = options.out.preset,
         .output = output.name(),
         .precise = ResultReport::Clip::Precise{result, config},
-        .isOfFrames = true};
+        .isOfFrames = true,
+        .pictures = timeline.distinctCount(),
+        .isRateLowered = rate.frames > config.maxFPS * rate.seconds};
     save(clip, output, options.out, line);
 }
 

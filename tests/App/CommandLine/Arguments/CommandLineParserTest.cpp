@@ -103,12 +103,12 @@ TEST(CommandLineParser, ReadsEveryOptionOfEncode)
 TEST(CommandLineParser, ReadsWhatTellsHowInputsAreToBeUnderstood)
 {
     const auto options = parseEncode({"--matrix", "bt709", "--background", "#102030", "--strict", "--keep-going",
-        "--raw-format", "bgr", "--crop", "1,2,3x4", "--max-width", "320", "--threads", "2", "--loop", "3", "-q", "a"});
+        "--crop", "1,2,3x4", "--max-width", "320", "--threads", "2", "--loop", "3", "-q", "a"});
     EXPECT_EQ(options.colors.matrix, YUVMatrix::bt709);
     EXPECT_EQ(options.colors.background, RGBColor(0x10, 0x20, 0x30));
     EXPECT_TRUE(options.strict);
     EXPECT_TRUE(options.keepGoing);
-    EXPECT_EQ(options.rawFormat, RawFormat::bgr);
+    EXPECT_EQ(parseEncode({"--raw", "2x2", "--raw-format", "bgr", "a"}).rawFormat, RawFormat::bgr);
     ASSERT_TRUE(options.shape.crop);
     EXPECT_EQ(options.shape.crop->left, 1);
     EXPECT_EQ(options.shape.crop->top, 2);
@@ -143,6 +143,31 @@ TEST(CommandLineParser, SaysWhatIsWrongWithWhatTellsOfInputs)
     EXPECT_EQ(
         complaintAbout({"encode", "a", "-o", "x.WebP"}), "-o: \"x.WebP\" is no name for a GIF; let it end in .gif");
     EXPECT_EQ(complaintAbout({"help", "dance"}), "help: there is no command \"dance\"; see quillbox --help");
+}
+
+TEST(CommandLineParser, RefusesOptionsThatWouldHaveNoEffect)
+{
+    for (const char* how : {"auto", "always", "never"}) {
+        EXPECT_EQ(complaintAbout({"encode", "a", "--precise", "--dither", how}),
+            "--dither: --precise mixes no colours; leave out one of them");
+    }
+    EXPECT_EQ(complaintAbout({"encode", "a", "--raw-format", "rgba"}), "--raw-format belongs to --raw; add that");
+    EXPECT_EQ(complaintAbout({"encode", "a", "--raw", "2x2", "--matrix", "bt709"}),
+        "--matrix: raw frames are red, green and blue; leave it out");
+    EXPECT_EQ(complaintAbout({"encode", "a", "--raw", "2x2", "--raw-format", "bgr", "--background", "white"}),
+        "--background: bgr frames have no transparency; leave it out");
+}
+
+TEST(CommandLineParser, LaysRawFramesOnABackgroundOnlyWhereOneIsGiven)
+{
+    EXPECT_EQ(parseEncode({"--raw", "2x2", "a"}).rawBackground, std::nullopt);
+    EXPECT_EQ(parseEncode({"--raw", "2x2", "--background", "black", "a"}).rawBackground, RGBColor(0, 0, 0));
+}
+
+TEST(CommandLineParser, TakesThePresetInLettersOfAnyCase)
+{
+    EXPECT_EQ(parseEncode({"--preset", "GitHub", "a"}).out.preset, ExportPreset::github);
+    EXPECT_EQ(parseRecord({"--select", "--preset", "DOCS"}).out.preset, ExportPreset::docs);
 }
 
 TEST(CommandLineParser, TakesOtherNamesForAGIFAsTheyAre)
@@ -192,8 +217,8 @@ TEST(CommandLineParser, SaysWhatIsWrongAndWhatToDo)
     EXPECT_EQ(complaintAbout({"encode"}), "INPUT is required; see quillbox encode --help");
     EXPECT_EQ(complaintAbout({"record"}), "name the region with --region X,Y,WxH, or drag it out with --select");
     EXPECT_EQ(complaintAbout({"dance"}), "The following argument was not expected: dance; see quillbox --help");
-    EXPECT_EQ(complaintAbout({"encode", "a", "--preset", "Slack"}),
-        "--preset: there is no preset \"Slack\"; use slack, github or docs");
+    EXPECT_EQ(complaintAbout({"encode", "a", "--preset", "Slacks"}),
+        "--preset: there is no preset \"Slacks\"; use slack, github or docs");
     EXPECT_EQ(complaintAbout({"encode", "a", "--source-fps", "0"}),
         "--source-fps: \"0\" is not a number of frames per second; write it like 12, 29.97 or 30000/1001, 1000 at "
         "most");
@@ -273,8 +298,9 @@ TEST(CommandLineParser, LetsTheRegionBeDraggedOut)
 
 TEST(CommandLineParser, WantsExactlyOneWayToTheRegion)
 {
-    for (const auto& arguments : {std::vector<const char*>{"record"}, {"record", "--select", "--region", "1,2,3x4"}})
-        EXPECT_EQ(complaintAbout(arguments), "name the region with --region X,Y,WxH, or drag it out with --select");
+    EXPECT_EQ(complaintAbout({"record"}), "name the region with --region X,Y,WxH, or drag it out with --select");
+    EXPECT_EQ(complaintAbout({"record", "--select", "--region", "1,2,3x4"}),
+        "--region and --select were both given; use one of them to say what to record");
 }
 
 TEST(CommandLineParser, CopiesOnlyFiles)
