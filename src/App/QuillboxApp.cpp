@@ -13,6 +13,7 @@
 #include "App/Hotkey/HotkeyNotice.h"
 #include "App/Updates/UpdaterController.h"
 #include "App/Workflow/CurrentCoordinator.h"
+#include "App/Workflow/CutOffOffer.h"
 #include "Capture/Region/RegionSelector.h"
 #include "Capture/Region/ScreenBackdrop.h"
 #include "Capture/StreamRecorder.h"
@@ -67,6 +68,7 @@ QuillboxApp::QuillboxApp(SystemServices services)
     , m_recorder(std::make_shared<StreamRecorder>(m_screen))
     , m_coordinator(std::make_unique<CurrentCoordinator>(
           std::make_unique<RecordingCoordinator>(m_recorder, std::make_shared<RegionSelector>(m_screen), m_history)))
+    , m_cutOff(std::make_unique<CutOffOffer>(*m_coordinator))
     , m_hotkey(std::make_unique<GlobalHotkey>(
           [coordinator = QPointer(m_coordinator.get())] {
               if (coordinator)
@@ -150,6 +152,7 @@ void QuillboxApp::start()
 {
     m_firstUse->begin();
     m_tray->show();
+    m_cutOff->look();
     for (const auto& folder : {ClipboardExporter::clipsPath(), QFileInfo(HistoryStore::defaultURL()).path()})
         QThreadPool::globalInstance()->start(
             [path = QFile::encodeName(folder).toStdString()] { OutputFile::removeLeftovers(path); });
@@ -166,6 +169,7 @@ Panel& QuillboxApp::panel()
     QObject::connect(m_panel.get(), &Panel::copyRequested, &Clipboard::general(), &Clipboard::retry);
     QObject::connect(&Clipboard::general(), &Clipboard::stateChanged, m_panel.get(), [this] { showClipboard(); });
     QObject::connect(m_panel.get(), &Panel::introductionUnderstood, m_firstUse.get(), [this] { m_firstUse->end(); });
+    m_panel->showCutOff(*m_cutOff);
     new PanelGuard(*m_recorder, *m_screen, *m_panel); // the panel owns it
     showClipboard();
     explain();
@@ -293,7 +297,7 @@ void QuillboxApp::quit()
         window->hide();
     // A clip that is being made is finished first. What is being recorded is kept for the next start.
     const auto handOver = [this] {
-        if (!m_coordinator->get().isIn<RecordingCoordinator::Processing>())
+        if (!m_coordinator->isIn<RecordingCoordinator::Processing>())
             m_handOver->begin();
     };
     QObject::connect(m_coordinator.get(), &CurrentCoordinator::phaseChanged, m_handOver.get(), handOver);

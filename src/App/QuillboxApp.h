@@ -14,6 +14,7 @@ class ApplicationService;
 class ClipSaveDialog;
 class ClipboardHandOver;
 class CurrentCoordinator;
+class CutOffOffer;
 class FileReveal;
 class FirstUse;
 class GlobalHotkey;
@@ -74,6 +75,7 @@ private:
     std::shared_ptr<ScreenSession> m_screen;
     std::shared_ptr<ScreenRecorder> m_recorder;
     std::unique_ptr<CurrentCoordinator> m_coordinator;
+    std::unique_ptr<CutOffOffer> m_cutOff;
     std::unique_ptr<GlobalHotkey> m_hotkey;
     std::unique_ptr<FirstUse> m_firstUse;
     std::unique_ptr<FileReveal> m_fileReveal;

@@ -1684,6 +1684,33 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     </message>
 </context>
 <context>
+    <name>quillbox::CutOffLine</name>
+    <message>
+        <source>A recording was cut off and is damaged; nothing can be made of it.</source>
+        <translation>Eine Aufnahme wurde abgebrochen und ist beschädigt; daraus lässt sich nichts machen.</translation>
+    </message>
+    <message>
+        <source>A recording from %1 was cut off (%2 s).</source>
+        <translation>Eine Aufnahme von %1 wurde abgebrochen (%2 s).</translation>
+    </message>
+    <message>
+        <source>Make the clip</source>
+        <translation>Clip erstellen</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Discard for good</source>
+        <translation>Endgültig verwerfen</translation>
+    </message>
+    <message>
+        <source>Keep it</source>
+        <translation>Behalten</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::FirstUseCard</name>
     <message>
         <source>How it works</source>

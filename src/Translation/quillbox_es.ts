@@ -1684,6 +1684,33 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     </message>
 </context>
 <context>
+    <name>quillbox::CutOffLine</name>
+    <message>
+        <source>A recording was cut off and is damaged; nothing can be made of it.</source>
+        <translation>Una grabación se cortó y está dañada; no se puede aprovechar nada.</translation>
+    </message>
+    <message>
+        <source>A recording from %1 was cut off (%2 s).</source>
+        <translation>Una grabación de %1 se cortó (%2 s).</translation>
+    </message>
+    <message>
+        <source>Make the clip</source>
+        <translation>Crear el clip</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Descartar</translation>
+    </message>
+    <message>
+        <source>Discard for good</source>
+        <translation>Descartar para siempre</translation>
+    </message>
+    <message>
+        <source>Keep it</source>
+        <translation>Conservar</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::FirstUseCard</name>
     <message>
         <source>How it works</source>

@@ -1684,6 +1684,33 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     </message>
 </context>
 <context>
+    <name>quillbox::CutOffLine</name>
+    <message>
+        <source>A recording was cut off and is damaged; nothing can be made of it.</source>
+        <translation>Un enregistrement a été interrompu et est endommagé ; rien ne peut en être tiré.</translation>
+    </message>
+    <message>
+        <source>A recording from %1 was cut off (%2 s).</source>
+        <translation>Un enregistrement de %1 a été interrompu (%2 s).</translation>
+    </message>
+    <message>
+        <source>Make the clip</source>
+        <translation>Créer le clip</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>Discard for good</source>
+        <translation>Supprimer définitivement</translation>
+    </message>
+    <message>
+        <source>Keep it</source>
+        <translation>Conserver</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::FirstUseCard</name>
     <message>
         <source>How it works</source>

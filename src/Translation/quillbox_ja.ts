@@ -1670,6 +1670,33 @@ The commands below have more examples: quillbox encode --help</source>
     </message>
 </context>
 <context>
+    <name>quillbox::CutOffLine</name>
+    <message>
+        <source>A recording was cut off and is damaged; nothing can be made of it.</source>
+        <translation>途切れた録画が壊れているため、クリップを作成できません。</translation>
+    </message>
+    <message>
+        <source>A recording from %1 was cut off (%2 s).</source>
+        <translation>%1 の録画が途切れました（%2 秒）。</translation>
+    </message>
+    <message>
+        <source>Make the clip</source>
+        <translation>クリップを作成</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>破棄</translation>
+    </message>
+    <message>
+        <source>Discard for good</source>
+        <translation>完全に破棄</translation>
+    </message>
+    <message>
+        <source>Keep it</source>
+        <translation>残す</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::FirstUseCard</name>
     <message>
         <source>How it works</source>

@@ -1670,6 +1670,33 @@ The commands below have more examples: quillbox encode --help</source>
     </message>
 </context>
 <context>
+    <name>quillbox::CutOffLine</name>
+    <message>
+        <source>A recording was cut off and is damaged; nothing can be made of it.</source>
+        <translation>一段录制被中断且已损坏，无法从中生成片段。</translation>
+    </message>
+    <message>
+        <source>A recording from %1 was cut off (%2 s).</source>
+        <translation>%1 的录制被中断（%2 秒）。</translation>
+    </message>
+    <message>
+        <source>Make the clip</source>
+        <translation>生成片段</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>丢弃</translation>
+    </message>
+    <message>
+        <source>Discard for good</source>
+        <translation>永久丢弃</translation>
+    </message>
+    <message>
+        <source>Keep it</source>
+        <translation>保留</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::FirstUseCard</name>
     <message>
         <source>How it works</source>

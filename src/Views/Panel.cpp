@@ -2,6 +2,7 @@
 
 #include "Platform/WindowSystem.h"
 #include "Views/Card.h"
+#include "Views/CutOffLine.h"
 #include "Views/FlatButton.h"
 #include "Views/HistoryPanel.h"
 #include "Views/PanelPlacement.h"
@@ -140,6 +141,12 @@ void Panel::setNotice(const QString& notice)
 void Panel::setClipPending(bool isPending)
 {
     m_clipLine->setVisible(isPending);
+}
+
+void Panel::showCutOff(CutOffOffer& offer)
+{
+    auto* const column = qobject_cast<QVBoxLayout*>(layout());
+    column->insertWidget(column->indexOf(m_clipLine), new CutOffLine(offer, this));
 }
 
 void Panel::becomeA(Form form)

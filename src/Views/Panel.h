@@ -15,6 +15,7 @@
 
 namespace quillbox {
 
+class CutOffOffer;
 class HistoryPanel;
 class RecorderHUD;
 class TextLabel;
@@ -63,6 +64,8 @@ public:
 
     /// Whether a line says that the clip is not on the clipboard, and offers to put it there.
     void setClipPending(bool isPending);
+    /// Tells of recordings that were cut off. To be called once. @pre `offer` outlives the panel.
+    void showCutOff(CutOffOffer& offer);
     /// What newcomers are told, above everything; nothing is told without it.
     void setIntroduction(const std::optional<FirstUseCard::Facts>& facts);
 

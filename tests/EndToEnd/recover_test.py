@@ -12,7 +12,7 @@ import unittest
 from PIL import Image
 
 from application import quillbox, status, until
-from desktop import Desktop, without_pointer
+from desktop import Desktop, clipboard, without_pointer
 from journal import journals, recover, wait_until_kept
 from recording import ClipTest, Recording
 from running import ApplicationTest
@@ -174,6 +174,22 @@ class EndedApplicationTest(ApplicationTest, ClipTest):
         self.assertIn("recover", quillbox("status").stdout)
         self.assert_recovers(self.stage)
         self.assertNotIn("cutOff", status())
+
+    def test_the_panel_makes_the_clip_of_a_killed_one(self):
+        desktop = self.record()
+        desktop.process.kill()
+        desktop.process.wait()
+        desktop = self.start()
+        desktop.open_panel()
+        desktop.click("push button", "Make the clip")
+        desktop.wait_for("done")
+        clip, = CLIPS.glob("*.gif")
+        self.assert_shows(str(clip), self.stage.shown)
+        self.assertEqual(clipboard("image/gif"), clip.read_bytes())
+        entry, = json.loads(HISTORY.read_text())
+        self.assertEqual(entry["outputPath"], str(clip))
+        self.assertEqual((listed(), journals()), ([], []))
+        until(lambda: desktop.find("push button", "Make the clip") is None, "the offer has gone")
 
     def test_the_servers_end_keeps_the_recording(self):
         desktop = self.record()

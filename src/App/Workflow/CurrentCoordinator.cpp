@@ -122,6 +122,16 @@ void CurrentCoordinator::makeAgain(const ClipRequest& request)
         m_remake.make(request);
 }
 
+bool CurrentCoordinator::makeOf(const Recording& recording)
+{
+    if (isBusy())
+        return false;
+    const ClipRequest request{.preset = get().preset(), .isPrecise = m_keepsEveryChange};
+    m_remake.keep(recording, request);
+    m_remake.make(request);
+    return true;
+}
+
 void CurrentCoordinator::toggle()
 {
     if (isIn<RecordingCoordinator::Recording>())

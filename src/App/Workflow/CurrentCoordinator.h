@@ -64,6 +64,9 @@ public:
     [[nodiscard]] bool canTryAgain() const;
     /// Makes a further clip of what was recorded last. Ignored unless canMakeAgain().
     void makeAgain(const ClipRequest& request);
+    /// Makes a clip, as chosen, of a recording that was made by another run of the program. It takes the place of what
+    /// was recorded last. @return false, and nothing is done, while isBusy(). @pre the recording has a frame.
+    bool makeOf(const Recording& recording);
 
 Q_SIGNALS:
     /// phase() has changed, or get() is another coordinator.
