@@ -6,6 +6,7 @@
 #include "App/Desktop/FirstUse.h"
 #include "App/Desktop/HotkeyReport.h"
 #include "App/Desktop/PanelGuard.h"
+#include "App/Desktop/RegionFrame.h"
 #include "App/Desktop/SoftwareCenter.h"
 #include "App/Desktop/TrayIcon.h"
 #include "App/Hotkey/GlobalHotkey.h"
@@ -82,6 +83,7 @@ QuillboxApp::QuillboxApp(SystemServices services)
     m_hotkey->registerKey(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
     rememberPrecision();
     m_tray = std::make_unique<TrayIcon>(*m_coordinator);
+    new RegionFrame(*m_recorder, m_recorder.get()); // the recorder owns it
     m_service = std::make_unique<ApplicationService>(*m_coordinator,
         ApplicationService::Actions{.showPanel = [this] { showPanel(); },
             .showSettings = [this] { showSettings(); },

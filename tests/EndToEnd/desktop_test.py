@@ -15,6 +15,8 @@ from running import ApplicationTest
 from screen import BLOCKS, DESKTOP, INK, PAPER, Screen
 
 AREA = (301, 257, 322, 238)
+AROUND = (AREA[0] - 3, AREA[1] - 3, AREA[2] + 6, AREA[3] + 6)
+FRAME = (224, 52, 60)
 COMPOSITORS_DESKTOP = (132, 132, 132)  # picom paints the desktop itself where nobody has set a picture
 KNOWN_COLORS = {DESKTOP, COMPOSITORS_DESKTOP, PAPER, INK, *BLOCKS}
 HISTORY = pathlib.Path(os.environ["XDG_DATA_HOME"], "Quillbox/history.json")
@@ -139,6 +141,29 @@ class DesktopTest(ApplicationTest):
         for text in wanted:
             while text not in (line := notices.stdout.readline()):
                 self.assertTrue(line, f"it says: {text}")
+
+    def test_frames_the_region_while_it_records_and_keeps_the_frame_out_of_the_clip(self):
+        _, _, width, height = AREA
+        before = self.screen.picture(*AROUND).tobytes()
+        desktop = self.start()
+        desktop.record(*AREA)
+        self.play_and_wait(desktop)
+        now = self.screen.picture(*AROUND)
+        for place in ((1, height // 2), (width + 4, height // 2), (width // 2, 1), (width // 2, height + 4)):
+            self.assertEqual(now.getpixel(place), FRAME)
+        self.keep_screenshot("recording")
+        self.assertEqual(quillbox("stop").returncode, 0)
+        self.assert_is_a_finished_clip(desktop, AREA)
+        self.screen.show(1)
+        until(lambda: self.screen.picture(*AROUND).tobytes() == before, "the frame is gone")
+
+    def test_leaves_no_frame_behind_when_it_is_killed(self):
+        desktop = self.start()
+        before = self.screen.picture(*AROUND).tobytes()
+        desktop.record(*AREA)
+        until(lambda: self.screen.picture(*AROUND).tobytes() != before, "there is a frame")
+        desktop.process.kill()
+        until(lambda: self.screen.picture(*AROUND).tobytes() == before, "the frame is gone")
 
     def test_ignores_the_hotkey_while_recording(self):
         desktop = self.start()
