@@ -220,6 +220,8 @@ void OutputFile::check(const std::filesystem::path& path, IfExists ifExists)
             return;
         if (ifExists == IfExists::Refuse)
             throw OutputFileError(path, OutputFileError::Reason::AlreadyExists);
+    } else if (errno == ENAMETOOLONG || errno == ELOOP) {
+        throw failure(path);
     }
     if (!path.has_filename())
         throw OutputFileError(path, OutputFileError::Reason::IsFolder);

@@ -716,12 +716,12 @@
     <name>Help</name>
     <message>
         <source>Examples:
-  quillbox record --region 0,0,800x600 --duration 10
-  quillbox record --select --copy --duration 5
+  quillbox record --region 0,0,800x600 --duration 3
+  quillbox record --select --copy --duration 3
   quillbox record --region 100,50,640x480 -o demo.gif     (Ctrl-C stops and saves)</source>
         <translation>Beispiele:
-  quillbox record --region 0,0,800x600 --duration 10
-  quillbox record --select --copy --duration 5
+  quillbox record --region 0,0,800x600 --duration 3
+  quillbox record --select --copy --duration 3
   quillbox record --region 100,50,640x480 -o demo.gif     (Strg-C beendet und speichert)</translation>
     </message>
     <message>
@@ -1166,6 +1166,10 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
             <numerusform>Palette %1 von %2: %n Farben, %3 %</numerusform>
         </translation>
     </message>
+    <message>
+        <source>%1; Ctrl-C again ends this without a clip</source>
+        <translation>%1; noch einmal Strg-C beendet dies ohne Clip</translation>
+    </message>
 </context>
 <context>
     <name>QuillboxApp</name>
@@ -1231,6 +1235,10 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>the clip could not be copied, so nothing was recorded. %1</source>
         <translation>der Clip könnte nicht kopiert werden, also wurde nichts aufgenommen. %1</translation>
+    </message>
+    <message>
+        <source>warning: only %1x%2 of the region&apos;s %3x%4 are on the main display; the rest is not in the clip</source>
+        <translation>Warnung: Nur %1x%2 des Bereichs von %3x%4 liegen auf dem Hauptbildschirm; der Rest fehlt im Clip</translation>
     </message>
 </context>
 <context>

@@ -716,12 +716,12 @@
     <name>Help</name>
     <message>
         <source>Examples:
-  quillbox record --region 0,0,800x600 --duration 10
-  quillbox record --select --copy --duration 5
+  quillbox record --region 0,0,800x600 --duration 3
+  quillbox record --select --copy --duration 3
   quillbox record --region 100,50,640x480 -o demo.gif     (Ctrl-C stops and saves)</source>
         <translation>Ejemplos:
-  quillbox record --region 0,0,800x600 --duration 10
-  quillbox record --select --copy --duration 5
+  quillbox record --region 0,0,800x600 --duration 3
+  quillbox record --select --copy --duration 3
   quillbox record --region 100,50,640x480 -o demo.gif     (Ctrl-C detiene y guarda)</translation>
     </message>
     <message>
@@ -1166,6 +1166,10 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
             <numerusform>paleta %1 de %2: %n colores, %3 %</numerusform>
         </translation>
     </message>
+    <message>
+        <source>%1; Ctrl-C again ends this without a clip</source>
+        <translation>%1; otra vez Ctrl-C termina sin clip</translation>
+    </message>
 </context>
 <context>
     <name>QuillboxApp</name>
@@ -1231,6 +1235,10 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>the clip could not be copied, so nothing was recorded. %1</source>
         <translation>el clip no se podría copiar, así que no se ha grabado nada. %1</translation>
+    </message>
+    <message>
+        <source>warning: only %1x%2 of the region&apos;s %3x%4 are on the main display; the rest is not in the clip</source>
+        <translation>advertencia: solo %1x%2 de los %3x%4 de la región están en la pantalla principal; el resto no está en el clip</translation>
     </message>
 </context>
 <context>

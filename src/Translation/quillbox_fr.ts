@@ -716,12 +716,12 @@
     <name>Help</name>
     <message>
         <source>Examples:
-  quillbox record --region 0,0,800x600 --duration 10
-  quillbox record --select --copy --duration 5
+  quillbox record --region 0,0,800x600 --duration 3
+  quillbox record --select --copy --duration 3
   quillbox record --region 100,50,640x480 -o demo.gif     (Ctrl-C stops and saves)</source>
         <translation>Exemples&#xa0;:
-  quillbox record --region 0,0,800x600 --duration 10
-  quillbox record --select --copy --duration 5
+  quillbox record --region 0,0,800x600 --duration 3
+  quillbox record --select --copy --duration 3
   quillbox record --region 100,50,640x480 -o demo.gif     (Ctrl-C arrête et enregistre)</translation>
     </message>
     <message>
@@ -1166,6 +1166,10 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
             <numerusform>palette %1 sur %2 : %n couleurs, %3 %</numerusform>
         </translation>
     </message>
+    <message>
+        <source>%1; Ctrl-C again ends this without a clip</source>
+        <translation>%1&#xa0;; Ctrl-C encore une fois termine sans clip</translation>
+    </message>
 </context>
 <context>
     <name>QuillboxApp</name>
@@ -1231,6 +1235,10 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>the clip could not be copied, so nothing was recorded. %1</source>
         <translation>le clip ne pourrait pas être copié, donc rien n&apos;a été enregistré. %1</translation>
+    </message>
+    <message>
+        <source>warning: only %1x%2 of the region&apos;s %3x%4 are on the main display; the rest is not in the clip</source>
+        <translation>avertissement&#xa0;: seuls %1x%2 de la zone de %3x%4 sont sur l’écran principal&#xa0;; le reste n’est pas dans le clip</translation>
     </message>
 </context>
 <context>

@@ -714,12 +714,12 @@
     <name>Help</name>
     <message>
         <source>Examples:
-  quillbox record --region 0,0,800x600 --duration 10
-  quillbox record --select --copy --duration 5
+  quillbox record --region 0,0,800x600 --duration 3
+  quillbox record --select --copy --duration 3
   quillbox record --region 100,50,640x480 -o demo.gif     (Ctrl-C stops and saves)</source>
         <translation>例:
-  quillbox record --region 0,0,800x600 --duration 10
-  quillbox record --select --copy --duration 5
+  quillbox record --region 0,0,800x600 --duration 3
+  quillbox record --select --copy --duration 3
   quillbox record --region 100,50,640x480 -o demo.gif     (Ctrl-C で停止して保存)</translation>
     </message>
     <message>
@@ -1160,6 +1160,10 @@ The commands below have more examples: quillbox encode --help</source>
             <numerusform>パレット %1/%2: %n 色、%3 %</numerusform>
         </translation>
     </message>
+    <message>
+        <source>%1; Ctrl-C again ends this without a clip</source>
+        <translation>%1。もう一度 Ctrl-C を押すとクリップなしで終了します</translation>
+    </message>
 </context>
 <context>
     <name>QuillboxApp</name>
@@ -1225,6 +1229,10 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>the clip could not be copied, so nothing was recorded. %1</source>
         <translation>クリップをコピーできないため、何も録画していません。%1</translation>
+    </message>
+    <message>
+        <source>warning: only %1x%2 of the region&apos;s %3x%4 are on the main display; the rest is not in the clip</source>
+        <translation>警告: 範囲 %3x%4 のうちメインディスプレイ上にあるのは %1x%2 だけです。残りはクリップに含まれません</translation>
     </message>
 </context>
 <context>

@@ -714,12 +714,12 @@
     <name>Help</name>
     <message>
         <source>Examples:
-  quillbox record --region 0,0,800x600 --duration 10
-  quillbox record --select --copy --duration 5
+  quillbox record --region 0,0,800x600 --duration 3
+  quillbox record --select --copy --duration 3
   quillbox record --region 100,50,640x480 -o demo.gif     (Ctrl-C stops and saves)</source>
         <translation>示例：
-  quillbox record --region 0,0,800x600 --duration 10
-  quillbox record --select --copy --duration 5
+  quillbox record --region 0,0,800x600 --duration 3
+  quillbox record --select --copy --duration 3
   quillbox record --region 100,50,640x480 -o demo.gif     （按 Ctrl-C 停止并保存）</translation>
     </message>
     <message>
@@ -1160,6 +1160,10 @@ The commands below have more examples: quillbox encode --help</source>
             <numerusform>调色板 %1/%2：%n 色，%3 %</numerusform>
         </translation>
     </message>
+    <message>
+        <source>%1; Ctrl-C again ends this without a clip</source>
+        <translation>%1；再按一次 Ctrl-C 将结束且不生成剪辑</translation>
+    </message>
 </context>
 <context>
     <name>QuillboxApp</name>
@@ -1225,6 +1229,10 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>the clip could not be copied, so nothing was recorded. %1</source>
         <translation>无法复制片段，因此没有录制。%1</translation>
+    </message>
+    <message>
+        <source>warning: only %1x%2 of the region&apos;s %3x%4 are on the main display; the rest is not in the clip</source>
+        <translation>警告：区域 %3x%4 中只有 %1x%2 位于主显示器上；其余部分不在剪辑中</translation>
     </message>
 </context>
 <context>

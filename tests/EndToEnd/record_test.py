@@ -6,9 +6,10 @@ import os
 import pathlib
 import re
 import signal
+import subprocess
 import unittest
 
-from application import quillbox
+from application import program, quillbox, run
 from recording import BusyProcessors, ClipTest, Recording, pillow_frames
 from screen import BLOCK_SIDE, BLOCKS, PAPER, Screen
 
@@ -121,6 +122,8 @@ class RecordTest(ClipTest):
         done = quillbox("record", "--region", "1750,950,400x400", "--duration", "1", "-o", self.gif)
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assert_shows(self.gif, [screen.picture(1750, 950, 170, 130)])
+        self.assertEqual(done.stderr, "quillbox: warning: only 170x130 of the region's 400x400 are on the main display; "
+                                      "the rest is not in the clip\n")
 
     def test_names_the_clip_by_the_time_and_puts_it_into_the_clips_folder(self):
         Screen(*AREA).show(0)
@@ -131,6 +134,37 @@ class RecordTest(ClipTest):
         self.assertRegex(clip.name, re.compile(r"^Quillbox \d{4}-\d\d-\d\d at \d\d\.\d\d\.\d\d\.gif$"))
         self.assertEqual(json.loads(done.stdout)["output"], str(clip))
         self.assertEqual(pillow_frames(clip)[0][0].size, AREA[2:])
+
+    def test_gives_recordings_that_end_at_once_names_of_their_own(self):
+        Screen(*AREA).show(0)
+        arguments = (program(), "record", "--region", REGION, "--duration", "0.1", "--json")
+        recordings = [subprocess.Popen(arguments, stdout=subprocess.PIPE) for _ in range(3)]
+        outputs = {json.loads(recording.communicate()[0])["output"] for recording in recordings}
+        self.assertEqual([recording.returncode for recording in recordings], [0, 0, 0])
+        self.assertEqual(len(outputs), 3)
+        for output in outputs:
+            self.assertEqual(pillow_frames(output)[0][0].size, AREA[2:])
+
+    def test_keeps_a_clip_whose_recording_has_ended_when_interrupted_then(self):
+        with Recording("--region", "0,0,1900x1000", "--duration", "0.1", "--preset", "github", "--precise",
+                       "-o", self.gif) as recording:
+            while b"attempt 1" not in recording.said:
+                self.assertTrue(recording.listen(), recording.said)
+            recording.stop()
+            status, output, said = recording.result()
+        self.assertEqual(status, 0, said)
+        self.assertIn(self.gif, output)
+        self.assertEqual(pillow_frames(self.gif)[0][0].size, (1900, 1000))
+
+    def test_does_not_mind_that_nobody_reads_what_it_says(self):
+        Screen(*AREA).show(0)
+        arguments = (program(), "record", "--region", REGION, "--duration", "0.1", "--force", "-o", self.gif)
+        done = run("sh", "-c", 'exec "$@" >&-', "sh", *arguments)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertIn(f"{self.gif} is saved, but not what there is to say about it", done.stderr)
+        done = run("bash", "-c", '"$@" | true; exit ${PIPESTATUS[0]}', "bash", *arguments)
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertEqual(pillow_frames(self.gif)[0][0].size, AREA[2:])
 
     def test_keeps_an_existing_file_unless_forced(self):
         Screen(*AREA).show(0)

@@ -3,13 +3,18 @@
 
 import os
 import pathlib
+import pty
+import re
+import select
+import signal
+import subprocess
 import tempfile
 import unittest
 
 from PIL import Image
 
 import manual
-from application import program, run
+from application import LIMIT_SECONDS, overlay, program, run, until, xdo
 
 GIF = b"GIF89a"
 README = pathlib.Path(__file__).parents[2] / "README.md"
@@ -108,6 +113,58 @@ class ExamplesTest(unittest.TestCase):
         self.make_frames("frames.rgba")
         self.carry_out("frames.rgba", examples)
         self.assert_plays("frames.gif", 4, 0.2)
+
+    def record_examples(self):
+        examples = manual.examples("record")
+        self.assertEqual(len(examples), 3)
+        return examples
+
+    def test_records_a_region_as_the_help_of_record_shows(self):
+        self.carry_out("0,0,800x600", self.record_examples())
+        (clip,) = (self.folder / "Videos" / "Quillbox").iterdir()
+        with Image.open(clip) as picture:
+            self.assertEqual(picture.size, (800, 600))
+
+    def begin(self, words):
+        """Starts the one example of `record` that has these words, on a terminal, so that it tells how far it is."""
+        (example,) = [line for line in self.record_examples() if words in line]
+        self.terminal, theirs = pty.openpty()
+        self.addCleanup(os.close, self.terminal)
+        started = subprocess.Popen(["sh", "-c", f"exec {example}"], stdin=subprocess.DEVNULL, stderr=theirs,
+                                   cwd=self.folder, env=self.environment(),
+                                   preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
+        os.close(theirs)
+        self.addCleanup(started.wait)
+        self.addCleanup(started.kill)
+        return started
+
+    def listen_for(self, pattern):
+        said = b""
+        while not re.search(pattern, said):
+            self.assertTrue(select.select([self.terminal], [], [], LIMIT_SECONDS)[0], said)
+            said += os.read(self.terminal, 65536)
+
+    def test_records_what_is_dragged_out_as_the_help_of_record_shows(self):
+        record = self.begin("--select --copy")
+        until(overlay, "the overlay")
+        xdo("mousemove", 100, 200, "mousedown", 1, "mousemove", 250, 300, "mousemove", 420, 440)
+        xdo("mouseup", 1, "mousemove", 5, 700)
+        self.listen_for(b"the clip stays on the clipboard")
+        (clip,) = (self.folder / "Videos" / "Quillbox").iterdir()
+        copied = subprocess.run(["xclip", "-selection", "clipboard", "-o", "-t", "image/gif"], capture_output=True,
+                                timeout=LIMIT_SECONDS, check=True).stdout
+        self.assertEqual(copied, clip.read_bytes())
+        with Image.open(clip) as picture:
+            self.assertEqual(picture.size, (320, 240))
+        record.send_signal(signal.SIGINT)
+        self.assertEqual(record.wait(LIMIT_SECONDS), 0)
+
+    def test_records_until_interrupted_as_the_help_of_record_shows(self):
+        record = self.begin("demo.gif")
+        self.listen_for(rb"[1-9]\d* frame")
+        record.send_signal(signal.SIGINT)
+        self.assertEqual(record.wait(LIMIT_SECONDS), 0)
+        self.assert_is_a_gif("demo.gif")
 
     def test_records_a_program_where_there_is_no_display(self):
         for variable in ("DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS"):

@@ -168,6 +168,11 @@ TEST_F(OutputFileTest, CheckingFindsWhatSavingWouldFind)
     EXPECT_EQ(
         reasonOf([&] { OutputFile::check(path("no/a"), IfExists::Replace); }), OutputFileError::Reason::FolderMissing);
     EXPECT_EQ(reasonOf([&] { OutputFile::check("/dev/full", IfExists::Refuse); }), std::nullopt);
+    EXPECT_EQ(reasonOf([&] { OutputFile::check(path(std::string(256, 'x')), IfExists::Replace); }),
+        OutputFileError::Reason::Refused)
+        << "too long";
+    std::filesystem::create_symlink("round", path("round"));
+    EXPECT_EQ(reasonOf([&] { OutputFile::check(path("round"), IfExists::Replace); }), OutputFileError::Reason::Refused);
 }
 
 TEST_F(OutputFileTest, WritesNothingShortIntoAPipe)

@@ -1,16 +1,18 @@
 #include "App/CommandLine/RecordingEnd.h"
 
+#include "App/CommandLine/TerminationSignals.h"
 #include "Capture/ScreenRecorder.h"
 
 #include <cmath>
 
 namespace quillbox {
 
-RecordingEnd::RecordingEnd(ScreenRecorder& recorder, std::optional<double> durationSeconds)
+RecordingEnd::RecordingEnd(
+    ScreenRecorder& recorder, const TerminationSignals& signals, std::optional<double> durationSeconds)
 {
     m_promise.start();
-    connect(&m_signals, &TerminationSignals::received, this, [this] { end({}); });
-    connect(&m_signals, &TerminationSignals::received, &recorder, &ScreenRecorder::giveUpStart);
+    connect(&signals, &TerminationSignals::received, this, [this] { end({}); });
+    connect(&signals, &TerminationSignals::received, &recorder, &ScreenRecorder::giveUpStart);
     connect(&recorder, &ScreenRecorder::interrupted, this, [this](const QString& reason) { end(reason); });
     if (durationSeconds) {
         m_timer.setTimerType(Qt::PreciseTimer);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "App/CommandLine/TerminationSignals.h"
-
 #include <QCoro/QCoroTask>
 #include <QFuture>
 #include <QObject>
@@ -14,6 +12,7 @@
 namespace quillbox {
 
 class ScreenRecorder;
+class TerminationSignals;
 
 /// Knows when a recording is to end: when its time is over, when a signal asks for it, or when the screen can't be
 /// captured any longer; whichever comes first. Main thread.
@@ -22,7 +21,7 @@ class RecordingEnd : public QObject {
 
 public:
     /// Listens from now on; the duration begins with `startClock`. A signal also ends the recorder's start.
-    RecordingEnd(ScreenRecorder& recorder, std::optional<double> durationSeconds);
+    RecordingEnd(ScreenRecorder& recorder, const TerminationSignals& signals, std::optional<double> durationSeconds);
 
     void startClock();
     /// Finishes when the recording is to end; holds why the screen can't be captured, or nothing in the other cases.
@@ -31,7 +30,6 @@ public:
 private:
     void end(const QString& interruption);
 
-    TerminationSignals m_signals;
     QTimer m_timer;
     QPromise<QString> m_promise;
 };

@@ -23,6 +23,8 @@ public:
     TerminationSignals();
     ~TerminationSignals() override;
 
+    [[nodiscard]] bool wasReceived() const { return !m_notifier->isEnabled(); }
+
 Q_SIGNALS:
     void received();
 

@@ -50,8 +50,8 @@ constexpr const char* overview = QT_TRANSLATE_NOOP("Help",
     "The commands below have more examples: quillbox encode --help");
 
 constexpr const char* recordExamples = QT_TRANSLATE_NOOP("Help", R"(Examples:
-  quillbox record --region 0,0,800x600 --duration 10
-  quillbox record --select --copy --duration 5
+  quillbox record --region 0,0,800x600 --duration 3
+  quillbox record --select --copy --duration 3
   quillbox record --region 100,50,640x480 -o demo.gif     (Ctrl-C stops and saves))");
 
 RecordOptions recordOptions(const CLI::App& command, const Arguments& arguments)

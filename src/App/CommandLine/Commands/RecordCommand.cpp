@@ -28,8 +28,10 @@
 #include <QtConcurrent/QtConcurrentRun>
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <exception>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -77,12 +79,13 @@ QCoro::Task<QString> record(StreamRecorder& recorder, RecordingEnd& end, Capture
 }
 
 /// What was recorded, no frame if nothing could be; errors have been reported then.
-QCoro::Task<Recording> recordFrames(std::shared_ptr<ScreenSession> screen, RecordOptions options, ProgressLine& line)
+QCoro::Task<Recording> recordFrames(
+    std::shared_ptr<ScreenSession> screen, RecordOptions options, const TerminationSignals& signals, ProgressLine& line)
 {
     StreamRecorder recorder(std::move(screen));
     if (options.durationSeconds) // a timer may be late, the clip need not show it
         recorder.setMaxFrames(std::max(1LL, std::llround(*options.durationSeconds * FrameTimeline::framesPerSecond)));
-    RecordingEnd end(recorder, options.durationSeconds);
+    RecordingEnd end(recorder, signals, options.durationSeconds);
     QString interruption;
     std::string failure;
     try {
@@ -155,6 +158,34 @@ QCoro::Task<bool> copy(std::string output, QByteArray gif)
     co_return true;
 }
 
+/// Says that the screen lacks a part of the region that the user wrote.
+void warnOfCut(CaptureRegion region, const RGBAFrame& frame)
+{
+    if (frame.width() >= region.width && frame.height() >= region.height)
+        return;
+    const auto text = translate("RecordCommand",
+        "warning: only %1x%2 of the region's %3x%4 are on the main display; the rest is not in the clip");
+    ErrorReport::print(withArguments(text,
+        {std::to_string(frame.width()), std::to_string(frame.height()), std::to_string(region.width),
+            std::to_string(region.height)}));
+}
+
+/// Shows how far the clip is, and once a signal has come what another one does.
+std::function<void(const GIFOptimizer::Progress&)> progressAfter(
+    const TerminationSignals& signals, ProgressLine& line, std::optional<ExportPreset> preset)
+{
+    if (!line.isVisible())
+        return {};
+    const auto isWarned = std::make_shared<std::atomic<bool>>(signals.wasReceived());
+    QObject::connect(&signals, &TerminationSignals::received, &signals, [isWarned] { *isWarned = true; });
+    return [isWarned, &line, preset](const GIFOptimizer::Progress& progress) {
+        const auto text = progressText(progress, preset);
+        line.show(*isWarned
+                ? withArguments(translate("ProgressLine", "%1; Ctrl-C again ends this without a clip"), {text})
+                : text);
+    };
+}
+
 QCoro::Task<int> recordAndSave(RecordOptions options)
 {
     if (const auto obstacle = options.copy ? obstacleToCopying() : std::string(); !obstacle.empty()) {
@@ -163,7 +194,8 @@ QCoro::Task<int> recordAndSave(RecordOptions options)
         co_return ExitCode::failure;
     }
     const auto screen = std::make_shared<ScreenSession>();
-    if (!options.region) {
+    const bool isSelected = !options.region;
+    if (isSelected) {
         const TerminationSignals stop;
         const auto selection = ScreenSelection::askForRegion(screen, stop);
         const auto outcome = co_await selection;
@@ -177,16 +209,21 @@ QCoro::Task<int> recordAndSave(RecordOptions options)
     if (!options.region)
         co_return ExitCode::failure;
     ProgressLine line(!options.out.quiet);
-    auto recorded = recordFrames(screen, options, line);
+    // The first signal ends the recording. Where that has just ended by itself, it is meant for nothing else.
+    std::optional<TerminationSignals> signals(std::in_place);
+    auto recorded = recordFrames(screen, options, *signals, line);
     const Recording recording = co_await recorded;
     if (recording.frames().empty())
         co_return ExitCode::failure;
+    if (!isSelected)
+        warnOfCut(*options.region, recording.frames().front());
     std::string failure;
     try {
         const auto preset = options.out.precise ? std::nullopt : std::optional(options.out.preset);
-        auto job = QtConcurrent::run(&encode, recording, options.out, progressOn(line, preset));
+        auto job = QtConcurrent::run(&encode, recording, options.out, progressAfter(*signals, line, preset));
         const auto encoded = co_await job;
         const auto output = RecordedClip::save(encoded, recording, options.out, QDateTime::currentDateTime(), line);
+        signals.reset();
         if (options.copy) {
             auto copying = copy(output, ClipExport::bytes(encoded.result));
             if (!co_await copying)

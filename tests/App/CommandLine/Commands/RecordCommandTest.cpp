@@ -47,6 +47,11 @@ TEST_F(RecordCommand, LooksAtItsOutputBeforeItRecords)
 {
     expectError(1, "quillbox record --region 0,0,10x10 -o nowhere/x.gif",
         "nowhere/x.gif: can't be saved: there is no folder nowhere; create it first");
+    expectError(
+        2, "quillbox record --region 0,0,10x10 -o x.webp", "-o: \"x.webp\" is no name for a GIF; let it end in .gif");
+    const std::string long300(300, 'x');
+    expectError(
+        1, "quillbox record --region 0,0,10x10 -o " + long300, long300 + ": can't be saved: File name too long");
 }
 
 } // namespace
