@@ -3,6 +3,7 @@
 #include "PostCapture/ClipEntry.h"
 
 #include <QObject>
+#include <QSet>
 #include <QString>
 
 #include <cstdint>
@@ -12,7 +13,8 @@
 namespace quillbox {
 
 /// The clips made lately, newest first, mirrored to a file. Never touches the clips themselves. Nothing here reports an
-/// error: a list that can't be written is still the list. Reads and writes in the caller's thread. Thread: main.
+/// error: a list that can't be written is still the list. Several processes may have the same file: what one records,
+/// the others keep. Reads and writes in the caller's thread. Thread: main.
 class HistoryStore : public QObject {
     Q_OBJECT
 
@@ -45,10 +47,13 @@ Q_SIGNALS:
 
 private:
     void load();
-    void save() const;
+    void save();
+    void rememberFile();
+    [[nodiscard]] std::vector<ClipEntry> merged() const;
     void setEntries(std::vector<ClipEntry> next);
 
     std::vector<ClipEntry> m_entries;
+    QSet<QUuid> m_onFile; // those of them that were in the file when it was last read or written
     QString m_fileURL;
 };
 

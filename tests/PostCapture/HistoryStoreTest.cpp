@@ -1,5 +1,6 @@
 #include "PostCapture/HistoryStore.h"
 
+#include "Platform/FolderLock.h"
 #include "PostCapture/HistoryFile.h"
 #include "support/TemporaryFolder.h"
 
@@ -9,6 +10,7 @@
 #include <QFileInfo>
 #include <QTimeZone>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <sys/stat.h>
@@ -181,6 +183,90 @@ TEST_F(HistoryStoreTest, ReplacesTheFileInOneStep)
     store.record(clip(2));
     EXPECT_EQ(HistoryFile::decode(QByteArray::fromStdString(support::readFile(before))).value().size(), 1U);
     EXPECT_EQ(std::distance(fs::directory_iterator(folder()), {}), 2) << "nothing temporary is left";
+}
+
+std::vector<QString> paths(const std::vector<ClipEntry>& entries)
+{
+    std::vector<QString> result;
+    for (const ClipEntry& entry : entries)
+        result.push_back(*entry.outputPath);
+    return result;
+}
+
+TEST_F(HistoryStoreTest, KeepsWhatAnotherProcessRecordedMeanwhile)
+{
+    HistoryStore one(url());
+    HistoryStore other(url());
+    one.record(clip(1));
+    other.record(clip(2));
+    one.record(clip(3));
+    EXPECT_EQ(paths(one.entries()), (std::vector<QString>{"/clips/3.gif", "/clips/2.gif", "/clips/1.gif"}));
+    EXPECT_EQ(HistoryFile::decode(written()), one.entries());
+}
+
+TEST_F(HistoryStoreTest, ForgetsWhatAnotherProcessCleared)
+{
+    HistoryStore one(url());
+    one.record(clip(1));
+    HistoryStore(url()).clear();
+    one.record(clip(2));
+    EXPECT_EQ(paths(one.entries()), std::vector<QString>{"/clips/2.gif"});
+}
+
+TEST_F(HistoryStoreTest, WritesLaterWhatCouldNotBeWritten)
+{
+    HistoryStore store(url());
+    store.record(clip(1));
+    const auto before = written();
+    fs::remove(file());
+    fs::create_directory(file()); // in the way
+    store.record(clip(2));
+    fs::remove(file());
+    write(before);
+    store.record(clip(3));
+    EXPECT_EQ(paths(store.entries()), (std::vector<QString>{"/clips/3.gif", "/clips/2.gif", "/clips/1.gif"}));
+    EXPECT_EQ(HistoryFile::decode(written()), store.entries());
+}
+
+TEST_F(HistoryStoreTest, WritesTheWholeListAgainWhereTheFileIsGone)
+{
+    HistoryStore store(url());
+    store.record(clip(1));
+    fs::remove(file());
+    store.record(clip(2));
+    EXPECT_EQ(HistoryFile::decode(written()).value().size(), 2U);
+}
+
+TEST_F(HistoryStoreTest, KeepsTheFractionsOfASecondThatAFileHasNot)
+{
+    HistoryStore store(url());
+    auto entry = clip(1);
+    entry.date = entry.date.addMSecs(250);
+    store.record(entry);
+    store.record(clip(2));
+    EXPECT_EQ(store.entries().back(), entry);
+}
+
+TEST_F(HistoryStoreTest, HasOtherProcessesWaitFromReadingToWriting)
+{
+    HistoryStore store(url());
+    int looks = 0;
+    QObject::connect(&store, &HistoryStore::entriesChanged, &store, [&] {
+        EXPECT_FALSE(FolderLock(folder(), std::chrono::milliseconds(0)).isHeld());
+        ++looks;
+    });
+    store.record(clip(1));
+    store.clear();
+    EXPECT_EQ(looks, 2);
+    EXPECT_TRUE(FolderLock(folder(), std::chrono::milliseconds(0)).isHeld());
+}
+
+TEST_F(HistoryStoreTest, DoesNotWaitForAProcessThatHangs)
+{
+    HistoryStore store(url());
+    const FolderLock hanging(folder());
+    store.record(clip(1));
+    EXPECT_EQ(HistoryFile::decode(written()), store.entries());
 }
 
 class DefaultHistory : public HistoryStoreTest {

@@ -7,7 +7,6 @@
 #include "App/CommandLine/RecordedClip.h"
 #include "App/CommandLine/Terminal/ErrorReport.h"
 #include "App/CommandLine/Terminal/ProgressLine.h"
-#include "App/Desktop/RunningInstance.h"
 #include "App/Workflow/FlowMessages.h"
 #include "PostCapture/HistoryStore.h"
 #include "Translation/Translate.h"
@@ -86,7 +85,7 @@ void makeClip(const Found& found, const OutputOptions& options)
     const auto preset = options.precise ? std::nullopt : std::optional(options.preset);
     const auto encoded = RecordedClip::encode(recording, options, progressOn(line, preset));
     const auto path = RecordedClip::save(encoded, recording, options, CutOffReport::dateOf(found), line);
-    if (!options.output && !RunningInstance::exists()) // which has a list of its own
+    if (!options.output)
         HistoryStore().record(entryFor(encoded, recording, path, options));
 }
 
