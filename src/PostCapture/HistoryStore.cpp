@@ -139,6 +139,24 @@ void HistoryStore::clear()
     save();
 }
 
+void HistoryStore::remove(const QUuid& id)
+{
+    auto next = m_entries;
+    std::erase_if(next, [&id](const ClipEntry& entry) { return entry.id == id; });
+    setEntries(std::move(next));
+    save();
+}
+
+void HistoryStore::restore(const std::vector<ClipEntry>& older)
+{
+    auto next = m_entries;
+    next.insert(next.end(), older.begin(), older.end());
+    if (std::ssize(next) > cap)
+        next.erase(next.begin() + cap, next.end());
+    setEntries(std::move(next));
+    save();
+}
+
 void HistoryStore::setEntries(std::vector<ClipEntry> next)
 {
     Q_EMIT entriesAboutToChange(next);

@@ -38,6 +38,10 @@ public:
     void record(ClipEntry entry);
     /// Forgets all clips and writes the file.
     void clear();
+    /// Forgets the clips of that identity and writes the file.
+    void remove(const QUuid& id);
+    /// Puts `older` behind what there is, lets go of all but the first `cap` entries, and writes the file.
+    void restore(const std::vector<ClipEntry>& older);
 
 Q_SIGNALS:
     /// Announced before entries() becomes `next`.

@@ -1655,6 +1655,21 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     </message>
 </context>
 <context>
+    <name>quillbox::ClipActions</name>
+    <message>
+        <source>No program opens the clip.</source>
+        <translation>Kein Programm öffnet den Clip.</translation>
+    </message>
+    <message>
+        <source>The clip can&apos;t be read.</source>
+        <translation>Der Clip kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The clip could not be moved to the trash.</source>
+        <translation>Der Clip konnte nicht in den Papierkorb verschoben werden.</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::ClipOffers</name>
     <message numerus="yes">
         <source>%1 of %2 · shows %3 of %Ln recorded picture(s)</source>
@@ -1678,6 +1693,13 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>Again as %1</source>
         <translation>Noch einmal für %1</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipPreview</name>
+    <message>
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 Pixel</translation>
     </message>
 </context>
 <context>
@@ -1746,6 +1768,17 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     </message>
 </context>
 <context>
+    <name>quillbox::HistoryNotice</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::HistoryPanel</name>
     <message>
         <source>Recent Clips</source>
@@ -1763,6 +1796,18 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <source>Your recorded clips will show up here.</source>
         <translation>Ihre aufgenommenen Clips erscheinen hier.</translation>
     </message>
+    <message>
+        <source>The files are still there.</source>
+        <translation>Die Dateien sind noch da.</translation>
+    </message>
+    <message>
+        <source>Move “%1” to the trash?</source>
+        <translation>„%1“ in den Papierkorb verschieben?</translation>
+    </message>
+    <message>
+        <source>Move to Trash</source>
+        <translation>In den Papierkorb</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::HistoryRow</name>
@@ -1777,6 +1822,22 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>Reveal in Finder</source>
         <translation>Im Dateimanager zeigen</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Anzeigen</translation>
+    </message>
+    <message>
+        <source>Move to Trash…</source>
+        <translation>In den Papierkorb …</translation>
     </message>
 </context>
 <context>

@@ -1655,6 +1655,21 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     </message>
 </context>
 <context>
+    <name>quillbox::ClipActions</name>
+    <message>
+        <source>No program opens the clip.</source>
+        <translation>Ningún programa abre el clip.</translation>
+    </message>
+    <message>
+        <source>The clip can&apos;t be read.</source>
+        <translation>No se puede leer el clip.</translation>
+    </message>
+    <message>
+        <source>The clip could not be moved to the trash.</source>
+        <translation>No se pudo mover el clip a la papelera.</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::ClipOffers</name>
     <message numerus="yes">
         <source>%1 of %2 · shows %3 of %Ln recorded picture(s)</source>
@@ -1678,6 +1693,13 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>Again as %1</source>
         <translation>Otra vez para %1</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipPreview</name>
+    <message>
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 píxeles</translation>
     </message>
 </context>
 <context>
@@ -1746,6 +1768,17 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     </message>
 </context>
 <context>
+    <name>quillbox::HistoryNotice</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Deshacer</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::HistoryPanel</name>
     <message>
         <source>Recent Clips</source>
@@ -1763,6 +1796,18 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <source>Your recorded clips will show up here.</source>
         <translation>Aquí aparecerán los clips que grabe.</translation>
     </message>
+    <message>
+        <source>The files are still there.</source>
+        <translation>Los archivos siguen ahí.</translation>
+    </message>
+    <message>
+        <source>Move “%1” to the trash?</source>
+        <translation>¿Mover «%1» a la papelera?</translation>
+    </message>
+    <message>
+        <source>Move to Trash</source>
+        <translation>Mover a la papelera</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::HistoryRow</name>
@@ -1777,6 +1822,22 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>Reveal in Finder</source>
         <translation>Mostrar en el gestor de archivos</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Mostrar</translation>
+    </message>
+    <message>
+        <source>Move to Trash…</source>
+        <translation>Mover a la papelera…</translation>
     </message>
 </context>
 <context>

@@ -1655,6 +1655,21 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     </message>
 </context>
 <context>
+    <name>quillbox::ClipActions</name>
+    <message>
+        <source>No program opens the clip.</source>
+        <translation>Aucun programme n’ouvre le clip.</translation>
+    </message>
+    <message>
+        <source>The clip can&apos;t be read.</source>
+        <translation>Le clip est illisible.</translation>
+    </message>
+    <message>
+        <source>The clip could not be moved to the trash.</source>
+        <translation>Le clip n’a pas pu être mis à la corbeille.</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::ClipOffers</name>
     <message numerus="yes">
         <source>%1 of %2 · shows %3 of %Ln recorded picture(s)</source>
@@ -1678,6 +1693,13 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>Again as %1</source>
         <translation>Refaire pour %1</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipPreview</name>
+    <message>
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 pixels</translation>
     </message>
 </context>
 <context>
@@ -1746,6 +1768,17 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     </message>
 </context>
 <context>
+    <name>quillbox::HistoryNotice</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rétablir</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::HistoryPanel</name>
     <message>
         <source>Recent Clips</source>
@@ -1763,6 +1796,18 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <source>Your recorded clips will show up here.</source>
         <translation>Vos clips enregistrés apparaîtront ici.</translation>
     </message>
+    <message>
+        <source>The files are still there.</source>
+        <translation>Les fichiers sont toujours là.</translation>
+    </message>
+    <message>
+        <source>Move “%1” to the trash?</source>
+        <translation>Mettre « %1 » à la corbeille ?</translation>
+    </message>
+    <message>
+        <source>Move to Trash</source>
+        <translation>Mettre à la corbeille</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::HistoryRow</name>
@@ -1777,6 +1822,22 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>Reveal in Finder</source>
         <translation>Afficher dans le gestionnaire de fichiers</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Ouvrir</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Afficher</translation>
+    </message>
+    <message>
+        <source>Move to Trash…</source>
+        <translation>Mettre à la corbeille…</translation>
     </message>
 </context>
 <context>

@@ -1642,6 +1642,21 @@ The commands below have more examples: quillbox encode --help</source>
     </message>
 </context>
 <context>
+    <name>quillbox::ClipActions</name>
+    <message>
+        <source>No program opens the clip.</source>
+        <translation>クリップを開くプログラムがありません。</translation>
+    </message>
+    <message>
+        <source>The clip can&apos;t be read.</source>
+        <translation>クリップを読み込めません。</translation>
+    </message>
+    <message>
+        <source>The clip could not be moved to the trash.</source>
+        <translation>クリップをゴミ箱に移動できませんでした。</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::ClipOffers</name>
     <message numerus="yes">
         <source>%1 of %2 · shows %3 of %Ln recorded picture(s)</source>
@@ -1664,6 +1679,13 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>Again as %1</source>
         <translation>%1 用に作り直す</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipPreview</name>
+    <message>
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 ピクセル</translation>
     </message>
 </context>
 <context>
@@ -1732,6 +1754,17 @@ The commands below have more examples: quillbox encode --help</source>
     </message>
 </context>
 <context>
+    <name>quillbox::HistoryNotice</name>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::HistoryPanel</name>
     <message>
         <source>Recent Clips</source>
@@ -1749,6 +1782,18 @@ The commands below have more examples: quillbox encode --help</source>
         <source>Your recorded clips will show up here.</source>
         <translation>録画したクリップがここに表示されます。</translation>
     </message>
+    <message>
+        <source>The files are still there.</source>
+        <translation>ファイルは残っています。</translation>
+    </message>
+    <message>
+        <source>Move “%1” to the trash?</source>
+        <translation>「%1」をゴミ箱に移動しますか？</translation>
+    </message>
+    <message>
+        <source>Move to Trash</source>
+        <translation>ゴミ箱に移動</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::HistoryRow</name>
@@ -1763,6 +1808,22 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>Reveal in Finder</source>
         <translation>ファイルマネージャーで表示</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>開く</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>表示</translation>
+    </message>
+    <message>
+        <source>Move to Trash…</source>
+        <translation>ゴミ箱に移動…</translation>
     </message>
 </context>
 <context>

@@ -1642,6 +1642,21 @@ The commands below have more examples: quillbox encode --help</source>
     </message>
 </context>
 <context>
+    <name>quillbox::ClipActions</name>
+    <message>
+        <source>No program opens the clip.</source>
+        <translation>没有程序可以打开该片段。</translation>
+    </message>
+    <message>
+        <source>The clip can&apos;t be read.</source>
+        <translation>无法读取该片段。</translation>
+    </message>
+    <message>
+        <source>The clip could not be moved to the trash.</source>
+        <translation>无法将该片段移到回收站。</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::ClipOffers</name>
     <message numerus="yes">
         <source>%1 of %2 · shows %3 of %Ln recorded picture(s)</source>
@@ -1664,6 +1679,13 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>Again as %1</source>
         <translation>再做一个用于 %1 的</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipPreview</name>
+    <message>
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 像素</translation>
     </message>
 </context>
 <context>
@@ -1732,6 +1754,17 @@ The commands below have more examples: quillbox encode --help</source>
     </message>
 </context>
 <context>
+    <name>quillbox::HistoryNotice</name>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::HistoryPanel</name>
     <message>
         <source>Recent Clips</source>
@@ -1749,6 +1782,18 @@ The commands below have more examples: quillbox encode --help</source>
         <source>Your recorded clips will show up here.</source>
         <translation>您录制的片段将显示在这里。</translation>
     </message>
+    <message>
+        <source>The files are still there.</source>
+        <translation>文件仍然保留。</translation>
+    </message>
+    <message>
+        <source>Move “%1” to the trash?</source>
+        <translation>将“%1”移到回收站？</translation>
+    </message>
+    <message>
+        <source>Move to Trash</source>
+        <translation>移到回收站</translation>
+    </message>
 </context>
 <context>
     <name>quillbox::HistoryRow</name>
@@ -1763,6 +1808,22 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>Reveal in Finder</source>
         <translation>在文件管理器中显示</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>显示</translation>
+    </message>
+    <message>
+        <source>Move to Trash…</source>
+        <translation>移到回收站…</translation>
     </message>
 </context>
 <context>

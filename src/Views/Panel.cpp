@@ -4,7 +4,7 @@
 #include "Views/Card.h"
 #include "Views/CutOffLine.h"
 #include "Views/FlatButton.h"
-#include "Views/HistoryPanel.h"
+#include "Views/History/HistoryPanel.h"
 #include "Views/PanelPlacement.h"
 #include "Views/RecorderHUD.h"
 #include "Views/SymbolLabel.h"
@@ -59,6 +59,9 @@ Panel::Panel(CurrentCoordinator& coordinator, UpdaterController& updater, Histor
     connect(m_hud, &RecorderHUD::settingsRequested, this, &Panel::settingsRequested);
     connect(m_hud, &RecorderHUD::quitRequested, this, &Panel::quitRequested);
     connect(m_hud, &RecorderHUD::saveElsewhereRequested, this, &Panel::saveElsewhereRequested);
+    connect(&coordinator, &CurrentCoordinator::phaseChanged, m_history, [this, &coordinator] {
+        m_history->setPreviewing(!coordinator.isBusy()); // it is in no clip
+    });
     connect(
         &coordinator, &CurrentCoordinator::phaseAboutToChange, this, [this](const RecordingCoordinator::Phase& next) {
             if (std::holds_alternative<RecordingCoordinator::SelectingRegion>(next))
@@ -197,8 +200,12 @@ void Panel::fit()
     layout()->activate();
     const int width = std::max(usualWidth, layout()->totalMinimumSize().width());
     int height = layout()->totalHeightForWidth(width);
-    if (m_available.isValid())
+    if (m_available.isValid()) {
+        // A long list gets most of the screen; a panel that fills it would be in everything's way.
+        const int comfortable = m_available.height() * 4 / 5;
+        height = std::min(height, std::max(height - m_history->spareHeight(), comfortable));
         height = std::min(height, m_available.height() - 2 * PanelPlacement::gap);
+    }
     const QSize size(width, height);
     if (m_form == Form::Window) {
         setMinimumSize(width, 0);

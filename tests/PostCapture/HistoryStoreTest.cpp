@@ -102,6 +102,36 @@ TEST_F(HistoryStoreTest, ClearsTheListAndTheFile)
     EXPECT_EQ(written(), "[]\n");
 }
 
+TEST_F(HistoryStoreTest, ForgetsASingleClip)
+{
+    HistoryStore store(url());
+    for (const auto& each : clips(3))
+        store.record(each);
+    store.remove(store.entries()[1].id);
+    ASSERT_EQ(store.entries().size(), 2U);
+    EXPECT_EQ(store.entries()[0].outputPath, "/clips/2.gif");
+    EXPECT_EQ(store.entries()[1].outputPath, "/clips/0.gif");
+    EXPECT_EQ(HistoryFile::decode(written()), store.entries());
+    store.remove(QUuid::createUuid());
+    EXPECT_EQ(store.entries().size(), 2U);
+}
+
+TEST_F(HistoryStoreTest, PutsWhatWasClearedBehindWhatCameSince)
+{
+    HistoryStore store(url());
+    for (const auto& each : clips(20))
+        store.record(each);
+    const auto before = store.entries();
+    store.clear();
+    store.record(clip(30));
+    store.restore(before);
+    ASSERT_EQ(store.entries().size(), 20U) << "no more than are kept";
+    EXPECT_EQ(store.entries()[0].outputPath, "/clips/30.gif");
+    EXPECT_EQ(store.entries()[1], before[0]);
+    EXPECT_EQ(store.entries()[19], before[18]);
+    EXPECT_EQ(HistoryFile::decode(written()), store.entries());
+}
+
 TEST_F(HistoryStoreTest, AnnouncesEachChangeBeforeAndAfterIt)
 {
     HistoryStore store(url());

@@ -6,7 +6,7 @@
 #include "ViewsFixture.h"
 #include "ViewTests.h"
 
-#include "Views/HistoryPanel.h"
+#include "Views/History/HistoryPanel.h"
 #include "Views/RecorderHUD.h"
 
 #include <QApplication>

@@ -6,15 +6,18 @@
 #include "ViewsFixture.h"
 
 #include "Translation/Catalogues.h"
-#include "Views/HistoryRow.h"
+#include "Views/History/ClipPreview.h"
+#include "Views/History/HistoryRow.h"
 #include "Views/Panel.h"
 #include "Views/ProgressBar.h"
 #include "Views/SettingsView.h"
 #include "Views/UpdateView.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QDir>
 #include <QEnterEvent>
+#include <QMenu>
 #include <QTest>
 #include <QTranslator>
 
@@ -248,6 +251,25 @@ void takeAll(ScreenshotWriter& writer)
                 QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         };
     };
+    takePanel(writer, QStringLiteral("panel-history-cleared"), many, [](ViewsFixture&, Panel& panel) {
+        QTest::mouseClick(button(panel, QStringLiteral("Clear")), Qt::LeftButton);
+    });
+    takePanel(writer, QStringLiteral("panel-history-trash"), many, [](ViewsFixture&, Panel& panel) {
+        QTest::keyClick(visible<HistoryRow>(panel).first()->findChild<FlatButton*>(), Qt::Key_Delete);
+    });
+    takePanel(writer, QStringLiteral("panel-history-menu"), many, [](ViewsFixture&, Panel& panel) {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
+        QCoreApplication::sendEvent(visible<HistoryRow>(panel).first(), &event);
+        panel.findChild<QMenu*>()->close();
+    });
+    takePanel(writer, QStringLiteral("panel-with-preview"), [](ViewsFixture& fixture, Panel&) { fixture.finish(); },
+        [&writer](ViewsFixture&, Panel& panel) {
+            QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
+            QCoreApplication::sendEvent(visible<HistoryRow>(panel).first(), &enter);
+            auto* const preview = panel.findChild<ClipPreview*>();
+            QTRY_VERIFY(preview->isVisible());
+            writer.take(*preview, QStringLiteral("preview"));
+        });
     takePanel(writer, QStringLiteral("panel-keyboard-update"), many, tab(1));
     takePanel(writer, QStringLiteral("panel-keyboard-reveal"), many, tab(5));
     takePanel(writer, QStringLiteral("panel-keyboard-preset"), nothing, tab(4));

@@ -3,9 +3,9 @@
 #include "App/Desktop/DesktopEntryAdaptor.h"
 #include "App/Workflow/CurrentCoordinator.h"
 #include "Capture/RecorderControlling.h"
-#include "Platform/RegularFile.h"
 #include "PostCapture/Clipboard/Clipboard.h"
 #include "PostCapture/ClipboardExporter.h"
+#include "PostCapture/SavedClip.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -46,16 +46,6 @@ struct Describe {
 private:
     static QVariantMap named(const char* phase) { return {{QStringLiteral("phase"), QString::fromLatin1(phase)}}; }
 };
-
-/// @return none where the file is not a GIF of a size that anybody would paste
-std::optional<QByteArray> readClip(const QString& path)
-{
-    constexpr qint64 maxBytes = qint64{256} << 20;
-    auto bytes = RegularFile::read(path, maxBytes);
-    if (bytes && !bytes->startsWith("GIF87a") && !bytes->startsWith("GIF89a"))
-        return std::nullopt;
-    return bytes;
-}
 
 QString clipboardState()
 {
@@ -209,7 +199,7 @@ bool ApplicationService::Copy(const QString& path)
 {
     setDelayedReply(true);
     const auto call = message();
-    QtConcurrent::run(&readClip, path).then(this, [path, call](const std::optional<QByteArray>& gif) {
+    QtConcurrent::run(&SavedClip::read, path).then(this, [path, call](const std::optional<QByteArray>& gif) {
         if (gif)
             ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(path), gif);
         QDBusConnection::sessionBus().send(call.createReply(gif.has_value()));

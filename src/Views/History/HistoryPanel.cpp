@@ -1,11 +1,16 @@
-#include "Views/HistoryPanel.h"
+#include "Views/History/HistoryPanel.h"
 
 #include "Views/FlatButton.h"
-#include "Views/HistoryRow.h"
+#include "Views/History/ClipActions.h"
+#include "Views/History/ClipPreview.h"
+#include "Views/History/HistoryNotice.h"
+#include "Views/History/HistoryRow.h"
+#include "Views/History/ShownName.h"
 #include "Views/SymbolLabel.h"
 #include "Views/TextLabel.h"
 
 #include <QHBoxLayout>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStackedWidget>
@@ -17,7 +22,7 @@ namespace quillbox {
 namespace {
 
 constexpr double fewestRows = 3; // an empty list is as high as this many
-constexpr double maxRows = 4.5;  // half a row shows that there is more
+constexpr double fewRows = 4.5;  // of a list that may be longer: half a row shows that there is more
 constexpr int emptySymbolSize = 36;
 
 } // namespace
@@ -26,7 +31,10 @@ HistoryPanel::HistoryPanel(HistoryStore& store, FileReveal& fileReveal, QWidget*
     : QWidget(parent)
     , m_store(store)
     , m_fileReveal(fileReveal)
+    , m_actions(new ClipActions(store, fileReveal, this))
+    , m_preview(new ClipPreview(this))
     , m_header(makeHeader())
+    , m_notice(new HistoryNotice(this))
     , m_emptyState(makeEmptyState())
     , m_list(makeList())
     , m_contents(new QStackedWidget(this))
@@ -35,11 +43,13 @@ HistoryPanel::HistoryPanel(HistoryStore& store, FileReveal& fileReveal, QWidget*
     column->setContentsMargins(0, Theme::tightSpacing, 0, Theme::tightSpacing);
     column->setSpacing(2);
     column->addWidget(m_header);
+    column->addWidget(m_notice);
     m_contents->addWidget(m_emptyState);
     m_contents->addWidget(m_list);
     column->addWidget(m_contents, 1);
 
     connect(&m_store, &HistoryStore::entriesChanged, this, &HistoryPanel::showEntries);
+    connect(m_actions, &ClipActions::failed, m_notice, &HistoryNotice::tell);
     showEntries();
 }
 
@@ -52,7 +62,7 @@ QWidget* HistoryPanel::makeHeader()
         new TextLabel(tr("Recent Clips"), TextStyle::Headline, Role::Primary, TextLabel::Overflow::None, header));
     row->addStretch();
     m_clear = new FlatButton(FlatButton::Kind::Small, tr("Clear"), std::nullopt, header);
-    connect(m_clear, &FlatButton::clicked, &m_store, &HistoryStore::clear);
+    connect(m_clear, &FlatButton::clicked, this, &HistoryPanel::clear);
     row->addWidget(m_clear);
     header->setMinimumHeight(m_clear->sizeHint().height()); // nothing moves when the button goes
     return header;
@@ -119,8 +129,7 @@ void HistoryPanel::showEntries()
             known.erase(same);
             row->setEntry(entry);
         } else {
-            row = new HistoryRow(entry);
-            connect(row, &HistoryRow::revealRequested, this, [this, row] { reveal(row); });
+            row = makeRow(entry);
         }
         const int place = static_cast<int>(m_rows.size());
         if (m_rowLayout->indexOf(row) != place)
@@ -144,6 +153,50 @@ void HistoryPanel::showEntries()
     updateGeometry();
 }
 
+HistoryRow* HistoryPanel::makeRow(const ClipEntry& entry)
+{
+    auto* const row = new HistoryRow(entry);
+    connect(row, &HistoryRow::revealRequested, this, [this, row] { reveal(row); });
+    connect(row, &HistoryRow::requested, this, [this, row](ClipAction action) { carryOut(action, row->entry()); });
+    connect(row, &HistoryRow::hoverChanged, this, [this, row](bool isHovered) {
+        if (isHovered && m_isPreviewing)
+            preview(*row);
+        else
+            m_preview->leave();
+    });
+    return row;
+}
+
+void HistoryPanel::setPreviewing(bool isPreviewing)
+{
+    m_isPreviewing = isPreviewing;
+    if (!isPreviewing)
+        m_preview->leave();
+}
+
+void HistoryPanel::preview(const HistoryRow& row)
+{
+    m_preview->await(row.entry(), QRect(row.mapToGlobal(QPoint()), row.size()), window()->frameGeometry(),
+        screen()->availableGeometry());
+}
+
+void HistoryPanel::clear()
+{
+    const auto forgotten = m_store.entries();
+    m_store.clear();
+    m_notice->offerUndo(tr("The files are still there."), [this, forgotten] { m_store.restore(forgotten); });
+}
+
+void HistoryPanel::carryOut(ClipAction action, const ClipEntry& entry)
+{
+    if (action != ClipAction::Trash) {
+        m_actions->carryOut(action, entry);
+    } else if (entry.outputPath) {
+        m_notice->ask(tr("Move “%1” to the trash?").arg(shownName(*entry.outputPath)), tr("Move to Trash"),
+            [this, entry] { m_actions->carryOut(ClipAction::Trash, entry); });
+    }
+}
+
 void HistoryPanel::reveal(const HistoryRow* row) const
 {
     const auto place = std::find(m_rows.begin(), m_rows.end(), row) - m_rows.begin();
@@ -152,15 +205,25 @@ void HistoryPanel::reveal(const HistoryRow* row) const
         m_fileReveal.reveal(*entry.outputPath);
 }
 
-QSize HistoryPanel::sizeHint() const
+double HistoryPanel::rowHeight() const
 {
     const QFontMetrics title(Theme::font(TextStyle::Body));
     const QFontMetrics details(Theme::font(TextStyle::Callout));
-    const int rowHeight = m_rows.empty() ? title.height() + details.height() + 13 : m_rows.front()->sizeHint().height();
-    const double rows = std::clamp(static_cast<double>(m_rows.size()), fewestRows, maxRows);
-    const int contents = std::max(static_cast<int>(rows * rowHeight), m_emptyState->sizeHint().height());
+    return m_rows.empty() ? title.height() + details.height() + 13 : m_rows.front()->sizeHint().height();
+}
+
+QSize HistoryPanel::sizeHint() const
+{
+    const double rows = std::max(static_cast<double>(m_rows.size()), fewestRows);
+    const int contents = std::max(static_cast<int>(rows * rowHeight()), m_emptyState->sizeHint().height());
+    const int notice = m_notice->isHidden() ? 0 : m_notice->sizeHint().height() + layout()->spacing();
     return QSize(layout()->sizeHint().width(),
-        m_clear->sizeHint().height() + contents + layout()->spacing() + 3 * Theme::tightSpacing);
+        m_clear->sizeHint().height() + notice + contents + layout()->spacing() + 3 * Theme::tightSpacing);
+}
+
+int HistoryPanel::spareHeight() const
+{
+    return std::max(0, static_cast<int>((static_cast<double>(m_rows.size()) - fewRows) * rowHeight()));
 }
 
 } // namespace quillbox

@@ -13,8 +13,12 @@ class QVBoxLayout;
 
 namespace quillbox {
 
+class ClipActions;
+class ClipPreview;
 class FlatButton;
+class HistoryNotice;
 class HistoryRow;
+enum class ClipAction;
 
 /// The lower part of the panel: the clips made lately. Shows what the store holds, whenever it changes. Thread: main.
 class HistoryPanel : public QWidget {
@@ -24,8 +28,13 @@ public:
     /// @pre Both outlive the view.
     HistoryPanel(HistoryStore& store, FileReveal& fileReveal, QWidget* parent = nullptr);
 
-    /// As high as a few rows; the others are scrolled to.
+    /// Whether resting on a row shows the clip; at first it does.
+    void setPreviewing(bool isPreviewing);
+
+    /// As high as all rows, and as the empty list at least.
     [[nodiscard]] QSize sizeHint() const override;
+    /// How much of that height it can do without: what is beyond a few rows is scrolled to.
+    [[nodiscard]] int spareHeight() const;
     /// Takes the height that it is given.
     [[nodiscard]] bool hasHeightForWidth() const override { return false; }
 
@@ -34,13 +43,22 @@ private:
     QWidget* makeEmptyState();
     QScrollArea* makeList();
     void showEntries();
+    [[nodiscard]] HistoryRow* makeRow(const ClipEntry& entry);
+    [[nodiscard]] double rowHeight() const;
     void reveal(const HistoryRow* row) const;
+    void clear();
+    void carryOut(ClipAction action, const ClipEntry& entry);
+    void preview(const HistoryRow& row);
 
     HistoryStore& m_store;
     FileReveal& m_fileReveal;
     FlatButton* m_clear = nullptr;
     QVBoxLayout* m_rowLayout = nullptr;
+    ClipActions* m_actions;
+    ClipPreview* m_preview;
+    bool m_isPreviewing = true;
     QWidget* m_header;
+    HistoryNotice* m_notice;
     QWidget* m_emptyState;
     QScrollArea* m_list;
     QStackedWidget* m_contents;

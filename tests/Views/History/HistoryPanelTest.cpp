@@ -1,16 +1,30 @@
-#include "Views/HistoryPanel.h"
+#include "Views/History/HistoryPanel.h"
 
 #include "Find.h"
 #include "ViewsFixture.h"
 #include "ViewTests.h"
 
-#include "Views/HistoryRow.h"
+#include "Encoding/GIFOptimizer.h"
+#include "Views/History/ClipPreview.h"
+#include "Views/History/HistoryNotice.h"
+#include "Views/History/HistoryRow.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDesktopServices>
 #include <QEnterEvent>
 #include <QFile>
+#include <QLabel>
+#include <QMenu>
+#include <QMimeData>
+#include <QMovie>
 #include <QScrollArea>
 #include <QTest>
+#include <QTimer>
+
+#include <algorithm>
+#include <iterator>
 
 namespace quillbox {
 namespace {
@@ -48,13 +62,29 @@ private Q_SLOTS:
     void scrollsToTheRowThatHasTheKeyboard();
     void copesWithTwoClipsOfTheSameIdentity();
     void highlightsTheRowUnderThePointer();
+    void offersToUndoClearingForAWhile();
+    void asksBeforeAClipIsMovedToTheTrash();
+    void doesNotMoveWhatTheUserKeeps();
+    void hasAMenuOnEachRow();
+    void copiesAClipByItsKey();
+    void opensAClipByItsKey();
+    void saysThatAClipCanNotBeRead();
+    void showsCharactersThatMisleadAsReplaced();
+    void showsTheClipThatThePointerRestsOn();
+    void showsNoPreviewWhileItIsSwitchedOff();
+    void isAsHighAsItsRows();
 
 private:
     [[nodiscard]] QList<HistoryRow*> rows() const;
+    /// Puts a GIF of 400 × 300 pixels into the folder and the history. @return its path
+    [[nodiscard]] QString saveClip() const;
+    void hover(int row) const;
+    Q_INVOKABLE void open(const QUrl& url) { m_opened = url; }
     [[nodiscard]] FlatButton* revealButton(int row) const { return rows().at(row)->findChild<FlatButton*>(); }
 
     std::unique_ptr<ViewsFixture> m_fixture;
     std::unique_ptr<HistoryPanel> m_panel;
+    QUrl m_opened;
 };
 
 void HistoryPanelTest::init()
@@ -322,6 +352,168 @@ void HistoryPanelTest::highlightsTheRowUnderThePointer()
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(row, &leave);
     QCOMPARE(row->grab().toImage().pixelColor(blank), before);
+}
+
+QString HistoryPanelTest::saveClip() const
+{
+    const std::vector<RGBAFrame> frames(1, RGBAFrame(400, 300, Bytes(std::size_t{400} * 300 * 4, 99)));
+    const auto gif = GIFOptimizer::optimize(frames, {});
+    const QString path = m_fixture->folder.filePath("a.gif");
+    QFile file(path);
+    const auto* const bytes = reinterpret_cast<const char*>(gif.data.data());
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes, std::ssize(gif.data)) < 0)
+        qFatal("the clip can't be saved");
+    m_fixture->history->record(clip(path));
+    return path;
+}
+
+void HistoryPanelTest::hover(int row) const
+{
+    const QPoint blank(3, 3);
+    QEnterEvent enter(blank, blank, rows().at(row)->mapToGlobal(blank));
+    QCoreApplication::sendEvent(rows().at(row), &enter);
+}
+
+void HistoryPanelTest::offersToUndoClearingForAWhile()
+{
+    m_fixture->history->record(clip("/clips/a.gif"));
+    m_fixture->history->record(clip("/clips/b.gif"));
+    const auto before = m_fixture->history->entries();
+    QTest::mouseClick(button(*m_panel, "Clear"), Qt::LeftButton);
+    m_fixture->history->record(clip("/clips/c.gif")); // meanwhile
+    QTest::mouseClick(button(*m_panel, "Undo"), Qt::LeftButton);
+    QCOMPARE(m_fixture->history->entries().size(), 3U);
+    QVERIFY(std::equal(before.begin(), before.end(), m_fixture->history->entries().begin() + 1));
+    QVERIFY(!button(*m_panel, "Undo"));
+
+    QTest::mouseClick(button(*m_panel, "Clear"), Qt::LeftButton);
+    auto* const end = m_panel->findChild<HistoryNotice*>()->findChild<QTimer*>();
+    QCOMPARE(end->interval(), 10'000);
+    QVERIFY(button(*m_panel, "Undo"));
+    end->start(0);
+    QTRY_VERIFY(!button(*m_panel, "Undo"));
+    QVERIFY(m_fixture->history->entries().empty());
+}
+
+void HistoryPanelTest::asksBeforeAClipIsMovedToTheTrash()
+{
+    const QString path = saveClip();
+    QTest::keyClick(revealButton(0), Qt::Key_Delete);
+    QVERIFY(label(*m_panel, "Move “a.gif” to the trash?"));
+    QVERIFY(QFile::exists(path));
+    QTest::mouseClick(button(*m_panel, "Move to Trash"), Qt::LeftButton);
+    QVERIFY(!QFile::exists(path));
+    QVERIFY(m_fixture->history->entries().empty());
+    QVERIFY(!button(*m_panel, "Move to Trash"));
+}
+
+void HistoryPanelTest::doesNotMoveWhatTheUserKeeps()
+{
+    const QString path = saveClip();
+    QTest::keyClick(revealButton(0), Qt::Key_Delete);
+    QCOMPARE(QApplication::focusWidget(), button(*m_panel, "Cancel"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QVERIFY(!button(*m_panel, "Move to Trash"));
+    QVERIFY(QFile::exists(path));
+    QCOMPARE(m_fixture->history->entries().size(), 1U);
+}
+
+void HistoryPanelTest::hasAMenuOnEachRow()
+{
+    m_fixture->history->record(clip("/clips/a.gif"));
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
+    QCoreApplication::sendEvent(revealButton(0), &event);
+    const auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QStringList items;
+    for (const QAction* each : menu->actions())
+        items.append(each->text());
+    QCOMPARE(items, QStringList({"Copy", "Open", "Show", "", "Move to Trash…"}));
+    menu->actions().at(2)->trigger();
+    QCOMPARE(m_fixture->reveal.revealed, QStringList("/clips/a.gif"));
+    QApplication::activePopupWidget()->close();
+}
+
+void HistoryPanelTest::copiesAClipByItsKey()
+{
+    const QString path = saveClip();
+    QTest::keyClick(revealButton(0), Qt::Key_C, Qt::ControlModifier);
+    const auto pasted = [] {
+        const auto* const contents = QApplication::clipboard()->mimeData(); // null at first
+        return contents == nullptr ? QList<QUrl>() : contents->urls();
+    };
+    QTRY_COMPARE(pasted(), QList<QUrl>{QUrl::fromLocalFile(path)});
+    QVERIFY(QApplication::clipboard()->mimeData()->data("image/gif").startsWith("GIF89a"));
+}
+
+void HistoryPanelTest::opensAClipByItsKey()
+{
+    QDesktopServices::setUrlHandler("file", this, "open");
+    m_fixture->history->record(clip("/clips/a.gif"));
+    QTest::keyClick(revealButton(0), Qt::Key_O, Qt::ControlModifier);
+    QDesktopServices::unsetUrlHandler("file");
+    QCOMPARE(m_opened, QUrl("file:///clips/a.gif"));
+}
+
+void HistoryPanelTest::saysThatAClipCanNotBeRead()
+{
+    m_fixture->history->record(clip("/dev/zero"));
+    QTest::keyClick(revealButton(0), Qt::Key_C, Qt::ControlModifier);
+    QTRY_VERIFY(label(*m_panel, "The clip can't be read."));
+}
+
+void HistoryPanelTest::showsCharactersThatMisleadAsReplaced()
+{
+    m_fixture->history->record(clip(QString("/clips/a\u202Efig.exe\n\u200B\u2066\u0007.gif")));
+    QVERIFY(label(*m_panel, QString("a\uFFFDfig.exe\uFFFD\uFFFD\uFFFD\uFFFD.gif")));
+    const QString spelt("شما می\u200Cروید ✓.gif"); // with a non-joiner, as it has to be
+    m_fixture->history->record(clip("/clips/" + spelt));
+    QVERIFY(label(*m_panel, spelt));
+}
+
+void HistoryPanelTest::showsTheClipThatThePointerRestsOn()
+{
+    (void)saveClip();
+    auto* const preview = m_panel->findChild<ClipPreview*>();
+    hover(0);
+    QVERIFY(!preview->isVisible());
+    preview->findChild<QTimer*>()->start(0);
+    QTRY_VERIFY(preview->isVisible());
+    QVERIFY(label(*preview, "400 × 300 pixels"));
+    const auto* const picture = preview->findChild<QLabel*>();
+    QCOMPARE(picture->size(), QSize(288, 216));
+    QCOMPARE(picture->movie()->state(), QMovie::Running);
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(rows().first(), &leave);
+    QVERIFY(!preview->isVisible());
+    hover(0);
+    preview->findChild<QTimer*>()->start(0);
+    QTRY_VERIFY(preview->isVisible());
+    m_panel->hide();
+    QVERIFY(!preview->isVisible());
+}
+
+void HistoryPanelTest::showsNoPreviewWhileItIsSwitchedOff()
+{
+    (void)saveClip();
+    const auto* const rest = m_panel->findChild<ClipPreview*>()->findChild<QTimer*>();
+    hover(0);
+    QVERIFY(rest->isActive());
+    m_panel->setPreviewing(false);
+    QVERIFY(!rest->isActive());
+    hover(0);
+    QVERIFY(!rest->isActive());
+}
+
+void HistoryPanelTest::isAsHighAsItsRows()
+{
+    for (int i = 0; i < 6; ++i)
+        m_fixture->history->record(clip(QString("/clips/%1.gif").arg(i)));
+    const int six = m_panel->sizeHint().height();
+    const int row = rows().first()->sizeHint().height();
+    QCOMPARE(m_panel->spareHeight(), row * 3 / 2);
+    m_fixture->history->record(clip("/clips/7.gif"));
+    QCOMPARE(m_panel->sizeHint().height(), six + row);
 }
 
 const test::Registration<HistoryPanelTest> registeredHistoryPanelTest("HistoryPanel");

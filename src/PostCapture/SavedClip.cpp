@@ -1,0 +1,16 @@
+#include "PostCapture/SavedClip.h"
+
+#include "Platform/RegularFile.h"
+
+namespace quillbox {
+
+std::optional<QByteArray> SavedClip::read(const QString& path)
+{
+    constexpr qint64 maxBytes = qint64{256} << 20;
+    auto bytes = RegularFile::read(path, maxBytes);
+    if (bytes && !bytes->startsWith("GIF87a") && !bytes->startsWith("GIF89a"))
+        return std::nullopt;
+    return bytes;
+}
+
+} // namespace quillbox

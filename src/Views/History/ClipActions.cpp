@@ -1,0 +1,63 @@
+#include "Views/History/ClipActions.h"
+
+#include "PostCapture/ClipboardExporter.h"
+#include "PostCapture/FileReveal.h"
+#include "PostCapture/HistoryStore.h"
+#include "PostCapture/SavedClip.h"
+
+#include <QDesktopServices>
+#include <QFile>
+#include <QFileInfo>
+#include <QtConcurrent/QtConcurrentRun>
+#include <QUrl>
+
+namespace quillbox {
+
+ClipActions::ClipActions(HistoryStore& store, FileReveal& fileReveal, QObject* parent)
+    : QObject(parent)
+    , m_store(store)
+    , m_fileReveal(fileReveal)
+{
+}
+
+void ClipActions::carryOut(ClipAction action, const ClipEntry& entry)
+{
+    if (!entry.outputPath)
+        return;
+    switch (action) {
+    case ClipAction::Copy:
+        copy(*entry.outputPath);
+        break;
+    case ClipAction::Open:
+        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(*entry.outputPath)))
+            Q_EMIT failed(tr("No program opens the clip."));
+        break;
+    case ClipAction::Show:
+        m_fileReveal.reveal(*entry.outputPath);
+        break;
+    case ClipAction::Trash:
+        moveToTrash(entry);
+        break;
+    }
+}
+
+void ClipActions::copy(const QString& path)
+{
+    QtConcurrent::run(&SavedClip::read, path).then(this, [this, path](const std::optional<QByteArray>& gif) {
+        if (gif)
+            ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(path), gif);
+        else
+            Q_EMIT failed(tr("The clip can't be read."));
+    });
+}
+
+void ClipActions::moveToTrash(const ClipEntry& entry)
+{
+    const bool isGone = !QFileInfo::exists(*entry.outputPath) || QFile::moveToTrash(*entry.outputPath);
+    if (isGone)
+        m_store.remove(entry.id);
+    else
+        Q_EMIT failed(tr("The clip could not be moved to the trash."));
+}
+
+} // namespace quillbox
