@@ -141,7 +141,8 @@ void HistoryStore::clear()
 
 void HistoryStore::remove(const QUuid& id)
 {
-    auto next = m_entries;
+    const FolderLock lock(folderOf(m_fileURL));
+    auto next = merged();
     std::erase_if(next, [&id](const ClipEntry& entry) { return entry.id == id; });
     setEntries(std::move(next));
     save();
@@ -149,7 +150,8 @@ void HistoryStore::remove(const QUuid& id)
 
 void HistoryStore::restore(const std::vector<ClipEntry>& older)
 {
-    auto next = m_entries;
+    const FolderLock lock(folderOf(m_fileURL));
+    auto next = merged();
     next.insert(next.end(), older.begin(), older.end());
     if (std::ssize(next) > cap)
         next.erase(next.begin() + cap, next.end());
