@@ -42,7 +42,7 @@ class BackEnd(dbus.service.Object):
     def __init__(self, bus):
         self.name = dbus.service.BusName(BACK_END, bus)
         super().__init__(self.name, "/org/freedesktop/portal/desktop")
-        self.answer, self.questions, self.wishes, self.session = "bind", 0, [], None
+        self.answer, self.questions, self.wishes, self.session = "bind", 0, [], ""
 
     def bound(self, trigger):
         return dbus.Array([dbus.Struct((name, dbus.Dictionary(
@@ -50,10 +50,13 @@ class BackEnd(dbus.service.Object):
             for name, wish in self.wishes], signature="(sa{sv})")
 
     @dbus.service.method(IMPLEMENTATION, in_signature="oosa{sv}", out_signature="ua{sv}")
-    def CreateSession(self, _handle, session, _app, _options):
+    def CreateSession(self, _handle, session, _app, options):
         Session(dbus.SessionBus(), session)
         self.session = session
-        return dbus.UInt32(0), dbus.Dictionary({}, signature="sv")
+        if self.answer != "with session":
+            return dbus.UInt32(0), dbus.Dictionary({}, signature="sv")
+        self.wishes = options["shortcuts"]
+        return dbus.UInt32(0), dbus.Dictionary({"shortcuts": self.bound("Press Super+@")}, signature="sv")
 
     @dbus.service.method(IMPLEMENTATION, in_signature="ooa(sa{sv})sa{sv}", out_signature="ua{sv}")
     def BindShortcuts(self, _handle, _session, wishes, _window, _options):
@@ -108,7 +111,8 @@ class Control(dbus.service.Object):
 
     @dbus.service.method(TEST, in_signature="s")
     def Answer(self, how):
-        """How the user answers from now on: bind, nothing (of what is wished), refuse, or fail (not the user)."""
+        """How the user answers from now on: bind, nothing (of what is wished), refuse, or fail (not the user); "with
+        session" binds what the option of a new session wishes, before anybody is asked."""
         self.back_end.answer = how
 
     @dbus.service.method(TEST, out_signature="u")
@@ -126,6 +130,17 @@ class Control(dbus.service.Object):
     def Press(self):
         """Presses the keys of the last session."""
         self.back_end.Activated(self.back_end.session, "record-region", dbus.UInt64(1), dbus.Dictionary({}, signature="sv"))
+
+    @dbus.service.method(TEST)
+    def PressElsewhere(self):
+        """Presses the keys of another session."""
+        self.back_end.Activated(self.back_end.session + "_", "record-region", dbus.UInt64(1),
+                                dbus.Dictionary({}, signature="sv"))
+
+    @dbus.service.method(TEST, out_signature="s")
+    def Session(self):
+        """The path of the last session."""
+        return self.back_end.session
 
     @dbus.service.method(TEST, in_signature="s")
     def Change(self, trigger):

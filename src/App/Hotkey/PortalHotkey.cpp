@@ -1,13 +1,24 @@
 #include "App/Hotkey/PortalHotkey.h"
 
+#include "App/Hotkey/HotkeyMath.h"
 #include "App/Hotkey/HotkeyRefusal.h"
+#include "App/Hotkey/KDEShortcuts.h"
+#include "App/Hotkey/KeyboardMap.h"
 #include "App/Hotkey/ShortcutsPortal.h"
 #include "Platform/Detach.h"
 #include "Platform/Portal/DesktopPortal.h"
+#include "Platform/RunWithTimeout.h"
+#include "Platform/Wayland/KeyboardLayout.h"
 
+#include <QCoro/QCoroFuture>
 #include <QDBusObjectPath>
+#include <QPointer>
 
 #include <algorithm>
+#include <chrono>
+#include <functional>
+#include <string>
+#include <utility>
 
 namespace quillbox {
 
@@ -16,6 +27,11 @@ namespace {
 using ShortcutsPortal::Shortcut;
 
 const auto shortcutID = QStringLiteral("record-region");
+
+/// Constant, as KDE keeps the user's keys under it. KDE 5.27 takes none that is a UUID.
+const auto sessionName = QStringLiteral("quillbox_shortcuts");
+
+constexpr std::chrono::seconds keymapPatience{10}; // nobody waits for a hotkey of a desktop that is just starting
 
 /// What a list of shortcuts, which holds those that are bound, means for ours.
 HotkeyState stateIn(const QVariant& shortcuts)
@@ -26,6 +42,55 @@ HotkeyState stateIn(const QVariant& shortcuts)
         return {.status = HotkeyStatus::Unassigned, .isDesktops = true};
     const auto trigger = ours->properties.value(QStringLiteral("trigger_description")).toString().simplified();
     return {.status = HotkeyStatus::Active, .trigger = trigger, .isDesktops = true};
+}
+
+/// The keys to propose, as this desktop wants them named. @pre The key has a name.
+QCoro::Task<QString> proposal(std::uint32_t keyCode, std::uint32_t modifiers)
+{
+    const QString usual = *ShortcutsPortal::triggerFor(keyCode, modifiers);
+    if (!KDEShortcuts::isDesktop() || (modifiers & HotkeyMath::shift) == 0)
+        co_return usual;
+    using Symbol = std::optional<std::string>;
+    const std::uint32_t key = *KeyboardMap::x11KeyCode(keyCode); // keymaps of Wayland count as X does
+    const std::function<Symbol()> look = [key] {
+        return KeyboardLayout::shiftedSymbol(key);
+    };
+    const auto looking = runWithTimeout<Symbol>(keymapPatience, look); // it waits for the compositor
+    const std::optional<Symbol> symbol = co_await looking;
+    const bool isKnown = symbol && *symbol;
+    const auto name = isKnown ? QString::fromStdString(**symbol) : QStringLiteral("at"); // else a US keyboard's
+    co_return ShortcutsPortal::triggerForSymbol(name, modifiers);
+}
+
+/// Begins a session that the desktop may know from an earlier start.
+QCoro::Task<QVariantMap> openSession(QPointer<PortalSession> session, QVariantMap options)
+{
+    auto opening = session->open(sessionName, options);
+    std::optional<PortalError> failure;
+    try {
+        const QVariantMap opened = co_await opening;
+        co_return opened;
+    } catch (const PortalError& error) {
+        failure = error;
+    }
+    if (failure->reason() != PortalError::Reason::Failed || !session)
+        throw PortalError(*failure);
+    // A back end that has outlived its portal goes on with the session of that name, which nobody can reach any more.
+    auto again = session->open(sessionName + QStringLiteral("_again"), options);
+    const QVariantMap opened = co_await again;
+    co_return opened;
+}
+
+/// What is in force, where the portal has told `told`. `session` is its path.
+QCoro::Task<HotkeyState> checked(QDBusConnection bus, QString session, HotkeyState told)
+{
+    auto asking = KDEShortcuts::keysInForce(bus, session.section(QLatin1Char('/'), -1), shortcutID);
+    const std::optional<QString> keys = co_await asking;
+    if (!keys)
+        co_return told;
+    told.status = keys->isEmpty() ? HotkeyStatus::Unassigned : HotkeyStatus::Active;
+    told.trigger = *keys;
+    co_return told;
 }
 
 } // namespace
@@ -47,12 +112,11 @@ PortalHotkey::~PortalHotkey() = default; // the session goes, and with it the qu
 
 void PortalHotkey::grab(std::uint32_t keyCode, std::uint32_t modifiers)
 {
-    const auto trigger = ShortcutsPortal::triggerFor(keyCode, modifiers);
-    if (!trigger) {
+    if (!ShortcutsPortal::triggerFor(keyCode, modifiers)) {
         setState({.status = HotkeyStatus::Unavailable});
         return;
     }
-    m_trigger = *trigger;
+    m_wish = Wish{keyCode, modifiers};
     begin();
 }
 
@@ -65,7 +129,7 @@ void PortalHotkey::followOwner(const QString& before, const QString& now)
         if (state().status != HotkeyStatus::NotRegistered)
             setState({.status = HotkeyStatus::Unavailable});
     }
-    if (!now.isEmpty() && !m_trigger.isEmpty() && !m_isBinding)
+    if (!now.isEmpty() && m_wish && !m_isBinding)
         begin();
 }
 
@@ -107,27 +171,57 @@ QCoro::Task<HotkeyState> PortalHotkey::bind()
     if (HotkeyRefusal::isRemembered())
         co_return refused;
     setState({.status = HotkeyStatus::Asking, .isDesktops = true});
-    auto opening = m_session->open();
-    co_await opening;
+    const QPointer session(m_session.get());
+    auto proposing = proposal(m_wish->keyCode, m_wish->modifiers);
+    const QString trigger = co_await proposing;
+    if (!session)
+        throw PortalError(PortalError::Reason::Withdrawn);
 
     Shortcut wish;
     wish.id = shortcutID;
     wish.properties.insert(QStringLiteral("description"), tr("Record a region of the screen"));
-    wish.properties.insert(QStringLiteral("preferred_trigger"), m_trigger);
+    wish.properties.insert(QStringLiteral("preferred_trigger"), trigger);
     QList<Shortcut> wishes;
     wishes << wish;
-    QVariantList arguments;
-    arguments << QVariant::fromValue(wishes) << QString(); // no window that a question could belong to
-    auto binding = m_session->request(QStringLiteral("BindShortcuts"), arguments, QVariantMap());
-    try {
-        const QVariantMap bound = co_await binding;
-        co_return stateIn(bound.value(QStringLiteral("shortcuts")));
-    } catch (const PortalError& error) {
-        if (error.reason() != PortalError::Reason::Denied)
-            throw;
+    // KDE 5.27 binds what this option holds; BindShortcuts makes it open its settings. Others don't know the option.
+    QVariantMap options;
+    options.insert(QStringLiteral("shortcuts"), QVariant::fromValue(wishes));
+    auto opening = openSession(session, options);
+    const QVariantMap opened = co_await opening;
+    HotkeyState told = stateIn(opened.value(QStringLiteral("shortcuts")));
+    if (told.status != HotkeyStatus::Active) {
+        QVariantList arguments;
+        arguments << QVariant::fromValue(wishes) << QString(); // no window that a question could belong to
+        auto binding = session->request(QStringLiteral("BindShortcuts"), arguments, QVariantMap());
+        bool isDenied = false;
+        try {
+            const QVariantMap bound = co_await binding;
+            told = stateIn(bound.value(QStringLiteral("shortcuts")));
+        } catch (const PortalError& error) {
+            isDenied = error.reason() == PortalError::Reason::Denied;
+            if (!isDenied)
+                throw;
+        }
+        if (isDenied) {
+            HotkeyRefusal::remember();
+            co_return refused;
+        }
     }
-    HotkeyRefusal::remember();
-    co_return refused;
+    auto checking = checked(m_bus, session->path(), told);
+    const HotkeyState state = co_await checking;
+    if (!session)
+        throw PortalError(PortalError::Reason::Withdrawn);
+    co_return state;
+}
+
+/// Tells what has become of the keys, where the portal has told `told`.
+QCoro::Task<> PortalHotkey::follow(HotkeyState told)
+{
+    const QPointer session(m_session.get());
+    auto checking = checked(m_bus, session->path(), std::move(told));
+    const HotkeyState state = co_await checking;
+    if (session && !m_isBinding)
+        setState(state);
 }
 
 void PortalHotkey::notePress(const QDBusMessage& signal)
@@ -140,7 +234,7 @@ void PortalHotkey::notePress(const QDBusMessage& signal)
 void PortalHotkey::noteChange(const QDBusMessage& signal)
 {
     if (!m_isBinding && isFromOurSession(signal))
-        setState(stateIn(signal.arguments().value(1)));
+        detach(follow(stateIn(signal.arguments().value(1))));
 }
 
 bool PortalHotkey::isFromOurSession(const QDBusMessage& signal) const

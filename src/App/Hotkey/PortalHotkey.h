@@ -7,15 +7,16 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusServiceWatcher>
-#include <QString>
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 
 namespace quillbox {
 
 /// A global shortcut of the desktop portal. The user is asked at the first start, as far as the desktop remembers
-/// answers; a refusal is remembered by us. Which keys it is in the end, the user decides. A portal that goes away and
-/// comes back is asked anew.
+/// answers; a refusal is remembered by us. Which keys it is in the end, the user decides; what is told of them is what
+/// is in force, as far as the desktop has a way to find out. A portal that goes away and comes back is asked anew.
 class PortalHotkey : public HotkeyService {
     Q_OBJECT
 
@@ -35,11 +36,16 @@ private:
     void begin();
     QCoro::Task<> bindAndTell();
     QCoro::Task<HotkeyState> bind();
+    QCoro::Task<> follow(HotkeyState told);
     [[nodiscard]] bool isFromOurSession(const QDBusMessage& signal) const;
 
     QDBusConnection m_bus;
     QDBusServiceWatcher m_watcher;
-    QString m_trigger;                        // proposed; empty before a wish
+    struct Wish {
+        std::uint32_t keyCode;
+        std::uint32_t modifiers;
+    };
+    std::optional<Wish> m_wish;
     std::unique_ptr<PortalSession> m_session; // null before a wish, and while there is no portal
     bool m_isBinding = false;
 };

@@ -41,22 +41,36 @@ QList<Shortcut> shortcutsIn(const QVariant& value)
     return qdbus_cast<QList<Shortcut>>(argument);
 }
 
+namespace {
+
+QString modifierNames(std::uint32_t modifiers)
+{
+    QString names;
+    if ((modifiers & HotkeyMath::command) != 0)
+        names += QLatin1String("LOGO+");
+    if ((modifiers & HotkeyMath::control) != 0)
+        names += QLatin1String("CTRL+");
+    if ((modifiers & HotkeyMath::option) != 0)
+        names += QLatin1String("ALT+");
+    if ((modifiers & HotkeyMath::shift) != 0)
+        names += QLatin1String("SHIFT+");
+    return names;
+}
+
+} // namespace
+
 std::optional<QString> triggerFor(std::uint32_t keyCode, std::uint32_t modifiers)
 {
     const auto key = KeyboardMap::x11KeyCode(keyCode);
     if (!key)
         return std::nullopt;
-    QString trigger;
-    if ((modifiers & HotkeyMath::command) != 0)
-        trigger += QLatin1String("LOGO+");
-    if ((modifiers & HotkeyMath::control) != 0)
-        trigger += QLatin1String("CTRL+");
-    if ((modifiers & HotkeyMath::option) != 0)
-        trigger += QLatin1String("ALT+");
-    if ((modifiers & HotkeyMath::shift) != 0)
-        trigger += QLatin1String("SHIFT+");
     constexpr int codeOfOne = 10; // the X key codes of 1 2 3 4 5 6 7 8 9 0 follow one another
-    return trigger + QString::number((*key - codeOfOne + 1) % 10);
+    return modifierNames(modifiers) + QString::number((*key - codeOfOne + 1) % 10);
+}
+
+QString triggerForSymbol(const QString& symbol, std::uint32_t modifiers)
+{
+    return modifierNames(modifiers & ~HotkeyMath::shift) + symbol; // Shift is what makes the key give it
 }
 
 } // namespace ShortcutsPortal

@@ -36,6 +36,11 @@ void registerTypes();
 /// @see  freedesktop.org, “XDG Shortcuts”: how triggers are written.
 [[nodiscard]] std::optional<QString> triggerFor(std::uint32_t keyCode, std::uint32_t modifiers);
 
+/// The same for a desktop that knows keys by what they give: KWin never hears of "SHIFT+2" where Shift and the key give
+/// "@", and wants "LOGO+at".
+/// @param symbol  What the key gives with Shift, as xkbcommon names it.
+[[nodiscard]] QString triggerForSymbol(const QString& symbol, std::uint32_t modifiers);
+
 } // namespace ShortcutsPortal
 } // namespace quillbox
 

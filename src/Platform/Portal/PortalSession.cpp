@@ -69,10 +69,11 @@ QCoro::Task<QVariantMap> PortalSession::look()
     co_return properties;
 }
 
-QCoro::Task<> PortalSession::open()
+QCoro::Task<QVariantMap> PortalSession::open(QString name, QVariantMap options)
 {
-    QVariantMap options;
-    options.insert(QStringLiteral("session_handle_token"), PortalRequest::newToken());
+    if (name.isEmpty())
+        name = PortalRequest::newToken();
+    options.insert(QStringLiteral("session_handle_token"), name);
     m_opening = new PortalRequest(m_bus, this);
     auto creating = ask(m_opening, QStringLiteral("CreateSession"), QVariantList(), options);
     const QVariantMap results = co_await creating;
@@ -82,6 +83,7 @@ QCoro::Task<> PortalSession::open()
         throw PortalError(Reason::Unreadable);
     m_bus.connect(QString(), m_path, QStringLiteral("org.freedesktop.portal.Session"), QStringLiteral("Closed"), this,
         SLOT(noteClosed()));
+    co_return results;
 }
 
 QCoro::Task<QVariantMap> PortalSession::request(QString method, QVariantList arguments, QVariantMap options)

@@ -37,8 +37,12 @@ public:
     /// @throws PortalError  NoInterface: also where the properties have no version.
     QCoro::Task<QVariantMap> look();
 
-    /// Begins the session. Called once. @throws PortalError
-    QCoro::Task<> open();
+    /// Begins the session. Called until it succeeds.
+    /// @param name     What stands for it in its path; empty for one that no other session has. A constant name is for
+    ///                 what the desktop keeps from one start to the next.
+    /// @param options  Of CreateSession.
+    /// @return what the answer tells. @throws PortalError
+    QCoro::Task<QVariantMap> open(QString name = {}, QVariantMap options = {});
 
     /// Calls a method that the user, or the desktop in their place, answers in time.
     /// @param arguments  Those between the session, which comes first, and the options.

@@ -87,14 +87,42 @@ TEST_F(PortalHotkeyTest, AsksOnceForWhatItWantsAndTellsTheKeysThatItGot)
 
 TEST_F(PortalHotkeyTest, ReportsEachPressOfItsOwnSession)
 {
-    Hotkey other;
-    ASSERT_TRUE(other.becomes(HotkeyStatus::Active));
     Hotkey hotkey;
     ASSERT_TRUE(hotkey.becomes(HotkeyStatus::Active));
+    m_portal.tell("PressElsewhere");
     m_portal.tell("Press");
     m_portal.tell("Press");
-    EXPECT_TRUE(test::eventually([&] { return hotkey.presses == 2; }));
-    EXPECT_EQ(other.presses, 0);
+    EXPECT_TRUE(test::eventually([&] { return hotkey.presses >= 2; }));
+    EXPECT_EQ(hotkey.presses, 2);
+}
+
+TEST_F(PortalHotkeyTest, IsNotAskedForWhatCameWithTheSession)
+{
+    m_portal.tell("Answer", {"with session"});
+    Hotkey hotkey;
+    ASSERT_TRUE(hotkey.becomes(HotkeyStatus::Active));
+    EXPECT_EQ(hotkey.service.state().trigger, "Press Super+@");
+    EXPECT_EQ(m_portal.questions(), 0U);
+    EXPECT_EQ(m_portal.tell("Wish").toString(), "record-region: Record a region of the screen, LOGO+SHIFT+2");
+}
+
+TEST_F(PortalHotkeyTest, NamesItsSessionAlikeAtEachStart)
+{
+    for (int start = 0; start < 2; ++start) {
+        Hotkey hotkey;
+        ASSERT_TRUE(hotkey.becomes(HotkeyStatus::Active));
+        EXPECT_TRUE(m_portal.tell("Session").toString().endsWith("/quillbox_shortcuts"));
+    }
+}
+
+TEST_F(PortalHotkeyTest, ProposesOnKDEWhatTheKeyGivesWithShift)
+{
+    const auto desktop = qgetenv("XDG_CURRENT_DESKTOP");
+    qputenv("XDG_CURRENT_DESKTOP", "Test:KDE");
+    Hotkey hotkey;
+    EXPECT_TRUE(hotkey.becomes(HotkeyStatus::Active));
+    EXPECT_EQ(m_portal.tell("Wish").toString(), "record-region: Record a region of the screen, LOGO+at");
+    qputenv("XDG_CURRENT_DESKTOP", desktop);
 }
 
 TEST_F(PortalHotkeyTest, FollowsTheKeysThatTheUserSets)
@@ -175,7 +203,15 @@ TEST_F(PortalHotkeyTest, MayGoWhileItAsks)
         for (int turn = 0; turn < turns; ++turn)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 5);
     }
-    EXPECT_TRUE(Hotkey().becomes(HotkeyStatus::Active)) << "and nothing is wrong after that";
+    // The last one's session has the same name, and may be about to end.
+    EXPECT_TRUE(test::eventually([] {
+        Hotkey hotkey;
+        EXPECT_TRUE(test::eventually([&] {
+            const auto status = hotkey.service.state().status;
+            return status == HotkeyStatus::Active || status == HotkeyStatus::Unavailable;
+        }));
+        return hotkey.service.state().status == HotkeyStatus::Active;
+    })) << "and nothing is wrong after that";
 }
 
 } // namespace

@@ -16,6 +16,12 @@ TEST(ShortcutsPortal, NamesACombinationAsThePortalWantsIt)
     EXPECT_EQ(ShortcutsPortal::triggerFor(18, 0), "1");
 }
 
+TEST(ShortcutsPortal, NamesACombinationByWhatItsKeyGivesWithShift)
+{
+    EXPECT_EQ(ShortcutsPortal::triggerForSymbol("at", carbonModifiers({.command = true, .shift = true})), "LOGO+at");
+    EXPECT_EQ(ShortcutsPortal::triggerForSymbol("2", carbonModifiers({.shift = true, .control = true})), "CTRL+2");
+}
+
 TEST(ShortcutsPortal, HasNoNameForAKeyThatIsNoDigit)
 {
     EXPECT_EQ(ShortcutsPortal::triggerFor(0, HotkeyMath::command), std::nullopt);

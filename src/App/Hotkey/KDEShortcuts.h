@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QCoro/QCoroTask>
+#include <QDBusConnection>
+#include <QString>
+
+#include <optional>
+
+namespace quillbox {
+
+/// What KDE's own service of global shortcuts knows. Its portal may claim keys that are another program's, or that it
+/// has forgotten; this service has those that are in force. Stateless; thread: main.
+namespace KDEShortcuts {
+
+/// Whether this session says that it is KDE's.
+[[nodiscard]] bool isDesktop();
+
+/// The keys that trigger an action of ours, as KDE's settings name them ("Meta+@"); empty where there are none. None
+/// where the service doesn't run or doesn't know us.
+/// @param session  The name that we gave our session with the portal: its shortcuts are kept under that.
+[[nodiscard]] QCoro::Task<std::optional<QString>> keysInForce(QDBusConnection bus, QString session, QString action);
+
+} // namespace KDEShortcuts
+} // namespace quillbox
