@@ -10,7 +10,7 @@
 #include "App/FrameSources/RawReader.h"
 #include "Clip.h"
 #include "Encoding/GIFOptimizer.h"
-#include "Platform/HugePages.h"
+#include "Platform/ProcessMemory.h"
 
 #include <cstdio>
 #include <cstdlib>

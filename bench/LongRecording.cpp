@@ -7,7 +7,7 @@
 
 #include "Capture/StreamRecorder.h"
 #include "Encoding/GIFOptimizer.h"
-#include "Platform/HugePages.h"
+#include "Platform/ProcessMemory.h"
 
 #include <QCoreApplication>
 #include <QCoro/QCoroTask>

@@ -14,7 +14,7 @@
 #include "Encoding/FrameReducer.h"
 #include "Encoding/GIFOptimizer.h"
 #include "Encoding/Precise/PreciseOptimizer.h"
-#include "Platform/HugePages.h"
+#include "Platform/ProcessMemory.h"
 
 #include <algorithm>
 #include <chrono>

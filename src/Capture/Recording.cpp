@@ -1,6 +1,7 @@
 #include "Capture/Recording.h"
 
 #include "Capture/RecordingReducer.h"
+#include "Capture/Spill/FrameSpill.h"
 
 #include <utility>
 
@@ -46,6 +47,15 @@ std::int64_t Recording::distinctCount() const
 {
     (void)reduced();
     return m_reducer->distinctCount();
+}
+
+void Recording::moveToDisk() const
+{
+    try {
+        FrameSpill::moveToFile(frames(), FrameSpill::usualLimits().diskSpaceToLeave, FrameSpill::usualFolder());
+    } catch (const SpillError&) {
+        // What found no room stays in memory.
+    }
 }
 
 std::int64_t Recording::fileBytes() const

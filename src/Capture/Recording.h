@@ -46,6 +46,10 @@ public:
     /// The clip is saved, or not wanted: nothing needs to bring the recording back. Its frames stay.
     void settle() const;
 
+    /// Moves the frames' pixels to the disk as far as it has room, since hardly anybody will look at them again. They
+    /// can still be looked at.
+    void moveToDisk() const;
+
     /// What of the frames lies in a file. Waits as reduced() does. @pre there is a frame.
     [[nodiscard]] std::int64_t fileBytes() const;
 

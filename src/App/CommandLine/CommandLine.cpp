@@ -2,7 +2,7 @@
 
 #include "App/CommandLine/Commands/Command.h"
 #include "App/CommandLine/Terminal/ErrorReport.h"
-#include "Platform/HugePages.h"
+#include "Platform/ProcessMemory.h"
 #include "Translation/Catalogues.h"
 
 #include <csignal>

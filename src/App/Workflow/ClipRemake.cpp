@@ -2,8 +2,10 @@
 
 #include "Encoding/Precondition.h"
 #include "Platform/Detach.h"
+#include "Platform/ProcessMemory.h"
 
 #include <QPointer>
+#include <QtConcurrent/QtConcurrentRun>
 
 #include <utility>
 
@@ -24,6 +26,23 @@ void ClipRemake::keep(const Recording& recording, const ClipRequest& request)
     m_recording = recording;
     m_request = request;
     m_outcome.reset();
+}
+
+void ClipRemake::takeOutcome(const ExportJob::Outcome& outcome)
+{
+    m_outcome = outcome;
+    if (std::holds_alternative<FinishedClip>(outcome))
+        moveToDisk();
+}
+
+/// The clip is made; what was recorded for it should not fill the memory until the next one.
+void ClipRemake::moveToDisk()
+{
+    (void)QtConcurrent::run([recording = m_recording]() mutable {
+        recording.moveToDisk();
+        recording = {};
+        returnFreeMemory();
+    });
 }
 
 void ClipRemake::release()
@@ -55,7 +74,7 @@ QCoro::Task<> ClipRemake::run()
     const auto outcome = co_await making;
     if (!self || !outcome)
         co_return;
-    m_outcome = outcome;
+    takeOutcome(*outcome);
     if (const auto* const clip = std::get_if<FinishedClip>(&*outcome))
         setPhase(RecordingCoordinator::Done{clip->path, clip->byteCount});
     else

@@ -27,7 +27,7 @@ public:
     /// Keeps a recording of which a clip is being made, instead of any other. @pre nothing is being made here.
     void keep(const Recording& recording, const ClipRequest& request);
     /// What became of the clip.
-    void takeOutcome(const ExportJob::Outcome& outcome) { m_outcome = outcome; }
+    void takeOutcome(const ExportJob::Outcome& outcome);
     /// Lets go of the recording.
     void release();
 
@@ -59,6 +59,7 @@ Q_SIGNALS:
 private:
     QCoro::Task<> run();
     void setPhase(Phase next);
+    void moveToDisk();
 
     std::shared_ptr<HistoryStore> m_history;
     Recording m_recording; // without a frame: none

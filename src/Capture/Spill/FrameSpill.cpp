@@ -56,6 +56,7 @@ public:
     {
         return CompressedBand::decompressed(m_bytes, m_byteCount);
     }
+    [[nodiscard]] std::size_t memoryBytes() const override { return m_bytes.size(); }
 
 private:
     Bytes m_bytes;
@@ -112,6 +113,31 @@ void FrameSpill::keep(const RGBAFrame& frame)
             evict(*band);
         m_plainBytes -= m_plain.front().byteCount;
         m_plain.pop_front();
+    }
+}
+
+void FrameSpill::moveToFile(
+    std::span<const RGBAFrame> frames, std::uint64_t diskSpaceToLeave, const std::filesystem::path& folder)
+{
+    std::shared_ptr<SpillFile> file;
+    Bytes compressed;
+    for (const RGBAFrame& frame : frames) {
+        for (std::int64_t index = 0; index < frame.bandCount(); ++index) {
+            const RGBAFrame::Band band = frame.ownBand(index);
+            if (!band)
+                continue;
+            if (band->isBacked())
+                band->evict();
+            if (band->memoryBytes() == 0) // it is in a file already
+                continue;
+            if (!file)
+                file = std::make_shared<SpillFile>(folder, diskSpaceToLeave);
+            const PixelView pixels = band->pixels();
+            compressed.clear();
+            (void)CompressedBand::append(compressed, {pixels.data(), pixels.size()});
+            const std::int64_t place = file->append(compressed);
+            band->evict(std::make_unique<CompressedInFile>(file, place, compressed.size(), pixels.size()));
+        }
     }
 }
 

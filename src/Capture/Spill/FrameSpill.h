@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <span>
 
 namespace quillbox {
 
@@ -39,6 +40,11 @@ public:
     /// Takes care of the next frame's bands. Those that it shares with the frame before are in care already.
     /// @throws SpillError  there is no room any more. What was recorded is all there; no frame should follow.
     void keep(const RGBAFrame& frame);
+
+    /// Moves all pixels of frames made of bands to the file, whoever has shares in them.
+    /// @throws SpillError  there is no room; what was not moved stays as it is.
+    static void moveToFile(
+        std::span<const RGBAFrame> frames, std::uint64_t diskSpaceToLeave, const std::filesystem::path& folder);
 
     [[nodiscard]] const Limits& limits() const { return m_limits; }
     [[nodiscard]] std::int64_t plainBytes() const { return m_plainBytes; }

@@ -31,6 +31,12 @@ bool PixelBand::isBacked() const
     return m_backing != nullptr;
 }
 
+std::size_t PixelBand::memoryBytes() const
+{
+    const std::scoped_lock lock(m_mutex);
+    return (m_resident ? m_byteCount : 0) + (m_backing ? m_backing->memoryBytes() : 0);
+}
+
 PixelView PixelBand::pixels() const
 {
     std::shared_ptr<const BackingStore> backing;

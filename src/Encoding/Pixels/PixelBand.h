@@ -28,6 +28,9 @@ public:
     /// Whether it has a backing store, so that evicting its pixels costs nothing.
     [[nodiscard]] bool isBacked() const;
 
+    /// What it keeps in memory: its pixels, unless evicted, and what its backing store takes up.
+    [[nodiscard]] std::size_t memoryBytes() const;
+
     /// The pixels, in memory for as long as the result is held, evicted or not. Throws what the backing store throws if
     /// they have to be read and can't be any more.
     [[nodiscard]] PixelView pixels() const;

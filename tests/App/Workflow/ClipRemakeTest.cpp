@@ -48,6 +48,7 @@ private Q_SLOTS:
     void triesAgainAfterAFailure();
     void savesWhereTheUserSays();
     void knowsThatATooLargeFrameStaysSo();
+    void movesTheRecordingToTheDiskOnceItIsAClip();
     void letsGoOfTheRecording();
     void mayBeDestroyedMeanwhile();
 
@@ -241,6 +242,23 @@ void ClipRemakeTest::knowsThatATooLargeFrameStaysSo()
     m_remake->keep({{test::gray(70000, 1)}}, plain);
     make(plain);
     QVERIFY(!std::get<ExportJob::Failure>(m_remake->outcome().value()).mayPass);
+}
+
+void ClipRemakeTest::movesTheRecordingToTheDiskOnceItIsAClip()
+{
+    const RGBAFrame frame = test::gray(300, 200).inBands(std::nullopt);
+    const auto inMemory = [&frame] {
+        return frame.ownBand(0)->memoryBytes();
+    };
+    m_remake->keep({{frame}}, plain);
+    m_fixture->blockClips();
+    make(plain);
+    QVERIFY(inMemory() > 0); // it failed: there will soon be another attempt
+    m_fixture->unblockClips();
+    make(plain);
+    QVERIFY(test::eventually([&] { return inMemory() == 0; }));
+    make(precise);
+    QCOMPARE(picturesIn(clip().path), 1);
 }
 
 void ClipRemakeTest::letsGoOfTheRecording()

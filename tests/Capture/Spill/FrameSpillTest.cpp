@@ -186,5 +186,29 @@ TEST(FrameSpill, TheUsualLimitsFitTheMachine)
     EXPECT_EQ(input.memoryBytes, 0);
 }
 
+TEST(FrameSpill, MovesAllToTheFile)
+{
+    const auto plain = recording(30);
+    const auto frames = support::inBands(plain);
+    FrameSpill store({.plainBytes = 100'000, .memoryBytes = 50'000, .diskSpaceToLeave = 0}, folder());
+    keepAll(store, frames);
+    ASSERT_GT(store.compressedBytes(), 0) << "some in memory";
+    ASSERT_GT(store.fileBytes(), 0) << "some in the file";
+    FrameSpill::moveToFile(frames, 0, folder());
+    for (std::size_t i = 0; i < frames.size(); ++i) {
+        for (std::int64_t band = 0; band < frames[i].bandCount(); ++band)
+            EXPECT_EQ(frames[i].ownBand(band)->memoryBytes(), 0);
+        EXPECT_EQ(frames[i], plain[i]);
+    }
+}
+
+TEST(FrameSpill, LeavesInMemoryWhatTheDiskHasNoRoomFor)
+{
+    const auto plain = recording(5);
+    const auto frames = support::inBands(plain);
+    EXPECT_THROW(FrameSpill::moveToFile(frames, std::numeric_limits<std::uint64_t>::max(), folder()), SpillError);
+    EXPECT_EQ(frames, plain);
+}
+
 } // namespace
 } // namespace quillbox

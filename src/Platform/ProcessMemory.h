@@ -6,4 +6,8 @@ namespace quillbox {
 /// Where it is refused all works as well, only slower. Called before other threads start.
 void preferHugePages() noexcept;
 
+/// Gives memory that the program has freed back to the system, which the allocator would keep for later. Takes some
+/// milliseconds. Thread: any.
+void returnFreeMemory() noexcept;
+
 } // namespace quillbox
