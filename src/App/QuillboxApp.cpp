@@ -129,6 +129,10 @@ QuillboxApp::QuillboxApp(SystemServices services)
                 Text::tr("The recording ended early"), Text::tr("%1. What was recorded is kept.").arg(reason));
         },
         Qt::QueuedConnection);
+    QObject::connect(m_recorder.get(), &ScreenRecorder::impaired, m_coordinator.get(), [] {
+        DesktopNotification::show(Text::tr("The recording goes on"),
+            Text::tr("It could not be prepared for the clip meanwhile. Making the clip will take longer."));
+    });
 }
 
 QuillboxApp::~QuillboxApp() = default;

@@ -6,19 +6,25 @@
 
 namespace quillbox {
 
-RecordingReducer::RecordingReducer(FrameSpill store, std::function<void()> onFull)
+RecordingReducer::RecordingReducer(FrameSpill store, std::function<void()> onTrouble)
     : m_store(std::move(store))
-    , m_onFull(std::move(onFull))
+    , m_onTrouble(std::move(onTrouble))
 {
 }
 
 void RecordingReducer::follow(const std::vector<RGBAFrame>& frames)
 {
     if (!m_thread && !frames.empty())
-        m_thread.emplace(FrameReducer::forAnyPreset(FrameTimeline::framesPerSecond),
-            FrameThread<FrameReducer>::unlimited, [this](const RGBAFrame& frame) {
+        m_thread.emplace(
+            FrameReducer::forAnyPreset(FrameTimeline::framesPerSecond), FrameThread<FrameReducer>::unlimited,
+            [this](const RGBAFrame& frame) {
                 count(frame);
                 keep(frame);
+            },
+            [this] {
+                m_hasFailed = true;
+                if (m_onTrouble)
+                    m_onTrouble();
             });
     for (auto i = m_thread ? m_thread->takenCount() : 0; i < std::ssize(frames); ++i)
         m_thread->take(frames[static_cast<std::size_t>(i)]);
@@ -26,7 +32,7 @@ void RecordingReducer::follow(const std::vector<RGBAFrame>& frames)
 
 bool RecordingReducer::isBehind(const std::vector<RGBAFrame>& frames) const
 {
-    if (!m_store)
+    if (!m_store || hasFailed()) // what nobody takes care of waits for nobody
         return false;
     const std::int64_t limit = m_store->limits().waitingBytes;
     std::int64_t waiting = 0;
@@ -63,8 +69,8 @@ void RecordingReducer::keep(const RGBAFrame& frame)
             const std::scoped_lock lock(m_mutex);
             m_fullReason = error.what();
         }
-        if (m_onFull)
-            m_onFull();
+        if (m_onTrouble)
+            m_onTrouble();
     }
 }
 

@@ -43,6 +43,9 @@ Q_SIGNALS:
     /// The screen can't be captured any longer, for `reason` (one sentence without a full stop). isRecording() stays
     /// true, no frame follows, and stop() returns those recorded so far.
     void interrupted(const QString& reason);
+    /// What measures the recording while it goes on has failed, as without memory. It goes on, in memory alone; its
+    /// clip is made from the frames, and takes longer. Once a recording.
+    void impaired();
 };
 
 } // namespace quillbox

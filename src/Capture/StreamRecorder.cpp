@@ -206,6 +206,15 @@ void StreamRecorder::takeDeliveries()
     const auto reason = m_isRecording ? m_session->reducer->fullReason() : std::string();
     if (!reason.empty() && !m_session->timeline.isFinished())
         end(m_session, m_now(), CaptureError(CaptureError::Reason::NoRoom, reason));
+    tellIfImpaired();
+}
+
+void StreamRecorder::tellIfImpaired()
+{
+    if (!m_isRecording || m_session->isImpaired || !m_session->reducer->hasFailed())
+        return;
+    m_session->isImpaired = true;
+    Q_EMIT impaired();
 }
 
 void StreamRecorder::deliver(Session& session, RGBAFrame frame, CaptureClock::time_point time)
@@ -247,7 +256,10 @@ void StreamRecorder::finish(Session& session, CaptureClock::time_point time)
     takeLate(session);
     session.timeline.finish(time);
     session.reducer->follow(session.timeline.frames());
-    session.recording.emplace(session.timeline.frames(), session.reducer);
+    if (session.reducer->hasFailed())
+        session.recording.emplace(session.timeline.frames());
+    else
+        session.recording.emplace(session.timeline.frames(), session.reducer);
     if (session.journal) {
         session.journal->finish(std::ssize(session.timeline.frames()));
         session.recording->setBackup([journal = session.journal] { journal->remove(); });

@@ -87,6 +87,7 @@ private:
         std::shared_ptr<RecordingJournal> journal;                          // does so, too; null: there is none
         std::optional<Recording> recording;                                 // none while the timeline may change
         QString interruption;                                               // empty unless it ended by itself
+        bool isImpaired = false;                                            // and it was told
         std::optional<std::pair<RGBAFrame, CaptureClock::time_point>> late; // not taken: too many were waiting
     };
     /// What a stream's thread has for the main one.
@@ -107,6 +108,7 @@ private:
     [[nodiscard]] static Recording recordingOf(Session& session);
     static void finish(Session& session, CaptureClock::time_point time);
     static void deliver(Session& session, RGBAFrame frame, CaptureClock::time_point time);
+    void tellIfImpaired();
     void end(const std::shared_ptr<Session>& session, CaptureClock::time_point time, const CaptureError& reason);
     void setRecording(bool next);
 

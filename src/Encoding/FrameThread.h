@@ -24,13 +24,17 @@ template <typename Frames> class FrameThread {
 public:
     static constexpr std::size_t unlimited = 0;
     using Afterwards = std::function<void(const RGBAFrame&)>;
+    using Failed = std::function<void()>;
 
     /// @param maxQueue    Frames that may be under way; a faster caller then waits. `unlimited`: nobody ever waits.
     /// @param afterwards  Called on the thread with each frame that has been taken in; may be empty.
-    explicit FrameThread(Frames frames, std::size_t maxQueue = unlimited, Afterwards afterwards = nullptr)
+    /// @param failed      Called on the thread when taking a frame in, or `afterwards`, has thrown: none follows.
+    explicit FrameThread(
+        Frames frames, std::size_t maxQueue = unlimited, Afterwards afterwards = nullptr, Failed failed = nullptr)
         : m_frames(std::move(frames))
         , m_maxQueue(maxQueue)
         , m_afterwards(std::move(afterwards))
+        , m_failed(std::move(failed))
         , m_thread([this] { work(); })
     {
     }
@@ -94,7 +98,11 @@ private:
             } catch (...) { // as a rule out of memory
                 lock.lock();
                 m_error = std::current_exception();
+                m_waiting.clear();
                 m_changed.notify_all();
+                lock.unlock();
+                if (m_failed)
+                    m_failed();
                 return;
             }
             ++m_doneCount;
@@ -116,6 +124,7 @@ private:
     Frames m_frames; ///< the thread's while it runs
     std::size_t m_maxQueue;
     Afterwards m_afterwards;
+    Failed m_failed;
     std::int64_t m_takenCount = 0;
     std::atomic<std::int64_t> m_doneCount = 0;
 

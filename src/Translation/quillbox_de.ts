@@ -1193,6 +1193,14 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <source>“Check for Updates…” in the panel installs it.</source>
         <translation>„Nach Updates suchen…“ im Fenster installiert sie.</translation>
     </message>
+    <message>
+        <source>The recording goes on</source>
+        <translation>Die Aufnahme geht weiter</translation>
+    </message>
+    <message>
+        <source>It could not be prepared for the clip meanwhile. Making the clip will take longer.</source>
+        <translation>Sie konnte nebenher nicht für den Clip vorbereitet werden. Der Clip wird länger brauchen.</translation>
+    </message>
 </context>
 <context>
     <name>RecordCommand</name>

@@ -1193,6 +1193,14 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <source>“Check for Updates…” in the panel installs it.</source>
         <translation>«Buscar actualizaciones…» en el panel la instala.</translation>
     </message>
+    <message>
+        <source>The recording goes on</source>
+        <translation>La grabación continúa</translation>
+    </message>
+    <message>
+        <source>It could not be prepared for the clip meanwhile. Making the clip will take longer.</source>
+        <translation>No se pudo preparar el clip mientras tanto. Crear el clip tardará más.</translation>
+    </message>
 </context>
 <context>
     <name>RecordCommand</name>

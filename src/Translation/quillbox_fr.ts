@@ -1193,6 +1193,14 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <source>“Check for Updates…” in the panel installs it.</source>
         <translation>«&#xa0;Rechercher des mises à jour…&#xa0;» dans le panneau l&apos;installe.</translation>
     </message>
+    <message>
+        <source>The recording goes on</source>
+        <translation>L&apos;enregistrement continue</translation>
+    </message>
+    <message>
+        <source>It could not be prepared for the clip meanwhile. Making the clip will take longer.</source>
+        <translation>La préparation du clip en parallèle a échoué. La création du clip prendra plus de temps.</translation>
+    </message>
 </context>
 <context>
     <name>RecordCommand</name>

@@ -1187,6 +1187,14 @@ The commands below have more examples: quillbox encode --help</source>
         <source>“Check for Updates…” in the panel installs it.</source>
         <translation>パネルの「アップデートを確認…」でインストールできます。</translation>
     </message>
+    <message>
+        <source>The recording goes on</source>
+        <translation>録画は続いています</translation>
+    </message>
+    <message>
+        <source>It could not be prepared for the clip meanwhile. Making the clip will take longer.</source>
+        <translation>録画中にクリップの準備ができませんでした。クリップの作成に時間がかかります。</translation>
+    </message>
 </context>
 <context>
     <name>RecordCommand</name>

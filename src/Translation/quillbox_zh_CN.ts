@@ -1187,6 +1187,14 @@ The commands below have more examples: quillbox encode --help</source>
         <source>“Check for Updates…” in the panel installs it.</source>
         <translation>面板中的“检查更新…”可安装它。</translation>
     </message>
+    <message>
+        <source>The recording goes on</source>
+        <translation>录制仍在继续</translation>
+    </message>
+    <message>
+        <source>It could not be prepared for the clip meanwhile. Making the clip will take longer.</source>
+        <translation>录制期间无法为片段做准备。制作片段将需要更长时间。</translation>
+    </message>
 </context>
 <context>
     <name>RecordCommand</name>

@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace quillbox::test {
@@ -43,13 +44,14 @@ struct RecorderFixture {
     std::shared_ptr<CaptureClock::time_point> now = std::make_shared<CaptureClock::time_point>();
     std::unique_ptr<StreamRecorder> recorder;
 
-    explicit RecorderFixture(std::optional<FrameSpill::Limits> limits = std::nullopt)
+    explicit RecorderFixture(std::optional<FrameSpill::Limits> limits = std::nullopt,
+        std::optional<RecordingJournal::Options> journal = std::nullopt)
         : recorder(std::make_unique<StreamRecorder>(
             [this] {
                 ++streams;
                 return std::make_unique<ScriptedStream>(script);
             },
-            [now = now] { return *now; }, limits))
+            [now = now] { return *now; }, limits, std::move(journal)))
     {
     }
     RecorderFixture(const RecorderFixture&) = delete;

@@ -1,11 +1,16 @@
 #include "Capture/RecordingReducer.h"
 
+#include "Capture/Spill/CompressedBand.h"
+#include "Capture/Spill/SpillFile.h"
 #include "Encoding/GIFOptimizer.h"
 #include "support/Pictures.h"
+#include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <fcntl.h>
+#include <filesystem>
 #include <limits>
 #include <vector>
 
@@ -76,6 +81,31 @@ TEST(RecordingReducer, SaysOnceThatThereIsNoRoom)
     EXPECT_EQ(calls, 1);
     EXPECT_EQ(reducer.fullReason(), "The disk is nearly full");
     EXPECT_EQ(taken.frameCount(), 60) << "what came later is not lost";
+}
+
+TEST(RecordingReducer, TellsThatAFileCannotBeReadAnyMore)
+{
+    const support::TemporaryFolder folder;
+    const auto path = folder.path() / "spill";
+    const auto file = std::make_shared<SpillFile>(
+        FileDescriptor(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)), std::uint64_t{0});
+    const auto frames = support::inBands(firstOf(recording(), 3));
+    for (std::int64_t index = 0; index < frames[1].bandCount(); ++index) {
+        const auto band = frames[1].ownBand(index);
+        const PixelView pixels = band->pixels();
+        Bytes compressed;
+        (void)CompressedBand::append(compressed, {pixels.data(), pixels.size()});
+        const auto place = file->append(compressed);
+        band->evict(std::make_unique<CompressedInFile>(file, place, compressed.size(), band->byteCount()));
+    }
+    std::filesystem::resize_file(path, 0);
+    std::atomic<int> calls = 0;
+    RecordingReducer reducer(plenty(), [&calls] { ++calls; });
+    reducer.follow(frames);
+    EXPECT_THROW((void)reducer.finished(), SpillError);
+    EXPECT_TRUE(reducer.hasFailed());
+    EXPECT_FALSE(reducer.isBehind(frames)) << "nobody waits for what nobody does";
+    EXPECT_EQ(calls, 1);
 }
 
 TEST(RecordingReducerDeathTest, FollowsNothingAfterTheEnd)
