@@ -60,11 +60,13 @@ struct Options {
         rawSize = {1 + input.below(8), 1 + input.below(8)};
         raw.format = static_cast<RawFormat>(input.below(4));
         raw.ifCut = input.byte() % 2 == 0 ? RawReader::IfCut::ReadFirst : RawReader::IfCut::RefuseAtOnce;
-        isPrecise = input.byte() % 2 != 0;
-        isHurried = input.byte() < 240;
-        threads = input.byte() < 250 ? 1 : 4; // starting them takes longer than the rest
-        precise = {
-            .targetBytes = 65536 - input.number16(), .maxFPS = 1 + input.below(50), .maxColors = 2 + input.below(15)};
+        isPrecise = input.byte() % 8 == 1; // few are: its search has a fuzzer of its own
+        isHurried = input.byte() < 250;
+        threads = input.byte() < 254 ? 1 : 4;        // starting them takes longer than the rest
+        const std::int64_t tight = input.number16(); // few budgets are: making smaller files takes long, too
+        precise = {.targetBytes = tight < 2'000 ? 1 + tight : 65'536,
+            .maxFPS = 1 + input.below(50),
+            .maxColors = 2 + input.below(15)};
         spill = {.plainBytes = input.below(bandOrTwo), .memoryBytes = input.below(bandOrTwo), .diskSpaceToLeave = 0};
     }
 };
@@ -98,7 +100,7 @@ public:
     void setRate(FrameRate rate) override { m_next.setRate(rate); }
     void take(const RGBAFrame& frame) override
     {
-        constexpr std::int64_t enough = 40; // a single frame may last for minutes
+        constexpr std::int64_t enough = 12; // a single frame may last for minutes
         if (count++ < enough)
             m_next.take(frame);
     }

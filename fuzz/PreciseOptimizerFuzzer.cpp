@@ -68,7 +68,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::int64_t length = (std::ssize(frames) * 200 + fps) / (2 * fps);
     precondition(centiseconds >= length - 1 && centiseconds <= std::max(length + 1, 2 * result.clip.frameCount),
         "the clip takes as long as the recording");
-    if (result.qualityDecibels == PreciseOptimizer::perfectDecibels && !config.maxWidth) {
+    const bool isOfFullSize = !config.maxWidth && result.scale == 1;
+    if (isOfFullSize && result.qualityDecibels == PreciseOptimizer::perfectDecibels) {
         std::vector<RGBColor> last;
         const auto pictures = shown(gif);
         if (frames.size() == 1) {

@@ -74,13 +74,13 @@ struct OptimizerInput {
 
     explicit OptimizerInput(Input input)
         : config(configOf(input))
-        , threads(input.byte() < 240 ? 1 : 3) // starting them takes longer than the rest
+        , threads(input.byte() < 252 ? 1 : 3) // starting them takes longer than the rest
     {
         constexpr std::int64_t wide = 1000; // more than one preset allows
         if (input.byte() % 64 == 63)
             frames.push_back(input.picture(wide, 1));
         else
-            frames = input.recording(3, 8);
+            frames = input.recording(3, 4); // few pixels have few colours, among which the nearest are sought
     }
     static GIFOptimizer::Config configOf(Input& input)
     {

@@ -186,6 +186,10 @@
         <source>%1. quillbox record and encode work from a terminal</source>
         <translation>%1. quillbox record und encode laufen auch in einem Terminal</translation>
     </message>
+    <message>
+        <source>QT_QPA_PLATFORM is &quot;%1&quot;, which is none of %2; unset it</source>
+        <translation>QT_QPA_PLATFORM ist „%1“, keines von %2; entfernen Sie es</translation>
+    </message>
 </context>
 <context>
     <name>DisplayError</name>
@@ -1641,6 +1645,10 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>--background: %1 frames have no transparency; leave it out</source>
         <translation>--background: %1-Bilder haben keine Durchsichtigkeit; lassen Sie es weg</translation>
+    </message>
+    <message>
+        <source>QUILLBOX_JOURNAL is &quot;%1&quot;; set it to off to keep no recording on disk, or unset it</source>
+        <translation>QUILLBOX_JOURNAL ist „%1“; setzen Sie es auf off, um keine Aufnahme auf der Platte zu halten, oder entfernen Sie es</translation>
     </message>
 </context>
 <context>

@@ -186,6 +186,10 @@
         <source>%1. quillbox record and encode work from a terminal</source>
         <translation>%1. quillbox record y encode funcionan desde un terminal</translation>
     </message>
+    <message>
+        <source>QT_QPA_PLATFORM is &quot;%1&quot;, which is none of %2; unset it</source>
+        <translation>QT_QPA_PLATFORM es «%1», que no es ninguno de %2; quítelo</translation>
+    </message>
 </context>
 <context>
     <name>DisplayError</name>
@@ -1641,6 +1645,10 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>--background: %1 frames have no transparency; leave it out</source>
         <translation>--background: los fotogramas %1 no tienen transparencia; omítalo</translation>
+    </message>
+    <message>
+        <source>QUILLBOX_JOURNAL is &quot;%1&quot;; set it to off to keep no recording on disk, or unset it</source>
+        <translation>QUILLBOX_JOURNAL es «%1»; póngalo en off para no guardar grabaciones en el disco, o quítelo</translation>
     </message>
 </context>
 <context>

@@ -186,6 +186,10 @@
         <source>%1. quillbox record and encode work from a terminal</source>
         <translation>%1. quillbox record et encode fonctionnent depuis un terminal</translation>
     </message>
+    <message>
+        <source>QT_QPA_PLATFORM is &quot;%1&quot;, which is none of %2; unset it</source>
+        <translation>QT_QPA_PLATFORM vaut « %1 », qui n’est aucun de %2&#xa0;; retirez-la</translation>
+    </message>
 </context>
 <context>
     <name>DisplayError</name>
@@ -1641,6 +1645,10 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>--background: %1 frames have no transparency; leave it out</source>
         <translation>--background&#xa0;: les images %1 n’ont pas de transparence&#xa0;; retirez-la</translation>
+    </message>
+    <message>
+        <source>QUILLBOX_JOURNAL is &quot;%1&quot;; set it to off to keep no recording on disk, or unset it</source>
+        <translation>QUILLBOX_JOURNAL vaut « %1 »&#xa0;; mettez off pour ne garder aucun enregistrement sur le disque, ou retirez-la</translation>
     </message>
 </context>
 <context>

@@ -186,6 +186,10 @@
         <source>%1. quillbox record and encode work from a terminal</source>
         <translation>%1。quillbox record と encode は端末から使えます</translation>
     </message>
+    <message>
+        <source>QT_QPA_PLATFORM is &quot;%1&quot;, which is none of %2; unset it</source>
+        <translation>QT_QPA_PLATFORM が「%1」ですが、%2 のいずれでもありません。設定を解除してください</translation>
+    </message>
 </context>
 <context>
     <name>DisplayError</name>
@@ -1628,6 +1632,10 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>--background: %1 frames have no transparency; leave it out</source>
         <translation>--background: %1 のフレームには透明度がありません。指定を外してください</translation>
+    </message>
+    <message>
+        <source>QUILLBOX_JOURNAL is &quot;%1&quot;; set it to off to keep no recording on disk, or unset it</source>
+        <translation>QUILLBOX_JOURNAL が「%1」です。録画をディスクに保存しないなら off にするか、設定を解除してください</translation>
     </message>
 </context>
 <context>

@@ -186,6 +186,10 @@
         <source>%1. quillbox record and encode work from a terminal</source>
         <translation>%1。quillbox record 和 encode 可在终端中使用</translation>
     </message>
+    <message>
+        <source>QT_QPA_PLATFORM is &quot;%1&quot;, which is none of %2; unset it</source>
+        <translation>QT_QPA_PLATFORM 为“%1”，不是 %2 中的任何一个；请取消设置</translation>
+    </message>
 </context>
 <context>
     <name>DisplayError</name>
@@ -1628,6 +1632,10 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>--background: %1 frames have no transparency; leave it out</source>
         <translation>--background：%1 帧没有透明度；请去掉它</translation>
+    </message>
+    <message>
+        <source>QUILLBOX_JOURNAL is &quot;%1&quot;; set it to off to keep no recording on disk, or unset it</source>
+        <translation>QUILLBOX_JOURNAL 为“%1”；设为 off 则不在磁盘上保留录制内容，或取消设置</translation>
     </message>
 </context>
 <context>

@@ -54,6 +54,12 @@ std::optional<std::string> Environment::complaint()
             translate("Usage", "QUILLBOX_RECORDING_MEMORY is \"%1\"; make it a whole number of megabytes, or unset it"),
             {memory});
     }
+    const std::string journal = valueOf("QUILLBOX_JOURNAL");
+    if (!journal.empty() && journal != "off") {
+        return withArguments(
+            translate("Usage", "QUILLBOX_JOURNAL is \"%1\"; set it to off to keep no recording on disk, or unset it"),
+            {journal});
+    }
     for (const auto& [name, known] : backEnds) {
         const std::string value = valueOf(name);
         if (!value.empty() && !isAmong(known, value))

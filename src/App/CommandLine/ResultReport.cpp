@@ -1,5 +1,6 @@
 #include "App/CommandLine/ResultReport.h"
 
+#include "App/CommandLine/Arguments/Options.h"
 #include "App/CommandLine/Terminal/ErrorReport.h"
 #include "Translation/Translate.h"
 
@@ -27,6 +28,12 @@ std::string size(std::int64_t byteCount)
     if (byteCount < 1'000'000)
         return decimal(static_cast<double>(byteCount) / 1000, 0) + " KB";
     return decimal(static_cast<double>(byteCount) / 1'000'000, 1) + " MB";
+}
+
+/// Where the clip is, for a person.
+std::string placeOf(const std::string& output)
+{
+    return output == standardStreamName ? translate("Streams", "standard output") : ErrorReport::oneLine(output);
 }
 
 /// For plurals: exact as far as an int goes, which is farther than a clip.
@@ -91,7 +98,7 @@ std::string preciseSummary(const ResultReport::Clip& clip)
 {
     const auto& result = clip.result;
     return withArguments(translate("ResultReport", "%1: %2, %3, %4, %5 s"),
-               {ErrorReport::oneLine(clip.output), size(result.byteCount),
+               {placeOf(clip.output), size(result.byteCount),
                    translate("ResultReport", "%n frame(s)", nullptr, count(result.frameCount)),
                    translate("ResultReport", "%n colour(s)", nullptr, count(result.colorCount)),
                    decimal(result.durationSeconds, 1)})
@@ -102,7 +109,7 @@ std::string summary(const ResultReport::Clip& clip)
 {
     const auto& result = clip.result;
     return withArguments(translate("ResultReport", "%1: %2, %3, %4, %5 fps, %6 s, %7"),
-        {ErrorReport::oneLine(clip.output), size(result.byteCount),
+        {placeOf(clip.output), size(result.byteCount),
             translate("ResultReport", "%n frame(s)", nullptr, count(result.frameCount)),
             translate("ResultReport", "%n colour(s)", nullptr, count(result.colorCount)),
             std::to_string(result.effectiveFPS), decimal(result.durationSeconds, 1),

@@ -14,7 +14,7 @@ class NoDesktopError : public std::runtime_error {
 /// Qt with windows, named as the desktop knows the program. Ends only when told to. One a process.
 class DesktopApplication {
 public:
-    /// @throws NoDesktopError  nothing answers where the environment says the display is.
+    /// @throws NoDesktopError  nothing answers where the environment says the display is, or it names no display.
     DesktopApplication();
 
     /// Turns the event loop until the end.

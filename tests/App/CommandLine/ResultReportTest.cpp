@@ -49,6 +49,13 @@ TEST(ResultReport, SaysItInOneHumanLine)
         "a.gif: 1.2 MB, 40 frames, 64 colours, 12 fps, 3.3 s, dithered\n");
 }
 
+TEST(ResultReport, NamesStandardOutputInWords)
+{
+    const auto clip = result(1234567);
+    const auto line = ResultReport::humanLine({.result = clip, .preset = ExportPreset::slack, .output = "-"});
+    EXPECT_TRUE(line.starts_with("standard output: 1.2 MB, ")) << line;
+}
+
 TEST(ResultReport, UsesTheSingularForOne)
 {
     auto one = result(999);

@@ -46,6 +46,11 @@ Cut bestCut(const Points& points)
     Cut best;
     for (int direction = 0; direction < 4; ++direction) {
         for (int lastBelow = 0; lastBelow < 255; ++lastBelow) {
+            const auto isLastBelow = [&](const ColorMoments& point) {
+                return placeOf(point, direction) == lastBelow;
+            };
+            if (std::ranges::none_of(points, isLastBelow))
+                continue; // divides them as the one before does
             if (Cut cut = cutAt(points, direction, lastBelow); cut.gain > best.gain)
                 best = std::move(cut);
         }

@@ -54,7 +54,8 @@ void examineFiles(const std::vector<std::string>& inputs, const ClipOutput& outp
         if (input != standardStreamName && InputFiles::patternIn(input))
             continue; // whatever fits it is an image, not a GIF that is made of images
         if ((input == standardStreamName ? ::fstat(STDIN_FILENO, &in) : ::stat(input.c_str(), &in)) != 0)
-            throw FrameReadError(input, FrameReadError::CannotOpen{errno});
+            throw FrameReadError(input == standardStreamName ? translate("Streams", "standard input") : input,
+                FrameReadError::CannotOpen{errno});
         if (replacesFile && in.st_dev == out.st_dev && in.st_ino == out.st_ino)
             throw OutputFileError(output.name(), OutputFileError::Reason::IsInput);
     }

@@ -32,6 +32,13 @@ TEST_F(RecordCommand, SaysWhyADesktopCannotBeRecorded)
         "QUILLBOX_CAPTURE_BACKEND is \"magic\", which is none of x11, portal, none");
     expectError(2, "QUILLBOX_RECORDING_MEMORY=-1 quillbox record --region 0,0,10x10 -o x.gif",
         "QUILLBOX_RECORDING_MEMORY is \"-1\"; make it a whole number of megabytes, or unset it");
+    expectError(2, "QUILLBOX_JOURNAL=maybe quillbox record --region 0,0,10x10 -o x.gif",
+        "QUILLBOX_JOURNAL is \"maybe\"; set it to off to keep no recording on disk, or unset it");
+    const auto unknown = shell("QT_QPA_PLATFORM=nonsense quillbox record --select -o x.gif");
+    EXPECT_EQ(unknown.exitStatus, 1);
+    EXPECT_TRUE(unknown.errors.starts_with("quillbox: QT_QPA_PLATFORM is \"nonsense\", which is none of "))
+        << unknown.errors;
+    EXPECT_EQ(lineCount(unknown.errors), 1);
 }
 
 TEST_F(RecordCommand, NamesTheOptionThatIsWrong)
