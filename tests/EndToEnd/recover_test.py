@@ -5,6 +5,7 @@ import json
 import os
 import pathlib
 import random
+import resource
 import signal
 import stat
 import unittest
@@ -28,6 +29,11 @@ def listed():
     done = recover("--list", "--json")
     assert (done.returncode, done.stderr) == (0, ""), done.stderr
     return json.loads(done.stdout)
+
+
+def allow_files_of(desktop, size):
+    """As if the disk were full once a file has this size."""
+    resource.prlimit(desktop.process.pid, resource.RLIMIT_FSIZE, (size, resource.RLIM_INFINITY))
 
 
 class Stage:
@@ -190,6 +196,19 @@ class EndedApplicationTest(ApplicationTest, ClipTest):
         self.assertEqual(entry["outputPath"], str(clip))
         self.assertEqual((listed(), journals()), ([], []))
         until(lambda: desktop.find("push button", "Make the clip") is None, "the offer has gone")
+
+    def test_a_clip_for_which_there_is_no_room_is_made_once_there_is(self):
+        desktop = self.record()
+        allow_files_of(desktop, 200)  # bytes: every clip is larger
+        quillbox("stop")
+        self.assertEqual(status()["phase"], "failed")
+        self.assertNotEqual(quillbox("again").returncode, 0)
+        self.assertEqual(list(CLIPS.glob("*")), [], "nothing half is left")
+        allow_files_of(desktop, resource.RLIM_INFINITY)
+        self.assertEqual(quillbox("again").returncode, 0)
+        clip, = CLIPS.glob("*.gif")
+        self.assert_shows(str(clip), self.stage.shown)
+        self.assertEqual((listed(), journals()), ([], []))
 
     def test_the_servers_end_keeps_the_recording(self):
         desktop = self.record()
