@@ -6,8 +6,10 @@
 #include "PostCapture/SavedClip.h"
 
 #include <QDesktopServices>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <QtConcurrent/QtConcurrentRun>
 #include <QUrl>
 
@@ -53,6 +55,8 @@ void ClipActions::copy(const QString& path)
 
 void ClipActions::moveToTrash(const ClipEntry& entry)
 {
+    // Where this folder is missing, Qt 6.4 finds no trash and moves files to the current folder instead.
+    QDir().mkpath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
     const bool isGone = !QFileInfo::exists(*entry.outputPath) || QFile::moveToTrash(*entry.outputPath);
     if (isGone)
         m_store.remove(entry.id);

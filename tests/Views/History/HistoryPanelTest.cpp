@@ -20,6 +20,7 @@
 #include <QMimeData>
 #include <QMovie>
 #include <QScrollArea>
+#include <QStandardPaths>
 #include <QTest>
 #include <QTimer>
 
@@ -403,6 +404,8 @@ void HistoryPanelTest::asksBeforeAClipIsMovedToTheTrash()
     QVERIFY(QFile::exists(path));
     QTest::mouseClick(button(*m_panel, "Move to Trash"), Qt::LeftButton);
     QVERIFY(!QFile::exists(path));
+    const auto data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    QVERIFY(QFile::exists(data + "/Trash/files/a.gif"));
     QVERIFY(m_fixture->history->entries().empty());
     QVERIFY(!button(*m_panel, "Move to Trash"));
 }
