@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QString>
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 
@@ -17,11 +18,15 @@ class ScreenRecorder : public QObject, public RecorderControlling {
 public:
     using QObject::QObject;
 
+    /// How long a clip goes on with a held picture at its end: whoever opened the panel to stop wants none of that, but
+    /// the last picture is to be seen.
+    static constexpr std::chrono::milliseconds heldTail{300};
+
     /// Ends a start() that is under way, as when the user goes away from the question whether the screen may be
     /// recorded: it fails with CaptureError::Stopped, unless it has just succeeded. Ignored otherwise.
     virtual void giveUpStart() = 0;
 
-    /// How many frames stop() would return now.
+    /// How many frames stop() would return now; where a picture is held, if that ended first.
     [[nodiscard]] virtual std::int64_t frameCount() const = 0;
 
     /// What is being recorded; none while nothing is.
@@ -29,7 +34,7 @@ public:
 
     /// From now on the clip goes on showing the latest picture, whatever the screen shows: something of our own is
     /// about to cover a part of the region. Where there was no picture yet, the first one is taken. Ignored while not
-    /// recording; a stop() ends it.
+    /// recording; a stop() ends it, and then no more than `heldTail` of it is in the clip.
     virtual void holdPicture() = 0;
     /// What covered the region has left the screen and the programs below have repainted it: the clip shows the latest
     /// picture that arrived meanwhile, and follows the screen again.

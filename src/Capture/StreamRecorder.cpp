@@ -106,7 +106,7 @@ QCoro::Task<Recording> StreamRecorder::stop()
     if (!m_isRecording)
         co_return recordingOf(*session);
     const QPointer self(this);
-    const auto stoppedAt = m_now();
+    const auto stoppedAt = m_hold ? std::min(m_now(), m_hold->since + heldTail) : m_now();
     try {
         auto stopping = m_stream->stop();
         co_await stopping;
@@ -137,7 +137,7 @@ void StreamRecorder::holdPicture()
 {
     takeDeliveries(); // taken before anything covered it
     if (m_isRecording && !m_hold)
-        m_hold.emplace();
+        m_hold.emplace().since = m_now();
 }
 
 void StreamRecorder::releasePicture()

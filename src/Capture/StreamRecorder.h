@@ -114,6 +114,7 @@ private:
 
     /// What the stream showed while the clip did not follow it.
     struct Hold {
+        CaptureClock::time_point since;
         std::optional<RGBAFrame> latest;
     };
 

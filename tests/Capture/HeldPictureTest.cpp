@@ -20,6 +20,8 @@ private Q_SLOTS:
     void aReleaseShowsTheLatestPictureThatArrivedMeanwhile();
     void aHoldBeforeTheFirstPictureTakesThatOne();
     void aHoldEndsWithTheRecording();
+    void aClipThatEndsHeldHasThreeTenthsOfASecondOfIt();
+    void aHoldThatEndsBeforeTheClipIsInItWhole();
     void holdingWhileIdleHoldsNothing();
 };
 
@@ -69,6 +71,33 @@ void HeldPictureTest::aHoldEndsWithTheRecording()
     (void)fixture.stop();
     fixture.recordTwo();
     QCOMPARE(numbers(fixture.stop()), (std::vector{1, 2}));
+}
+
+void HeldPictureTest::aClipThatEndsHeldHasThreeTenthsOfASecondOfIt()
+{
+    Fixture fixture;
+    fixture.recordTwo(); // two frames
+    fixture.recorder->holdPicture();
+    for (int tick = 0; tick < 60; ++tick) {
+        fixture.deliver(3);
+        fixture.tick();
+    }
+    QCOMPARE(fixture.recorder->frameCount(), 62);
+    const auto shown = numbers(fixture.stop());
+    QCOMPARE(shown.size(), std::size_t{2 + 9});
+    QCOMPARE(shown.back(), 2);
+}
+
+void HeldPictureTest::aHoldThatEndsBeforeTheClipIsInItWhole()
+{
+    Fixture fixture;
+    fixture.recordTwo();
+    fixture.recorder->holdPicture();
+    for (int tick = 0; tick < 60; ++tick)
+        fixture.tick();
+    fixture.recorder->releasePicture();
+    fixture.tick();
+    QCOMPARE(numbers(fixture.stop()).size(), std::size_t{2 + 60 + 1});
 }
 
 void HeldPictureTest::holdingWhileIdleHoldsNothing()
