@@ -2,6 +2,7 @@
 
 #include "Capture/CaptureBackEnd.h"
 #include "Capture/Portal/PortalStream.h"
+#include "Capture/Portal/RestoreToken.h"
 #include "Capture/Portal/ScreenCastPortal.h"
 #include "Capture/X11/X11Stream.h"
 #include "Encoding/Precondition.h"
@@ -57,6 +58,12 @@ void ScreenSession::selectOnCast(PixelSize points, QScreen* screen)
 void ScreenSession::closeCast()
 {
     m_cast.reset();
+}
+
+void ScreenSession::refuseCast()
+{
+    closeCast();
+    RestoreToken::replace(QString());
 }
 
 std::unique_ptr<CaptureStream> ScreenSession::makeStream()

@@ -38,6 +38,9 @@ public:
     /// Ends the cast that is kept, if any: nothing was selected.
     void closeCast();
 
+    /// Likewise, and the user is asked anew for the next one: what was chosen is of no use.
+    void refuseCast();
+
     /// A stream for the desktop that this process runs on. It takes over the cast that is kept; without one it asks
     /// for one.
     /// @throws CaptureError  Unavailable: capture is switched off, or the back end that was asked for is unknown.

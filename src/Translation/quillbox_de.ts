@@ -126,6 +126,10 @@
         <source>The desktop portal could not start to show us the screen</source>
         <translation>Das Desktop-Portal konnte nicht beginnen, den Bildschirm zu zeigen</translation>
     </message>
+    <message>
+        <source>What was chosen is not one monitor: record again and choose a single monitor, not all of them</source>
+        <translation>Gewählt wurde mehr als ein Monitor: Nehmen Sie noch einmal auf, und wählen Sie einen einzelnen Monitor, nicht alle zusammen</translation>
+    </message>
 </context>
 <context>
     <name>Clipboard</name>

@@ -126,6 +126,10 @@
         <source>The desktop portal could not start to show us the screen</source>
         <translation>El portal de escritorio no ha podido empezar a mostrar la pantalla</translation>
     </message>
+    <message>
+        <source>What was chosen is not one monitor: record again and choose a single monitor, not all of them</source>
+        <translation>Lo elegido no es un solo monitor: vuelva a grabar y elija un único monitor, no todos</translation>
+    </message>
 </context>
 <context>
     <name>Clipboard</name>

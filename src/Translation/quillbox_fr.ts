@@ -126,6 +126,10 @@
         <source>The desktop portal could not start to show us the screen</source>
         <translation>Le portail de bureau n&apos;a pas pu commencer à montrer l&apos;écran</translation>
     </message>
+    <message>
+        <source>What was chosen is not one monitor: record again and choose a single monitor, not all of them</source>
+        <translation>Ce qui a été choisi n&apos;est pas un seul écran : enregistrez de nouveau et choisissez un seul écran, pas tous</translation>
+    </message>
 </context>
 <context>
     <name>Clipboard</name>

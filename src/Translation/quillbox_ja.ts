@@ -126,6 +126,10 @@
         <source>The desktop portal could not start to show us the screen</source>
         <translation>デスクトップポータルが画面の提供を開始できませんでした</translation>
     </message>
+    <message>
+        <source>What was chosen is not one monitor: record again and choose a single monitor, not all of them</source>
+        <translation>選択されたのは 1 台のモニターではありません。もう一度記録し、すべてではなく 1 台のモニターを選んでください</translation>
+    </message>
 </context>
 <context>
     <name>Clipboard</name>

@@ -126,6 +126,10 @@
         <source>The desktop portal could not start to show us the screen</source>
         <translation>桌面门户无法开始提供屏幕</translation>
     </message>
+    <message>
+        <source>What was chosen is not one monitor: record again and choose a single monitor, not all of them</source>
+        <translation>所选的不是单个显示器：请重新录制，并选择一个显示器，而不是全部</translation>
+    </message>
 </context>
 <context>
     <name>Clipboard</name>

@@ -9,7 +9,7 @@ import unittest
 
 import kwin_camera
 import kwin_input
-from application import run, status, until
+from application import quillbox, status, until
 from kde_share_dialog import ShareDialog
 from wayland_application import AREA, WaylandApplicationTest, casts
 
@@ -64,6 +64,29 @@ class KDEDesktopTest(WaylandApplicationTest):
         self.canvas.show(0, AREA)
         self.assert_is_the_clip(self.record_and_stop_by_the_button(desktop))
         until(lambda: casts() == 0, "the last cast has ended")
+
+    def test_refuses_all_monitors_at_once_and_records_the_one_that_is_chosen_then(self):
+        self.canvas.show(0, AREA)
+        desktop = self.start_with_panel()
+        desktop.press("Record Region")
+        self.dialog().share(0)
+        desktop.wait_for("failed")
+        self.assertIn("choose a single monitor", status()["message"])
+        self.assertEqual(casts(), 0)
+        desktop.open_panel()
+        desktop.press("Record Region")
+        self.dialog().share(MONITOR - 1 - 2)  # of the last two
+        self.drag_area()
+        desktop.wait_for("recording")
+        shown = self.play(desktop)
+        self.assertEqual(quillbox("stop").returncode, 0)
+        desktop.wait_for("done")
+        self.assert_is_the_clip(shown)
+
+    def dialog(self):
+        """On the output with the pointer, in the middle."""
+        width, height = self.canvas.size
+        return ShareDialog(self.user, (0, 0, width, height))
 
     def assert_is_in_the_list_and_copied(self, desktop, clip):
         until(lambda: clip.name in desktop.texts(), "the clip is in the list")

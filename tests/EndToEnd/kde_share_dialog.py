@@ -43,8 +43,8 @@ class ShareDialog:
         """Whether a card is the chosen one; else clicks on it, as the first click may only have raised the dialog."""
         if not has_state(cards()[which], Atspi.StateType.CHECKED):
             left, top = self.contents()
-            x, y, width, height = extents(cards()[which])
-            self.user.click(left + x + width // 2, top + y + height // 2)
+            x, y, width, _ = extents(cards()[which])
+            self.user.click(left + x + width // 2, top + y + 40)  # the lower cards are cut off
             until_it_has_answered()
         return has_state(cards()[which], Atspi.StateType.CHECKED)
 

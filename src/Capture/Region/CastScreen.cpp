@@ -35,6 +35,15 @@ std::vector<QScreen*> CastScreen::candidates(const CastPicture& first)
     return best;
 }
 
+bool CastScreen::isOfOneScreen(const CastPicture& first)
+{
+    const PixelSize picture{first.picture.width(), first.picture.height()};
+    return std::ranges::any_of(QGuiApplication::screens(), [picture](const QScreen* screen) {
+        const QSize size = frame(*screen, picture).size();
+        return isOfOneShape({size.width(), size.height()}, picture);
+    });
+}
+
 QRect CastScreen::frame(const QScreen& screen, PixelSize picture)
 {
     const QSize said = screen.geometry().size();

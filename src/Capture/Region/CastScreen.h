@@ -18,6 +18,9 @@ namespace CastScreen {
 /// the picture tell; none where there is no screen at all.
 [[nodiscard]] std::vector<QScreen*> candidates(const CastPicture& first);
 
+/// Whether the picture has the shape of any screen. One of all screens at once, as KDE offers it, has none's.
+[[nodiscard]] bool isOfOneScreen(const CastPicture& first);
+
 /// Where a window that covers all of `screen` is, points, given the size of the screen's picture, pixels: the toolkit
 /// may know the size in pixels only.
 [[nodiscard]] QRect frame(const QScreen& screen, PixelSize picture);

@@ -5,6 +5,7 @@
 #include "Capture/Region/ScreenBackdrop.h"
 #include "Capture/Region/SelectionWindow.h"
 #include "Platform/Detach.h"
+#include "Translation/Translate.h"
 
 #include <QGuiApplication>
 #include <QPixmap>
@@ -99,6 +100,12 @@ QCoro::Task<> presentOnCast(std::weak_ptr<ScreenSession> session, RegionSelector
         failure = error;
     }
     const auto present = session.lock();
+    if (first && present && !CastScreen::isOfOneScreen(*first)) {
+        present->refuseCast();
+        failure.emplace(CaptureError::Reason::Unreadable,
+            translate("CaptureError",
+                "What was chosen is not one monitor: record again and choose a single monitor, not all of them"));
+    }
     if (failure && failure->reason() != CaptureError::Reason::Refused)
         completion(*failure);
     else if (failure || !present || !showOverlays(present, *first, completion))

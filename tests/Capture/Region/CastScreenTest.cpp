@@ -42,6 +42,19 @@ TEST(CastScreen, IsTheOneThatIsTurnedLikeThePicture)
     EXPECT_EQ(candidates({540, 960}, std::nullopt, QPoint(0, 0)), (Corners{{1920, 0}})) << "a picture that is smaller";
 }
 
+TEST(CastScreen, IsNoneWhereThePictureIsOfAllOfThem)
+{
+    const auto isOfOne = [](std::int64_t width, std::int64_t height) {
+        const auto bytes = static_cast<std::size_t>(width * height * RGBAFrame::bytesPerPixel);
+        return CastScreen::isOfOneScreen({RGBAFrame(width, height, Bytes(bytes)), std::nullopt, std::nullopt});
+    };
+    EXPECT_FALSE(isOfOne(3960, 1920));
+    EXPECT_FALSE(isOfOne(1920 + 1080, 1920));
+    EXPECT_TRUE(isOfOne(1920, 1080));
+    EXPECT_TRUE(isOfOne(1080, 1920));
+    EXPECT_TRUE(isOfOne(961, 540)) << "points are rounded";
+}
+
 TEST(CastScreen, MayBeEachOfThoseWithAsManyPixelsWhereNoPointsAreKnown)
 {
     EXPECT_EQ(candidates({1920, 1080}, std::nullopt, std::nullopt), (Corners{{0, 0}, {3000, 0}}));
