@@ -2,6 +2,7 @@
 
 #include "App/Desktop/ApplicationService.h"
 #include "App/Desktop/ClipboardHandOver.h"
+#include "App/Desktop/ClipNotices.h"
 #include "App/Desktop/DesktopNotification.h"
 #include "App/Desktop/FirstUse.h"
 #include "App/Desktop/HotkeyReport.h"
@@ -9,6 +10,7 @@
 #include "App/Desktop/RegionFrame.h"
 #include "App/Desktop/SoftwareCenter.h"
 #include "App/Desktop/TrayIcon.h"
+#include "App/Desktop/TraylessStop.h"
 #include "App/Hotkey/GlobalHotkey.h"
 #include "App/Hotkey/HotkeyMath.h"
 #include "App/Hotkey/HotkeyNotice.h"
@@ -29,6 +31,7 @@
 #include "Views/SettingsView.h"
 #include "Views/UpdateView.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCalendar>
 #include <QDateTime>
@@ -83,6 +86,8 @@ QuillboxApp::QuillboxApp(SystemServices services)
     m_hotkey->registerKey(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
     rememberPrecision();
     m_tray = std::make_unique<TrayIcon>(*m_coordinator);
+    m_traylessStop = std::make_unique<TraylessStop>(*m_coordinator, *m_recorder);
+    tellOfClips();
     new RegionFrame(*m_recorder, m_recorder.get()); // the recorder owns it
     m_service = std::make_unique<ApplicationService>(*m_coordinator,
         ApplicationService::Actions{.showPanel = [this] { showPanel(); },
@@ -101,6 +106,7 @@ QuillboxApp::QuillboxApp(SystemServices services)
     QObject::connect(m_tray.get(), &TrayIcon::missing, m_tray.get(), [this] { showWithoutTray(); });
     QObject::connect(m_tray.get(), &TrayIcon::appeared, m_tray.get(), [this] {
         m_hasTray = true;
+        m_traylessStop->setHasTray(true);
         explain();
         QTimer::singleShot(0, m_tray.get(), [this] {
             readFonts();
@@ -123,10 +129,9 @@ QuillboxApp::QuillboxApp(SystemServices services)
     // The recording can't go on: what there is becomes the clip.
     QObject::connect(
         m_recorder.get(), &ScreenRecorder::interrupted, m_coordinator.get(),
-        [coordinator = m_coordinator.get()](const QString& reason) {
-            coordinator->stop();
-            DesktopNotification::show(
-                Text::tr("The recording ended early"), Text::tr("%1. What was recorded is kept.").arg(reason));
+        [this](const QString& reason) {
+            m_coordinator->stop();
+            m_notices->tellOfEarlyEnd(reason);
         },
         Qt::QueuedConnection);
     QObject::connect(m_recorder.get(), &ScreenRecorder::impaired, m_coordinator.get(), [] {
@@ -147,6 +152,15 @@ void QuillboxApp::rememberPrecision()
         [coordinator = m_coordinator.get(), name, on] {
             StateFile::replace(name, coordinator->keepsEveryChange() ? on : QString());
         });
+}
+
+void QuillboxApp::tellOfClips()
+{
+    m_notices = std::make_unique<ClipNotices>(
+        *m_coordinator, *m_fileReveal, [this] { return m_panel && m_panel->isVisible(); });
+    auto* const choice = m_tray->addSwitch(Text::tr("Notifications"));
+    choice->setChecked(m_notices->isOn());
+    QObject::connect(choice, &QAction::toggled, m_notices.get(), &ClipNotices::setOn);
 }
 
 bool QuillboxApp::claimName()
@@ -270,6 +284,7 @@ void QuillboxApp::toggleForIcon()
 void QuillboxApp::showWithoutTray()
 {
     m_hasTray = false;
+    m_traylessStop->setHasTray(false);
     explain();
     if (m_coordinator->isIn<RecordingCoordinator::Idle>()) // a user at work knows the way already
         showPanel();

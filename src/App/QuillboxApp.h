@@ -11,6 +11,7 @@ class QRect;
 namespace quillbox {
 
 class ApplicationService;
+class ClipNotices;
 class ClipSaveDialog;
 class ClipboardHandOver;
 class CurrentCoordinator;
@@ -24,6 +25,7 @@ class ScreenRecorder;
 class ScreenSession;
 class SettingsView;
 class TrayIcon;
+class TraylessStop;
 class UpdateView;
 class UpdaterController;
 
@@ -57,6 +59,7 @@ public:
 
 private:
     void rememberPrecision();
+    void tellOfClips();
     Panel& panel();
     UpdaterController& updater();
     void showUpdate();
@@ -82,6 +85,8 @@ private:
     std::unique_ptr<UpdaterController> m_updater;
     std::unique_ptr<ApplicationService> m_service;
     std::unique_ptr<TrayIcon> m_tray;
+    std::unique_ptr<TraylessStop> m_traylessStop;
+    std::unique_ptr<ClipNotices> m_notices;
     std::unique_ptr<SettingsView> m_settings;
     std::unique_ptr<Panel> m_panel;
     std::unique_ptr<ClipSaveDialog> m_saveDialog;

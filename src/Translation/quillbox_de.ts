@@ -1182,14 +1182,6 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
 <context>
     <name>QuillboxApp</name>
     <message>
-        <source>The recording ended early</source>
-        <translation>Die Aufnahme endete vorzeitig</translation>
-    </message>
-    <message>
-        <source>%1. What was recorded is kept.</source>
-        <translation>%1. Was aufgenommen wurde, bleibt erhalten.</translation>
-    </message>
-    <message>
         <source>A new version of Quillbox is available</source>
         <translation>Eine neue Version von Quillbox ist verfügbar</translation>
     </message>
@@ -1208,6 +1200,10 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>It could not be prepared for the clip meanwhile. Making the clip will take longer.</source>
         <translation>Sie konnte nebenher nicht für den Clip vorbereitet werden. Der Clip wird länger brauchen.</translation>
+    </message>
+    <message>
+        <source>Notifications</source>
+        <translation>Benachrichtigungen</translation>
     </message>
 </context>
 <context>
@@ -1690,6 +1686,33 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     </message>
 </context>
 <context>
+    <name>quillbox::ClipNotices</name>
+    <message>
+        <source>The recording ended early</source>
+        <translation>Die Aufnahme endete vorzeitig</translation>
+    </message>
+    <message>
+        <source>%1. What was recorded is kept.</source>
+        <translation>%1. Was aufgenommen wurde, bleibt erhalten.</translation>
+    </message>
+    <message>
+        <source>The clip is ready to paste</source>
+        <translation>Der Clip kann eingefügt werden</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Anzeigen</translation>
+    </message>
+    <message>
+        <source>No clip was made</source>
+        <translation>Es ist kein Clip entstanden</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::ClipOffers</name>
     <message numerus="yes">
         <source>%1 of %2 · shows %3 of %Ln recorded picture(s)</source>
@@ -1714,12 +1737,34 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <source>Again as %1</source>
         <translation>Noch einmal für %1</translation>
     </message>
+    <message>
+        <source>%1 over the %2 budget of %3</source>
+        <translation>%1 über den %2, die %3 zulässt</translation>
+    </message>
+    <message numerus="yes">
+        <source> · shows %1 of %Ln recorded picture(s)</source>
+        <translation>
+            <numerusform> · zeigt %1 von %Ln aufgenommenen Bild</numerusform>
+            <numerusform> · zeigt %1 von %Ln aufgenommenen Bildern</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>quillbox::ClipPreview</name>
     <message>
         <source>%1 × %2 pixels</source>
         <translation>%1 × %2 Pixel</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipResult</name>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Anzeigen</translation>
     </message>
 </context>
 <context>
@@ -1997,6 +2042,17 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>General</source>
         <translation>Allgemein</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::StopControl</name>
+    <message>
+        <source>Recording — Quillbox</source>
+        <translation>Aufnahme – Quillbox</translation>
+    </message>
+    <message>
+        <source>Stop &amp; Copy</source>
+        <translation>Beenden &amp; kopieren</translation>
     </message>
 </context>
 <context>

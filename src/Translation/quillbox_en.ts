@@ -119,5 +119,12 @@
             <numerusform>%1 of %2 · shows %3 of %Ln recorded pictures</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source> · shows %1 of %Ln recorded picture(s)</source>
+        <translation>
+            <numerusform> · shows %1 of %Ln recorded picture</numerusform>
+            <numerusform> · shows %1 of %Ln recorded pictures</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

@@ -1182,14 +1182,6 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
 <context>
     <name>QuillboxApp</name>
     <message>
-        <source>The recording ended early</source>
-        <translation>La grabación terminó antes de tiempo</translation>
-    </message>
-    <message>
-        <source>%1. What was recorded is kept.</source>
-        <translation>%1. Lo grabado se conserva.</translation>
-    </message>
-    <message>
         <source>A new version of Quillbox is available</source>
         <translation>Hay una nueva versión de Quillbox</translation>
     </message>
@@ -1208,6 +1200,10 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>It could not be prepared for the clip meanwhile. Making the clip will take longer.</source>
         <translation>No se pudo preparar el clip mientras tanto. Crear el clip tardará más.</translation>
+    </message>
+    <message>
+        <source>Notifications</source>
+        <translation>Notificaciones</translation>
     </message>
 </context>
 <context>
@@ -1690,6 +1686,33 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     </message>
 </context>
 <context>
+    <name>quillbox::ClipNotices</name>
+    <message>
+        <source>The recording ended early</source>
+        <translation>La grabación terminó antes de tiempo</translation>
+    </message>
+    <message>
+        <source>%1. What was recorded is kept.</source>
+        <translation>%1. Lo grabado se conserva.</translation>
+    </message>
+    <message>
+        <source>The clip is ready to paste</source>
+        <translation>El clip está listo para pegar</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Mostrar</translation>
+    </message>
+    <message>
+        <source>No clip was made</source>
+        <translation>No se creó ningún clip</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::ClipOffers</name>
     <message numerus="yes">
         <source>%1 of %2 · shows %3 of %Ln recorded picture(s)</source>
@@ -1714,12 +1737,34 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <source>Again as %1</source>
         <translation>Otra vez para %1</translation>
     </message>
+    <message>
+        <source>%1 over the %2 budget of %3</source>
+        <translation>%1 por encima del límite de %2 de %3</translation>
+    </message>
+    <message numerus="yes">
+        <source> · shows %1 of %Ln recorded picture(s)</source>
+        <translation>
+            <numerusform> · muestra %1 de %Ln imagen grabada</numerusform>
+            <numerusform> · muestra %1 de %Ln imágenes grabadas</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>quillbox::ClipPreview</name>
     <message>
         <source>%1 × %2 pixels</source>
         <translation>%1 × %2 píxeles</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipResult</name>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Mostrar</translation>
     </message>
 </context>
 <context>
@@ -1997,6 +2042,17 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>General</source>
         <translation>General</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::StopControl</name>
+    <message>
+        <source>Recording — Quillbox</source>
+        <translation>Grabando — Quillbox</translation>
+    </message>
+    <message>
+        <source>Stop &amp; Copy</source>
+        <translation>Detener y copiar</translation>
     </message>
 </context>
 <context>

@@ -1182,14 +1182,6 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
 <context>
     <name>QuillboxApp</name>
     <message>
-        <source>The recording ended early</source>
-        <translation>L&apos;enregistrement s&apos;est terminé prématurément</translation>
-    </message>
-    <message>
-        <source>%1. What was recorded is kept.</source>
-        <translation>%1. Ce qui a été enregistré est conservé.</translation>
-    </message>
-    <message>
         <source>A new version of Quillbox is available</source>
         <translation>Une nouvelle version de Quillbox est disponible</translation>
     </message>
@@ -1208,6 +1200,10 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>It could not be prepared for the clip meanwhile. Making the clip will take longer.</source>
         <translation>La préparation du clip en parallèle a échoué. La création du clip prendra plus de temps.</translation>
+    </message>
+    <message>
+        <source>Notifications</source>
+        <translation>Notifications</translation>
     </message>
 </context>
 <context>
@@ -1690,6 +1686,33 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     </message>
 </context>
 <context>
+    <name>quillbox::ClipNotices</name>
+    <message>
+        <source>The recording ended early</source>
+        <translation>L&apos;enregistrement s&apos;est terminé prématurément</translation>
+    </message>
+    <message>
+        <source>%1. What was recorded is kept.</source>
+        <translation>%1. Ce qui a été enregistré est conservé.</translation>
+    </message>
+    <message>
+        <source>The clip is ready to paste</source>
+        <translation>Le clip est prêt à être collé</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Afficher</translation>
+    </message>
+    <message>
+        <source>No clip was made</source>
+        <translation>Aucun clip n’a été créé</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::ClipOffers</name>
     <message numerus="yes">
         <source>%1 of %2 · shows %3 of %Ln recorded picture(s)</source>
@@ -1714,12 +1737,34 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <source>Again as %1</source>
         <translation>Refaire pour %1</translation>
     </message>
+    <message>
+        <source>%1 over the %2 budget of %3</source>
+        <translation>%1 au-dessus de la limite de %2 de %3</translation>
+    </message>
+    <message numerus="yes">
+        <source> · shows %1 of %Ln recorded picture(s)</source>
+        <translation>
+            <numerusform> · montre %1 image sur %Ln enregistrée</numerusform>
+            <numerusform> · montre %1 images sur %Ln enregistrées</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>quillbox::ClipPreview</name>
     <message>
         <source>%1 × %2 pixels</source>
         <translation>%1 × %2 pixels</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipResult</name>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Afficher</translation>
     </message>
 </context>
 <context>
@@ -1997,6 +2042,17 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>General</source>
         <translation>Général</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::StopControl</name>
+    <message>
+        <source>Recording — Quillbox</source>
+        <translation>Enregistrement — Quillbox</translation>
+    </message>
+    <message>
+        <source>Stop &amp; Copy</source>
+        <translation>Arrêter et copier</translation>
     </message>
 </context>
 <context>

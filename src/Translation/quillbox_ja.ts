@@ -1176,14 +1176,6 @@ The commands below have more examples: quillbox encode --help</source>
 <context>
     <name>QuillboxApp</name>
     <message>
-        <source>The recording ended early</source>
-        <translation>録画が途中で終了しました</translation>
-    </message>
-    <message>
-        <source>%1. What was recorded is kept.</source>
-        <translation>%1。録画済みの部分は残ります。</translation>
-    </message>
-    <message>
         <source>A new version of Quillbox is available</source>
         <translation>Quillbox の新しいバージョンがあります</translation>
     </message>
@@ -1202,6 +1194,10 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>It could not be prepared for the clip meanwhile. Making the clip will take longer.</source>
         <translation>録画中にクリップの準備ができませんでした。クリップの作成に時間がかかります。</translation>
+    </message>
+    <message>
+        <source>Notifications</source>
+        <translation>通知</translation>
     </message>
 </context>
 <context>
@@ -1677,6 +1673,33 @@ The commands below have more examples: quillbox encode --help</source>
     </message>
 </context>
 <context>
+    <name>quillbox::ClipNotices</name>
+    <message>
+        <source>The recording ended early</source>
+        <translation>録画が途中で終了しました</translation>
+    </message>
+    <message>
+        <source>%1. What was recorded is kept.</source>
+        <translation>%1。録画済みの部分は残ります。</translation>
+    </message>
+    <message>
+        <source>The clip is ready to paste</source>
+        <translation>クリップを貼り付けられます</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>表示</translation>
+    </message>
+    <message>
+        <source>No clip was made</source>
+        <translation>クリップは作成されませんでした</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::ClipOffers</name>
     <message numerus="yes">
         <source>%1 of %2 · shows %3 of %Ln recorded picture(s)</source>
@@ -1700,12 +1723,33 @@ The commands below have more examples: quillbox encode --help</source>
         <source>Again as %1</source>
         <translation>%1 用に作り直す</translation>
     </message>
+    <message>
+        <source>%1 over the %2 budget of %3</source>
+        <translation>%3 の上限 %2 を %1 超過</translation>
+    </message>
+    <message numerus="yes">
+        <source> · shows %1 of %Ln recorded picture(s)</source>
+        <translation>
+            <numerusform> · 録画された %Ln 枚のうち %1 枚を表示</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>quillbox::ClipPreview</name>
     <message>
         <source>%1 × %2 pixels</source>
         <translation>%1 × %2 ピクセル</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipResult</name>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>表示</translation>
     </message>
 </context>
 <context>
@@ -1983,6 +2027,17 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>General</source>
         <translation>一般</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::StopControl</name>
+    <message>
+        <source>Recording — Quillbox</source>
+        <translation>録画中 — Quillbox</translation>
+    </message>
+    <message>
+        <source>Stop &amp; Copy</source>
+        <translation>停止してコピー</translation>
     </message>
 </context>
 <context>

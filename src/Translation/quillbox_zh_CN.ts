@@ -1176,14 +1176,6 @@ The commands below have more examples: quillbox encode --help</source>
 <context>
     <name>QuillboxApp</name>
     <message>
-        <source>The recording ended early</source>
-        <translation>录制提前结束</translation>
-    </message>
-    <message>
-        <source>%1. What was recorded is kept.</source>
-        <translation>%1。已录制的内容会保留。</translation>
-    </message>
-    <message>
         <source>A new version of Quillbox is available</source>
         <translation>Quillbox 有新版本可用</translation>
     </message>
@@ -1202,6 +1194,10 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>It could not be prepared for the clip meanwhile. Making the clip will take longer.</source>
         <translation>录制期间无法为片段做准备。制作片段将需要更长时间。</translation>
+    </message>
+    <message>
+        <source>Notifications</source>
+        <translation>通知</translation>
     </message>
 </context>
 <context>
@@ -1677,6 +1673,33 @@ The commands below have more examples: quillbox encode --help</source>
     </message>
 </context>
 <context>
+    <name>quillbox::ClipNotices</name>
+    <message>
+        <source>The recording ended early</source>
+        <translation>录制提前结束</translation>
+    </message>
+    <message>
+        <source>%1. What was recorded is kept.</source>
+        <translation>%1。已录制的内容会保留。</translation>
+    </message>
+    <message>
+        <source>The clip is ready to paste</source>
+        <translation>片段可以粘贴了</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>显示</translation>
+    </message>
+    <message>
+        <source>No clip was made</source>
+        <translation>没有生成片段</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::ClipOffers</name>
     <message numerus="yes">
         <source>%1 of %2 · shows %3 of %Ln recorded picture(s)</source>
@@ -1700,12 +1723,33 @@ The commands below have more examples: quillbox encode --help</source>
         <source>Again as %1</source>
         <translation>再做一个用于 %1 的</translation>
     </message>
+    <message>
+        <source>%1 over the %2 budget of %3</source>
+        <translation>超出 %3 的 %2 上限 %1</translation>
+    </message>
+    <message numerus="yes">
+        <source> · shows %1 of %Ln recorded picture(s)</source>
+        <translation>
+            <numerusform> · 显示了所录 %Ln 个画面中的 %1 个</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>quillbox::ClipPreview</name>
     <message>
         <source>%1 × %2 pixels</source>
         <translation>%1 × %2 像素</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::ClipResult</name>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>显示</translation>
     </message>
 </context>
 <context>
@@ -1983,6 +2027,17 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>General</source>
         <translation>常规</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::StopControl</name>
+    <message>
+        <source>Recording — Quillbox</source>
+        <translation>正在录制 — Quillbox</translation>
+    </message>
+    <message>
+        <source>Stop &amp; Copy</source>
+        <translation>停止并复制</translation>
     </message>
 </context>
 <context>

@@ -31,7 +31,19 @@ QString shortfall(const FinishedClip& clip)
 {
     if (!clip.exceedsBudget() && !clip.lacksPictures())
         return {};
+    const ExportPreset preset = clip.request.preset;
+    QString excess = clip.exceedsBudget()
+        ? ClipOffers::tr("%1 over the %2 budget of %3")
+              .arg(ByteFormat::inLocale(clip.byteCount - preset.targetBytes()),
+                  ByteFormat::inLocale(preset.targetBytes()), PresetTexts::title(preset))
+        : QString();
+    if (!clip.lacksPictures())
+        return excess;
     const auto count = std::min<std::int64_t>(clip.recordedPictures, std::numeric_limits<int>::max());
+    if (clip.exceedsBudget())
+        return excess
+            + ClipOffers::tr(" · shows %1 of %Ln recorded picture(s)", nullptr, static_cast<int>(count))
+                  .arg(QLocale().toString(qlonglong{clip.shownPictures}));
     return ClipOffers::tr("%1 of %2 · shows %3 of %Ln recorded picture(s)", nullptr, static_cast<int>(count))
         .arg(ByteFormat::inLocale(clip.byteCount), ByteFormat::inLocale(clip.request.preset.targetBytes()),
             QLocale().toString(qlonglong{clip.shownPictures}));
@@ -101,6 +113,7 @@ void ClipOffers::show()
     const auto* const clip = m_coordinator.finishedClip();
     const QString text = clip == nullptr ? QString() : shortfall(*clip);
     m_shortfall->setText(text);
+    m_shortfall->setRole(clip != nullptr && clip->exceedsBudget() ? Role::Amber : Role::Secondary);
     m_shortfall->setVisible(!text.isEmpty());
     const auto further = offer();
     if (further)

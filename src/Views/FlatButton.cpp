@@ -62,6 +62,12 @@ void FlatButton::setLabel(const QString& label, std::optional<Symbol> symbol)
     update();
 }
 
+void FlatButton::setIdle(bool isIdle)
+{
+    m_isIdle = isIdle;
+    update();
+}
+
 QSize FlatButton::sizeHint() const
 {
     if (m_kind == Kind::Symbol) {
@@ -76,6 +82,8 @@ QSize FlatButton::sizeHint() const
 
 QColor FlatButton::fill(const Theme& theme) const
 {
+    if (m_isIdle)
+        return theme.sunken();
     const bool hovered = underMouse() && isEnabled();
     if (m_kind == Kind::Prominent)
         return isDown() ? theme.accentFill().darker(118)
@@ -90,7 +98,7 @@ QColor FlatButton::fill(const Theme& theme) const
 
 Role FlatButton::textRole() const
 {
-    if (!isEnabled())
+    if (!isEnabled() || m_isIdle)
         return Role::Tertiary;
     switch (m_kind) {
     case Kind::Prominent:
@@ -120,7 +128,8 @@ void FlatButton::paintEvent(QPaintEvent* /*event*/)
         painter.drawRoundedRect(body, Theme::controlRadius, Theme::controlRadius);
     }
     if (Theme::showsFocus(*this) && m_kind == Kind::Prominent)
-        Theme::drawRing(painter, body.adjusted(3, 3, -3, -3), Theme::controlRadius - 2, theme.color(Role::OnAccent));
+        Theme::drawRing(painter, body.adjusted(3, 3, -3, -3), Theme::controlRadius - 2,
+            theme.color(m_isIdle ? Role::Accent : Role::OnAccent));
     else if (Theme::showsFocus(*this))
         Theme::drawRing(painter, body, Theme::controlRadius, theme.color(Role::Accent));
 

@@ -28,6 +28,11 @@ public:
     [[nodiscard]] std::optional<Symbol> symbol() const { return m_symbol; }
     void setLabel(const QString& label, std::optional<Symbol> symbol);
 
+    /// Whether a press does nothing for now, which its look says; it can be pressed all the same. At first it does
+    /// something.
+    void setIdle(bool isIdle);
+    [[nodiscard]] bool isIdle() const { return m_isIdle; }
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -42,6 +47,7 @@ private:
     Kind m_kind;
     QString m_label;
     std::optional<Symbol> m_symbol;
+    bool m_isIdle = false;
 };
 
 } // namespace quillbox

@@ -57,6 +57,7 @@ Panel::Panel(CurrentCoordinator& coordinator, UpdaterController& updater, Histor
     becomeA(Form::Popup);
 
     connect(m_hud, &RecorderHUD::settingsRequested, this, &Panel::settingsRequested);
+    connect(m_hud, &RecorderHUD::clipRequested, m_history, &HistoryPanel::carryOut);
     connect(m_hud, &RecorderHUD::quitRequested, this, &Panel::quitRequested);
     connect(m_hud, &RecorderHUD::saveElsewhereRequested, this, &Panel::saveElsewhereRequested);
     connect(&coordinator, &CurrentCoordinator::phaseChanged, m_history, [this, &coordinator] {
@@ -144,6 +145,7 @@ void Panel::setNotice(const QString& notice)
 void Panel::setClipPending(bool isPending)
 {
     m_clipLine->setVisible(isPending);
+    m_hud->setClipPending(isPending);
 }
 
 void Panel::showCutOff(CutOffOffer& offer)

@@ -6,6 +6,7 @@
 #include "Views/FlatButton.h"
 #include "Views/PresetTexts.h"
 #include "Views/ProgressBar.h"
+#include "Views/Recording/ClipResult.h"
 #include "Views/Recording/TimeLabel.h"
 #include "Views/SegmentedPicker.h"
 #include "Views/Switch.h"
@@ -115,6 +116,11 @@ void RecorderHUD::focusMainButton()
     m_mainButton->setFocus(Qt::ActiveWindowFocusReason);
 }
 
+void RecorderHUD::setClipPending(bool isPending)
+{
+    m_result->setOffersCopy(!isPending); // there is another button that copies
+}
+
 QWidget* RecorderHUD::makeHeader()
 {
     auto* header = new QWidget(this);
@@ -168,6 +174,9 @@ QWidget* RecorderHUD::makeStatusRow()
     auto* offers = new ClipOffers(m_coordinator, status);
     connect(offers, &ClipOffers::saveElsewhereRequested, this, &RecorderHUD::saveElsewhereRequested);
     rows->addLayout(row);
+    m_result = new ClipResult(m_coordinator, status);
+    connect(m_result, &ClipResult::requested, this, &RecorderHUD::clipRequested);
+    rows->addWidget(m_result);
     rows->addWidget(offers);
     auto* column = new QVBoxLayout;
     column->setSpacing(0);
@@ -235,6 +244,7 @@ void RecorderHUD::showPhase()
     else
         m_mainButton->setLabel(tr("Record Region"), Symbol::RectangleDashedBadgeRecord);
     m_time->setVisible(m_coordinator.isIn<RecordingCoordinator::Recording>());
+    m_mainButton->setIdle(m_coordinator.isIn<RecordingCoordinator::Processing>());
     awaitProgress();
     showPreset(); // another coordinator may have another one
 }

@@ -2,6 +2,8 @@
 
 #include "App/Updates/UpdaterController.h"
 #include "App/Workflow/CurrentCoordinator.h"
+#include "PostCapture/ClipEntry.h"
+#include "Views/History/ClipActions.h"
 
 #include <QWidget>
 
@@ -11,6 +13,7 @@ class QTimer;
 
 namespace quillbox {
 
+class ClipResult;
 class FlatButton;
 class ProgressBar;
 class SegmentedPicker;
@@ -35,12 +38,16 @@ public:
 
     /// Gives the keyboard to the button that records and stops.
     void focusMainButton();
+    /// Whether the clip is not on the clipboard yet, which is told elsewhere.
+    void setClipPending(bool isPending);
 
 Q_SIGNALS:
     void settingsRequested();
     void quitRequested();
     /// The user wants to say where the clip that could not be saved goes.
     void saveElsewhereRequested();
+    /// The user wants something done with the clip that was made.
+    void clipRequested(quillbox::ClipAction action, const quillbox::ClipEntry& entry);
 
 private:
     QWidget* makeHeader();
@@ -63,6 +70,7 @@ private:
     Switch* m_everyChange = nullptr;
     SymbolLabel* m_statusSymbol = nullptr;
     TextLabel* m_statusText = nullptr;
+    ClipResult* m_result = nullptr;
     TimeLabel* m_time = nullptr;
     ProgressBar* m_progress = nullptr;
     FlatButton* m_finishButton = nullptr;

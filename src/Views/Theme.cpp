@@ -70,6 +70,7 @@ Theme::Theme(const QPalette& palette)
     m_accentFill = readable(highlight, m_onAccent, 4.6);
     m_red = readable(m_dark ? QColor(0xff, 0x5f, 0x57) : QColor(0xd9, 0x2c, 0x2c), m_surface, 4.6);
     m_green = readable(m_dark ? QColor(0x3c, 0xc8, 0x74) : QColor(0x1f, 0x9d, 0x4c), m_surface, 4.6);
+    m_amber = readable(m_dark ? QColor(0xf5, 0xa6, 0x23) : QColor(0xb8, 0x6e, 0x00), m_surface, 4.6);
 }
 
 QColor Theme::color(Role role) const
@@ -87,6 +88,8 @@ QColor Theme::color(Role role) const
         return m_red;
     case Role::Green:
         return m_green;
+    case Role::Amber:
+        return m_amber;
     case Role::OnAccent:
         return m_onAccent;
     }

@@ -19,6 +19,7 @@ enum class Role {
     Accent,
     Red,
     Green,
+    Amber,
     OnAccent, ///< on a filled accent-coloured button
 };
 
@@ -75,7 +76,7 @@ public:
 private:
     bool m_dark;
     QColor m_surface, m_raised, m_sunken, m_hovered, m_pressed, m_border, m_divider;
-    QColor m_primary, m_secondary, m_tertiary, m_accent, m_accentFill, m_onAccent, m_red, m_green;
+    QColor m_primary, m_secondary, m_tertiary, m_accent, m_accentFill, m_onAccent, m_red, m_green, m_amber;
 };
 
 } // namespace quillbox

@@ -17,6 +17,14 @@ class TrayTest(unittest.TestCase):
             xdo("mousemove", x + 7, y + 7, "click", 1)  # too far from the first one for a double click
             until(lambda: not desktop.panel(), "the panel is closed")
 
+    def test_a_click_with_the_middle_button_ends_a_recording(self):
+        with Desktop() as desktop:
+            until(tray_icon, "the icon is in the tray")
+            place = tray_icon()
+            desktop.record(300, 250, 40, 30)
+            xdo("mousemove", *place, "click", 2)
+            desktop.wait_for("done")
+
 
 if __name__ == "__main__":
     unittest.main()

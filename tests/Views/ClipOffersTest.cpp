@@ -3,6 +3,7 @@
 #include "Find.h"
 #include "support/BusyWorkers.h"
 #include "support/HardClip.h"
+#include "Views/ByteFormat.h"
 #include "ViewsFixture.h"
 #include "ViewTests.h"
 
@@ -140,7 +141,11 @@ void ClipOffersTest::tellHowMuchTooLargeAClipIs()
     }
     QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::Done>());
     QVERIFY(clip().exceedsBudget());
-    QVERIFY(texts(*m_offers).at(0).contains(" of 2.0 MB · shows "));
+    const auto excess = ByteFormat::inLocale(clip().byteCount - 2'000'000);
+    const auto* const line = visible<TextLabel>(*m_offers).at(0);
+    QVERIFY2(line->text().startsWith(excess + " over the 2.0 MB budget of Slack · shows "), qPrintable(line->text()));
+    QVERIFY(line->text().endsWith(" recorded pictures"));
+    QCOMPARE(line->role(), Role::Amber);
 }
 
 void ClipOffersTest::areHiddenWhileAClipIsMade()

@@ -53,6 +53,7 @@ private Q_SLOTS:
     void showsAFailureInRedAsItStands();
     void goesBackToIdleWhenTheSelectionIsCancelled();
     void offersToRecordInEveryPhaseButRecording();
+    void saysByItsLookThatTheButtonDoesNothingWhileProcessing();
     void offersToStopWhileRecording();
     void beginsAFlowByTheButton();
     void stopsByTheButton();
@@ -308,6 +309,20 @@ void RecorderHUDTest::offersToRecordInEveryPhaseButRecording()
     QVERIFY(offersToRecord());
     m_fixture->fail("no");
     QVERIFY(offersToRecord());
+}
+
+void RecorderHUDTest::saysByItsLookThatTheButtonDoesNothingWhileProcessing()
+{
+    const auto fill = [this] {
+        return mainButton()->grab().toImage().pixelColor(8, mainButton()->height() / 2);
+    };
+    const QColor before = fill();
+    QCOMPARE(before, Theme(m_hud->palette()).accentFill());
+    m_fixture->process();
+    QVERIFY(mainButton()->isEnabled());
+    QCOMPARE(fill(), Theme(m_hud->palette()).sunken());
+    QTRY_VERIFY(m_fixture->isIn<RecordingCoordinator::Done>());
+    QCOMPARE(fill(), before);
 }
 
 void RecorderHUDTest::offersToStopWhileRecording()

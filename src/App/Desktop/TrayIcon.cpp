@@ -39,7 +39,8 @@ TrayIcon::TrayIcon(CurrentCoordinator& coordinator, QObject* parent)
     m_everyChangeAction = m_menu.addAction(tr("Keep every change"));
     m_everyChangeAction->setCheckable(true);
     connect(m_everyChangeAction, &QAction::toggled, &coordinator, &CurrentCoordinator::setKeepsEveryChange);
-    connect(m_menu.addAction(tr("Settings")), &QAction::triggered, this, &TrayIcon::settingsRequested);
+    m_settingsAction = m_menu.addAction(tr("Settings"));
+    connect(m_settingsAction, &QAction::triggered, this, &TrayIcon::settingsRequested);
     m_menu.addSeparator();
     connect(m_menu.addAction(tr("Quit")), &QAction::triggered, this, &TrayIcon::quitRequested);
 
@@ -56,6 +57,14 @@ TrayIcon::TrayIcon(CurrentCoordinator& coordinator, QObject* parent)
 }
 
 TrayIcon::~TrayIcon() = default;
+
+QAction* TrayIcon::addSwitch(const QString& text)
+{
+    auto* const action = new QAction(text, &m_menu);
+    action->setCheckable(true);
+    m_menu.insertAction(m_settingsAction, action);
+    return action;
+}
 
 void TrayIcon::show()
 {
@@ -75,6 +84,8 @@ void TrayIcon::create()
     connect(m_icon.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
         if (reason == QSystemTrayIcon::Trigger)
             Q_EMIT clicked();
+        else if (reason == QSystemTrayIcon::MiddleClick)
+            m_coordinator.stop(); // if there is something to stop
     });
     redraw();
     m_icon->show();

@@ -14,13 +14,17 @@ namespace quillbox {
 class CurrentCoordinator;
 
 /// The icon in the desktop's tray, which opens the panel and shows that a recording runs; its menu is for desktops that
-/// open a menu at a click. It appears once the desktop has a tray. Thread: main.
+/// open a menu at a click. A click with the middle button ends a recording. It appears once the desktop has a tray.
+/// Thread: main.
 class TrayIcon : public QObject {
     Q_OBJECT
 
 public:
     explicit TrayIcon(CurrentCoordinator& coordinator, QObject* parent = nullptr);
     ~TrayIcon() override;
+
+    /// A switch in the menu, which the caller sets and follows. @return the menu owns it
+    QAction* addSwitch(const QString& text);
 
     /// Begins to look for a tray.
     void show();
@@ -51,6 +55,7 @@ private:
     QMenu m_menu;
     QAction* m_recordAction = nullptr; // the menu owns it, and the next
     QAction* m_everyChangeAction = nullptr;
+    QAction* m_settingsAction = nullptr;
     std::unique_ptr<QSystemTrayIcon> m_icon;
 };
 

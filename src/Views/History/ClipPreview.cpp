@@ -14,7 +14,7 @@
 namespace quillbox {
 namespace {
 
-constexpr int inset = 8;
+constexpr int previewInset = 8;
 constexpr int gapToWindow = 8;
 
 } // namespace
@@ -29,7 +29,7 @@ ClipPreview::ClipPreview(QWidget* parent)
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(inset, inset, inset, inset);
+    column->setContentsMargins(previewInset, previewInset, previewInset, previewInset);
     column->setSpacing(2);
     column->addWidget(m_picture, 0, Qt::AlignCenter);
     column->addSpacing(4);

@@ -31,6 +31,9 @@ public:
     /// Whether resting on a row shows the clip; at first it does.
     void setPreviewing(bool isPreviewing);
 
+    /// Does something with a clip; asks before it goes to the trash.
+    void carryOut(ClipAction action, const ClipEntry& entry);
+
     /// As high as all rows, and as the empty list at least.
     [[nodiscard]] QSize sizeHint() const override;
     /// How much of that height it can do without: what is beyond a few rows is scrolled to.
@@ -47,7 +50,6 @@ private:
     [[nodiscard]] double rowHeight() const;
     void reveal(const HistoryRow* row) const;
     void clear();
-    void carryOut(ClipAction action, const ClipEntry& entry);
     void preview(const HistoryRow& row);
 
     HistoryStore& m_store;
