@@ -48,6 +48,16 @@ bool isLarge(std::span<const std::uint8_t> file)
             || (littleEndian(22) | littleEndian(24)) > largestSide;
     if (begins("\x89PNG"))
         return (bigEndian(16) | bigEndian(18)) > largestSide || (bigEndian(20) | bigEndian(22)) > largestSide;
+    if (begins("RIFF")) { // WebP: the chunk tells by its name where the sides are
+        if (file[15] == 'X')
+            return (littleEndian(24) | unsigned{file[26]} << 16U) > largestSide
+                || (littleEndian(27) | unsigned{file[29]} << 16U) > largestSide;
+        constexpr unsigned sideBits = 0x3FFF;
+        if (file[15] == 'L')
+            return (littleEndian(21) & sideBits) > largestSide
+                || ((littleEndian(22) | unsigned{file[24]} << 16U) >> 6U & sideBits) > largestSide;
+        return (littleEndian(26) & sideBits) > largestSide || (littleEndian(28) & sideBits) > largestSide;
+    }
     for (std::size_t i = 0; begins("\xFF\xD8") && i + 8 < file.size(); ++i) {
         if (file[i] == 0xFF && file[i + 1] >= 0xC0 && file[i + 1] <= 0xC2
             && (bigEndian(i + 5) > largestSide || bigEndian(i + 7) > largestSide))
