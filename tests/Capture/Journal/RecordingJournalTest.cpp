@@ -114,6 +114,17 @@ TEST_F(RecordingJournalTest, OfTwoPicturesOfAFrameTheLaterCounts)
     EXPECT_EQ(CutOffRecordings::take(found().front()).frames(), std::vector{picture(2)});
 }
 
+TEST_F(RecordingJournalTest, KeepsNoFrameBeyondTheMostThatAreWanted)
+{
+    {
+        auto two = options();
+        two.maxFrames = 2;
+        RecordingJournal journal(two);
+        recordThree(journal);
+    }
+    EXPECT_EQ(CutOffRecordings::take(found().front()).frames(), (std::vector{picture(1), picture(2)}));
+}
+
 TEST_F(RecordingJournalTest, IsGoneOnceRemoved)
 {
     RecordingJournal journal(options());
