@@ -251,9 +251,8 @@ void takeAll(ScreenshotWriter& writer)
                 QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         };
     };
-    takePanel(writer, QStringLiteral("panel-history-cleared"), many, [](ViewsFixture&, Panel& panel) {
-        QTest::mouseClick(button(panel, QStringLiteral("Clear")), Qt::LeftButton);
-    });
+    takePanel(writer, QStringLiteral("panel-history-cleared"), many,
+        [](ViewsFixture&, Panel& panel) { QTest::mouseClick(button(panel, QStringLiteral("Clear")), Qt::LeftButton); });
     takePanel(writer, QStringLiteral("panel-history-trash"), many, [](ViewsFixture&, Panel& panel) {
         QTest::keyClick(visible<HistoryRow>(panel).first()->findChild<FlatButton*>(), Qt::Key_Delete);
     });
@@ -262,7 +261,8 @@ void takeAll(ScreenshotWriter& writer)
         QCoreApplication::sendEvent(visible<HistoryRow>(panel).first(), &event);
         panel.findChild<QMenu*>()->close();
     });
-    takePanel(writer, QStringLiteral("panel-with-preview"), [](ViewsFixture& fixture, Panel&) { fixture.finish(); },
+    takePanel(
+        writer, QStringLiteral("panel-with-preview"), [](ViewsFixture& fixture, Panel&) { fixture.finish(); },
         [&writer](ViewsFixture&, Panel& panel) {
             QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
             QCoreApplication::sendEvent(visible<HistoryRow>(panel).first(), &enter);
