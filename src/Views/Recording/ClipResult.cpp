@@ -22,7 +22,7 @@ QImage firstPicture(const QString& path, QSize largest)
     if (!gif)
         return {};
     QBuffer bytes(&*gif);
-    const QImage picture = QImageReader(&bytes, "gif").read();
+    QImage picture = QImageReader(&bytes, "gif").read();
     if (picture.width() <= largest.width() && picture.height() <= largest.height())
         return picture;
     return picture.scaled(largest, Qt::KeepAspectRatio, Qt::SmoothTransformation);
