@@ -144,6 +144,7 @@ class DesktopTest(ApplicationTest):
 
     def test_frames_the_region_while_it_records_and_keeps_the_frame_out_of_the_clip(self):
         _, _, width, height = AREA
+        until(lambda: self.screen.picture(*AROUND).getpixel((4, 4)) == PAPER, "the compositor shows the screen")
         before = self.screen.picture(*AROUND).tobytes()
         desktop = self.start()
         desktop.record(*AREA)
