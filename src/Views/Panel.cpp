@@ -196,7 +196,8 @@ void Panel::present()
     m_hud->focusMainButton();
 }
 
-void Panel::fit()
+/// As large as its contents want to be, and the screen allows.
+QSize Panel::fittingSize()
 {
     ensurePolished();
     layout()->activate();
@@ -208,16 +209,24 @@ void Panel::fit()
         height = std::min(height, std::max(height - m_history->spareHeight(), comfortable));
         height = std::min(height, m_available.height() - 2 * PanelPlacement::gap);
     }
-    const QSize size(width, height);
+    return QSize(width, height);
+}
+
+void Panel::fit()
+{
+    const QSize size = fittingSize();
     if (m_form == Form::Window) {
-        setMinimumSize(width, 0);
+        setMinimumSize(size.width(), 0);
         setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-        if (!isVisible() || this->height() < height)
+        if (!isVisible() || height() < size.height())
             resize(size);
         return;
     }
-    const QScreen* screen = QGuiApplication::screenAt(m_available.center());
     setFixedSize(size);
+    // A compositor doesn't move it; the toolkit would only lose the right idea of the screen that it is on.
+    if (isVisible() && toolkitWindowSystem() == WindowSystem::Wayland)
+        return;
+    const QScreen* screen = QGuiApplication::screenAt(m_available.center());
     move(PanelPlacement::place(size, m_anchor, m_available, screen ? screen->geometry() : m_available).topLeft());
 }
 
@@ -239,7 +248,7 @@ bool Panel::event(QEvent* event)
     if (event->type() == QEvent::WindowDeactivate && m_form == Form::Popup && isVisible() && !m_hiding) {
         m_deactivated = m_clock();
         hide();
-    } else if (event->type() == QEvent::LayoutRequest && isVisible()) {
+    } else if (event->type() == QEvent::LayoutRequest && isVisible() && fittingSize() != size()) {
         fit(); // a longer status, another clip
     }
     return handled;

@@ -93,6 +93,7 @@ private:
     QWidget* makeIntroductionArea();
     QWidget* makeNotice();
     void becomeA(Form form);
+    [[nodiscard]] QSize fittingSize();
     void fit();
     void present();
 
