@@ -53,6 +53,13 @@ HistoryPanel::HistoryPanel(HistoryStore& store, FileReveal& fileReveal, QWidget*
     showEntries();
 }
 
+/// A row that is hidden says so, and rows are hidden after this object was what it is.
+HistoryPanel::~HistoryPanel()
+{
+    for (HistoryRow* const row : m_rows)
+        row->disconnect(this);
+}
+
 QWidget* HistoryPanel::makeHeader()
 {
     auto* header = new QWidget(this);

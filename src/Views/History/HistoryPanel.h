@@ -27,6 +27,7 @@ class HistoryPanel : public QWidget {
 public:
     /// @pre Both outlive the view.
     HistoryPanel(HistoryStore& store, FileReveal& fileReveal, QWidget* parent = nullptr);
+    ~HistoryPanel() override;
 
     /// Whether resting on a row shows the clip; at first it does.
     void setPreviewing(bool isPreviewing);
