@@ -18,7 +18,9 @@
 #include <QDir>
 #include <QEnterEvent>
 #include <QMenu>
+#include <QPainter>
 #include <QTest>
+#include <QThreadPool>
 #include <QTranslator>
 
 #include <functional>
@@ -103,6 +105,30 @@ const Prepare partlyDone = [](ViewsFixture&, Panel& panel) {
     auto* bar = panel.findChild<ProgressBar*>();
     QTRY_VERIFY(bar->isVisible());
     bar->setFraction(0.42);
+};
+
+/// Two and a half seconds of a chart that moves.
+std::vector<RGBAFrame> movingChart()
+{
+    constexpr int bars = 9;
+    std::vector<RGBAFrame> frames;
+    for (int tick = 0; tick < 75; ++tick) {
+        QImage picture(640, 400, QImage::Format_RGBA8888);
+        picture.fill(QColor(24, 30, 44));
+        QPainter painter(&picture);
+        painter.fillRect(0, 0, 640, 44, QColor(52, 62, 86));
+        for (int i = 0; i < bars; ++i) {
+            const int height = 120 + (i * 83 + tick * 8) % 200;
+            painter.fillRect(40 + 64 * i, 376 - height, 44, height, QColor::fromHsv(i * 40, 120, 220));
+        }
+        painter.end();
+        frames.emplace_back(640, 400, Bytes(picture.constBits(), picture.constBits() + picture.sizeInBytes()));
+    }
+    return frames;
+}
+/// What is read of a clip in the background is there.
+const Prepare allRead = [](ViewsFixture&, Panel&) {
+    QThreadPool::globalInstance()->waitForDone();
 };
 
 /// A clip that lacks pictures.
@@ -204,10 +230,14 @@ void takeAll(ScreenshotWriter& writer)
         fixture.coordinator.finishNow();
         panel.findChild<ProgressBar*>()->setFraction(0.84);
     });
-    takePanel(writer, QStringLiteral("panel-done"), [](ViewsFixture& fixture, Panel&) {
-        fill(*fixture.history, 1);
-        fixture.finish();
-    });
+    takePanel(
+        writer, QStringLiteral("panel-done"),
+        [](ViewsFixture& fixture, Panel&) {
+            fill(*fixture.history, 1);
+            fixture.recorder->frames = movingChart();
+            fixture.finish();
+        },
+        allRead);
     takePanel(writer, QStringLiteral("panel-done-other-preset"), [](ViewsFixture& fixture, Panel&) {
         fill(*fixture.history, 1);
         fixture.finish();
