@@ -1,29 +1,15 @@
 #include "App/Desktop/PanelGuard.h"
 
+#include "App/Desktop/RegionPlace.h"
 #include "Capture/ScreenRecorder.h"
 #include "Capture/ScreenSession.h"
 #include "Platform/WindowSystem.h"
 
 #include <QEvent>
-#include <QGuiApplication>
-#include <QRect>
 #include <QScreen>
 #include <QWindow>
 
 namespace quillbox {
-namespace {
-
-/// Where a region lies on the desktop.
-QRect placeOf(const CaptureRegion& region)
-{
-    const auto* const screen = QGuiApplication::primaryScreen();
-    const auto origin = screen == nullptr ? QPoint() : screen->geometry().topLeft();
-    return QRect(static_cast<int>(region.x), static_cast<int>(region.y), static_cast<int>(region.width),
-        static_cast<int>(region.height))
-        .translated(origin);
-}
-
-} // namespace
 
 PanelGuard::PanelGuard(
     ScreenRecorder& recorder, const ScreenSession& screen, QWidget& panel, std::chrono::milliseconds repaintTime)

@@ -1,5 +1,6 @@
 #include "App/Desktop/TraylessStop.h"
 
+#include "App/Desktop/RegionPlace.h"
 #include "App/Workflow/CurrentCoordinator.h"
 #include "Capture/ScreenRecorder.h"
 #include "Platform/WindowSystem.h"
@@ -46,10 +47,8 @@ void TraylessStop::follow()
     for (const auto* const screen : QGuiApplication::screens())
         if (screen != primary)
             screens.push_back(screen->availableGeometry());
-    const QRect place(static_cast<int>(region->x), static_cast<int>(region->y), static_cast<int>(region->width),
-        static_cast<int>(region->height));
     m_control = std::make_unique<StopControl>(m_coordinator);
-    m_control->appear(place.translated(primary->geometry().topLeft()), screens);
+    m_control->appear(placeOf(*region), screens);
 }
 
 } // namespace quillbox
