@@ -63,6 +63,20 @@ private:
     std::size_t m_byteCount;
 };
 
+void compress(const PixelBand& band, Bytes& compressed)
+{
+    const PixelView pixels = band.pixels();
+    compressed.clear();
+    (void)CompressedBand::append(compressed, {pixels.data(), pixels.size()});
+}
+
+/// @param compressed  The band's pixels.
+void evictTo(const std::shared_ptr<SpillFile>& file, const PixelBand& band, const Bytes& compressed)
+{
+    const std::int64_t place = file->append(compressed);
+    band.evict(std::make_unique<CompressedInFile>(file, place, compressed.size(), band.byteCount()));
+}
+
 } // namespace
 
 std::int64_t FrameSpill::memoryShare(std::int64_t most)
@@ -132,11 +146,8 @@ void FrameSpill::moveToFile(
                 continue;
             if (!file)
                 file = std::make_shared<SpillFile>(folder, diskSpaceToLeave);
-            const PixelView pixels = band->pixels();
-            compressed.clear();
-            (void)CompressedBand::append(compressed, {pixels.data(), pixels.size()});
-            const std::int64_t place = file->append(compressed);
-            band->evict(std::make_unique<CompressedInFile>(file, place, compressed.size(), pixels.size()));
+            compress(*band, compressed);
+            evictTo(file, *band, compressed);
         }
     }
 }
@@ -147,19 +158,15 @@ void FrameSpill::evict(const PixelBand& band)
         band.evict();
         return;
     }
-    const PixelView pixels = band.pixels();
-    m_scratch.clear();
-    (void)CompressedBand::append(m_scratch, {pixels.data(), pixels.size()});
-    const std::span<const std::uint8_t> bytes(m_scratch);
-    const auto count = std::ssize(bytes);
+    compress(band, m_scratch);
+    const auto count = std::ssize(m_scratch);
     if (m_compressedBytes + count <= m_limits.memoryBytes) {
         m_compressedBytes += count;
-        band.evict(std::make_unique<CompressedInMemory>(Bytes(bytes.begin(), bytes.end()), pixels.size()));
+        band.evict(std::make_unique<CompressedInMemory>(Bytes(m_scratch.begin(), m_scratch.end()), band.byteCount()));
     } else {
         if (!m_file)
             m_file = std::make_shared<SpillFile>(m_folder, m_limits.diskSpaceToLeave);
-        const std::int64_t place = m_file->append(bytes);
-        band.evict(std::make_unique<CompressedInFile>(m_file, place, bytes.size(), pixels.size()));
+        evictTo(m_file, band, m_scratch);
     }
 }
 
