@@ -10,17 +10,6 @@
 #include <utility>
 
 namespace quillbox {
-namespace {
-
-xcb_atom_t atomOf(xcb_connection_t* connection, std::string_view name)
-{
-    const auto cookie
-        = xcb_intern_atom(connection, /*only_if_exists=*/0, static_cast<std::uint16_t>(name.size()), name.data());
-    const XCBPointer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
-
-} // namespace
 
 /// A connection of its own: the toolkit would look at the answer first.
 struct SelectionRequest::Connection {
@@ -39,8 +28,8 @@ std::unique_ptr<SelectionRequest> SelectionRequest::ask(std::string_view selecti
         xcb_create_window(connection, XCB_COPY_FROM_PARENT, window, own->display.root(), 0, 0, 1, 1, 0,
             XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
         // The property does not exist: that asks for everything.
-        xcb_convert_selection(connection, window, atomOf(connection, selection), atomOf(connection, target),
-            atomOf(connection, "QUILLBOX_SELECTION"), XCB_CURRENT_TIME);
+        xcb_convert_selection(connection, window, own->display.atom(selection), own->display.atom(target),
+            own->display.atom("QUILLBOX_SELECTION"), XCB_CURRENT_TIME);
         xcb_flush(connection);
         return std::unique_ptr<SelectionRequest>(new SelectionRequest(std::move(own)));
     } catch (const DisplayError&) {

@@ -4,7 +4,6 @@
 
 #include <array>
 #include <bit>
-#include <string_view>
 
 namespace quillbox {
 namespace {
@@ -17,13 +16,6 @@ std::uint32_t channelBits(std::uint32_t value, std::uint32_t mask)
     const auto shift = std::countr_zero(mask);
     const std::uint64_t largest = mask >> shift;
     return static_cast<std::uint32_t>((value * largest + 127) / 255) << shift;
-}
-
-xcb_atom_t atomCalled(xcb_connection_t* connection, std::string_view name)
-{
-    const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const XCBPointer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 } // namespace
@@ -39,12 +31,15 @@ X11Bars::X11Bars(std::span<const Bar> bars)
     if (!m_display.xfixesEvents())
         return;
     const auto format = m_display.layout();
+    const Atoms atoms{.windowType = m_display.atom("_NET_WM_WINDOW_TYPE"),
+        .dragged = m_display.atom("_NET_WM_WINDOW_TYPE_DND"),
+        .shadow = m_display.atom("_COMPTON_SHADOW")};
     for (const Bar& bar : bars)
-        show(bar, pixelOf(bar.color, format));
+        show(bar, pixelOf(bar.color, format), atoms);
     (void)xcb_flush(m_display.connection()); // a connection that broke shows nothing
 }
 
-void X11Bars::show(const Bar& bar, std::uint32_t pixel)
+void X11Bars::show(const Bar& bar, std::uint32_t pixel, const Atoms& atoms)
 {
     xcb_connection_t* const c = m_display.connection();
     const xcb_window_t window = xcb_generate_id(c);
@@ -55,12 +50,9 @@ void X11Bars::show(const Bar& bar, std::uint32_t pixel)
         XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT, values.data());
 
     // Pictures that are dragged have no shadow; picom also goes by a property of its own.
-    const xcb_atom_t dragged = atomCalled(c, "_NET_WM_WINDOW_TYPE_DND");
-    xcb_change_property(
-        c, XCB_PROP_MODE_REPLACE, window, atomCalled(c, "_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, 32, 1, &dragged);
+    xcb_change_property(c, XCB_PROP_MODE_REPLACE, window, atoms.windowType, XCB_ATOM_ATOM, 32, 1, &atoms.dragged);
     const std::uint32_t none = 0;
-    xcb_change_property(
-        c, XCB_PROP_MODE_REPLACE, window, atomCalled(c, "_COMPTON_SHADOW"), XCB_ATOM_CARDINAL, 32, 1, &none);
+    xcb_change_property(c, XCB_PROP_MODE_REPLACE, window, atoms.shadow, XCB_ATOM_CARDINAL, 32, 1, &none);
 
     const xcb_xfixes_region_t nowhere = xcb_generate_id(c); // takes clicks
     xcb_xfixes_create_region(c, nowhere, 0, nullptr);

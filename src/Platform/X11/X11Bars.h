@@ -23,7 +23,13 @@ public:
     explicit X11Bars(std::span<const Bar> bars);
 
 private:
-    void show(const Bar& bar, std::uint32_t pixel);
+    struct Atoms {
+        xcb_atom_t windowType;
+        xcb_atom_t dragged;
+        xcb_atom_t shadow;
+    };
+
+    void show(const Bar& bar, std::uint32_t pixel, const Atoms& atoms);
 
     X11Display m_display; // the windows go with its connection
 };

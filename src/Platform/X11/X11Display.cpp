@@ -193,6 +193,14 @@ X11PixelFormat X11Display::layout() const
     return layout;
 }
 
+xcb_atom_t X11Display::atom(std::string_view name) const
+{
+    const auto cookie
+        = xcb_intern_atom(connection(), /*only_if_exists=*/0, static_cast<std::uint16_t>(name.size()), name.data());
+    const XCBPointer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection(), cookie, nullptr));
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
 void X11Display::checkConnection() const
 {
     if (xcb_connection_has_error(connection()) != 0)

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 namespace quillbox {
 
@@ -38,6 +39,10 @@ public:
     [[nodiscard]] double scale() const;
     /// @throws DisplayError  Unreadable: the screen has no true colours.
     [[nodiscard]] X11PixelFormat layout() const;
+
+    /// The server's number for a name, which it makes if need be; XCB_ATOM_NONE once the connection broke. Waits for
+    /// the server.
+    [[nodiscard]] xcb_atom_t atom(std::string_view name) const;
 
     /// Which extensions can be used; where events belong to one, the number of its first event.
     [[nodiscard]] bool hasSharedMemory() const { return m_hasSharedMemory; }

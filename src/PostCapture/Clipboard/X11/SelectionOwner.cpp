@@ -54,7 +54,7 @@ struct SelectionOwner::State {
     }
 
     [[nodiscard]] xcb_connection_t* connection() const { return display.connection(); }
-    [[nodiscard]] xcb_atom_t atom(std::string_view name) const;
+    [[nodiscard]] xcb_atom_t atom(std::string_view name) const { return display.atom(name); }
     [[nodiscard]] xcb_timestamp_t now();
     void answer(const xcb_selection_request_event_t& request);
     [[nodiscard]] bool convert(xcb_window_t requestor, xcb_atom_t target, xcb_atom_t property);
@@ -70,14 +70,6 @@ struct SelectionOwner::State {
     bool isOwned = false;
     std::vector<Form> forms;
 };
-
-xcb_atom_t SelectionOwner::State::atom(std::string_view name) const
-{
-    const auto cookie
-        = xcb_intern_atom(connection(), /*only_if_exists=*/0, static_cast<std::uint16_t>(name.size()), name.data());
-    const XCBPointer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection(), cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
 
 /// The server's time, which comes with every change of a property.
 xcb_timestamp_t SelectionOwner::State::now()
