@@ -21,10 +21,9 @@ class RecordingReducer {
 public:
     /// For frames that stay in memory.
     RecordingReducer() = default;
-    /// @param store   Takes care of the frames.
-    /// @param onTrouble  Called on the reducer's thread when the store has no room any more, and when hasFailed(); may
-    /// be
-    ///                   empty. Frames that come later stay in memory.
+    /// @param store      Takes care of the frames.
+    /// @param onTrouble  Called on the reducer's thread when the store has no room any more, and when hasFailed(). May
+    ///                   be empty. Frames that come later stay in memory.
     explicit RecordingReducer(FrameSpill store, std::function<void()> onTrouble = nullptr);
 
     /// Why there is no room any more, one sentence without a full stop; empty while there is. Thread: any.

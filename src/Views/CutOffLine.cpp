@@ -71,18 +71,18 @@ CutOffLine::CutOffLine(CutOffOffer& offer, QWidget* parent)
         ask(false);
         m_offer.discard();
     });
-    connect(&m_offer, &CutOffOffer::changed, this, &CutOffLine::show);
-    show();
+    connect(&m_offer, &CutOffOffer::changed, this, &CutOffLine::follow);
+    follow();
 }
 
 void CutOffLine::ask(bool isAsking)
 {
     m_isAsking = isAsking;
-    show();
+    follow();
     (isAsking ? m_keep : m_discard)->setFocus(Qt::OtherFocusReason); // the one that was pressed is gone
 }
 
-void CutOffLine::show()
+void CutOffLine::follow()
 {
     const bool isOffered = m_offer.found() != nullptr;
     setVisible(isOffered);

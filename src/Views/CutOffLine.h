@@ -18,7 +18,7 @@ public:
     explicit CutOffLine(CutOffOffer& offer, QWidget* parent = nullptr);
 
 private:
-    void show();
+    void follow();
     void ask(bool isAsking);
 
     CutOffOffer& m_offer;

@@ -69,6 +69,23 @@ void setSource(EncodeOptions& options, const CLI::App& command, const Arguments&
     options.keepGoing = arguments.keepGoing;
 }
 
+/// Each option has an effect, or is refused.
+void refuseWithoutEffect(const CLI::App& command, const Arguments& arguments)
+{
+    const auto isGiven = [&command](const char* option) {
+        return command.count(option) > 0;
+    };
+    if (arguments.precise && isGiven("--dither"))
+        throw complaint(QT_TRANSLATE_NOOP("Usage", "--dither: --precise mixes no colours; leave out one of them"));
+    if (isGiven("--raw-format") && !isGiven("--raw"))
+        throw complaint(QT_TRANSLATE_NOOP("Usage", "%1 belongs to --raw; add that"), "--raw-format");
+    if (isGiven("--raw") && isGiven("--matrix"))
+        throw complaint(QT_TRANSLATE_NOOP("Usage", "--matrix: raw frames are red, green and blue; leave it out"));
+    if (isGiven("--raw") && isGiven("--background") && arguments.rawFormat.size() == 3)
+        throw complaint(QT_TRANSLATE_NOOP("Usage", "--background: %1 frames have no transparency; leave it out"),
+            arguments.rawFormat);
+}
+
 } // namespace
 
 CLI::App* EncodeArguments::addCommand(CLI::App& app, Arguments& arguments)
@@ -130,27 +147,6 @@ CLI::App* EncodeArguments::addCommand(CLI::App& app, Arguments& arguments)
     encode->footer(translate("Help", encodeExamples));
     return encode;
 }
-
-namespace {
-
-/// Each option has an effect, or is refused.
-void refuseWithoutEffect(const CLI::App& command, const Arguments& arguments)
-{
-    const auto isGiven = [&command](const char* option) {
-        return command.count(option) > 0;
-    };
-    if (arguments.precise && isGiven("--dither"))
-        throw complaint(QT_TRANSLATE_NOOP("Usage", "--dither: --precise mixes no colours; leave out one of them"));
-    if (isGiven("--raw-format") && !isGiven("--raw"))
-        throw complaint(QT_TRANSLATE_NOOP("Usage", "%1 belongs to --raw; add that"), "--raw-format");
-    if (isGiven("--raw") && isGiven("--matrix"))
-        throw complaint(QT_TRANSLATE_NOOP("Usage", "--matrix: raw frames are red, green and blue; leave it out"));
-    if (isGiven("--raw") && isGiven("--background") && arguments.rawFormat.size() == 3)
-        throw complaint(QT_TRANSLATE_NOOP("Usage", "--background: %1 frames have no transparency; leave it out"),
-            arguments.rawFormat);
-}
-
-} // namespace
 
 EncodeOptions EncodeArguments::options(const CLI::App& command, const Arguments& arguments)
 {
