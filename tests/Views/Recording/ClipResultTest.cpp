@@ -1,11 +1,15 @@
 #include "Views/Recording/ClipResult.h"
 
 #include "Find.h"
+#include "support/BusyWorkers.h"
 #include "ViewsFixture.h"
 #include "ViewTests.h"
 
 #include <QLabel>
 #include <QTest>
+#include <QThreadPool>
+
+#include <optional>
 
 namespace quillbox {
 namespace {
@@ -18,6 +22,7 @@ class ClipResultTest : public QObject {
 private Q_SLOTS:
     void isThereOnlyWhenAClipIsDone();
     void showsTheClip();
+    void showsNoClipThatWasReadTooLate();
     void asksForTheClipToBeShownAndCopied();
     void leavesCopyingToAnotherButton();
 };
@@ -46,6 +51,23 @@ void ClipResultTest::showsTheClip()
     QTRY_COMPARE(picture->pixmap().deviceIndependentSize(), QSizeF(72, 54));
     const QColor middle = picture->pixmap().toImage().pixelColor(30, 30);
     QVERIFY(std::abs(middle.red() - 99) <= 4); // of a palette of few bits
+}
+
+void ClipResultTest::showsNoClipThatWasReadTooLate()
+{
+    ViewsFixture fixture;
+    std::optional<support::BusyWorkers> workers; // from the end of the clip on, so that reading it has to wait
+    connect(&fixture.coordinator, &CurrentCoordinator::phaseChanged, this, [&] {
+        if (fixture.isIn<RecordingCoordinator::Done>())
+            workers.emplace();
+    });
+    const ClipResult result(fixture.coordinator);
+    fixture.finish();
+    fixture.select();
+    workers.reset();
+    QThreadPool::globalInstance()->waitForDone();
+    QCoreApplication::processEvents();
+    QVERIFY(result.findChild<QLabel*>()->pixmap().isNull());
 }
 
 void ClipResultTest::asksForTheClipToBeShownAndCopied()
