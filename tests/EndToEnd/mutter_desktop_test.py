@@ -2,9 +2,7 @@
 """The desktop application on GNOME's compositor and portal, used as a person uses it. Run by CTest inside
 tests/desktop/mutter-session, one test a session."""
 
-import json
 import os
-import pathlib
 import unittest
 
 from PIL import ImageChops
@@ -12,20 +10,16 @@ from PIL import ImageChops
 import mutter_camera
 import mutter_input
 from application import quillbox, run, status, until
+from asking_desktop import MONITOR, AskingDesktopTest
 from share_dialog import ShareDialog
-from wayland_application import AREA, SCALE, WaylandApplicationTest, casts
+from wayland_application import AREA, SCALE, casts
 
-HISTORY = pathlib.Path(os.environ["XDG_DATA_HOME"], "Quillbox/history.json")
 OVERLAY = "Select a region"
-MONITOR = int(os.environ["CAST_OUTPUT"])
 
 
-class MutterDesktopTest(WaylandApplicationTest):
+class MutterDesktopTest(AskingDesktopTest):
     def devices(self):
         return mutter_input.Devices()
-
-    def origin(self):
-        return (MONITOR - 1) * self.canvas.size[0], 0
 
     def seen(self, cursor_mode=mutter_camera.WITHOUT_POINTER):
         """A picture of the cast monitor, in its own pixels."""
@@ -35,16 +29,11 @@ class MutterDesktopTest(WaylandApplicationTest):
     def photograph(self, path):
         self.seen(mutter_camera.WITH_POINTER).save(path)
 
-    def press(self, desktop, name):
-        desktop.press(name)
+    def dialog(self):
+        return ShareDialog(self.user)
 
-    def start_with_panel(self):
-        desktop = self.start()
-        until(desktop.panel, "the panel is open, as there is no tray")
-        return desktop
-
-    def share(self):
-        ShareDialog(self.user).share(MONITOR)
+    def permit(self, dialog):
+        dialog.share(MONITOR)
 
     def overlay_is_there(self, desktop):
         return OVERLAY in desktop.texts() and desktop.has_focus()
@@ -53,7 +42,7 @@ class MutterDesktopTest(WaylandApplicationTest):
         """From the panel, when the desktop has been asked once already. @return the application"""
         desktop = self.start_with_panel()
         desktop.press("Record Region")
-        self.share()
+        self.permit(self.dialog())
         until(lambda: self.overlay_is_there(desktop), "the overlay is on the screen")
         self.wait_for_rest()
         self.user.key("Escape")
@@ -64,38 +53,6 @@ class MutterDesktopTest(WaylandApplicationTest):
         until(lambda: self.overlay_is_there(desktop), "the overlay is on the screen")
         self.wait_for_rest()
         return desktop
-
-    def wait_for_rest(self):
-        until(lambda: self.seen().tobytes() == self.seen().tobytes(), "the compositor has faded in what is new")
-
-    def test_asks_for_the_screen_once_and_records_what_was_dragged_out(self):
-        self.canvas.show(0, AREA)
-        desktop = self.start_with_panel()
-        self.keep_screenshot("panel-window")
-        desktop.press("Record Region")
-        dialog = ShareDialog(self.user)
-        self.keep_screenshot("question")
-        dialog.share(MONITOR)
-        self.drag_area(halfway=lambda: self.keep_screenshot("overlay"))
-        desktop.wait_for("recording")
-        shown = self.play(desktop)
-        desktop.open_panel()
-        self.keep_screenshot("panel-recording")
-        desktop.press("Stop & Copy")
-        desktop.wait_for("done")
-        self.assert_is_in_the_list_and_copied(desktop, self.assert_is_the_clip(shown))
-        self.keep_screenshot("panel-done")
-
-        desktop.press("Record Region")  # and there is no question
-        self.canvas.show(0, AREA)
-        self.assert_is_the_clip(self.record_and_stop_by_the_button(desktop))
-        until(lambda: casts() == 0, "the last cast has ended")
-
-    def assert_is_in_the_list_and_copied(self, desktop, clip):
-        until(lambda: clip.name in desktop.texts(), "the clip is in the list")
-        self.assertEqual([entry["outputPath"] for entry in json.loads(HISTORY.read_text())], [str(clip)])
-        until(lambda: status()["clipboard"] == "accepted", "the panel has the focus")
-        self.assert_is_copied(clip)
 
     def test_the_overlay_shows_the_desktop_dimmed_and_nothing_of_the_panel(self):
         picture = self.canvas.step(0, AREA)
