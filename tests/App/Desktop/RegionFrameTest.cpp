@@ -69,8 +69,11 @@ TEST(RegionFrame, IsOnTheScreenWhileItRecordsAndTakesNoClicks)
     test::RecorderFixture fixture;
     const RegionFrame frame(*fixture.recorder);
     fixture.start(); // the region 1, 2, 30 × 40
-    const auto during = framesOnScreen(server);
-    ASSERT_EQ(during.size(), before + 6); // four, and the light ones that are not beside the screen
+    std::vector<SeenBar> during; // the server may answer this connection before it has read the frame's
+    ASSERT_TRUE(test::eventually([&] {
+        during = framesOnScreen(server);
+        return during.size() == before + 6; // four, and the light ones that are not beside the screen
+    }));
     for (auto bar = during.begin() + static_cast<std::ptrdiff_t>(before); bar != during.end(); ++bar) {
         EXPECT_TRUE(bar->isOverrideRedirect);
         EXPECT_FALSE(bar->isUnderThePointer);
