@@ -1,9 +1,9 @@
 #include "Views/ClipOffers.h"
 
 #include "Views/ByteFormat.h"
-#include "Views/FlatButton.h"
+#include "Views/Controls/FlatButton.h"
+#include "Views/Controls/TextLabel.h"
 #include "Views/PresetTexts.h"
-#include "Views/TextLabel.h"
 
 #include <QHBoxLayout>
 #include <QLocale>

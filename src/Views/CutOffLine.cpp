@@ -1,10 +1,10 @@
 #include "Views/CutOffLine.h"
 
 #include "App/Workflow/CutOffOffer.h"
-#include "Views/Card.h"
-#include "Views/FlatButton.h"
-#include "Views/SymbolLabel.h"
-#include "Views/TextLabel.h"
+#include "Views/Controls/Card.h"
+#include "Views/Controls/FlatButton.h"
+#include "Views/Controls/SymbolLabel.h"
+#include "Views/Controls/TextLabel.h"
 
 #include <QDateTime>
 #include <QHBoxLayout>

@@ -1,9 +1,9 @@
 #include "Views/FirstUseCard.h"
 
-#include "Views/Card.h"
-#include "Views/FlatButton.h"
-#include "Views/SymbolLabel.h"
-#include "Views/TextLabel.h"
+#include "Views/Controls/Card.h"
+#include "Views/Controls/FlatButton.h"
+#include "Views/Controls/SymbolLabel.h"
+#include "Views/Controls/TextLabel.h"
 
 #include <QDir>
 #include <QHBoxLayout>

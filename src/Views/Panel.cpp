@@ -1,14 +1,14 @@
 #include "Views/Panel.h"
 
 #include "Platform/WindowSystem.h"
-#include "Views/Card.h"
+#include "Views/Controls/Card.h"
+#include "Views/Controls/FlatButton.h"
+#include "Views/Controls/SymbolLabel.h"
+#include "Views/Controls/TextLabel.h"
 #include "Views/CutOffLine.h"
-#include "Views/FlatButton.h"
 #include "Views/History/HistoryPanel.h"
 #include "Views/PanelPlacement.h"
 #include "Views/RecorderHUD.h"
-#include "Views/SymbolLabel.h"
-#include "Views/TextLabel.h"
 
 #include <QEvent>
 #include <QGuiApplication>

@@ -1,17 +1,17 @@
 #include "Views/RecorderHUD.h"
 
 #include "Views/ByteFormat.h"
-#include "Views/Card.h"
 #include "Views/ClipOffers.h"
-#include "Views/FlatButton.h"
+#include "Views/Controls/Card.h"
+#include "Views/Controls/FlatButton.h"
+#include "Views/Controls/ProgressBar.h"
+#include "Views/Controls/SegmentedPicker.h"
+#include "Views/Controls/Switch.h"
+#include "Views/Controls/SymbolLabel.h"
+#include "Views/Controls/TextLabel.h"
 #include "Views/PresetTexts.h"
-#include "Views/ProgressBar.h"
 #include "Views/Recording/ClipResult.h"
 #include "Views/Recording/TimeLabel.h"
-#include "Views/SegmentedPicker.h"
-#include "Views/Switch.h"
-#include "Views/SymbolLabel.h"
-#include "Views/TextLabel.h"
 
 #include <QFileInfo>
 #include <QHBoxLayout>

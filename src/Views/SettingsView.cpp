@@ -1,10 +1,10 @@
 #include "Views/SettingsView.h"
 
-#include "Views/Card.h"
+#include "Views/Controls/Card.h"
+#include "Views/Controls/SymbolLabel.h"
+#include "Views/Controls/TabStrip.h"
+#include "Views/Controls/TextLabel.h"
 #include "Views/Icons.h"
-#include "Views/SymbolLabel.h"
-#include "Views/TabStrip.h"
-#include "Views/TextLabel.h"
 
 #include <QEvent>
 #include <QHBoxLayout>

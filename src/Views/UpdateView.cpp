@@ -1,10 +1,10 @@
 #include "Views/UpdateView.h"
 
-#include "Views/Card.h"
-#include "Views/FlatButton.h"
-#include "Views/ProgressBar.h"
-#include "Views/SymbolLabel.h"
-#include "Views/TextLabel.h"
+#include "Views/Controls/Card.h"
+#include "Views/Controls/FlatButton.h"
+#include "Views/Controls/ProgressBar.h"
+#include "Views/Controls/SymbolLabel.h"
+#include "Views/Controls/TextLabel.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>

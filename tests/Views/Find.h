@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Views/FlatButton.h"
-#include "Views/SegmentedPicker.h"
-#include "Views/SymbolLabel.h"
-#include "Views/TextLabel.h"
+#include "Views/Controls/FlatButton.h"
+#include "Views/Controls/SegmentedPicker.h"
+#include "Views/Controls/SymbolLabel.h"
+#include "Views/Controls/TextLabel.h"
 
 #include <QStringList>
 #include <QWidget>

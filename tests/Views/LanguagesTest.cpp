@@ -7,8 +7,8 @@
 #include "App/Desktop/TrayIcon.h"
 #include "Capture/Region/SelectionWindow.h"
 #include "Translation/Catalogues.h"
+#include "Views/Controls/ProgressBar.h"
 #include "Views/Panel.h"
-#include "Views/ProgressBar.h"
 #include "Views/SettingsView.h"
 #include "Views/UpdateView.h"
 

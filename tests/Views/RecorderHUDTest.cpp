@@ -5,8 +5,8 @@
 #include "ViewTests.h"
 
 #include "Views/ByteFormat.h"
+#include "Views/Controls/Switch.h"
 #include "Views/Recording/TimeLabel.h"
-#include "Views/Switch.h"
 
 #include <QFileInfo>
 #include <QSignalSpy>

@@ -4,7 +4,7 @@
 #include "ViewsFixture.h"
 #include "ViewTests.h"
 
-#include "Views/ProgressBar.h"
+#include "Views/Controls/ProgressBar.h"
 #include "Views/RecorderHUD.h"
 
 #include <QAccessible>

@@ -6,10 +6,10 @@
 #include "ViewsFixture.h"
 
 #include "Translation/Catalogues.h"
+#include "Views/Controls/ProgressBar.h"
 #include "Views/History/ClipPreview.h"
 #include "Views/History/HistoryRow.h"
 #include "Views/Panel.h"
-#include "Views/ProgressBar.h"
 #include "Views/SettingsView.h"
 #include "Views/UpdateView.h"
 

@@ -4,7 +4,7 @@
 #include "TextCheck.h"
 #include "ViewTests.h"
 
-#include "Views/Card.h"
+#include "Views/Controls/Card.h"
 
 #include <QSignalSpy>
 #include <QTabBar>

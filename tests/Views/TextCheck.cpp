@@ -1,6 +1,6 @@
 #include "TextCheck.h"
 
-#include "Views/TextLabel.h"
+#include "Views/Controls/TextLabel.h"
 
 #include <QAbstractButton>
 #include <QScrollArea>

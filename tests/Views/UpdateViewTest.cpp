@@ -5,7 +5,7 @@
 #include "TextCheck.h"
 #include "ViewTests.h"
 
-#include "Views/ProgressBar.h"
+#include "Views/Controls/ProgressBar.h"
 
 #include <QSignalSpy>
 #include <QTest>

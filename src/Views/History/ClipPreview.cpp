@@ -1,7 +1,7 @@
 #include "Views/History/ClipPreview.h"
 
 #include "PostCapture/SavedClip.h"
-#include "Views/TextLabel.h"
+#include "Views/Controls/TextLabel.h"
 
 #include <QLabel>
 #include <QLocale>

@@ -1,7 +1,7 @@
 #include "Views/History/HistoryNotice.h"
 
-#include "Views/FlatButton.h"
-#include "Views/TextLabel.h"
+#include "Views/Controls/FlatButton.h"
+#include "Views/Controls/TextLabel.h"
 
 #include <QHBoxLayout>
 

@@ -1,13 +1,13 @@
 #include "Views/History/HistoryPanel.h"
 
-#include "Views/FlatButton.h"
+#include "Views/Controls/FlatButton.h"
+#include "Views/Controls/SymbolLabel.h"
+#include "Views/Controls/TextLabel.h"
 #include "Views/History/ClipActions.h"
 #include "Views/History/ClipPreview.h"
 #include "Views/History/HistoryNotice.h"
 #include "Views/History/HistoryRow.h"
 #include "Views/History/ShownName.h"
-#include "Views/SymbolLabel.h"
-#include "Views/TextLabel.h"
 
 #include <QHBoxLayout>
 #include <QScreen>

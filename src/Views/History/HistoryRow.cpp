@@ -1,11 +1,11 @@
 #include "Views/History/HistoryRow.h"
 
 #include "Views/ByteFormat.h"
+#include "Views/Controls/FlatButton.h"
+#include "Views/Controls/SymbolLabel.h"
+#include "Views/Controls/TextLabel.h"
 #include "Views/FixedPoint.h"
-#include "Views/FlatButton.h"
 #include "Views/History/ShownName.h"
-#include "Views/SymbolLabel.h"
-#include "Views/TextLabel.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>

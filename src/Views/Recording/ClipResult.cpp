@@ -1,7 +1,7 @@
 #include "Views/Recording/ClipResult.h"
 
 #include "PostCapture/SavedClip.h"
-#include "Views/FlatButton.h"
+#include "Views/Controls/FlatButton.h"
 
 #include <QBuffer>
 #include <QHBoxLayout>

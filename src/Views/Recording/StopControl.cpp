@@ -1,9 +1,9 @@
 #include "Views/Recording/StopControl.h"
 
 #include "App/Workflow/CurrentCoordinator.h"
-#include "Views/FlatButton.h"
+#include "Views/Controls/FlatButton.h"
+#include "Views/Controls/SymbolLabel.h"
 #include "Views/Recording/TimeLabel.h"
-#include "Views/SymbolLabel.h"
 
 #include <QHBoxLayout>
 #include <QPainter>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "App/Workflow/RecordingClock.h"
-#include "Views/TextLabel.h"
+#include "Views/Controls/TextLabel.h"
 
 namespace quillbox {
 

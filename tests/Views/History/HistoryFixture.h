@@ -3,7 +3,7 @@
 #include "Find.h"
 #include "ViewsFixture.h"
 
-#include "Views/FlatButton.h"
+#include "Views/Controls/FlatButton.h"
 #include "Views/History/HistoryPanel.h"
 #include "Views/History/HistoryRow.h"
 

@@ -1,6 +1,6 @@
-#include "Views/FlatButton.h"
+#include "Views/Controls/FlatButton.h"
 
-#include "Views/TextLabel.h"
+#include "Views/Controls/TextLabel.h"
 
 #include <QEvent>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "Views/SymbolLabel.h"
+#include "Views/Controls/SymbolLabel.h"
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
-#include "Views/Card.h"
+#include "Views/Controls/Card.h"
 
-#include "Views/TextLabel.h"
+#include "Views/Controls/TextLabel.h"
 
 #include <QPainter>
 #include <QVBoxLayout>

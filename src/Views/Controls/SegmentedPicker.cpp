@@ -1,6 +1,6 @@
-#include "Views/SegmentedPicker.h"
+#include "Views/Controls/SegmentedPicker.h"
 
-#include "Views/TextLabel.h"
+#include "Views/Controls/TextLabel.h"
 
 #include <QButtonGroup>
 #include <QEvent>

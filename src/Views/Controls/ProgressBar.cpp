@@ -1,4 +1,4 @@
-#include "Views/ProgressBar.h"
+#include "Views/Controls/ProgressBar.h"
 
 #include "Views/Theme.h"
 

@@ -1,4 +1,4 @@
-#include "Views/TextLabel.h"
+#include "Views/Controls/TextLabel.h"
 
 #include <QEvent>
 #include <QPainter>

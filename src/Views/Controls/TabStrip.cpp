@@ -1,4 +1,4 @@
-#include "Views/TabStrip.h"
+#include "Views/Controls/TabStrip.h"
 
 #include "Views/Theme.h"
 

@@ -1,6 +1,6 @@
-#include "Views/Switch.h"
+#include "Views/Controls/Switch.h"
 
-#include "Views/TextLabel.h"
+#include "Views/Controls/TextLabel.h"
 #include "Views/Theme.h"
 
 #include <QEvent>
