@@ -68,7 +68,7 @@ TEST(RegionFrame, IsOnTheScreenWhileItRecordsAndTakesNoClicks)
     const auto before = framesOnScreen(server).size();
     test::RecorderFixture fixture;
     const RegionFrame frame(*fixture.recorder);
-    fixture.start(); // the region 1, 2, 30 × 40
+    fixture.start();             // the region 1, 2, 30 × 40
     std::vector<SeenBar> during; // the server may answer this connection before it has read the frame's
     ASSERT_TRUE(test::eventually([&] {
         during = framesOnScreen(server);

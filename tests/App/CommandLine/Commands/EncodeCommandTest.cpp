@@ -81,11 +81,10 @@ TEST_F(EncodeCommand, MakesTheSameFileWithAnyNumberOfThreads)
     ASSERT_EQ(made.exitStatus, 0) << made.errors;
     for (const std::string input : {"--raw 1000x500 noise.rgba", "--raw 1000x500 - < noise.rgba", "a.y4m",
              "--precise a.y4m", "--precise --colors 8 --max-width 200 --raw 1000x500 noise.rgba"}) {
-        const auto result
-            = shell("for threads in 1 2 3 4 9; do quillbox encode --force --threads $threads -o $threads.gif " + input
-                + " || exit; done");
+        const auto result = shell("for threads in 1 2 5; do quillbox encode --force --threads $threads -o $threads.gif "
+            + input + " || exit; done");
         ASSERT_EQ(result.exitStatus, 0) << result.errors;
-        for (const std::string threads : {"2", "3", "4", "9"})
+        for (const std::string threads : {"2", "5"})
             EXPECT_TRUE(bytesOf(threads + ".gif") == bytesOf("1.gif")) << input << " with " << threads;
     }
 }
