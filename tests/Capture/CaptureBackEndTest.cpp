@@ -2,6 +2,7 @@
 
 #include "Capture/Portal/PortalStream.h"
 #include "Capture/X11/X11Stream.h"
+#include "support/QtTests.h"
 
 #include <QTest>
 
@@ -71,7 +72,10 @@ void CaptureBackEndTest::theBackEndIsTheSessions()
     QCOMPARE(dynamic_cast<const X11Stream*>(stream.get()) != nullptr, !isPortal);
 }
 
+namespace {
+const test::Registration<CaptureBackEndTest> registeredCaptureBackEndTest("CaptureBackEnd");
+} // namespace
+
 } // namespace quillbox
 
-QTEST_GUILESS_MAIN(quillbox::CaptureBackEndTest)
 #include "CaptureBackEndTest.moc"

@@ -1,6 +1,7 @@
 #include "Capture/StreamRecorder.h"
 
 #include "RecorderFixture.h"
+#include "support/QtTests.h"
 
 #include <QTest>
 
@@ -109,7 +110,10 @@ void HeldPictureTest::holdingWhileIdleHoldsNothing()
     fixture.recorder->releasePicture();
 }
 
+namespace {
+const test::Registration<HeldPictureTest> registeredHeldPictureTest("HeldPicture");
+} // namespace
+
 } // namespace quillbox
 
-QTEST_GUILESS_MAIN(quillbox::HeldPictureTest)
 #include "HeldPictureTest.moc"

@@ -2,6 +2,7 @@
 
 #include "Encoding/GIFOptimizer.h"
 #include "RecorderFixture.h"
+#include "support/QtTests.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -243,7 +244,10 @@ void RecordedReducerTest::showsAPictureThatHadToWaitUntilTheNextOne()
     QCOMPARE(numbers.back(), 10);
 }
 
+namespace {
+const test::Registration<RecordedReducerTest> registeredRecordedReducerTest("RecordedReducer");
+} // namespace
+
 } // namespace quillbox
 
-QTEST_GUILESS_MAIN(quillbox::RecordedReducerTest)
 #include "RecordedReducerTest.moc"

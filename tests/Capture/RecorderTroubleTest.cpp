@@ -2,6 +2,7 @@
 
 #include "Capture/Journal/CutOffRecordings.h"
 #include "Encoding/FrameReducer.h"
+#include "support/QtTests.h"
 #include "support/TemporaryFolder.h"
 
 #include <QSignalSpy>
@@ -190,7 +191,10 @@ void RecorderTroubleTest::theJournalHasTheLatePicture()
     QCOMPARE(test::numbers(recording), (std::vector{1, 1, 1, 3}));
 }
 
+namespace {
+const test::Registration<RecorderTroubleTest> registeredRecorderTroubleTest("RecorderTrouble");
+} // namespace
+
 } // namespace quillbox
 
-QTEST_GUILESS_MAIN(quillbox::RecorderTroubleTest)
 #include "RecorderTroubleTest.moc"

@@ -3,6 +3,7 @@
 #include "Encoding/FrameReducer.h"
 
 #include "RecorderFixture.h"
+#include "support/QtTests.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -488,7 +489,10 @@ void StreamRecorderTest::withoutADisplayARealStartFails()
     QVERIFY(test::await(recorder.stop()).frames().empty());
 }
 
+namespace {
+const test::Registration<StreamRecorderTest> registeredStreamRecorderTest("StreamRecorder");
+} // namespace
+
 } // namespace quillbox
 
-QTEST_GUILESS_MAIN(quillbox::StreamRecorderTest)
 #include "StreamRecorderTest.moc"

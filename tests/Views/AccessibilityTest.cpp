@@ -1,7 +1,7 @@
 #include "Find.h"
 #include "ViewsFixture.h"
-#include "ViewTests.h"
 
+#include "support/QtTests.h"
 #include "Views/Panel.h"
 #include "Views/SettingsView.h"
 

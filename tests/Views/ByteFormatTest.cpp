@@ -1,6 +1,5 @@
 #include "Views/ByteFormat.h"
-
-#include "ViewTests.h"
+#include "support/QtTests.h"
 
 #include <QLocale>
 #include <QTest>

@@ -5,8 +5,8 @@
 #include "support/HardClip.h"
 #include "Views/ByteFormat.h"
 #include "ViewsFixture.h"
-#include "ViewTests.h"
 
+#include "support/QtTests.h"
 #include "Translation/Catalogues.h"
 
 #include <QLocale>

@@ -5,9 +5,9 @@
 #include "support/TemporaryFolder.h"
 #include "TextCheck.h"
 #include "ViewsFixture.h"
-#include "ViewTests.h"
 
 #include "App/Workflow/CutOffOffer.h"
+#include "support/QtTests.h"
 #include "Translation/Catalogues.h"
 #include "Views/Panel.h"
 

@@ -1,6 +1,6 @@
 #include "Find.h"
-#include "ViewTests.h"
 
+#include "support/QtTests.h"
 #include "Views/FirstUseCard.h"
 
 #include <QDir>

@@ -2,10 +2,10 @@
 #include "ScriptedUpdates.h"
 #include "TextCheck.h"
 #include "ViewsFixture.h"
-#include "ViewTests.h"
 
 #include "App/Desktop/TrayIcon.h"
 #include "Capture/Region/SelectionWindow.h"
+#include "support/QtTests.h"
 #include "Translation/Catalogues.h"
 #include "Views/Controls/ProgressBar.h"
 #include "Views/Panel.h"

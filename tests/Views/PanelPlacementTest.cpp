@@ -1,6 +1,5 @@
 #include "Views/PanelPlacement.h"
-
-#include "ViewTests.h"
+#include "support/QtTests.h"
 
 #include <QTest>
 

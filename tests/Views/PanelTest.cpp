@@ -4,8 +4,8 @@
 #include "Palettes.h"
 #include "TextCheck.h"
 #include "ViewsFixture.h"
-#include "ViewTests.h"
 
+#include "support/QtTests.h"
 #include "Views/History/HistoryPanel.h"
 #include "Views/RecorderHUD.h"
 

@@ -2,8 +2,8 @@
 #include "Find.h"
 #include "support/HardClip.h"
 #include "ViewsFixture.h"
-#include "ViewTests.h"
 
+#include "support/QtTests.h"
 #include "Views/Controls/ProgressBar.h"
 #include "Views/RecorderHUD.h"
 

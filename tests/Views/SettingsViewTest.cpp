@@ -2,8 +2,8 @@
 
 #include "Find.h"
 #include "TextCheck.h"
-#include "ViewTests.h"
 
+#include "support/QtTests.h"
 #include "Views/Controls/Card.h"
 
 #include <QSignalSpy>

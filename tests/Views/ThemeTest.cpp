@@ -1,7 +1,7 @@
 #include "Views/Theme.h"
 
 #include "Palettes.h"
-#include "ViewTests.h"
+#include "support/QtTests.h"
 
 #include <QApplication>
 #include <QFontMetrics>

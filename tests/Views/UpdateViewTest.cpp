@@ -3,8 +3,8 @@
 #include "Find.h"
 #include "ScriptedUpdates.h"
 #include "TextCheck.h"
-#include "ViewTests.h"
 
+#include "support/QtTests.h"
 #include "Views/Controls/ProgressBar.h"
 
 #include <QSignalSpy>

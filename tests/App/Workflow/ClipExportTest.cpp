@@ -3,6 +3,7 @@
 #include "CoordinatorFixture.h"
 #include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/OutputFile.h"
+#include "support/QtTests.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -67,7 +68,10 @@ void ClipExportTest::saysWhyTheFolderCanNotBeMade()
     QVERIFY_THROWS_EXCEPTION(std::exception, (void)ClipExport::save(m_bytes, m_date));
 }
 
+namespace {
+const test::Registration<ClipExportTest> registeredClipExportTest("ClipExport");
+} // namespace
+
 } // namespace quillbox
 
-QTEST_MAIN(quillbox::ClipExportTest)
 #include "ClipExportTest.moc"

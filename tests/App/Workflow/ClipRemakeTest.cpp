@@ -3,6 +3,7 @@
 #include "CoordinatorFixture.h"
 #include "support/BusyWorkers.h"
 #include "support/HardClip.h"
+#include "support/QtTests.h"
 
 #include <QClipboard>
 #include <QFileInfo>
@@ -283,7 +284,10 @@ void ClipRemakeTest::mayBeDestroyedMeanwhile()
     QVERIFY(m_fixture->history->entries().empty());
 }
 
+namespace {
+const test::Registration<ClipRemakeTest> registeredClipRemakeTest("ClipRemake");
+} // namespace
+
 } // namespace quillbox
 
-QTEST_MAIN(quillbox::ClipRemakeTest)
 #include "ClipRemakeTest.moc"

@@ -3,6 +3,7 @@
 #include "App/Workflow/ClipExport.h"
 #include "CoordinatorFixture.h"
 #include "support/HardClip.h"
+#include "support/QtTests.h"
 
 #include <QFileInfo>
 #include <QSignalSpy>
@@ -149,7 +150,10 @@ void CoordinatorProgressTest::mayBeDestroyedByAnObserver()
     QVERIFY(fixture.history->entries().empty());
 }
 
+namespace {
+const test::Registration<CoordinatorProgressTest> registeredCoordinatorProgressTest("CoordinatorProgress");
+} // namespace
+
 } // namespace quillbox
 
-QTEST_MAIN(quillbox::CoordinatorProgressTest)
 #include "CoordinatorProgressTest.moc"

@@ -2,6 +2,7 @@
 
 #include "CoordinatorFixture.h"
 #include "support/BusyWorkers.h"
+#include "support/QtTests.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -337,7 +338,10 @@ void CurrentCoordinatorTest::keepsEveryChangeOfARunningRecordingToo()
     QVERIFY(current.finishedClip()->request.isPrecise);
 }
 
+namespace {
+const test::Registration<CurrentCoordinatorTest> registeredCurrentCoordinatorTest("CurrentCoordinator");
+} // namespace
+
 } // namespace quillbox
 
-QTEST_MAIN(quillbox::CurrentCoordinatorTest)
 #include "CurrentCoordinatorTest.moc"

@@ -4,6 +4,7 @@
 #include "CoordinatorFixture.h"
 #include "CutOffJournal.h"
 #include "support/BusyWorkers.h"
+#include "support/QtTests.h"
 
 #include <QFileInfo>
 #include <QImageReader>
@@ -251,7 +252,10 @@ void CutOffOfferTest::mayBeDestroyedMeanwhile()
     QCOMPARE(journals(), 1U);
 }
 
+namespace {
+const test::Registration<CutOffOfferTest> registeredCutOffOfferTest("CutOffOffer");
+} // namespace
+
 } // namespace quillbox
 
-QTEST_MAIN(quillbox::CutOffOfferTest)
 #include "CutOffOfferTest.moc"

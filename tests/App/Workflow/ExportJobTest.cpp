@@ -3,6 +3,7 @@
 #include "CoordinatorFixture.h"
 #include "support/Await.h"
 #include "support/HardClip.h"
+#include "support/QtTests.h"
 
 #include <QFileInfo>
 #include <QSignalSpy>
@@ -157,7 +158,10 @@ void ExportJobTest::mayBeDestroyedByAnObserver()
     QVERIFY(!job);
 }
 
+namespace {
+const test::Registration<ExportJobTest> registeredExportJobTest("ExportJob");
+} // namespace
+
 } // namespace quillbox
 
-QTEST_MAIN(quillbox::ExportJobTest)
 #include "ExportJobTest.moc"

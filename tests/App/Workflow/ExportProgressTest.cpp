@@ -1,4 +1,5 @@
 #include "App/Workflow/ExportProgress.h"
+#include "support/QtTests.h"
 
 #include <QTest>
 
@@ -83,7 +84,10 @@ void ExportProgressTest::risesWhenFewerAttemptsAreLeft()
         QVERIFY(fraction(attempt, attempt, 3) > fraction(attempt, 5, 3));
 }
 
+namespace {
+const test::Registration<ExportProgressTest> registeredExportProgressTest("ExportProgress");
+} // namespace
+
 } // namespace quillbox
 
-QTEST_APPLESS_MAIN(quillbox::ExportProgressTest)
 #include "ExportProgressTest.moc"

@@ -1,4 +1,5 @@
 #include "App/Workflow/RecordingClock.h"
+#include "support/QtTests.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -98,8 +99,10 @@ void RecordingClockTest::showsMinutesAndSeconds()
     QCOMPARE(RecordingClock::text(1h + 2min + 3s), QString("1:02:03"));
 }
 
-} // namespace quillbox
+namespace {
+const test::Registration<RecordingClockTest> registeredRecordingClockTest("RecordingClock");
+} // namespace
 
-QTEST_GUILESS_MAIN(quillbox::RecordingClockTest)
+} // namespace quillbox
 
 #include "RecordingClockTest.moc"

@@ -2,6 +2,7 @@
 
 #include "Capture/RecordingReducer.h"
 #include "CoordinatorFixture.h"
+#include "support/QtTests.h"
 
 #include <QClipboard>
 #include <QDir>
@@ -462,7 +463,10 @@ void RecordingCoordinatorTest::makesItsOwnRecorderAndSelectorWhenGivenNone()
     QVERIFY(own.selector() != nullptr);
 }
 
+namespace {
+const test::Registration<RecordingCoordinatorTest> registeredRecordingCoordinatorTest("RecordingCoordinator");
+} // namespace
+
 } // namespace quillbox
 
-QTEST_MAIN(quillbox::RecordingCoordinatorTest)
 #include "RecordingCoordinatorTest.moc"

@@ -1,8 +1,8 @@
 #include "Views/Controls/ProgressBar.h"
 
 #include "Palettes.h"
-#include "ViewTests.h"
 
+#include "support/QtTests.h"
 #include "Views/Theme.h"
 
 #include <QApplication>

@@ -1,9 +1,9 @@
 #include "Views/History/ClipActions.h"
 
 #include "HistoryFixture.h"
-#include "ViewTests.h"
 
 #include "Encoding/GIFOptimizer.h"
+#include "support/QtTests.h"
 #include "Views/History/ClipPreview.h"
 #include "Views/History/HistoryNotice.h"
 

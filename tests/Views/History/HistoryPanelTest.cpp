@@ -1,7 +1,7 @@
 #include "Views/History/HistoryPanel.h"
 
 #include "HistoryFixture.h"
-#include "ViewTests.h"
+#include "support/QtTests.h"
 
 #include <QApplication>
 #include <QEnterEvent>

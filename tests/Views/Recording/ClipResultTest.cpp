@@ -2,8 +2,8 @@
 
 #include "Find.h"
 #include "support/BusyWorkers.h"
+#include "support/QtTests.h"
 #include "ViewsFixture.h"
-#include "ViewTests.h"
 
 #include <QLabel>
 #include <QTest>

@@ -2,8 +2,8 @@
 
 #include "Find.h"
 #include "ViewsFixture.h"
-#include "ViewTests.h"
 
+#include "support/QtTests.h"
 #include "Views/Recording/TimeLabel.h"
 
 #include <QTest>

@@ -1,6 +1,5 @@
 #include "Views/Recording/TimeLabel.h"
-
-#include "ViewTests.h"
+#include "support/QtTests.h"
 
 #include <QTest>
 
