@@ -27,7 +27,7 @@ std::string includedBy(const std::string& line)
     return std::regex_match(line, found, directive) ? found[1].str() : "";
 }
 
-/// Every source file below a folder, and what it includes.
+/// Every source file below a folder, and what it includes. What moc makes of a header is part of the header's module.
 std::vector<std::pair<fs::path, std::string>> includesBelow(const fs::path& folder)
 {
     std::vector<std::pair<fs::path, std::string>> includes;
@@ -37,7 +37,7 @@ std::vector<std::pair<fs::path, std::string>> includesBelow(const fs::path& fold
             continue;
         std::ifstream file(entry.path());
         for (std::string line; std::getline(file, line);) {
-            if (std::string target = includedBy(line); !target.empty())
+            if (std::string target = includedBy(line); !target.empty() && !target.starts_with("\"moc_"))
                 includes.emplace_back(entry.path(), std::move(target));
         }
     }

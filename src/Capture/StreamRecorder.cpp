@@ -290,3 +290,5 @@ void StreamRecorder::setRecording(bool next)
 }
 
 } // namespace quillbox
+
+#include "moc_StreamRecorder.cpp"

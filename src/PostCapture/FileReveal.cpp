@@ -84,3 +84,5 @@ std::unique_ptr<FileReveal> makeFileReveal()
 }
 
 } // namespace quillbox
+
+#include "moc_FileReveal.cpp"

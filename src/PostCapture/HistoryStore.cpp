@@ -175,3 +175,5 @@ void HistoryStore::save()
 }
 
 } // namespace quillbox
+
+#include "moc_HistoryStore.cpp"

@@ -126,3 +126,5 @@ void ClipOffers::show()
 }
 
 } // namespace quillbox
+
+#include "moc_ClipOffers.cpp"

@@ -26,3 +26,5 @@ void ClipSaveDialog::ask(const QString& name)
 }
 
 } // namespace quillbox
+
+#include "moc_ClipSaveDialog.cpp"

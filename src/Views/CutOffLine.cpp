@@ -102,3 +102,5 @@ void CutOffLine::follow()
 }
 
 } // namespace quillbox
+
+#include "moc_CutOffLine.cpp"

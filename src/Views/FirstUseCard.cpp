@@ -77,3 +77,5 @@ QString pathFromHome(const QString& path)
 }
 
 } // namespace quillbox
+
+#include "moc_FirstUseCard.cpp"

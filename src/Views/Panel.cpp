@@ -275,3 +275,5 @@ void Panel::keyPressEvent(QKeyEvent* event)
 }
 
 } // namespace quillbox
+
+#include "moc_Panel.cpp"

@@ -296,3 +296,5 @@ void RecorderHUD::showUpdater()
 }
 
 } // namespace quillbox
+
+#include "moc_RecorderHUD.cpp"

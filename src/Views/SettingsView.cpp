@@ -116,3 +116,5 @@ void SettingsView::keyPressEvent(QKeyEvent* event)
 }
 
 } // namespace quillbox
+
+#include "moc_SettingsView.cpp"

@@ -247,3 +247,5 @@ void UpdateView::keyPressEvent(QKeyEvent* event)
 }
 
 } // namespace quillbox
+
+#include "moc_UpdateView.cpp"

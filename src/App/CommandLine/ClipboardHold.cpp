@@ -23,3 +23,5 @@ void ClipboardHold::end()
 }
 
 } // namespace quillbox
+
+#include "moc_ClipboardHold.cpp"

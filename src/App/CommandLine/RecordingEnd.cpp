@@ -37,3 +37,5 @@ void RecordingEnd::end(const QString& interruption)
 }
 
 } // namespace quillbox
+
+#include "moc_RecordingEnd.cpp"

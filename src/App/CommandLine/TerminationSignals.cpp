@@ -73,3 +73,5 @@ void leaveEndingSignalsToMainThread()
 }
 
 } // namespace quillbox
+
+#include "moc_TerminationSignals.cpp"

@@ -213,3 +213,5 @@ void ApplicationService::Quit() const
 }
 
 } // namespace quillbox
+
+#include "moc_ApplicationService.cpp"

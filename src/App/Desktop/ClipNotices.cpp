@@ -61,3 +61,5 @@ void ClipNotices::follow()
 }
 
 } // namespace quillbox
+
+#include "moc_ClipNotices.cpp"

@@ -73,3 +73,5 @@ void ClipboardHandOver::end()
 }
 
 } // namespace quillbox
+
+#include "moc_ClipboardHandOver.cpp"

@@ -39,3 +39,5 @@ void DesktopEntryAdaptor::ActivateAction(
 }
 
 } // namespace quillbox
+
+#include "moc_DesktopEntryAdaptor.cpp"

@@ -72,3 +72,5 @@ void AwaitedNotification::noteClosed(uint id, uint /*reason*/)
 }
 
 } // namespace quillbox
+
+#include "moc_DesktopNotification.cpp"

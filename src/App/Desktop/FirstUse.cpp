@@ -64,3 +64,5 @@ void FirstUse::remember(const QByteArray& state) const
 }
 
 } // namespace quillbox
+
+#include "moc_FirstUse.cpp"

@@ -85,3 +85,5 @@ void PanelGuard::check()
 }
 
 } // namespace quillbox
+
+#include "moc_PanelGuard.cpp"

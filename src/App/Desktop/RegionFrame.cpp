@@ -80,3 +80,5 @@ void RegionFrame::follow()
 }
 
 } // namespace quillbox
+
+#include "moc_RegionFrame.cpp"

@@ -72,3 +72,5 @@ void TrayHost::end()
 }
 
 } // namespace quillbox
+
+#include "moc_TrayHost.cpp"

@@ -121,3 +121,5 @@ void TrayIcon::showToolTip()
 }
 
 } // namespace quillbox
+
+#include "moc_TrayIcon.cpp"

@@ -52,3 +52,5 @@ void TraylessStop::follow()
 }
 
 } // namespace quillbox
+
+#include "moc_TraylessStop.cpp"

@@ -38,3 +38,5 @@ HotkeyState GlobalHotkey::state() const
 }
 
 } // namespace quillbox
+
+#include "moc_GlobalHotkey.cpp"

@@ -13,3 +13,5 @@ void HotkeyService::setState(HotkeyState next)
 }
 
 } // namespace quillbox
+
+#include "moc_HotkeyService.cpp"

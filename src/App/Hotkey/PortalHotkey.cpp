@@ -244,3 +244,5 @@ bool PortalHotkey::isFromOurSession(const QDBusMessage& signal) const
 }
 
 } // namespace quillbox
+
+#include "moc_PortalHotkey.cpp"

@@ -108,3 +108,5 @@ void X11Hotkey::takeEvents()
 }
 
 } // namespace quillbox
+
+#include "moc_X11Hotkey.cpp"

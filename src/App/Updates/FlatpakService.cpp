@@ -195,3 +195,5 @@ bool FlatpakService::startInstalledVersion()
 }
 
 } // namespace quillbox
+
+#include "moc_FlatpakService.cpp"

@@ -306,3 +306,5 @@ QCoro::Task<> PackageKitService::install(Update update)
 }
 
 } // namespace quillbox
+
+#include "moc_PackageKitService.cpp"

@@ -216,3 +216,5 @@ void PackageKitTransaction::end()
 }
 
 } // namespace quillbox
+
+#include "moc_PackageKitTransaction.cpp"

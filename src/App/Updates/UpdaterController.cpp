@@ -139,3 +139,5 @@ void UpdaterController::hearOf(const Update& update)
 }
 
 } // namespace quillbox
+
+#include "moc_UpdaterController.cpp"

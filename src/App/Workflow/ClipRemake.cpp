@@ -104,3 +104,5 @@ void ClipRemake::finishNow()
 }
 
 } // namespace quillbox
+
+#include "moc_ClipRemake.cpp"

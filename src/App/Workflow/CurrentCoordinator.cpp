@@ -165,3 +165,5 @@ void CurrentCoordinator::adopt(std::unique_ptr<RecordingCoordinator> next)
 }
 
 } // namespace quillbox
+
+#include "moc_CurrentCoordinator.cpp"

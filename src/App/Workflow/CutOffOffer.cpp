@@ -137,3 +137,5 @@ void CutOffOffer::endWork(const QString& problem)
 }
 
 } // namespace quillbox
+
+#include "moc_CutOffOffer.cpp"

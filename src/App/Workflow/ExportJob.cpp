@@ -127,3 +127,5 @@ void ExportJob::takeProgress()
 }
 
 } // namespace quillbox
+
+#include "moc_ExportJob.cpp"

@@ -67,3 +67,5 @@ QString RecordingClock::text(std::chrono::seconds time)
 }
 
 } // namespace quillbox
+
+#include "moc_RecordingClock.cpp"

@@ -136,3 +136,5 @@ QCoro::Task<> RecordingCoordinator::stopAndExport()
 }
 
 } // namespace quillbox
+
+#include "moc_RecordingCoordinator.cpp"

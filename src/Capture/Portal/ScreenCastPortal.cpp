@@ -220,3 +220,5 @@ QCoro::Task<QVariantMap> ScreenCastPortal::lookAtScreenCast()
 }
 
 } // namespace quillbox
+
+#include "moc_ScreenCastPortal.cpp"

@@ -259,3 +259,5 @@ QRect SelectionWindow::drawnArea() const
 }
 
 } // namespace quillbox
+
+#include "moc_SelectionWindow.cpp"

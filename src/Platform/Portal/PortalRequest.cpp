@@ -94,3 +94,5 @@ QString PortalRequest::sessionIn(const QVariantMap& results)
 }
 
 } // namespace quillbox
+
+#include "moc_PortalRequest.cpp"

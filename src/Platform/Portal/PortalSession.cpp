@@ -163,3 +163,5 @@ QVariant PortalSession::handle() const
 }
 
 } // namespace quillbox
+
+#include "moc_PortalSession.cpp"

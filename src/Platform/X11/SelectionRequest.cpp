@@ -58,3 +58,5 @@ void SelectionRequest::takeEvents()
 }
 
 } // namespace quillbox
+
+#include "moc_SelectionRequest.cpp"

@@ -12,3 +12,5 @@ void Clipboard::setState(State state)
 }
 
 } // namespace quillbox
+
+#include "moc_Clipboard.cpp"

@@ -110,3 +110,5 @@ void FocusClipboard::look()
 }
 
 } // namespace quillbox
+
+#include "moc_ToolkitClipboard.cpp"

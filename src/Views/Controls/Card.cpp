@@ -40,3 +40,5 @@ void Divider::paintEvent(QPaintEvent* /*event*/)
 }
 
 } // namespace quillbox
+
+#include "moc_Card.cpp"

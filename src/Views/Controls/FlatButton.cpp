@@ -163,3 +163,5 @@ void FlatButton::changeEvent(QEvent* event)
 }
 
 } // namespace quillbox
+
+#include "moc_FlatButton.cpp"

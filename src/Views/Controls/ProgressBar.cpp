@@ -62,3 +62,5 @@ void ProgressBar::paintEvent(QPaintEvent* /*event*/)
 }
 
 } // namespace quillbox
+
+#include "moc_ProgressBar.cpp"

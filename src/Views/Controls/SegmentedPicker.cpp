@@ -99,3 +99,5 @@ void SegmentedPicker::paintEvent(QPaintEvent* /*event*/)
 }
 
 } // namespace quillbox
+
+#include "moc_SegmentedPicker.cpp"

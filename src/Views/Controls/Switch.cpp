@@ -77,3 +77,5 @@ void Switch::changeEvent(QEvent* event)
 }
 
 } // namespace quillbox
+
+#include "moc_Switch.cpp"

@@ -27,3 +27,5 @@ void SymbolLabel::paintEvent(QPaintEvent* /*event*/)
 }
 
 } // namespace quillbox
+
+#include "moc_SymbolLabel.cpp"

@@ -73,3 +73,5 @@ void TabStrip::changeEvent(QEvent* event)
 }
 
 } // namespace quillbox
+
+#include "moc_TabStrip.cpp"

@@ -126,3 +126,5 @@ QString plainToolTip(const QString& text)
 }
 
 } // namespace quillbox
+
+#include "moc_TextLabel.cpp"

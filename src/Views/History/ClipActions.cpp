@@ -65,3 +65,5 @@ void ClipActions::moveToTrash(const ClipEntry& entry)
 }
 
 } // namespace quillbox
+
+#include "moc_ClipActions.cpp"

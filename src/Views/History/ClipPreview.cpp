@@ -116,3 +116,5 @@ void ClipPreview::paintEvent(QPaintEvent* /*event*/)
 }
 
 } // namespace quillbox
+
+#include "moc_ClipPreview.cpp"

@@ -75,3 +75,5 @@ void HistoryNotice::dismiss()
 }
 
 } // namespace quillbox
+
+#include "moc_HistoryNotice.cpp"

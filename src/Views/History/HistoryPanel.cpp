@@ -234,3 +234,5 @@ int HistoryPanel::spareHeight() const
 }
 
 } // namespace quillbox
+
+#include "moc_HistoryPanel.cpp"

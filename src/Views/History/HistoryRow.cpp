@@ -160,3 +160,5 @@ void HistoryRow::paintEvent(QPaintEvent* /*event*/)
 }
 
 } // namespace quillbox
+
+#include "moc_HistoryRow.cpp"

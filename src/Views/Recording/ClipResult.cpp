@@ -87,3 +87,5 @@ void ClipResult::showPicture(const QString& path, const QImage& picture)
 }
 
 } // namespace quillbox
+
+#include "moc_ClipResult.cpp"

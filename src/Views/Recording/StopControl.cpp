@@ -69,3 +69,5 @@ void StopControl::paintEvent(QPaintEvent* /*event*/)
 }
 
 } // namespace quillbox
+
+#include "moc_StopControl.cpp"

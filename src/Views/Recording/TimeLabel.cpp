@@ -53,3 +53,5 @@ void TimeLabel::paintEvent(QPaintEvent* /*event*/)
 }
 
 } // namespace quillbox
+
+#include "moc_TimeLabel.cpp"

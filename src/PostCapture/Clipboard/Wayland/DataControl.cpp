@@ -196,3 +196,5 @@ void DataControl::send()
 }
 
 } // namespace quillbox
+
+#include "moc_DataControl.cpp"

@@ -72,3 +72,5 @@ void PipeWriter::end()
 }
 
 } // namespace quillbox
+
+#include "moc_PipeWriter.cpp"

@@ -234,3 +234,5 @@ void SelectionOwner::takeEvents()
 }
 
 } // namespace quillbox
+
+#include "moc_SelectionOwner.cpp"
