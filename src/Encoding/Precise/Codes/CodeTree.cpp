@@ -2,13 +2,11 @@
 
 namespace quillbox {
 
-CodeTree::CodeTree()
-    : m_runCodes(std::size_t{256} << codeBits)
-{
-}
-
 void CodeTree::reset(int minCodeSize)
 {
+    const std::size_t slots = std::size_t{1} << (static_cast<unsigned>(minCodeSize) + codeBits);
+    if (m_runCodes.size() < slots)
+        m_runCodes = Codes(slots);
     m_entries.fill(0);
     m_longestRun.fill(1);
     m_next = (1 << minCodeSize) + 2;

@@ -21,9 +21,7 @@ public:
 
     static constexpr int maxCodes = 4096; ///< of at most twelve bits
 
-    CodeTree();
-
-    /// Forgets all sequences but the single indices. @param minCodeSize  bits of an index, 2…8.
+    /// Forgets all sequences but the single indices; to be called first. @param minCodeSize  bits of an index, 2…8.
     void reset(int minCodeSize);
 
     /// Whether every code is assigned.
@@ -88,7 +86,7 @@ private:
     using Codes = UninitializedArray<Code>;
 
     std::array<std::uint32_t, placeCount> m_entries{}; ///< prefix, index, code; zero where free
-    Codes m_runCodes;                                  ///< by index, then length from 2 on; valid up to `m_longestRun`
+    Codes m_runCodes; ///< by index, then length from 2 on; valid up to `m_longestRun`. As large as the most bits so far
     std::array<std::uint16_t, 256> m_longestRun{};
     int m_next = 0;
 };
