@@ -24,6 +24,8 @@
 #include <string>
 #include <sys/mman.h>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 using namespace quillbox;
 
@@ -39,7 +41,7 @@ struct Options {
     ExportPreset preset;
     PreciseOptimizer::Config precise;
     bool isPrecise = false;
-    bool isHurried = false; ///< takes the precise optimizer's first attempt
+    std::int64_t maxAttempts = 1; ///< of the precise optimizer
     int threads = 1;
     FrameSpill::Limits spill{};
 
@@ -61,10 +63,10 @@ struct Options {
         raw.format = static_cast<RawFormat>(input.below(4));
         raw.ifCut = input.byte() % 2 == 0 ? RawReader::IfCut::ReadFirst : RawReader::IfCut::RefuseAtOnce;
         isPrecise = input.byte() % 8 == 1; // few are: its search has a fuzzer of its own
-        isHurried = input.byte() < 250;
-        threads = input.byte() < 254 ? 1 : 4;        // starting them takes longer than the rest
+        maxAttempts = input.byte() < 250 ? 1 : 2;
+        threads = input.byte() >= 254 && input.isOneOf(8) ? 4 : 1; // starting them takes longer than the rest
         const std::int64_t tight = input.number16(); // few budgets are: making smaller files takes long, too
-        precise = {.targetBytes = tight < 2'000 ? 1 + tight : 65'536,
+        precise = {.targetBytes = tight < 2'000 && input.isOneOf(4) ? 1 + tight : 65'536,
             .maxFPS = 1 + input.below(50),
             .maxColors = 2 + input.below(15)};
         spill = {.plainBytes = input.below(bandOrTwo), .memoryBytes = input.below(bandOrTwo), .diskSpaceToLeave = 0};
@@ -90,6 +92,48 @@ FileDescriptor opened(fuzz::Input& input)
     return FileDescriptor(ends[0]);
 }
 
+/// Lets pictures of few colours pass, and hands on others with two levels a channel: the tables of nearest colours take
+/// time by their number.
+class FewColors final : public FrameConsumer {
+public:
+    explicit FewColors(FrameConsumer& next)
+        : m_next(next)
+    {
+    }
+    void setRate(FrameRate rate) override { m_next.setRate(rate); }
+    void take(const RGBAFrame& frame) override
+    {
+        if (!m_latest || !m_latest->original.sharesPixels(frame))
+            m_latest = Reduced{frame, withFewColors(frame)};
+        m_next.take(m_latest->reduced);
+    }
+
+private:
+    struct Reduced {
+        RGBAFrame original;
+        RGBAFrame reduced;
+    };
+
+    RGBAFrame withFewColors(const RGBAFrame& frame)
+    {
+        constexpr std::size_t few = 6;
+        frame.forEachColor([this](RGBColor color) {
+            if (m_colors.size() <= few && std::ranges::find(m_colors, color) == m_colors.end())
+                m_colors.push_back(color);
+        });
+        if (m_colors.size() <= few)
+            return frame;
+        Bytes pixels(frame.pixels());
+        for (std::uint8_t& level : pixels)
+            level = level < 128 ? 0 : 255;
+        return {frame.width(), frame.height(), std::move(pixels)};
+    }
+
+    FrameConsumer& m_next;
+    std::vector<RGBColor> m_colors; ///< that pictures have had
+    std::optional<Reduced> m_latest;
+};
+
 /// Counts what the timeline hands on.
 class Counted final : public FrameConsumer {
 public:
@@ -113,7 +157,8 @@ private:
 /// @return pictures that were handed on; 0 where nothing could be read.
 std::int64_t read(ByteSource& source, const Options& options, FrameConsumer& consumer)
 {
-    Counted counted(consumer);
+    FewColors fewColors(consumer);
+    Counted counted(fewColors);
     ClipTimeline timeline(options.rate, counted);
     FrameShaper shaper("input", options.shape, timeline);
     const Parallelism parallelism = ReadingThreads::of(options.threads).reader;
@@ -146,7 +191,8 @@ void check(const GIFOptimizer::Result& result)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static const std::filesystem::path folder = std::filesystem::temp_directory_path();
+    static const std::filesystem::path memory = "/dev/shm";
+    static const auto folder = std::filesystem::exists(memory) ? memory : std::filesystem::temp_directory_path();
     fuzz::Input input(data, size);
     const Options options(input);
     const FileDescriptor file = opened(input);
@@ -157,10 +203,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     };
     const auto threads = ReadingThreads::of(options.threads);
     std::stop_source hurry;
-    if (options.isHurried)
-        hurry.request_stop();
+    const auto onProgress = [&](const GIFOptimizer::Progress& progress) {
+        if (progress.attempt >= options.maxAttempts)
+            hurry.request_stop();
+    };
     const GIFOptimizer::Execution execution{
-        .parallelism = {options.threads}, .progress = {}, .finishNow = hurry.get_token()};
+        .parallelism = {options.threads}, .progress = onProgress, .finishNow = hurry.get_token()};
     if (options.isPrecise) {
         BackgroundFrames<DistinctFrames> frames(
             [&](std::int64_t fps) { return PreciseOptimizer::framesFor(options.precise, fps, onKept); },

@@ -14,11 +14,26 @@ namespace quillbox::fuzz {
 class Input {
 public:
     Input(const std::uint8_t* data, std::size_t size)
-        : m_rest(data, size)
+        : m_all(data, size)
+        , m_rest(m_all)
     {
     }
 
     [[nodiscard]] bool isEmpty() const { return m_rest.empty(); }
+
+    /// Whether this input is one of `count`, by a hash of all of its bytes. What takes long is chosen like this: where
+    /// a single byte chooses it, a corpus collects inputs that have it, and their descendants have it, too.
+    [[nodiscard]] bool isOneOf(std::uint32_t count) const
+    {
+        std::uint32_t hash = 2166136261; // FNV-1a
+        for (const std::uint8_t byte : m_all)
+            hash = (hash ^ byte) * 16777619;
+        return (hash >> 8U) % count == 0;
+    }
+
+    /// How many colours the pattern of a picture has at most; 12 unless told. The table of the nearest colours takes
+    /// time by their number.
+    void setPatternColors(std::int64_t count) { m_patternColors = count; }
 
     std::uint8_t byte()
     {
@@ -58,8 +73,8 @@ public:
         return colors;
     }
 
-    /// A picture with sides of 0…`largestSide`, filled by repeating a pattern of up to 48 bytes: many colours would
-    /// take the stages more time than they are worth here.
+    /// A picture with sides of 0…`largestSide`, filled by repeating a pattern of a few colours: many would take the
+    /// stages more time than they are worth here.
     RGBAFrame picture(std::int64_t largestSide)
     {
         const std::int64_t width = below(largestSide + 1);
@@ -67,9 +82,8 @@ public:
     }
     RGBAFrame picture(std::int64_t width, std::int64_t height)
     {
-        Bytes pattern = rest(static_cast<std::size_t>(1 + below(48)));
-        if (pattern.empty())
-            pattern.push_back(0);
+        Bytes pattern = rest(static_cast<std::size_t>(4 * (1 + below(m_patternColors))));
+        pattern.resize(std::max<std::size_t>(pattern.size() + 3, 4) / 4 * 4, 0); // whole pixels
         Bytes pixels(static_cast<std::size_t>(width * height * 4), 0);
         for (std::size_t i = 0; i < pixels.size(); ++i)
             pixels[i] = pattern[i % pattern.size()];
@@ -111,7 +125,9 @@ public:
     }
 
 private:
+    std::span<const std::uint8_t> m_all;
     std::span<const std::uint8_t> m_rest;
+    std::int64_t m_patternColors = 12;
 };
 
 } // namespace quillbox::fuzz

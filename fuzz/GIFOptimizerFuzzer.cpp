@@ -9,8 +9,7 @@ using namespace quillbox;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    constexpr std::size_t maxBytes = 240; // few colours: among many, the search for the nearest takes longest
-    const fuzz::OptimizerInput input(fuzz::Input(data, std::min(size, maxBytes)));
+    const fuzz::OptimizerInput input(fuzz::Input(data, std::min(size, fuzz::OptimizerInput::maxBytes)));
     const GIFOptimizer::Result result
         = GIFOptimizer::optimize(input.frames, input.config, {.parallelism = {input.threads}, .progress = {}});
     precondition(result.byteCount == std::ssize(result.data), "the size is that of the file");

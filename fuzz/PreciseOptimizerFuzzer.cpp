@@ -39,8 +39,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         .maxWidth = input.byte() < 200 ? std::nullopt : std::optional<std::int64_t>(1 + input.below(10)),
         .maxFPS = 1 + input.below(50),
         .maxColors = 2 + input.below(input.byte() < 240 ? 15 : 255)};
-    const bool isHurried = input.byte() < 200; // takes the first attempt: each of them takes its time
-    const bool isThreaded = input.byte() >= 240;
+    const std::int64_t maxAttempts = input.byte() < 200 ? 1 : 3; // each takes its time
+    const bool isThreaded = input.byte() >= 240 && input.isOneOf(8);
+    input.setPatternColors(6);
     const std::vector<RGBAFrame> frames = input.recording(3, 6);
     if (frames.front().pixelCount() == 0)
         return 0;
@@ -48,17 +49,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     DistinctFrames distinct = PreciseOptimizer::framesFor(config, fps);
     for (const RGBAFrame& frame : frames)
         distinct.append(frame);
-    std::stop_source stop;
-    if (isHurried)
-        stop.request_stop();
-    const auto result = PreciseOptimizer::optimize(
-        distinct, config, {.parallelism = {1}, .progress = {}, .finishNow = stop.get_token()});
-    if (isThreaded) {
-        precondition(result
-                == PreciseOptimizer::optimize(
-                    distinct, config, {.parallelism = {3}, .progress = {}, .finishNow = stop.get_token()}),
-            "threads change nothing");
-    }
+    const auto optimized = [&](int threads) {
+        std::stop_source stop;
+        const auto onProgress = [&](const GIFOptimizer::Progress& progress) {
+            if (progress.attempt >= maxAttempts)
+                stop.request_stop();
+        };
+        return PreciseOptimizer::optimize(
+            distinct, config, {.parallelism = {threads}, .progress = onProgress, .finishNow = stop.get_token()});
+    };
+    const auto result = optimized(1);
+    if (isThreaded)
+        precondition(result == optimized(3), "threads change nothing");
 
     const support::DecodedGif gif = support::decodeWithGiflib(result.clip.data);
     precondition(std::ssize(gif.frames) == result.clip.frameCount, "giflib finds every picture");

@@ -68,19 +68,22 @@ struct EncoderInput {
 };
 
 struct OptimizerInput {
+    static constexpr std::size_t maxBytes = 240;
+
     GIFOptimizer::Config config;
     int threads = 1;
     std::vector<RGBAFrame> frames;
 
     explicit OptimizerInput(Input input)
         : config(configOf(input))
-        , threads(input.byte() < 252 ? 1 : 3) // starting them takes longer than the rest
+        , threads(input.byte() >= 252 && input.isOneOf(8) ? 3 : 1) // starting them takes longer than the rest
     {
         constexpr std::int64_t wide = 1000; // more than one preset allows
+        input.setPatternColors(3);
         if (input.byte() % 64 == 63)
             frames.push_back(input.picture(wide, 1));
         else
-            frames = input.recording(3, 4); // few pixels have few colours, among which the nearest are sought
+            frames = input.recording(3, 4);
     }
     static GIFOptimizer::Config configOf(Input& input)
     {
