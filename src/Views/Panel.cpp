@@ -3,6 +3,8 @@
 #include "Platform/WindowSystem.h"
 #include "Views/Controls/Card.h"
 #include "Views/Controls/FlatButton.h"
+#include "Views/Controls/Scroller.h"
+#include "Views/Controls/SwitchLine.h"
 #include "Views/Controls/SymbolLabel.h"
 #include "Views/Controls/TextLabel.h"
 #include "Views/CutOffLine.h"
@@ -25,6 +27,7 @@ namespace quillbox {
 namespace {
 
 constexpr int usualWidth = 384; // the status of a finished clip in one line; longer texts widen it
+constexpr int outlineWidth = 1;
 
 Panel::Corners usualCorners()
 {
@@ -37,23 +40,20 @@ Panel::Panel(CurrentCoordinator& coordinator, UpdaterController& updater, Histor
     Clock clock, std::optional<std::chrono::milliseconds> progressDelay)
     : m_clock(std::move(clock))
     , m_corners(usualCorners())
+    , m_contents(new QWidget(this))
     , m_introductionArea(makeIntroductionArea())
     , m_hud(new RecorderHUD(coordinator, updater, this, progressDelay.value_or(RecorderHUD::usualProgressDelay)))
     , m_clipLine(makeClipLine())
     , m_history(new HistoryPanel(store, fileReveal, this))
+    , m_switch(new SwitchLine(this))
+    , m_scroller(makeColumn())
 {
     setWindowTitle(tr("Quillbox"));
     setAttribute(Qt::WA_QuitOnClose, false); // the tray icon stays
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(1, 1, 1, 1); // the outline
-    column->setSpacing(0);
-    column->setSizeConstraint(QLayout::SetNoConstraint); // fit() decides
-    column->addWidget(m_introductionArea);
-    column->addWidget(m_hud);
-    column->addWidget(m_clipLine);
-    column->addWidget(new Divider(this));
-    column->addWidget(m_history, 1);
-    column->addWidget(makeNotice());
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(outlineWidth, outlineWidth, outlineWidth, outlineWidth);
+    whole->setSizeConstraint(QLayout::SetNoConstraint); // fit() decides
+    whole->addWidget(m_scroller);
     becomeA(Form::Popup);
 
     connect(m_hud, &RecorderHUD::settingsRequested, this, &Panel::settingsRequested);
@@ -68,6 +68,23 @@ Panel::Panel(CurrentCoordinator& coordinator, UpdaterController& updater, Histor
             if (std::holds_alternative<RecordingCoordinator::SelectingRegion>(next))
                 hide();
         });
+}
+
+Scroller* Panel::makeColumn()
+{
+    auto* column = new QVBoxLayout(m_contents);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_introductionArea);
+    column->addWidget(m_hud);
+    column->addWidget(m_clipLine);
+    column->addWidget(new Divider(this));
+    column->addWidget(m_history, 1);
+    column->addWidget(m_switch);
+    const auto spareHeight = [history = m_history] {
+        return history->sizeHint().height() - history->minimumSizeHint().height();
+    };
+    return new Scroller(m_contents, spareHeight, this);
 }
 
 QWidget* Panel::makeClipLine()
@@ -116,30 +133,14 @@ void Panel::setIntroduction(const std::optional<FirstUseCard::Facts>& facts)
     m_introductionArea->setVisible(facts.has_value());
 }
 
-QWidget* Panel::makeNotice()
-{
-    m_noticeArea = new QWidget(this);
-    auto* column = new QVBoxLayout(m_noticeArea);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(new Divider(m_noticeArea));
-    auto* row = new QHBoxLayout;
-    row->setContentsMargins(Theme::margin, 8, Theme::margin, 8);
-    row->setSpacing(Theme::tightSpacing);
-    m_notice
-        = new TextLabel(QString(), TextStyle::SmallCaption, Role::Secondary, TextLabel::Overflow::Wrap, m_noticeArea);
-    row->addWidget(
-        new SymbolLabel(Symbol::InfoCircle, Role::Secondary, Theme::symbolSize - 2, m_noticeArea), 0, Qt::AlignTop);
-    row->addWidget(m_notice, 1);
-    column->addLayout(row);
-    m_noticeArea->hide();
-    return m_noticeArea;
-}
-
 void Panel::setNotice(const QString& notice)
 {
-    m_notice->setText(notice);
-    m_noticeArea->setVisible(!notice.isEmpty());
+    m_hud->setNotice(notice);
+}
+
+void Panel::setSwitch(QAction* action)
+{
+    m_switch->setAction(action);
 }
 
 void Panel::setClipPending(bool isPending)
@@ -150,7 +151,7 @@ void Panel::setClipPending(bool isPending)
 
 void Panel::showCutOff(CutOffOffer& offer)
 {
-    auto* const column = qobject_cast<QVBoxLayout*>(layout());
+    auto* const column = qobject_cast<QVBoxLayout*>(m_contents->layout());
     column->insertWidget(column->indexOf(m_clipLine), new CutOffLine(offer, this));
 }
 
@@ -200,16 +201,15 @@ void Panel::present()
 QSize Panel::fittingSize()
 {
     ensurePolished();
-    layout()->activate();
-    const int width = std::max(usualWidth, layout()->totalMinimumSize().width());
-    int height = layout()->totalHeightForWidth(width);
-    if (m_available.isValid()) {
-        // A long list gets most of the screen; a panel that fills it would be in everything's way.
-        const int comfortable = m_available.height() * 4 / 5;
-        height = std::min(height, std::max(height - m_history->spareHeight(), comfortable));
-        height = std::min(height, m_available.height() - 2 * PanelPlacement::gap);
-    }
-    return QSize(width, height);
+    const int around = 2 * outlineWidth;
+    const int frame = m_form == Form::Window ? PanelPlacement::titleBarHeight : 0;
+    const int highest
+        = m_available.isValid() ? m_available.height() - 2 * PanelPlacement::gap - frame : QWIDGETSIZE_MAX;
+    const QSize wanted = m_scroller->fittingSize(usualWidth - around, highest - around) + QSize(around, around);
+    // A long list gets most of the screen; a panel that fills it would be in everything's way.
+    const int comfortable = m_available.isValid() ? m_available.height() * 4 / 5 : wanted.height();
+    const int height = std::min(wanted.height(), std::max(wanted.height() - m_history->spareHeight(), comfortable));
+    return QSize(wanted.width(), std::min(height, highest));
 }
 
 void Panel::fit()

@@ -13,14 +13,18 @@
 #include <functional>
 #include <optional>
 
+class QAction;
+
 namespace quillbox {
 
 class CutOffOffer;
 class HistoryPanel;
 class RecorderHUD;
-class TextLabel;
+class Scroller;
+class SwitchLine;
 
-/// What the tray icon opens: the recorder above the history. Closes when another window becomes active, on Escape, and
+/// What the tray icon opens: the recorder above the history. On a screen too small for it the history becomes shorter,
+/// and what is still too high is scrolled. Closes when another window becomes active, on Escape, and
 /// before a region is selected, so that it is in no clip. Hidden until opened. Thread: main.
 class Panel : public QWidget {
     Q_OBJECT
@@ -59,9 +63,11 @@ public:
     /// opening. Rounded on Wayland and square elsewhere unless told otherwise.
     void setCorners(Corners corners) { m_corners = corners; }
 
-    /// A line below everything, such as why the shortcut does not work; none when empty.
+    /// A sentence below the status, such as why the shortcut does not work; none when empty.
     void setNotice(const QString& notice);
 
+    /// A switch below everything for what a menu has elsewhere: see SwitchLine.
+    void setSwitch(QAction* action);
     /// Whether a line says that the clip is not on the clipboard, and offers to put it there.
     void setClipPending(bool isPending);
     /// Tells of recordings that were cut off. To be called once. @pre `offer` outlives the panel.
@@ -89,9 +95,9 @@ protected:
 private:
     enum class Form { Popup, Window };
 
+    Scroller* makeColumn();
     QWidget* makeClipLine();
     QWidget* makeIntroductionArea();
-    QWidget* makeNotice();
     void becomeA(Form form);
     [[nodiscard]] QSize fittingSize();
     void fit();
@@ -106,12 +112,13 @@ private:
     QRect m_available;
     std::chrono::steady_clock::time_point m_deactivated;
     FirstUseCard* m_introduction = nullptr; // made when it is first needed
+    QWidget* m_contents;
     QWidget* m_introductionArea;
     RecorderHUD* m_hud;
     QWidget* m_clipLine;
     HistoryPanel* m_history;
-    QWidget* m_noticeArea = nullptr;
-    TextLabel* m_notice = nullptr;
+    SwitchLine* m_switch;
+    Scroller* m_scroller;
 };
 
 } // namespace quillbox

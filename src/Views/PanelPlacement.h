@@ -14,6 +14,7 @@ namespace quillbox::PanelPlacement {
 /// @param screen     All of the screen.
 [[nodiscard]] QRect place(const QSize& size, const QRect& anchor, const QRect& available, const QRect& screen);
 
-inline constexpr int gap = 8; ///< to the icon and to the edges of the available area
+inline constexpr int gap = 8;             ///< to the icon and to the edges of the available area
+inline constexpr int titleBarHeight = 40; ///< of a window, about: desktops tell it only once there is a window
 
 } // namespace quillbox::PanelPlacement

@@ -11,6 +11,7 @@
 #include "Views/Controls/TextLabel.h"
 #include "Views/PresetTexts.h"
 #include "Views/Recording/ClipResult.h"
+#include "Views/Recording/NoticeLine.h"
 #include "Views/Recording/TimeLabel.h"
 
 #include <QFileInfo>
@@ -116,6 +117,11 @@ void RecorderHUD::focusMainButton()
     m_mainButton->setFocus(Qt::ActiveWindowFocusReason);
 }
 
+void RecorderHUD::setNotice(const QString& notice)
+{
+    m_notice->setText(notice);
+}
+
 void RecorderHUD::setClipPending(bool isPending)
 {
     m_result->setOffersCopy(!isPending); // there is another button that copies
@@ -174,6 +180,8 @@ QWidget* RecorderHUD::makeStatusRow()
     auto* offers = new ClipOffers(m_coordinator, status);
     connect(offers, &ClipOffers::saveElsewhereRequested, this, &RecorderHUD::saveElsewhereRequested);
     rows->addLayout(row);
+    m_notice = new NoticeLine(status);
+    rows->addWidget(m_notice);
     m_result = new ClipResult(m_coordinator, status);
     connect(m_result, &ClipResult::requested, this, &RecorderHUD::clipRequested);
     rows->addWidget(m_result);

@@ -15,6 +15,7 @@ namespace quillbox {
 
 class ClipResult;
 class FlatButton;
+class NoticeLine;
 class ProgressBar;
 class SegmentedPicker;
 class Switch;
@@ -38,6 +39,8 @@ public:
 
     /// Gives the keyboard to the button that records and stops.
     void focusMainButton();
+    /// A sentence below the status, such as why the shortcut does not work; none when empty.
+    void setNotice(const QString& notice);
     /// Whether the clip is not on the clipboard yet, which is told elsewhere.
     void setClipPending(bool isPending);
 
@@ -70,6 +73,7 @@ private:
     Switch* m_everyChange = nullptr;
     SymbolLabel* m_statusSymbol = nullptr;
     TextLabel* m_statusText = nullptr;
+    NoticeLine* m_notice = nullptr;
     ClipResult* m_result = nullptr;
     TimeLabel* m_time = nullptr;
     ProgressBar* m_progress = nullptr;

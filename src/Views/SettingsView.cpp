@@ -1,10 +1,12 @@
 #include "Views/SettingsView.h"
 
 #include "Views/Controls/Card.h"
+#include "Views/Controls/Scroller.h"
 #include "Views/Controls/SymbolLabel.h"
 #include "Views/Controls/TabStrip.h"
 #include "Views/Controls/TextLabel.h"
 #include "Views/Icons.h"
+#include "Views/PanelPlacement.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -58,19 +60,24 @@ SettingsView::SettingsView(const QString& footerNotice, QWidget* parent)
 {
     setWindowTitle(tr("Settings"));
     setAttribute(Qt::WA_QuitOnClose, false); // the tray icon stays
-    auto* tabs = new TabStrip(this);
+    auto* const contents = new QWidget(this);
+    auto* tabs = new TabStrip(contents);
     tabs->setAccessibleName(tr("Settings"));
     tabs->addTab(Icons::icon(Symbol::Gearshape, Role::Accent), tr("General"));
-    auto* pages = new QStackedWidget(this);
+    auto* pages = new QStackedWidget(contents);
     pages->addWidget(makeGeneralTab());
     connect(tabs, &TabStrip::currentChanged, pages, &QStackedWidget::setCurrentIndex);
 
-    auto* column = new QVBoxLayout(this);
+    auto* column = new QVBoxLayout(contents);
     column->setContentsMargins(0, Theme::tightSpacing, 0, 0);
     column->setSpacing(Theme::tightSpacing);
     column->addWidget(tabs, 0, Qt::AlignHCenter);
-    column->addWidget(new Divider(this));
+    column->addWidget(new Divider(contents));
     column->addWidget(pages, 1);
+    m_scroller = new Scroller(contents, nullptr, this);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(m_scroller);
     fit();
 }
 
@@ -97,9 +104,10 @@ void SettingsView::fit()
 {
     ensurePolished();
     const int oneLine = m_footer->fontMetrics().horizontalAdvance(m_footer->text()) + 2 * (Theme::margin + 6);
-    const int wanted = std::max(std::clamp(oneLine, settingsWidth, widest), layout()->totalMinimumSize().width());
-    setMinimumWidth(wanted);
-    resize(wanted, layout()->totalHeightForWidth(wanted)); // texts wrap, so it depends on the width
+    const int highest = screen()->availableGeometry().height() - PanelPlacement::titleBarHeight;
+    const QSize wanted = m_scroller->fittingSize(std::clamp(oneLine, settingsWidth, widest), highest);
+    setMinimumWidth(wanted.width());
+    resize(wanted.boundedTo(QSize(wanted.width(), highest)));
 }
 
 void SettingsView::paintEvent(QPaintEvent* /*event*/)

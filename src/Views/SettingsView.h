@@ -4,6 +4,7 @@
 
 namespace quillbox {
 
+class Scroller;
 class TextLabel;
 
 /// The settings window. There is nothing to set: it tells the shortcut and what happens to the user's data. Thread:
@@ -26,6 +27,7 @@ private:
     void fit();
 
     TextLabel* m_footer;
+    Scroller* m_scroller = nullptr;
 };
 
 } // namespace quillbox

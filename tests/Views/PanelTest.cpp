@@ -6,9 +6,12 @@
 #include "ViewsFixture.h"
 
 #include "support/QtTests.h"
+#include "Views/Controls/Scroller.h"
+#include "Views/Controls/Switch.h"
 #include "Views/History/HistoryPanel.h"
 #include "Views/RecorderHUD.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QScreen>
 #include <QSignalSpy>
@@ -44,10 +47,13 @@ private Q_SLOTS:
     void staysOpenWhileTheClipIsMade();
     void passesOnTheWishForTheSettings();
     void passesOnTheWishToQuit();
-    void showsANoticeBelowEverything();
+    void showsANoticeBelowTheStatus();
     void showsNoNoticeWhenItIsEmpty();
     void saysWhileTheClipIsPendingAndOffersToCopyIt();
+    void hasASwitchForAnActionThatHasNoMenu();
     void showsTheIntroductionAboveEverything();
+    void scrollsWhatDoesNotFit();
+    void theEmptyListGivesWayFirst();
     void shrinksWhenTheIntroductionGoes();
     void growsWithALongMessage();
     void staysOnTheScreenWithAnEndlessMessage();
@@ -230,14 +236,17 @@ void PanelTest::passesOnTheWishToQuit()
     QCOMPARE(requests.count(), 1);
 }
 
-void PanelTest::showsANoticeBelowEverything()
+void PanelTest::showsANoticeBelowTheStatus()
 {
     m_panel->setNotice("Another program uses <Super+Shift+2>.");
     open();
     const TextLabel* notice = label(*m_panel, "Another program uses <Super+Shift+2>.");
     QVERIFY(notice);
-    const auto* history = m_panel->findChild<HistoryPanel*>();
-    QVERIFY(notice->mapTo(m_panel.get(), QPoint(0, 0)).y() > history->geometry().bottom());
+    const auto place = [this](const QWidget* widget) {
+        return widget->mapTo(m_panel.get(), QPoint(0, 0)).y();
+    };
+    QVERIFY(place(notice) > place(label(*m_panel, "Press ⌘⇧2 or Record to capture a region.")));
+    QVERIFY(place(notice) < place(button(*m_panel, "Record Region")));
 }
 
 void PanelTest::showsNoNoticeWhenItIsEmpty()
@@ -266,6 +275,65 @@ void PanelTest::saysWhileTheClipIsPendingAndOffersToCopyIt()
     m_panel->setClipPending(false);
     QCOMPARE(texts(*m_panel), before);
     QVERIFY(button(*m_panel, "Copy") == nullptr);
+}
+
+void PanelTest::hasASwitchForAnActionThatHasNoMenu()
+{
+    QAction action("Notices");
+    action.setCheckable(true);
+    action.setChecked(true);
+    const auto find = [this]() -> Switch* {
+        for (Switch* const each : visible<Switch>(*m_panel))
+            if (each->accessibleName() == "Notices")
+                return each;
+        return nullptr;
+    };
+    open();
+    QVERIFY(!find());
+    m_panel->setSwitch(&action);
+    QVERIFY(find());
+    QVERIFY(find()->isChecked());
+    QTest::mouseClick(find(), Qt::LeftButton);
+    QVERIFY(!action.isChecked());
+    action.setChecked(true);
+    QVERIFY(find()->isChecked());
+    m_panel->setSwitch(nullptr);
+    QVERIFY(!find());
+}
+
+void PanelTest::scrollsWhatDoesNotFit()
+{
+    const QRect low(0, 0, 800, 200);
+    m_panel->openNear(QRect(), low);
+    QCoreApplication::processEvents();
+    QVERIFY(low.contains(m_panel->geometry()));
+    auto* const scroller = m_panel->findChild<Scroller*>();
+    QVERIFY(scroller->isScrolling());
+    QCOMPARE(clippedTexts(*m_panel), QStringList());
+    auto* const quit = button(*m_panel, "Quit");
+    const auto isInView = [&] {
+        return scroller->viewport()->rect().contains(QRect(quit->mapTo(scroller->viewport(), QPoint()), quit->size()));
+    };
+    QVERIFY(!isInView());
+    while (QApplication::focusWidget() != quit)
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QVERIFY(isInView());
+}
+
+void PanelTest::theEmptyListGivesWayFirst()
+{
+    open();
+    const auto height = m_panel->height();
+    const auto placeholder = QStringLiteral("Your recorded clips will show up here.");
+    QVERIFY(texts(*m_panel).contains(placeholder));
+    m_panel->openNear(QRect(), QRect(0, 0, 800, height - 100));
+    QCoreApplication::processEvents();
+    QVERIFY(!m_panel->findChild<Scroller*>()->isScrolling());
+    QVERIFY(!texts(*m_panel).contains(placeholder));
+    QCOMPARE(clippedTexts(*m_panel), QStringList());
+    open();
+    QCoreApplication::processEvents();
+    QVERIFY(texts(*m_panel).contains(placeholder));
 }
 
 void PanelTest::showsTheIntroductionAboveEverything()

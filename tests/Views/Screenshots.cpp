@@ -2,7 +2,7 @@
 // scale. Fails when a text is cut off that should not be.
 #include "Find.h"
 #include "Palettes.h"
-#include "TextCheck.h"
+#include "PanelPictures.h"
 #include "ViewsFixture.h"
 
 #include "Translation/Catalogues.h"
@@ -23,8 +23,6 @@
 #include <QThreadPool>
 #include <QTranslator>
 
-#include <functional>
-
 namespace quillbox::test {
 namespace {
 
@@ -39,72 +37,6 @@ public:
             return english;
         return english + QLatin1Char(' ') + QString((english.size() * 3 + 9) / 10 - 1, QLatin1Char('m'));
     }
-};
-
-class ScreenshotWriter {
-public:
-    ScreenshotWriter(const QString& folder, QString theme)
-        : m_folder(folder)
-        , m_theme(std::move(theme))
-    {
-    }
-
-    void take(QWidget& widget, const QString& name)
-    {
-        QCoreApplication::processEvents();
-        for (const QString& complaint : clippedTexts(widget)) {
-            qWarning().noquote() << name << m_theme << complaint;
-            m_clean = false;
-        }
-        const QString scale = QString::number(qRound(widget.devicePixelRatioF() * 100));
-        const QString file = QStringLiteral("%1-%2-%3.png").arg(name, m_theme, scale);
-        if (!widget.grab().save(m_folder.filePath(file))) {
-            qWarning().noquote() << "can't write" << file;
-            m_clean = false;
-        }
-    }
-    [[nodiscard]] bool clean() const { return m_clean; }
-
-private:
-    QDir m_folder;
-    QString m_theme;
-    bool m_clean = true;
-};
-
-void fill(HistoryStore& history, int clips)
-{
-    for (int i = clips; i > 0; --i) {
-        ClipEntry entry = clip(QStringLiteral("/home/anna/Videos/Quillbox/Quillbox 2026-11-%1 at 09.05.07.gif")
-                                   .arg(i, 2, 10, QLatin1Char('0')),
-            i * 345'678, i * 1.7);
-        if (i == 2) {
-            entry.format = QStringLiteral("MP4");
-            entry.byteCount.reset();
-            entry.durationSeconds.reset();
-        }
-        if (i == 3)
-            entry.outputPath = QStringLiteral("/tmp/a <b>name that is much too long for one line of the list.gif");
-        if (i == 4)
-            entry.outputPath.reset();
-        history.record(entry);
-    }
-}
-
-using Prepare = std::function<void(ViewsFixture&, Panel&)>;
-
-const Prepare nothing = [](ViewsFixture&, Panel&) {
-};
-/// A clip whose making takes a while.
-const Prepare processing = [](ViewsFixture& fixture, Panel&) {
-    fill(*fixture.history, 3);
-    fixture.recorder->holdsStop = true;
-    fixture.process();
-};
-/// Its progress, once that is shown.
-const Prepare partlyDone = [](ViewsFixture&, Panel& panel) {
-    auto* bar = panel.findChild<ProgressBar*>();
-    QTRY_VERIFY(bar->isVisible());
-    bar->setFraction(0.42);
 };
 
 /// Two and a half seconds of a chart that moves.
@@ -130,33 +62,6 @@ std::vector<RGBAFrame> movingChart()
 const Prepare allRead = [](ViewsFixture&, Panel&) {
     QThreadPool::globalInstance()->waitForDone();
 };
-
-/// A clip that lacks pictures.
-const Prepare pictureLoss = [](ViewsFixture& fixture, Panel&) {
-    fill(*fixture.history, 1);
-    fixture.recorder->frames = smallChanges(84);
-    fixture.finish();
-};
-const Prepare notSaved = [](ViewsFixture& fixture, Panel&) {
-    fill(*fixture.history, 2);
-    const ClipsFolderInTheWay obstacle;
-    fixture.stopInVain();
-};
-
-void takePanel(ScreenshotWriter& writer, const QString& name, const Prepare& prepare, const Prepare& whenOpen = nothing)
-{
-    ViewsFixture fixture;
-    Panel panel(fixture.coordinator, fixture.updater, *fixture.history, fixture.reveal, &std::chrono::steady_clock::now,
-        std::chrono::milliseconds(0));
-    prepare(fixture, panel);
-    panel.openNear(QRect(), QRect(0, 0, 1280, 800));
-    (void)QTest::qWaitForWindowActive(&panel);
-    whenOpen(fixture, panel);
-    writer.take(panel, name);
-    panel.hide();
-    fixture.recorder->release();
-    QTRY_VERIFY(!fixture.isIn<RecordingCoordinator::Processing>());
-}
 
 using Reason = UpdateError::Reason;
 
@@ -333,10 +238,6 @@ void takeAll(ScreenshotWriter& writer)
     QCoreApplication::removeTranslator(&longTexts);
 }
 
-const Prepare firstUse = [](ViewsFixture&, Panel& panel) {
-    panel.setIntroduction(FirstUseCard::Facts{.clipsFolder = QDir::homePath() + QStringLiteral("/Videos/Quillbox")});
-};
-
 /// What differs from language to language.
 void takeLanguages(ScreenshotWriter& writer)
 {
@@ -354,7 +255,8 @@ void takeLanguages(ScreenshotWriter& writer)
         takePanel(writer, language + QStringLiteral("-done"), pictureLoss);
         takePanel(writer, language + QStringLiteral("-not-saved"), notSaved);
         SettingsView settings(
-            QCoreApplication::translate("HotkeyNotice", "⌘ is the Super key: press Super + Shift + 2 in any program."));
+            QCoreApplication::translate("HotkeyNotice", "⌘ is the Super key: press %1 in any program.")
+                .arg(QStringLiteral("Super + Shift + 2")));
         settings.show();
         (void)QTest::qWaitForWindowExposed(&settings);
         writer.take(settings, language + QStringLiteral("-settings"));

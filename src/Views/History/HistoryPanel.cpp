@@ -1,10 +1,11 @@
 #include "Views/History/HistoryPanel.h"
 
 #include "Views/Controls/FlatButton.h"
-#include "Views/Controls/SymbolLabel.h"
+#include "Views/Controls/Scroller.h"
 #include "Views/Controls/TextLabel.h"
 #include "Views/History/ClipActions.h"
 #include "Views/History/ClipPreview.h"
+#include "Views/History/EmptyState.h"
 #include "Views/History/HistoryNotice.h"
 #include "Views/History/HistoryRow.h"
 #include "Views/History/ShownName.h"
@@ -21,9 +22,9 @@
 namespace quillbox {
 namespace {
 
-constexpr double fewestRows = 3; // an empty list is as high as this many
-constexpr double fewRows = 4.5;  // of a list that may be longer: half a row shows that there is more
-constexpr int emptySymbolSize = 36;
+constexpr double fewestRows = 3;  // an empty list is as high as this many
+constexpr double fewRows = 4.5;   // of a list that may be longer: half a row shows that there is more
+constexpr double leastRows = 1.5; // on a small screen
 
 } // namespace
 
@@ -35,7 +36,8 @@ HistoryPanel::HistoryPanel(HistoryStore& store, FileReveal& fileReveal, QWidget*
     , m_preview(new ClipPreview(this))
     , m_header(makeHeader())
     , m_notice(new HistoryNotice(this))
-    , m_emptyState(makeEmptyState())
+    , m_emptyState(new EmptyState(
+          Symbol::RectangleOnRectangleAngled, tr("No clips yet"), tr("Your recorded clips will show up here."), this))
     , m_list(makeList())
     , m_contents(new QStackedWidget(this))
 {
@@ -46,6 +48,7 @@ HistoryPanel::HistoryPanel(HistoryStore& store, FileReveal& fileReveal, QWidget*
     column->addWidget(m_notice);
     m_contents->addWidget(m_emptyState);
     m_contents->addWidget(m_list);
+    m_contents->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored); // this object says how high
     column->addWidget(m_contents, 1);
 
     connect(&m_store, &HistoryStore::entriesChanged, this, &HistoryPanel::showEntries);
@@ -75,27 +78,6 @@ QWidget* HistoryPanel::makeHeader()
     return header;
 }
 
-QWidget* HistoryPanel::makeEmptyState()
-{
-    using Overflow = TextLabel::Overflow;
-    auto* empty = new QWidget(this);
-    auto* column = new QVBoxLayout(empty);
-    column->setContentsMargins(Theme::margin, 0, Theme::margin, Theme::spacing);
-    column->setSpacing(Theme::tightSpacing);
-    auto* symbol = new SymbolLabel(Symbol::RectangleOnRectangleAngled, Role::Tertiary, emptySymbolSize, empty);
-    auto* title = new TextLabel(tr("No clips yet"), TextStyle::Headline, Role::Primary, Overflow::Wrap, empty);
-    auto* description = new TextLabel(
-        tr("Your recorded clips will show up here."), TextStyle::Callout, Role::Secondary, Overflow::Wrap, empty);
-    title->setAlignment(Qt::AlignCenter);
-    description->setAlignment(Qt::AlignCenter);
-    column->addStretch();
-    column->addWidget(symbol, 0, Qt::AlignHCenter);
-    column->addWidget(title);
-    column->addWidget(description);
-    column->addStretch();
-    return empty;
-}
-
 QScrollArea* HistoryPanel::makeList()
 {
     auto* list = new QScrollArea(this);
@@ -113,12 +95,7 @@ QScrollArea* HistoryPanel::makeList()
     list->setWidget(rows);
     rows->setAutoFillBackground(false); // the panel's surface shows through
     list->viewport()->setAutoFillBackground(false);
-    list->verticalScrollBar()->setStyleSheet(QStringLiteral(
-        "QScrollBar:vertical { background: transparent; width: 10px; margin: 0; }"
-        "QScrollBar::handle:vertical { background: rgba(128, 128, 128, 190); border-radius: 3px; margin: 2px;"
-        " min-height: 24px; }"
-        "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
-        "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }"));
+    Scroller::style(*list->verticalScrollBar());
     return list;
 }
 
@@ -219,13 +196,23 @@ double HistoryPanel::rowHeight() const
     return m_rows.empty() ? title.height() + details.height() + 13 : m_rows.front()->sizeHint().height();
 }
 
+int HistoryPanel::heightAround(int contents) const
+{
+    const int notice = m_notice->isHidden() ? 0 : m_notice->sizeHint().height() + layout()->spacing();
+    return m_clear->sizeHint().height() + notice + contents + layout()->spacing() + 3 * Theme::tightSpacing;
+}
+
 QSize HistoryPanel::sizeHint() const
 {
     const double rows = std::max(static_cast<double>(m_rows.size()), fewestRows);
     const int contents = std::max(static_cast<int>(rows * rowHeight()), m_emptyState->sizeHint().height());
-    const int notice = m_notice->isHidden() ? 0 : m_notice->sizeHint().height() + layout()->spacing();
-    return QSize(layout()->sizeHint().width(),
-        m_clear->sizeHint().height() + notice + contents + layout()->spacing() + 3 * Theme::tightSpacing);
+    return QSize(layout()->sizeHint().width(), heightAround(contents));
+}
+
+QSize HistoryPanel::minimumSizeHint() const
+{
+    const double rows = std::min(static_cast<double>(m_rows.size()), leastRows);
+    return QSize(layout()->minimumSize().width(), heightAround(static_cast<int>(rows * rowHeight())));
 }
 
 int HistoryPanel::spareHeight() const

@@ -37,18 +37,20 @@ public:
 
     /// As high as all rows, and as the empty list at least.
     [[nodiscard]] QSize sizeHint() const override;
-    /// How much of that height it can do without: what is beyond a few rows is scrolled to.
+    /// As high as a row and a half; without rows, as the header alone: the empty list gives way.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+    /// How much of the height of its size hint it can do without easily: what is beyond a few rows is scrolled to.
     [[nodiscard]] int spareHeight() const;
     /// Takes the height that it is given.
     [[nodiscard]] bool hasHeightForWidth() const override { return false; }
 
 private:
     QWidget* makeHeader();
-    QWidget* makeEmptyState();
     QScrollArea* makeList();
     void showEntries();
     [[nodiscard]] HistoryRow* makeRow(const ClipEntry& entry);
     [[nodiscard]] double rowHeight() const;
+    [[nodiscard]] int heightAround(int contents) const;
     void reveal(const HistoryRow* row) const;
     void clear();
     void preview(const HistoryRow& row);
