@@ -20,6 +20,7 @@
 #include "Capture/Region/RegionSelector.h"
 #include "Capture/Region/ScreenBackdrop.h"
 #include "Capture/StreamRecorder.h"
+#include "Platform/DBus/SessionBus.h"
 #include "Platform/StateFile.h"
 #include "PostCapture/Clipboard/Clipboard.h"
 #include "PostCapture/ClipboardExporter.h"
@@ -96,9 +97,11 @@ QuillboxApp::QuillboxApp(SystemServices services)
             .frameCount = [this] { return m_recorder->frameCount(); },
             .hotkey =
                 [this] {
+                    m_hotkey->retry(); // the other program may have let go
                     return HotkeyReport::told(m_hotkey->state());
                 }});
 
+    followBus();
     QObject::connect(m_tray.get(), &TrayIcon::clicked, m_tray.get(), [this] { toggleForIcon(); });
     QObject::connect(m_tray.get(), &TrayIcon::openRequested, m_tray.get(), [this] { showPanel(); });
     QObject::connect(m_tray.get(), &TrayIcon::settingsRequested, m_tray.get(), [this] { showSettings(); });
@@ -142,6 +145,17 @@ QuillboxApp::QuillboxApp(SystemServices services)
 
 QuillboxApp::~QuillboxApp() = default;
 
+/// A bus that is restarted knows nothing of us.
+void QuillboxApp::followBus()
+{
+    m_bus = std::make_unique<SessionBus>();
+    QObject::connect(m_bus.get(), &SessionBus::restored, m_bus.get(), [this] {
+        (void)m_service->claimName(); // another instance that was faster does not end this one
+        m_hotkey->reconnect();
+        m_tray->reconnect();
+    });
+}
+
 /// The choice outlives the program.
 void QuillboxApp::rememberPrecision()
 {
@@ -158,9 +172,9 @@ void QuillboxApp::tellOfClips()
 {
     m_notices = std::make_unique<ClipNotices>(
         *m_coordinator, *m_fileReveal, [this] { return m_panel && m_panel->isVisible(); });
-    auto* const choice = m_tray->addSwitch(Text::tr("Notifications"));
-    choice->setChecked(m_notices->isOn());
-    QObject::connect(choice, &QAction::toggled, m_notices.get(), &ClipNotices::setOn);
+    m_noticesChoice = m_tray->addSwitch(Text::tr("Notifications"));
+    m_noticesChoice->setChecked(m_notices->isOn());
+    QObject::connect(m_noticesChoice, &QAction::toggled, m_notices.get(), &ClipNotices::setOn);
 }
 
 bool QuillboxApp::claimName()
@@ -260,6 +274,7 @@ void QuillboxApp::restart()
 
 void QuillboxApp::showPanel()
 {
+    m_hotkey->retry(); // if another program had the keys, the panel would say so
     if (!m_hasTray) {
         panel().openAsWindow();
         return;
@@ -352,8 +367,11 @@ void QuillboxApp::saveElsewhere()
 void QuillboxApp::explain()
 {
     const auto state = m_hotkey->state();
+    if (m_panel)
+        m_panel->setSwitch(m_hasTray ? nullptr : m_noticesChoice); // the icon's menu has it
     if (m_panel && m_firstUse->isIntroducing()) {
         m_panel->setIntroduction(FirstUseCard::Facts{.hasTray = m_hasTray,
+            .combination = HotkeyNotice::combination(state),
             .keys = HotkeyNotice::introduction(state),
             .clipsFolder = ClipboardExporter::clipsDirectory()});
     } else if (m_panel) {

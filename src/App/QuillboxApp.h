@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 
+class QAction;
 class QRect;
 
 namespace quillbox {
@@ -23,6 +24,7 @@ class HistoryStore;
 class Panel;
 class ScreenRecorder;
 class ScreenSession;
+class SessionBus;
 class SettingsView;
 class TrayIcon;
 class TraylessStop;
@@ -58,6 +60,7 @@ public:
     void quit();
 
 private:
+    void followBus();
     void rememberPrecision();
     void tellOfClips();
     Panel& panel();
@@ -84,9 +87,11 @@ private:
     std::unique_ptr<FileReveal> m_fileReveal;
     std::unique_ptr<UpdaterController> m_updater;
     std::unique_ptr<ApplicationService> m_service;
+    std::unique_ptr<SessionBus> m_bus;
     std::unique_ptr<TrayIcon> m_tray;
     std::unique_ptr<TraylessStop> m_traylessStop;
     std::unique_ptr<ClipNotices> m_notices;
+    QAction* m_noticesChoice = nullptr; // the tray icon's
     std::unique_ptr<SettingsView> m_settings;
     std::unique_ptr<Panel> m_panel;
     std::unique_ptr<ClipSaveDialog> m_saveDialog;

@@ -6,6 +6,7 @@
 #include "Capture/Portal/RestoreToken.h"
 #include "Capture/Portal/ScreenCastPortal.h"
 #include "Platform/DBus/BusQueries.h"
+#include "Platform/DBus/SessionBus.h"
 #include "Platform/Portal/DesktopPortal.h"
 #include "Platform/RunWithTimeout.h"
 #include "Platform/Sandbox.h"
@@ -118,7 +119,7 @@ void reportPortal(ServiceReport& report, const std::string& failure, BusQueries:
 {
     report.used = failure;
     report.advice.push_back(logInAgain());
-    if (!QDBusConnection::sessionBus().isConnected()) {
+    if (!SessionBus::connection().isConnected()) {
         report.packages.emplace_back("dbus-user-session");
         return;
     }
@@ -145,7 +146,7 @@ QCoro::Task<ServiceReport> portalReport()
         failure = error.what();
         doesNotAnswer = error.reason() == CaptureError::Reason::DisplayGone;
     }
-    auto lookingFor = BusQueries::presence(QDBusConnection::sessionBus(), QLatin1String(DesktopPortal::service));
+    auto lookingFor = BusQueries::presence(SessionBus::connection(), QLatin1String(DesktopPortal::service));
     const auto presence = co_await lookingFor;
     auto lookingAtPipeWire = pipeWireSession();
     const auto session = co_await lookingAtPipeWire;

@@ -1,5 +1,6 @@
 #include "PostCapture/FileReveal.h"
 
+#include "Platform/DBus/SessionBus.h"
 #include "Platform/Portal/DesktopPortal.h"
 #include "Platform/Sandbox.h"
 
@@ -67,7 +68,7 @@ private:
     /// Sends `call` and goes on with `otherwise` if it is refused or nobody answers.
     void send(const QDBusMessage& call, const std::function<void()>& otherwise)
     {
-        auto* const watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
+        auto* const watcher = new QDBusPendingCallWatcher(SessionBus::connection().asyncCall(call), this);
         connect(watcher, &QDBusPendingCallWatcher::finished, this, [otherwise](QDBusPendingCallWatcher* finished) {
             finished->deleteLater();
             if (finished->isError())

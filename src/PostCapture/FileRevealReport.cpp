@@ -1,6 +1,7 @@
 #include "PostCapture/FileRevealReport.h"
 
 #include "Platform/DBus/BusQueries.h"
+#include "Platform/DBus/SessionBus.h"
 #include "Platform/Portal/DesktopPortal.h"
 #include "Platform/Sandbox.h"
 #include "PostCapture/FileReveal.h"
@@ -16,7 +17,7 @@ QCoro::Task<ServiceReport> FileRevealReport::make()
     using BusQueries::Presence;
     ServiceReport report;
     report.service = QT_TRANSLATE_NOOP("Doctor", "File manager");
-    const auto bus = QDBusConnection::sessionBus();
+    const auto bus = SessionBus::connection();
     auto lookingForManager = BusQueries::presence(bus, QLatin1String(FileReveal::fileManagerService));
     const bool hasManager = co_await lookingForManager != Presence::None;
     auto asking = BusQueries::property(bus, QLatin1String(DesktopPortal::service), QLatin1String(DesktopPortal::path),

@@ -277,20 +277,12 @@
         <translation>Tastenkürzel</translation>
     </message>
     <message>
-        <source>Super+Shift+2 of the X server</source>
-        <translation>Super+Umschalt+2 beim X-Server</translation>
-    </message>
-    <message>
         <source>no other program holds it</source>
         <translation>kein anderes Programm belegt es</translation>
     </message>
     <message>
         <source>it is held, as Quillbox runs</source>
         <translation>es ist belegt, da Quillbox läuft</translation>
-    </message>
-    <message>
-        <source>Another program holds Super+Shift+2</source>
-        <translation>Ein anderes Programm belegt Super+Umschalt+2</translation>
     </message>
     <message>
         <source>There is no X server that has the keys</source>
@@ -542,6 +534,18 @@
     <message>
         <source>quillbox recover makes clips of them, quillbox recover --discard removes them</source>
         <translation>quillbox recover macht Clips daraus, quillbox recover --discard entfernt sie</translation>
+    </message>
+    <message>
+        <source>Super+Shift+%1</source>
+        <translation>Super+Umschalt+%1</translation>
+    </message>
+    <message>
+        <source>%1 of the X server</source>
+        <translation>%1 beim X-Server</translation>
+    </message>
+    <message>
+        <source>Another program holds %1</source>
+        <translation>Ein anderes Programm belegt %1</translation>
     </message>
 </context>
 <context>
@@ -1047,10 +1051,6 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
 <context>
     <name>HotkeyNotice</name>
     <message>
-        <source>⌘⇧2 is in use by another program. “quillbox toggle” can be bound to any other key.</source>
-        <translation>⌘⇧2 wird von einem anderen Programm benutzt. „quillbox toggle“ lässt sich auf jede andere Taste legen.</translation>
-    </message>
-    <message>
         <source>This desktop has given Quillbox no hotkey. Bind “quillbox toggle” to a key in its settings.</source>
         <translation>Diese Arbeitsumgebung hat Quillbox kein Tastenkürzel gegeben. Legen Sie „quillbox toggle“ in ihren Einstellungen auf eine Taste.</translation>
     </message>
@@ -1067,16 +1067,24 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <translation>Die Arbeitsumgebung fragt eventuell, ob Quillbox dieses Tastenkürzel haben darf.</translation>
     </message>
     <message>
-        <source>⌘ is the Super key: press Super + Shift + 2 in any program.</source>
-        <translation>⌘ ist die Super-Taste: Drücken Sie Super + Umschalt + 2 in einem beliebigen Programm.</translation>
-    </message>
-    <message>
         <source>The desktop&apos;s settings tell the keys, and can change them.</source>
         <translation>Die Tasten stehen in den Einstellungen der Arbeitsumgebung und lassen sich dort ändern.</translation>
     </message>
     <message>
         <source>The desktop has set the keys to: %1. Its settings can change them.</source>
         <translation>Die Arbeitsumgebung hat diese Tasten festgelegt: %1. In ihren Einstellungen lassen sie sich ändern.</translation>
+    </message>
+    <message>
+        <source>Super + Shift + %1</source>
+        <translation>Super + Umschalt + %1</translation>
+    </message>
+    <message>
+        <source>Another program uses %1. Quillbox gets it as soon as it is free; “quillbox toggle” can be bound to any other key.</source>
+        <translation>Ein anderes Programm benutzt %1. Quillbox bekommt die Tasten, sobald sie frei sind; „quillbox toggle“ lässt sich auf jede andere Taste legen.</translation>
+    </message>
+    <message>
+        <source>⌘ is the Super key: press %1 in any program.</source>
+        <translation>⌘ ist die Super-Taste: Drücken Sie %1 in einem beliebigen Programm.</translation>
     </message>
 </context>
 <context>
@@ -1824,12 +1832,12 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <translation>Diese Arbeitsumgebung hat keinen Infobereich für ein Symbol. Starten Sie Quillbox erneut, um dieses Fenster zu öffnen.</translation>
     </message>
     <message>
-        <source>Press Super + Shift + 2 (⌘⇧2) in any program and drag out a region to record it.</source>
-        <translation>Drücken Sie in einem beliebigen Programm Super + Umschalt + 2 (⌘⇧2) und ziehen Sie den Bereich auf, den Sie aufnehmen möchten.</translation>
-    </message>
-    <message>
         <source>Clips are copied, ready to paste, and saved in %1.</source>
         <translation>Clips liegen zum Einfügen in der Zwischenablage und werden in %1 gespeichert.</translation>
+    </message>
+    <message>
+        <source>Press %1 (⌘⇧2) in any program and drag out a region to record it.</source>
+        <translation>Drücken Sie in einem beliebigen Programm %1 (⌘⇧2) und ziehen Sie den Bereich auf, den Sie aufnehmen möchten.</translation>
     </message>
 </context>
 <context>

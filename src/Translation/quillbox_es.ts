@@ -277,20 +277,12 @@
         <translation>Atajo</translation>
     </message>
     <message>
-        <source>Super+Shift+2 of the X server</source>
-        <translation>Super+Mayús+2 del servidor X</translation>
-    </message>
-    <message>
         <source>no other program holds it</source>
         <translation>ningún otro programa lo ocupa</translation>
     </message>
     <message>
         <source>it is held, as Quillbox runs</source>
         <translation>está ocupado, ya que Quillbox está en ejecución</translation>
-    </message>
-    <message>
-        <source>Another program holds Super+Shift+2</source>
-        <translation>Otro programa ocupa Super+Mayús+2</translation>
     </message>
     <message>
         <source>There is no X server that has the keys</source>
@@ -542,6 +534,18 @@
     <message>
         <source>quillbox recover makes clips of them, quillbox recover --discard removes them</source>
         <translation>quillbox recover hace clips con ellas, quillbox recover --discard las elimina</translation>
+    </message>
+    <message>
+        <source>Super+Shift+%1</source>
+        <translation>Super+Mayús+%1</translation>
+    </message>
+    <message>
+        <source>%1 of the X server</source>
+        <translation>%1 del servidor X</translation>
+    </message>
+    <message>
+        <source>Another program holds %1</source>
+        <translation>Otro programa ocupa %1</translation>
     </message>
 </context>
 <context>
@@ -1047,10 +1051,6 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
 <context>
     <name>HotkeyNotice</name>
     <message>
-        <source>⌘⇧2 is in use by another program. “quillbox toggle” can be bound to any other key.</source>
-        <translation>Otro programa está usando ⌘⇧2. «quillbox toggle» se puede asignar a cualquier otra tecla.</translation>
-    </message>
-    <message>
         <source>This desktop has given Quillbox no hotkey. Bind “quillbox toggle” to a key in its settings.</source>
         <translation>Este escritorio no ha dado ningún atajo a Quillbox. Asigne «quillbox toggle» a una tecla en su configuración.</translation>
     </message>
@@ -1067,16 +1067,24 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <translation>Es posible que el escritorio pregunte si Quillbox puede tener este atajo.</translation>
     </message>
     <message>
-        <source>⌘ is the Super key: press Super + Shift + 2 in any program.</source>
-        <translation>⌘ es la tecla Super: pulse Super + Mayús + 2 en cualquier programa.</translation>
-    </message>
-    <message>
         <source>The desktop&apos;s settings tell the keys, and can change them.</source>
         <translation>Las teclas figuran en la configuración del escritorio, donde se pueden cambiar.</translation>
     </message>
     <message>
         <source>The desktop has set the keys to: %1. Its settings can change them.</source>
         <translation>El escritorio ha elegido estas teclas: %1. Se pueden cambiar en su configuración.</translation>
+    </message>
+    <message>
+        <source>Super + Shift + %1</source>
+        <translation>Super + Mayús + %1</translation>
+    </message>
+    <message>
+        <source>Another program uses %1. Quillbox gets it as soon as it is free; “quillbox toggle” can be bound to any other key.</source>
+        <translation>Otro programa usa %1. Quillbox tendrá esas teclas en cuanto queden libres; «quillbox toggle» se puede asignar a cualquier otra tecla.</translation>
+    </message>
+    <message>
+        <source>⌘ is the Super key: press %1 in any program.</source>
+        <translation>⌘ es la tecla Super: pulse %1 en cualquier programa.</translation>
     </message>
 </context>
 <context>
@@ -1824,12 +1832,12 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <translation>Este escritorio no tiene bandeja para un icono. Inicie Quillbox de nuevo para abrir este panel.</translation>
     </message>
     <message>
-        <source>Press Super + Shift + 2 (⌘⇧2) in any program and drag out a region to record it.</source>
-        <translation>Pulse Super + Mayús + 2 (⌘⇧2) en cualquier programa y arrastre para marcar el área que quiera grabar.</translation>
-    </message>
-    <message>
         <source>Clips are copied, ready to paste, and saved in %1.</source>
         <translation>Los clips se copian, listos para pegar, y se guardan en %1.</translation>
+    </message>
+    <message>
+        <source>Press %1 (⌘⇧2) in any program and drag out a region to record it.</source>
+        <translation>Pulse %1 (⌘⇧2) en cualquier programa y arrastre para marcar el área que quiera grabar.</translation>
     </message>
 </context>
 <context>

@@ -277,20 +277,12 @@
         <translation>Raccourci</translation>
     </message>
     <message>
-        <source>Super+Shift+2 of the X server</source>
-        <translation>Super+Maj+2 du serveur X</translation>
-    </message>
-    <message>
         <source>no other program holds it</source>
         <translation>aucun autre programme ne l&apos;occupe</translation>
     </message>
     <message>
         <source>it is held, as Quillbox runs</source>
         <translation>il est occupé, puisque Quillbox est lancé</translation>
-    </message>
-    <message>
-        <source>Another program holds Super+Shift+2</source>
-        <translation>Un autre programme occupe Super+Maj+2</translation>
     </message>
     <message>
         <source>There is no X server that has the keys</source>
@@ -542,6 +534,18 @@
     <message>
         <source>quillbox recover makes clips of them, quillbox recover --discard removes them</source>
         <translation>quillbox recover en fait des clips, quillbox recover --discard les supprime</translation>
+    </message>
+    <message>
+        <source>Super+Shift+%1</source>
+        <translation>Super+Maj+%1</translation>
+    </message>
+    <message>
+        <source>%1 of the X server</source>
+        <translation>%1 du serveur X</translation>
+    </message>
+    <message>
+        <source>Another program holds %1</source>
+        <translation>Un autre programme occupe %1</translation>
     </message>
 </context>
 <context>
@@ -1047,10 +1051,6 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
 <context>
     <name>HotkeyNotice</name>
     <message>
-        <source>⌘⇧2 is in use by another program. “quillbox toggle” can be bound to any other key.</source>
-        <translation>⌘⇧2 est utilisé par un autre programme. «&#xa0;quillbox toggle&#xa0;» peut être associé à toute autre touche.</translation>
-    </message>
-    <message>
         <source>This desktop has given Quillbox no hotkey. Bind “quillbox toggle” to a key in its settings.</source>
         <translation>Ce bureau n&apos;a donné aucun raccourci à Quillbox. Associez «&#xa0;quillbox toggle&#xa0;» à une touche dans ses paramètres.</translation>
     </message>
@@ -1067,16 +1067,24 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <translation>Le bureau demandera peut-être si Quillbox peut avoir ce raccourci.</translation>
     </message>
     <message>
-        <source>⌘ is the Super key: press Super + Shift + 2 in any program.</source>
-        <translation>⌘ est la touche Super&#xa0;: appuyez sur Super + Maj + 2 dans n&apos;importe quel programme.</translation>
-    </message>
-    <message>
         <source>The desktop&apos;s settings tell the keys, and can change them.</source>
         <translation>Les touches figurent dans les paramètres du bureau, où elles peuvent être changées.</translation>
     </message>
     <message>
         <source>The desktop has set the keys to: %1. Its settings can change them.</source>
         <translation>Le bureau a choisi ces touches&#xa0;: %1. Elles peuvent être changées dans ses paramètres.</translation>
+    </message>
+    <message>
+        <source>Super + Shift + %1</source>
+        <translation>Super + Maj + %1</translation>
+    </message>
+    <message>
+        <source>Another program uses %1. Quillbox gets it as soon as it is free; “quillbox toggle” can be bound to any other key.</source>
+        <translation>Un autre programme utilise %1. Quillbox aura ces touches dès qu&apos;elles seront libres&#xa0;; «&#xa0;quillbox toggle&#xa0;» peut être associé à toute autre touche.</translation>
+    </message>
+    <message>
+        <source>⌘ is the Super key: press %1 in any program.</source>
+        <translation>⌘ est la touche Super&#xa0;: appuyez sur %1 dans n&apos;importe quel programme.</translation>
     </message>
 </context>
 <context>
@@ -1824,12 +1832,12 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <translation>Ce bureau n&apos;a pas de zone de notification pour une icône. Lancez à nouveau Quillbox pour ouvrir ce panneau.</translation>
     </message>
     <message>
-        <source>Press Super + Shift + 2 (⌘⇧2) in any program and drag out a region to record it.</source>
-        <translation>Appuyez sur Super + Maj + 2 (⌘⇧2) dans n&apos;importe quel programme, puis tracez la zone à enregistrer.</translation>
-    </message>
-    <message>
         <source>Clips are copied, ready to paste, and saved in %1.</source>
         <translation>Les clips sont copiés, prêts à être collés, et enregistrés dans %1.</translation>
+    </message>
+    <message>
+        <source>Press %1 (⌘⇧2) in any program and drag out a region to record it.</source>
+        <translation>Appuyez sur %1 (⌘⇧2) dans n&apos;importe quel programme, puis tracez la zone à enregistrer.</translation>
     </message>
 </context>
 <context>

@@ -277,20 +277,12 @@
         <translation>ホットキー</translation>
     </message>
     <message>
-        <source>Super+Shift+2 of the X server</source>
-        <translation>X サーバーの Super+Shift+2</translation>
-    </message>
-    <message>
         <source>no other program holds it</source>
         <translation>他のプログラムは使用していません</translation>
     </message>
     <message>
         <source>it is held, as Quillbox runs</source>
         <translation>Quillbox が起動中のため使用されています</translation>
-    </message>
-    <message>
-        <source>Another program holds Super+Shift+2</source>
-        <translation>別のプログラムが Super+Shift+2 を使用しています</translation>
     </message>
     <message>
         <source>There is no X server that has the keys</source>
@@ -541,6 +533,18 @@
     <message>
         <source>quillbox recover makes clips of them, quillbox recover --discard removes them</source>
         <translation>quillbox recover でクリップにし、quillbox recover --discard で削除します</translation>
+    </message>
+    <message>
+        <source>Super+Shift+%1</source>
+        <translation>Super+Shift+%1</translation>
+    </message>
+    <message>
+        <source>%1 of the X server</source>
+        <translation>X サーバーの %1</translation>
+    </message>
+    <message>
+        <source>Another program holds %1</source>
+        <translation>別のプログラムが %1 を使用しています</translation>
     </message>
 </context>
 <context>
@@ -1045,10 +1049,6 @@ The commands below have more examples: quillbox encode --help</source>
 <context>
     <name>HotkeyNotice</name>
     <message>
-        <source>⌘⇧2 is in use by another program. “quillbox toggle” can be bound to any other key.</source>
-        <translation>⌘⇧2 は別のプログラムが使用しています。「quillbox toggle」は他のキーに割り当てられます。</translation>
-    </message>
-    <message>
         <source>This desktop has given Quillbox no hotkey. Bind “quillbox toggle” to a key in its settings.</source>
         <translation>このデスクトップは Quillbox にホットキーを割り当てていません。設定で「quillbox toggle」をキーに割り当ててください。</translation>
     </message>
@@ -1065,16 +1065,24 @@ The commands below have more examples: quillbox encode --help</source>
         <translation>このホットキーを Quillbox に許可するか、デスクトップが尋ねることがあります。</translation>
     </message>
     <message>
-        <source>⌘ is the Super key: press Super + Shift + 2 in any program.</source>
-        <translation>⌘ は Super キーです。どのプログラムでも Super + Shift + 2 を押してください。</translation>
-    </message>
-    <message>
         <source>The desktop&apos;s settings tell the keys, and can change them.</source>
         <translation>キーはデスクトップの設定で確認、変更できます。</translation>
     </message>
     <message>
         <source>The desktop has set the keys to: %1. Its settings can change them.</source>
         <translation>デスクトップが設定したキー: %1。デスクトップの設定で変更できます。</translation>
+    </message>
+    <message>
+        <source>Super + Shift + %1</source>
+        <translation>Super + Shift + %1</translation>
+    </message>
+    <message>
+        <source>Another program uses %1. Quillbox gets it as soon as it is free; “quillbox toggle” can be bound to any other key.</source>
+        <translation>%1 は別のプログラムが使用しています。空き次第 Quillbox で使えるようになります。「quillbox toggle」は他のキーに割り当てられます。</translation>
+    </message>
+    <message>
+        <source>⌘ is the Super key: press %1 in any program.</source>
+        <translation>⌘ は Super キーです。どのプログラムでも %1 を押してください。</translation>
     </message>
 </context>
 <context>
@@ -1809,12 +1817,12 @@ The commands below have more examples: quillbox encode --help</source>
         <translation>このデスクトップにはアイコンを置くトレイがありません。Quillbox をもう一度起動するとこのパネルが開きます。</translation>
     </message>
     <message>
-        <source>Press Super + Shift + 2 (⌘⇧2) in any program and drag out a region to record it.</source>
-        <translation>どのプログラムでも Super + Shift + 2 (⌘⇧2) を押し、録画する範囲をドラッグします。</translation>
-    </message>
-    <message>
         <source>Clips are copied, ready to paste, and saved in %1.</source>
         <translation>クリップはコピーされてすぐに貼り付けられ、%1 に保存されます。</translation>
+    </message>
+    <message>
+        <source>Press %1 (⌘⇧2) in any program and drag out a region to record it.</source>
+        <translation>どのプログラムでも %1 (⌘⇧2) を押し、録画する範囲をドラッグします。</translation>
     </message>
 </context>
 <context>

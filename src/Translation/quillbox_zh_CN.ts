@@ -277,20 +277,12 @@
         <translation>快捷键</translation>
     </message>
     <message>
-        <source>Super+Shift+2 of the X server</source>
-        <translation>X 服务器的 Super+Shift+2</translation>
-    </message>
-    <message>
         <source>no other program holds it</source>
         <translation>没有其他程序占用它</translation>
     </message>
     <message>
         <source>it is held, as Quillbox runs</source>
         <translation>已被占用，因为 Quillbox 正在运行</translation>
-    </message>
-    <message>
-        <source>Another program holds Super+Shift+2</source>
-        <translation>Super+Shift+2 已被其他程序占用</translation>
     </message>
     <message>
         <source>There is no X server that has the keys</source>
@@ -541,6 +533,18 @@
     <message>
         <source>quillbox recover makes clips of them, quillbox recover --discard removes them</source>
         <translation>quillbox recover 将其制成片段，quillbox recover --discard 将其删除</translation>
+    </message>
+    <message>
+        <source>Super+Shift+%1</source>
+        <translation>Super+Shift+%1</translation>
+    </message>
+    <message>
+        <source>%1 of the X server</source>
+        <translation>X 服务器的 %1</translation>
+    </message>
+    <message>
+        <source>Another program holds %1</source>
+        <translation>另一个程序占用了 %1</translation>
     </message>
 </context>
 <context>
@@ -1045,10 +1049,6 @@ The commands below have more examples: quillbox encode --help</source>
 <context>
     <name>HotkeyNotice</name>
     <message>
-        <source>⌘⇧2 is in use by another program. “quillbox toggle” can be bound to any other key.</source>
-        <translation>⌘⇧2 已被其他程序占用。可将“quillbox toggle”绑定到任意其他按键。</translation>
-    </message>
-    <message>
         <source>This desktop has given Quillbox no hotkey. Bind “quillbox toggle” to a key in its settings.</source>
         <translation>此桌面没有为 Quillbox 分配快捷键。请在其设置中将“quillbox toggle”绑定到按键。</translation>
     </message>
@@ -1065,16 +1065,24 @@ The commands below have more examples: quillbox encode --help</source>
         <translation>桌面可能会询问是否允许 Quillbox 使用此快捷键。</translation>
     </message>
     <message>
-        <source>⌘ is the Super key: press Super + Shift + 2 in any program.</source>
-        <translation>⌘ 即 Super 键：在任意程序中按 Super + Shift + 2。</translation>
-    </message>
-    <message>
         <source>The desktop&apos;s settings tell the keys, and can change them.</source>
         <translation>可在桌面设置中查看和更改按键。</translation>
     </message>
     <message>
         <source>The desktop has set the keys to: %1. Its settings can change them.</source>
         <translation>桌面设定的按键为：%1。可在其设置中更改。</translation>
+    </message>
+    <message>
+        <source>Super + Shift + %1</source>
+        <translation>Super + Shift + %1</translation>
+    </message>
+    <message>
+        <source>Another program uses %1. Quillbox gets it as soon as it is free; “quillbox toggle” can be bound to any other key.</source>
+        <translation>%1 正被另一个程序使用。空闲后 Quillbox 会立即使用它；“quillbox toggle”可以绑定到任何其他按键。</translation>
+    </message>
+    <message>
+        <source>⌘ is the Super key: press %1 in any program.</source>
+        <translation>⌘ 即 Super 键：在任意程序中按 %1。</translation>
     </message>
 </context>
 <context>
@@ -1809,12 +1817,12 @@ The commands below have more examples: quillbox encode --help</source>
         <translation>此桌面没有可放置图标的系统托盘。再次启动 Quillbox 即可打开此面板。</translation>
     </message>
     <message>
-        <source>Press Super + Shift + 2 (⌘⇧2) in any program and drag out a region to record it.</source>
-        <translation>在任意程序中按 Super + Shift + 2 (⌘⇧2)，然后拖出要录制的区域。</translation>
-    </message>
-    <message>
         <source>Clips are copied, ready to paste, and saved in %1.</source>
         <translation>片段会复制到剪贴板，可直接粘贴，并保存在 %1 中。</translation>
+    </message>
+    <message>
+        <source>Press %1 (⌘⇧2) in any program and drag out a region to record it.</source>
+        <translation>在任意程序中按 %1 (⌘⇧2)，然后拖出要录制的区域。</translation>
     </message>
 </context>
 <context>

@@ -60,7 +60,7 @@ void FirstUseCard::setFacts(const Facts& facts)
             ? tr("Quillbox waits in the tray of your desktop. Click its icon to open this panel.")
             : tr("This desktop has no tray for an icon. Start Quillbox again to open this panel."));
     m_keys->setText(facts.keys.isEmpty()
-            ? tr("Press Super + Shift + 2 (⌘⇧2) in any program and drag out a region to record it.")
+            ? tr("Press %1 (⌘⇧2) in any program and drag out a region to record it.").arg(facts.combination)
             : facts.keys);
     m_clips->setText(
         tr("Clips are copied, ready to paste, and saved in %1.").arg(unbroken(pathFromHome(facts.clipsFolder))));

@@ -14,7 +14,8 @@ class FirstUseCard : public QWidget {
 public:
     struct Facts {
         bool hasTray = true;
-        QString keys = {};        ///< what to say of them; empty where Super + Shift + 2 works
+        QString combination = QStringLiteral("Super + Shift + 2"); ///< as people write it
+        QString keys = {};        ///< what to say of the keys; empty where the combination works
         QString clipsFolder = {}; ///< an absolute path
     };
 

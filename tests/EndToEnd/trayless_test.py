@@ -11,6 +11,10 @@ class TraylessTest(desktop_test.DesktopTest):
     def test_ends_a_recording_by_the_mouse(self):
         desktop = self.start()
         until(desktop.panel, "the panel is open")
+        until(lambda: desktop.is_checked("Notifications"), "what the icon's menu has elsewhere is in the panel")
+        desktop.click("check box", "Notifications")
+        until(lambda: not desktop.is_checked("Notifications"), "they are switched off")
+        desktop.click("check box", "Notifications")
         desktop.record(*desktop_test.AREA)
         self.play_and_wait(desktop, 1)
         until(lambda: desktop.find("push button", "Stop & Copy"), "there is a control")

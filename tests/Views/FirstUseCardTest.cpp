@@ -35,6 +35,11 @@ private Q_SLOTS:
     {
         QVERIFY(label(*m_card, "Press Super + Shift + 2 (⌘⇧2) in any program and drag out a region to record it."));
     }
+    void callsTheKeysWhatTheKeyboardCallsThem()
+    {
+        m_card->setFacts({.combination = "Super + Shift + É"});
+        QVERIFY(label(*m_card, "Press Super + Shift + É (⌘⇧2) in any program and drag out a region to record it."));
+    }
     void tellsWhatToDoWhereTheKeysDoNotWork()
     {
         m_card->setFacts({.keys = "Bind “quillbox toggle” to a key."});

@@ -1,4 +1,4 @@
-// The views on the screen that there is, whose room is scarce: views_small_screens FOLDER LANGUAGE. Takes their
+// The views on a screen whose room is scarce: views_small_screens FOLDER LANGUAGE WIDTHxHEIGHT (in pixels). Takes their
 // pictures, and fails when a widget is smaller than it has to be, a text is cut off, or something is off the screen.
 #include "Find.h"
 #include "Palettes.h"
@@ -12,6 +12,8 @@
 #include <QApplication>
 #include <QScreen>
 #include <QTest>
+
+#include <cstdlib>
 
 namespace quillbox::test {
 namespace {
@@ -70,6 +72,8 @@ public:
     void take(QWidget& view, const QString& name)
     {
         m_writer.take(view, m_prefix + name);
+        if (!view.isVisible())
+            m_writer.complain(name, QStringLiteral("is not on the screen"));
         for (const QString& complaint : crushed(view))
             m_writer.complain(name, complaint);
         const auto room = available();
@@ -112,11 +116,11 @@ private:
         const auto* const button = mainButton(panel);
         if (needsNoScrolling && (scroller.isScrolling() || !isInView(*button, scroller)))
             m_writer.complain(name, QStringLiteral("has to be scrolled"));
-        for (int i = 0; i < 40 && !button->hasFocus() && QApplication::focusWidget() != nullptr; ++i)
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab); // away, and back
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
-        if (!button->hasFocus() || !isInView(*button, scroller))
+        for (int i = 0; i < 40 && panel.focusWidget() != button; ++i)
+            QTest::keyClick(panel.focusWidget(), Qt::Key_Tab);
+        QTest::keyClick(panel.focusWidget(), Qt::Key_Tab); // away, and back
+        QTest::keyClick(panel.focusWidget(), Qt::Key_Backtab);
+        if (panel.focusWidget() != button || !isInView(*button, scroller))
             m_writer.complain(name, QStringLiteral("does not scroll to the button that has the keyboard"));
     }
 
@@ -170,16 +174,20 @@ int main(int argc, char** argv)
     qputenv("HOME", home.path().toUtf8());
     qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
     const QApplication application(argc, argv);
-    if (argc != 3 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
-        qWarning("usage: views_small_screens FOLDER LANGUAGE");
+    if (argc != 4 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
+        qWarning("usage: views_small_screens FOLDER LANGUAGE WIDTHxHEIGHT");
         return 2;
     }
     const auto language = QString::fromLocal8Bit(argv[2]);
     quillbox::Catalogues::use(language);
     QApplication::setPalette(lightPalette());
+    const auto pixels = QString::fromLocal8Bit(argv[3]);
     ScreenshotWriter writer(QString::fromLocal8Bit(argv[1]), QStringLiteral("light"));
-    const QSize size = QGuiApplication::primaryScreen()->size();
-    SmallScreen screen(writer, QStringLiteral("small-%1x%2-%3-").arg(size.width()).arg(size.height()).arg(language));
+    const QSize size = (QSizeF(QGuiApplication::primaryScreen()->size()) * application.devicePixelRatio()).toSize();
+    const QSize wanted(pixels.section(QLatin1Char('x'), 0, 0).toInt(), pixels.section(QLatin1Char('x'), 1, 1).toInt());
+    if (std::abs(size.width() - wanted.width()) > 1 || std::abs(size.height() - wanted.height()) > 1) // whole points
+        writer.complain(pixels, QStringLiteral("is not the size of the screen"));
+    SmallScreen screen(writer, QStringLiteral("small-%1-%2-").arg(pixels, language));
     takeAll(screen);
     return writer.clean() ? 0 : 1;
 }

@@ -3,6 +3,7 @@
 #include "App/Desktop/DesktopEntryAdaptor.h"
 #include "App/Workflow/CurrentCoordinator.h"
 #include "Capture/RecorderControlling.h"
+#include "Platform/DBus/SessionBus.h"
 #include "PostCapture/Clipboard/Clipboard.h"
 #include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/SavedClip.h"
@@ -93,9 +94,10 @@ ApplicationService::ApplicationService(CurrentCoordinator& coordinator, Actions 
 
 ApplicationService::Claim ApplicationService::claimName()
 {
-    auto bus = QDBusConnection::sessionBus();
+    auto bus = SessionBus::connection();
     if (!bus.isConnected())
         return Claim::NoBus;
+    m_waiting.clear(); // whoever waits on another connection gets no answer any more
     // The object first: whoever sees the name finds it.
     bus.registerObject(objectPath(), this,
         QDBusConnection::ExportScriptableInvokables | QDBusConnection::ExportScriptableProperties
@@ -108,7 +110,7 @@ ApplicationService::Claim ApplicationService::claimName()
 
 void ApplicationService::releaseName()
 {
-    QDBusConnection::sessionBus().unregisterService(busName());
+    SessionBus::connection().unregisterService(busName());
 }
 
 void ApplicationService::begin()
@@ -175,7 +177,7 @@ void ApplicationService::answerWaiting()
     if (!m_coordinator.isIn<Coordinator::Done>() && !m_coordinator.isIn<Coordinator::Failed>())
         return;
     for (const auto& call : std::exchange(m_waiting, {}))
-        QDBusConnection::sessionBus().send(call.createReply(Status()));
+        SessionBus::connection().send(call.createReply(Status()));
 }
 
 void ApplicationService::Show(const QVariantMap& platformData) const
@@ -202,7 +204,7 @@ bool ApplicationService::Copy(const QString& path)
     QtConcurrent::run(&SavedClip::read, path).then(this, [path, call](const std::optional<QByteArray>& gif) {
         if (gif)
             ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(path), gif);
-        QDBusConnection::sessionBus().send(call.createReply(gif.has_value()));
+        SessionBus::connection().send(call.createReply(gif.has_value()));
     });
     return false; // nobody gets this answer
 }

@@ -47,7 +47,7 @@ public:
         Taken, ///< another instance runs
         NoBus, ///< there is no session bus; the application runs all the same, but can't be asked for anything
     };
-    /// Makes the object known, then asks for the name.
+    /// Makes the object known, then asks for the name; once more after the session bus has been restarted.
     Claim claimName();
     /// Makes room for another instance. Does nothing without the name.
     static void releaseName();

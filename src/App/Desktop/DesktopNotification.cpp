@@ -1,5 +1,7 @@
 #include "App/Desktop/DesktopNotification.h"
 
+#include "Platform/DBus/SessionBus.h"
+
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -31,7 +33,7 @@ void DesktopNotification::show(const QString& title, const QString& text, const 
         actions = {QLatin1String(defaultAction), action.label, QStringLiteral("show"), action.label};
     call << QStringLiteral("Quillbox") << replacesNone << QStringLiteral(QUILLBOX_APP_ID) << title
          << text.toHtmlEscaped() << actions << hints << untilTheDesktopThinks;
-    auto bus = QDBusConnection::sessionBus();
+    auto bus = SessionBus::connection();
     if (actions.isEmpty()) {
         (void)bus.send(call); // whether somebody shows it makes no difference to us
         return;
@@ -51,7 +53,7 @@ AwaitedNotification::AwaitedNotification(QDBusPendingCallWatcher* sent, std::fun
         else
             deleteLater(); // nobody shows it
     });
-    auto bus = QDBusConnection::sessionBus();
+    auto bus = SessionBus::connection();
     const QLatin1String service(notificationService);
     bus.connect(service, QLatin1String(notificationPath), service, QStringLiteral("ActionInvoked"), this,
         SLOT(noteAction(uint, QString)));

@@ -7,6 +7,7 @@
 #include "App/Hotkey/ShortcutsPortal.h"
 #include "App/Hotkey/X11Hotkey.h"
 #include "Platform/DBus/BusQueries.h"
+#include "Platform/DBus/SessionBus.h"
 #include "Platform/DisplayError.h"
 #include "Platform/Portal/PortalSession.h"
 #include "Platform/RunWithTimeout.h"
@@ -39,7 +40,7 @@ constexpr std::array statusNames{
 /// What the running application tells of its hotkey; none where none runs.
 QCoro::Task<std::optional<HotkeyState>> toldState()
 {
-    auto asking = BusQueries::property(QDBusConnection::sessionBus(), ApplicationService::busName(),
+    auto asking = BusQueries::property(SessionBus::connection(), ApplicationService::busName(),
         ApplicationService::objectPath(), ApplicationService::interfaceName(), QStringLiteral("Hotkey"));
     const QVariant answer = co_await asking;
     const auto map = qdbus_cast<QVariantMap>(answer);
@@ -51,6 +52,7 @@ QCoro::Task<std::optional<HotkeyState>> toldState()
         co_return std::nullopt;
     state.status = known->first;
     state.trigger = map.value(QStringLiteral("keys")).toString();
+    state.key = map.value(QStringLiteral("key")).toString();
     co_return state;
 }
 
@@ -68,32 +70,41 @@ ServiceReport begun()
 }
 
 /// On the thread that may wait for the server.
-HotkeyStatus tryOutDefault()
+HotkeyState tryOutDefault()
 {
     try {
         return X11Hotkey::tryOut(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
     } catch (const DisplayError&) {
-        return HotkeyStatus::Unavailable; // the report on the screen says more
+        return {.status = HotkeyStatus::Unavailable}; // the report on the screen says more
     }
 }
 
+/// "Super+Shift+2", as this keyboard calls the key.
+std::string combination(const HotkeyState& state)
+{
+    const std::string key = state.key.isEmpty() ? "2" : state.key.toStdString();
+    return withArguments(translate("Doctor", "Super+Shift+%1"), {key});
+}
+
+/// The running application knows; without one, a look tells what it would have.
 QCoro::Task<ServiceReport> x11Report()
 {
     ServiceReport report = begun();
-    auto looking = BusQueries::presence(QDBusConnection::sessionBus(), QStringLiteral(QUILLBOX_APP_ID));
-    const auto presence = co_await looking;
-    const auto answer = runWithTimeout<HotkeyStatus>(reportPatience, &tryOutDefault);
-    const std::optional<HotkeyStatus> status = co_await answer;
+    auto asking = toldState();
+    const auto told = co_await asking;
+    std::optional<HotkeyState> state = told;
+    if (!told) {
+        const auto answer = runWithTimeout<HotkeyState>(reportPatience, &tryOutDefault);
+        state = co_await answer;
+    }
+    const auto status = state ? state->status : HotkeyStatus::Unavailable;
     if (status == HotkeyStatus::Active) {
         report.health = Health::Works;
-        report.used = translate("Doctor", "Super+Shift+2 of the X server");
-        report.found.emplace_back(translate("Doctor", "no other program holds it"));
-    } else if (status == HotkeyStatus::Taken && presence == BusQueries::Presence::Running) {
-        report.health = Health::Works;
-        report.used = translate("Doctor", "Super+Shift+2 of the X server");
-        report.found.emplace_back(translate("Doctor", "it is held, as Quillbox runs"));
+        report.used = withArguments(translate("Doctor", "%1 of the X server"), {combination(*state)});
+        report.found.emplace_back(told ? translate("Doctor", "it is held, as Quillbox runs")
+                                       : translate("Doctor", "no other program holds it"));
     } else if (status == HotkeyStatus::Taken) {
-        report.used = translate("Doctor", "Another program holds Super+Shift+2");
+        report.used = withArguments(translate("Doctor", "Another program holds %1"), {combination(*state)});
         report.advice.push_back(bindToggle());
     } else {
         report.used = translate("Doctor", "There is no X server that has the keys");
@@ -172,6 +183,8 @@ QVariantMap HotkeyReport::told(const HotkeyState& state)
     map.insert(QStringLiteral("status"), QString::fromLatin1(known->second));
     if (!state.trigger.isEmpty())
         map.insert(QStringLiteral("keys"), state.trigger);
+    if (!state.key.isEmpty())
+        map.insert(QStringLiteral("key"), state.key);
     return map;
 }
 

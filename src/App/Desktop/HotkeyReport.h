@@ -11,8 +11,8 @@ namespace quillbox {
 /// What the desktop has for a hotkey, and what makeHotkeyService() makes of it. Thread: main.
 namespace HotkeyReport {
 
-/// What became of the running application's hotkey, for other processes: "status", one word; and "keys", where the
-/// desktop describes them.
+/// What became of the running application's hotkey, for other processes: "status", one word; "keys", where the
+/// desktop describes them; and "key", where it is known what the keyboard calls it.
 [[nodiscard]] QVariantMap told(const HotkeyState& state);
 
 /// Finds out, without a display as well; asks the user nothing and keeps nothing.

@@ -1,5 +1,6 @@
 #include "App/Desktop/TrayHost.h"
 
+#include "Platform/DBus/SessionBus.h"
 #include "Platform/X11/X11Queries.h"
 
 #include <QDBusConnection>
@@ -22,11 +23,10 @@ constexpr auto searchTime = 10s;
 
 TrayHost::TrayHost(QObject* parent)
     : QObject(parent)
-    , m_watcher(QLatin1String(watcherService), QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForRegistration)
+    , m_watcher(QLatin1String(watcherService), SessionBus::connection(), QDBusServiceWatcher::WatchForRegistration)
 {
     connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, &TrayHost::askWatcher);
-    QDBusConnection::sessionBus().connect(QLatin1String(watcherService), QLatin1String(watcherPath),
-        QLatin1String(watcherService), QStringLiteral("StatusNotifierHostRegistered"), this, SLOT(askWatcher()));
+    listen();
     m_patience.setSingleShot(true);
     m_search.setSingleShot(true);
     connect(&m_patience, &QTimer::timeout, this, &TrayHost::missing);
@@ -34,6 +34,20 @@ TrayHost::TrayHost(QObject* parent)
         end();
         Q_EMIT gaveUp();
     });
+}
+
+void TrayHost::listen()
+{
+    SessionBus::connection().connect(QLatin1String(watcherService), QLatin1String(watcherPath),
+        QLatin1String(watcherService), QStringLiteral("StatusNotifierHostRegistered"), this, SLOT(askWatcher()));
+}
+
+void TrayHost::reconnect()
+{
+    m_watcher.setConnection(SessionBus::connection());
+    listen();
+    if (m_search.isActive())
+        askWatcher();
 }
 
 void TrayHost::find()
@@ -51,7 +65,7 @@ void TrayHost::askWatcher()
         QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     question.setAutoStartService(false);
     question << QString(QLatin1String(watcherService)) << QString(QLatin1String(hostProperty));
-    auto* const pending = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
+    auto* const pending = new QDBusPendingCallWatcher(SessionBus::connection().asyncCall(question), this);
     connect(pending, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
         finished->deleteLater();
         const QDBusPendingReply<QDBusVariant> reply = *finished;

@@ -23,6 +23,8 @@ public:
 
     /// Looks, and goes on looking for a while: a session that is just starting brings its panel up when it can.
     void find();
+    /// Goes on looking on the session bus that has been restarted.
+    void reconnect();
 
 Q_SIGNALS:
     /// There is one.
@@ -34,6 +36,7 @@ Q_SIGNALS:
 
 private:
     Q_SLOT void askWatcher();
+    void listen();
     void end();
 
     QDBusServiceWatcher m_watcher;

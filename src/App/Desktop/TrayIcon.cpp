@@ -71,6 +71,13 @@ void TrayIcon::show()
     m_host.find();
 }
 
+void TrayIcon::reconnect()
+{
+    m_host.reconnect();
+    if (m_icon)
+        create();
+}
+
 void TrayIcon::hide()
 {
     m_host.disconnect(this);
@@ -79,6 +86,7 @@ void TrayIcon::hide()
 
 void TrayIcon::create()
 {
+    m_icon.reset(); // its connection to the bus ends with it
     m_icon = std::make_unique<QSystemTrayIcon>();
     m_icon->setContextMenu(&m_menu);
     connect(m_icon.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {

@@ -28,6 +28,8 @@ public:
 
     /// Begins to look for a tray.
     void show();
+    /// Puts the icon into the tray once more: the session bus, and with it the tray, has been restarted.
+    void reconnect();
     /// Takes the icon out of the tray, for good.
     void hide();
 

@@ -2,6 +2,7 @@
 
 #include "App/Desktop/TrayHost.h"
 #include "Platform/DBus/BusQueries.h"
+#include "Platform/DBus/SessionBus.h"
 #include "Platform/DisplayError.h"
 #include "Platform/RunWithTimeout.h"
 #include "Platform/WindowSystem.h"
@@ -34,8 +35,8 @@ QCoro::Task<ServiceReport> TrayReport::make()
     ServiceReport report;
     report.service = QT_TRANSLATE_NOOP("Doctor", "Tray");
     const QString watcher = QLatin1String(TrayHost::watcherService);
-    auto asking = BusQueries::property(QDBusConnection::sessionBus(), watcher, QLatin1String(TrayHost::watcherPath),
-        watcher, QLatin1String(TrayHost::hostProperty));
+    auto asking = BusQueries::property(SessionBus::connection(), watcher, QLatin1String(TrayHost::watcherPath), watcher,
+        QLatin1String(TrayHost::hostProperty));
     const QVariant hasHost = co_await asking;
     bool hasSelection = false;
     if (sessionWindowSystem() == WindowSystem::X11) {

@@ -4,7 +4,8 @@
 
 namespace quillbox {
 
-GlobalHotkey::GlobalHotkey(std::function<void()> onTrigger, std::unique_ptr<HotkeyService> service, QObject* parent)
+GlobalHotkey::GlobalHotkey(std::function<void()> onTrigger, std::unique_ptr<HotkeyService> service, QObject* parent,
+    std::chrono::milliseconds retryTime)
     : QObject(parent)
     , m_onTrigger(std::move(onTrigger))
     , m_service(std::move(service))
@@ -17,7 +18,9 @@ GlobalHotkey::GlobalHotkey(std::function<void()> onTrigger, std::unique_ptr<Hotk
                 m_onTrigger();
         },
         Qt::QueuedConnection);
-    connect(m_service.get(), &HotkeyService::stateChanged, this, &GlobalHotkey::stateChanged);
+    m_retry.setInterval(retryTime);
+    connect(&m_retry, &QTimer::timeout, this, &GlobalHotkey::retry);
+    connect(m_service.get(), &HotkeyService::stateChanged, this, &GlobalHotkey::followState);
 }
 
 GlobalHotkey::~GlobalHotkey() = default;
@@ -27,8 +30,30 @@ void GlobalHotkey::registerKey(std::uint32_t keyCode, std::uint32_t modifiers)
     m_service->grab(keyCode, modifiers); // whether it is ours is told by the state; nothing depends on it
 }
 
+void GlobalHotkey::retry()
+{
+    if (m_service)
+        m_service->retry();
+}
+
+void GlobalHotkey::reconnect()
+{
+    if (m_service)
+        m_service->reconnect();
+}
+
+void GlobalHotkey::followState()
+{
+    if (state().status != HotkeyStatus::Taken)
+        m_retry.stop();
+    else if (!m_retry.isActive())
+        m_retry.start();
+    Q_EMIT stateChanged();
+}
+
 void GlobalHotkey::release()
 {
+    m_retry.stop();
     m_service.reset();
 }
 

@@ -2,11 +2,19 @@
 
 namespace quillbox {
 
+QString HotkeyNotice::combination(const HotkeyState& state)
+{
+    return tr("Super + Shift + %1").arg(state.key.isEmpty() ? QStringLiteral("2") : state.key);
+}
+
 QString HotkeyNotice::problem(const HotkeyState& state)
 {
     switch (state.status) {
     case HotkeyStatus::Taken:
-        return tr("⌘⇧2 is in use by another program. “quillbox toggle” can be bound to any other key.");
+        return tr(
+            "Another program uses %1. Quillbox gets it as soon as it is free; “quillbox toggle” can be bound to any "
+            "other key.")
+            .arg(combination(state));
     case HotkeyStatus::Unassigned:
         return tr("This desktop has given Quillbox no hotkey. Bind “quillbox toggle” to a key in its settings.");
     case HotkeyStatus::Unavailable:
@@ -39,7 +47,7 @@ QString HotkeyNotice::explanation(const HotkeyState& state)
     if (!trouble.isEmpty())
         return trouble;
     if (!state.isDesktops)
-        return tr("⌘ is the Super key: press Super + Shift + 2 in any program.");
+        return tr("⌘ is the Super key: press %1 in any program.").arg(combination(state));
     if (state.trigger.isEmpty())
         return tr("The desktop's settings tell the keys, and can change them.");
     return tr("The desktop has set the keys to: %1. Its settings can change them.").arg(state.trigger);

@@ -12,9 +12,11 @@ class HotkeyNotice {
     Q_DECLARE_TR_FUNCTIONS(HotkeyNotice)
 
 public:
+    /// The combination of this program, by the names that this keyboard has for its keys.
+    [[nodiscard]] static QString combination(const HotkeyState& state);
     /// What the panel should point out; empty if there is nothing to do. A user who refused knows that.
     [[nodiscard]] static QString problem(const HotkeyState& state);
-    /// What a newcomer should know of the keys; empty where it is that Super + Shift + 2 works.
+    /// What a newcomer should know of the keys; empty where it is that the combination works.
     [[nodiscard]] static QString introduction(const HotkeyState& state);
     /// For the settings window: which way to record by a key is in force.
     [[nodiscard]] static QString explanation(const HotkeyState& state);

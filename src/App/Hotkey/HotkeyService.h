@@ -24,6 +24,7 @@ struct HotkeyState {
     /// combination that was asked for, or where the desktop doesn't tell.
     QString trigger{};
     bool isDesktops = false; ///< the desktop's settings say which keys they are
+    QString key{};           ///< what this keyboard calls the key, without its modifiers; empty where nobody tells
 
     friend bool operator==(const HotkeyState&, const HotkeyState&) = default;
 };
@@ -37,6 +38,10 @@ public:
     /// @param keyCode    Number of the physical key, as `GlobalHotkey::registerKey` counts.
     /// @param modifiers  A mask of `HotkeyMath`.
     virtual void grab(std::uint32_t keyCode, std::uint32_t modifiers) = 0;
+    /// Asks once more, if another program held the combination: it may have let go.
+    virtual void retry() { }
+    /// The session bus has been restarted: SessionBus has another connection.
+    virtual void reconnect() { }
     [[nodiscard]] const HotkeyState& state() const { return m_state; }
 
 Q_SIGNALS:

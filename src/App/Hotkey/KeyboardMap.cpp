@@ -1,5 +1,6 @@
 #include "App/Hotkey/KeyboardMap.h"
 
+#include "Platform/X11/KeySymbols.h"
 #include "Platform/X11/X11Display.h"
 
 #include <algorithm>
@@ -92,6 +93,31 @@ std::optional<std::uint8_t> KeyboardMap::x11KeyCode(std::uint32_t keyCode)
     if (found == digits.end())
         return std::nullopt;
     return static_cast<std::uint8_t>(found - digits.begin() + 2 + 8);
+}
+
+QString KeyboardMap::label(xcb_connection_t* connection, std::uint8_t x11Key)
+{
+    constexpr int keyOfOne = 10; // the keys of 1 2 3 4 5 6 7 8 9 0 follow one another
+    constexpr std::size_t levels = 2;
+    const auto digit = QChar(u'0' + (x11Key - keyOfOne + 1) % 10);
+    const XCBPointer<xcb_get_keyboard_mapping_reply_t> reply(
+        xcb_get_keyboard_mapping_reply(connection, xcb_get_keyboard_mapping(connection, x11Key, 1), nullptr));
+    if (!reply)
+        return digit;
+    const std::span all(xcb_get_keyboard_mapping_keysyms(reply.get()),
+        static_cast<std::size_t>(xcb_get_keyboard_mapping_keysyms_length(reply.get())));
+    return labelFor(all.first(std::min(levels, all.size())), digit);
+}
+
+QString KeyboardMap::labelFor(std::span<const std::uint32_t> symbols, QChar digit)
+{
+    const auto gives = [digit](std::uint32_t symbol) {
+        return KeySymbols::character(symbol) == digit.unicode();
+    };
+    if (symbols.empty() || std::ranges::any_of(symbols, gives))
+        return digit;
+    const char32_t printed = KeySymbols::character(symbols.front());
+    return printed == 0 || QChar::isSpace(printed) ? QString(digit) : QString::fromUcs4(&printed, 1).toUpper();
 }
 
 std::vector<std::uint16_t> KeyboardMap::unions(const std::vector<std::uint16_t>& bits)

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <QChar>
+#include <QString>
+
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <vector>
 
 struct xcb_connection_t;
@@ -25,6 +29,15 @@ struct ModifierBits {
 /// counterpart here. Only the digits of the main block are known.
 /// @see The evdev key codes of the Linux kernel (input-event-codes.h); an X key code is 8 more.
 [[nodiscard]] std::optional<std::uint8_t> x11KeyCode(std::uint32_t keyCode);
+
+/// What is printed on a key of the main block's digits, as far as the server's first layout tells: see `labelFor`. Asks
+/// the server; without an answer, the digit.
+[[nodiscard]] QString label(xcb_connection_t* connection, std::uint8_t x11Key);
+
+/// The digit, where the key gives it with or without Shift; otherwise what it gives without Shift, as a capital letter;
+/// the digit as well where that is nothing that can be printed.
+/// @param symbols  What the key gives without Shift and with Shift: key symbols of the X protocol, appendix A.
+[[nodiscard]] QString labelFor(std::span<const std::uint32_t> symbols, QChar digit);
 
 /// Every union of some of `bits`, the empty one first.
 [[nodiscard]] std::vector<std::uint16_t> unions(const std::vector<std::uint16_t>& bits);

@@ -5,6 +5,7 @@
 #include "App/Hotkey/KDEShortcuts.h"
 #include "App/Hotkey/KeyboardMap.h"
 #include "App/Hotkey/ShortcutsPortal.h"
+#include "Platform/DBus/SessionBus.h"
 #include "Platform/Detach.h"
 #include "Platform/Portal/DesktopPortal.h"
 #include "Platform/RunWithTimeout.h"
@@ -96,16 +97,13 @@ QCoro::Task<HotkeyState> checked(QDBusConnection bus, QString session, HotkeySta
 } // namespace
 
 PortalHotkey::PortalHotkey()
-    : m_bus(QDBusConnection::sessionBus())
+    : m_bus(SessionBus::connection())
     , m_watcher(QLatin1String(DesktopPortal::service), m_bus, QDBusServiceWatcher::WatchForOwnerChange)
 {
     ShortcutsPortal::registerTypes();
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
         [this](const QString& /*service*/, const QString& before, const QString& now) { followOwner(before, now); });
-    const auto path = QLatin1String(DesktopPortal::path);
-    const auto interface = QLatin1String(ShortcutsPortal::interface);
-    m_bus.connect(QString(), path, interface, QStringLiteral("Activated"), this, SLOT(notePress(QDBusMessage)));
-    m_bus.connect(QString(), path, interface, QStringLiteral("ShortcutsChanged"), this, SLOT(noteChange(QDBusMessage)));
+    listen();
 }
 
 PortalHotkey::~PortalHotkey() = default; // the session goes, and with it the question and the shortcut
@@ -118,6 +116,23 @@ void PortalHotkey::grab(std::uint32_t keyCode, std::uint32_t modifiers)
     }
     m_wish = Wish{keyCode, modifiers};
     begin();
+}
+
+void PortalHotkey::listen()
+{
+    const auto path = QLatin1String(DesktopPortal::path);
+    const auto interface = QLatin1String(ShortcutsPortal::interface);
+    m_bus.connect(QString(), path, interface, QStringLiteral("Activated"), this, SLOT(notePress(QDBusMessage)));
+    m_bus.connect(QString(), path, interface, QStringLiteral("ShortcutsChanged"), this, SLOT(noteChange(QDBusMessage)));
+}
+
+void PortalHotkey::reconnect()
+{
+    m_bus = SessionBus::connection();
+    m_watcher.setConnection(m_bus);
+    listen();
+    if (m_wish)
+        begin(); // the session ended with the bus, and with it the portal
 }
 
 /// The portal's process ended, or a new one took the name. The bus starts it at our first call: this is no return then.

@@ -26,12 +26,14 @@ public:
     ~PortalHotkey() override;
 
     void grab(std::uint32_t keyCode, std::uint32_t modifiers) override;
+    void reconnect() override;
 
 private:
     // Whole messages: Qt may not know the name of a path's type yet when the signals are connected.
     Q_SLOT void notePress(const QDBusMessage& signal);
     Q_SLOT void noteChange(const QDBusMessage& signal);
 
+    void listen();
     void followOwner(const QString& before, const QString& now);
     void begin();
     QCoro::Task<> bindAndTell();

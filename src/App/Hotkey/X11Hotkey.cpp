@@ -11,11 +11,8 @@ namespace quillbox {
 namespace {
 
 /// Asks the server for the key, in place of what the connection had before.
-HotkeyStatus grabOn(const X11Display& display, std::uint32_t keyCode, std::uint32_t wanted)
+HotkeyStatus grabKey(const X11Display& display, std::uint8_t key, std::uint32_t wanted)
 {
-    const auto key = KeyboardMap::x11KeyCode(keyCode);
-    if (!key)
-        return HotkeyStatus::Unavailable;
     auto* const connection = display.connection();
     const auto bits = KeyboardMap::modifierBits(connection);
     if (((wanted & HotkeyMath::command) != 0 && bits.super == 0)
@@ -25,15 +22,29 @@ HotkeyStatus grabOn(const X11Display& display, std::uint32_t keyCode, std::uint3
         | ((wanted & HotkeyMath::option) != 0 ? bits.alt : 0)
         | ((wanted & HotkeyMath::shift) != 0 ? XCB_MOD_MASK_SHIFT : 0)
         | ((wanted & HotkeyMath::control) != 0 ? XCB_MOD_MASK_CONTROL : 0));
-    xcb_ungrab_key(connection, XCB_GRAB_ANY, display.root(), XCB_MOD_MASK_ANY); // only grabs of this connection
-    bool isTaken = false;
+    const auto letGo = [connection, root = display.root()] { // only of grabs of this connection
+        xcb_ungrab_key(connection, XCB_GRAB_ANY, root, XCB_MOD_MASK_ANY);
+    };
+    letGo();
     for (const std::uint16_t locks : KeyboardMap::unions(bits.locks)) {
         const auto cookie = xcb_grab_key_checked(connection, /*owner_events=*/0, display.root(),
-            static_cast<std::uint16_t>(held | locks), *key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+            static_cast<std::uint16_t>(held | locks), key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
         const XCBPointer<xcb_generic_error_t> error(xcb_request_check(connection, cookie));
-        isTaken = isTaken || error != nullptr;
+        if (error) {
+            letGo(); // a key that works only with some locks helps nobody
+            xcb_flush(connection);
+            return HotkeyStatus::Taken;
+        }
     }
-    return isTaken ? HotkeyStatus::Taken : HotkeyStatus::Active;
+    return HotkeyStatus::Active;
+}
+
+HotkeyState grabOn(const X11Display& display, std::uint32_t keyCode, std::uint32_t wanted)
+{
+    const auto key = KeyboardMap::x11KeyCode(keyCode);
+    if (!key)
+        return {.status = HotkeyStatus::Unavailable};
+    return {.status = grabKey(display, *key, wanted), .key = KeyboardMap::label(display.connection(), *key)};
 }
 
 } // namespace
@@ -67,12 +78,18 @@ void X11Hotkey::grabAgain()
         setState({.status = HotkeyStatus::Unavailable});
         return;
     }
-    setState({.status = grabOn(m_connection->display, m_wish->keyCode, m_wish->modifiers)});
+    setState(grabOn(m_connection->display, m_wish->keyCode, m_wish->modifiers));
     // Waiting for the answers may have fetched events, which the notifier will not tell of any more.
     QMetaObject::invokeMethod(this, &X11Hotkey::takeEvents, Qt::QueuedConnection);
 }
 
-HotkeyStatus X11Hotkey::tryOut(std::uint32_t keyCode, std::uint32_t modifiers)
+void X11Hotkey::retry()
+{
+    if (state().status == HotkeyStatus::Taken)
+        grabAgain();
+}
+
+HotkeyState X11Hotkey::tryOut(std::uint32_t keyCode, std::uint32_t modifiers)
 {
     const X11Display display;
     return grabOn(display, keyCode, modifiers);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "App/Updates/UpdateService.h"
+#include "Platform/DBus/SessionBus.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -20,7 +21,7 @@ class FlatpakService : public UpdateService {
     Q_OBJECT
 
 public:
-    explicit FlatpakService(QDBusConnection bus = QDBusConnection::sessionBus());
+    explicit FlatpakService(QDBusConnection bus = SessionBus::connection());
     ~FlatpakService() override;
 
     void start() override;

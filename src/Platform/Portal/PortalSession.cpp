@@ -1,5 +1,6 @@
 #include "Platform/Portal/PortalSession.h"
 
+#include "Platform/DBus/SessionBus.h"
 #include "Platform/Portal/DesktopPortal.h"
 #include "Platform/Portal/PortalRequest.h"
 
@@ -19,7 +20,7 @@ using Reason = PortalError::Reason;
 } // namespace
 
 PortalSession::PortalSession(QString interface, std::chrono::milliseconds callTimeout)
-    : m_bus(QDBusConnection::sessionBus())
+    : m_bus(SessionBus::connection())
     , m_interface(std::move(interface))
     , m_callTimeout(static_cast<int>(callTimeout.count()))
     , m_watcher(QLatin1String(DesktopPortal::service), m_bus, QDBusServiceWatcher::WatchForUnregistration)

@@ -1,12 +1,15 @@
 #include "App/Hotkey/GlobalHotkey.h"
 
 #include "App/Hotkey/HotkeyMath.h"
+#include "support/Await.h"
 
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -19,6 +22,9 @@ using Wish = std::pair<std::uint32_t, std::uint32_t>;
 /// What was asked of a service.
 struct Log {
     std::vector<Wish> wishes;
+    HotkeyStatus answer = HotkeyStatus::Active; // to the next wish
+    int retries = 0;
+    int reconnections = 0;
     bool isGone = false;
 };
 
@@ -33,8 +39,14 @@ public:
     void grab(std::uint32_t keyCode, std::uint32_t modifiers) override
     {
         m_log.wishes.emplace_back(keyCode, modifiers);
-        setState({.status = HotkeyStatus::Active});
+        setState({.status = m_log.answer});
     }
+    void retry() override
+    {
+        ++m_log.retries;
+        setState({.status = m_log.answer});
+    }
+    void reconnect() override { ++m_log.reconnections; }
 
 private:
     Log& m_log;
@@ -57,7 +69,8 @@ protected:
         ++m_presses;
     };
     int m_presses = 0;
-    GlobalHotkey m_hotkey{[this] { m_onTrigger(); }, std::unique_ptr<HotkeyService>(m_service)};
+    GlobalHotkey m_hotkey{
+        [this] { m_onTrigger(); }, std::unique_ptr<HotkeyService>(m_service), nullptr, std::chrono::milliseconds(1)};
 };
 
 TEST_F(GlobalHotkeyTest, RegistersNothingByItself)
@@ -112,6 +125,37 @@ TEST_F(GlobalHotkeyTest, CallsBackAgainForAPressWhileTheCallbackRuns)
     QCoreApplication::processEvents();
     EXPECT_EQ(m_presses, 2);
     EXPECT_EQ(mostAtATime, 2);
+}
+
+TEST_F(GlobalHotkeyTest, AsksAgainUntilTheOtherProgramHasLetGo)
+{
+    m_log.answer = HotkeyStatus::Taken;
+    m_hotkey.registerKey(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
+    EXPECT_TRUE(test::eventually([&] { return m_log.retries == 3; }));
+    EXPECT_EQ(m_hotkey.state().status, HotkeyStatus::Taken);
+    m_log.answer = HotkeyStatus::Active;
+    EXPECT_TRUE(test::eventually([&] { return m_hotkey.state().status == HotkeyStatus::Active; }));
+    const int retries = m_log.retries;
+    m_hotkey.retry();
+    EXPECT_EQ(m_log.retries, retries + 1) << "whoever opens the panel asks at once";
+    EXPECT_FALSE(test::eventually([&] { return m_log.retries > retries + 1; }, std::chrono::seconds(0)));
+}
+
+TEST_F(GlobalHotkeyTest, DoesNotAskAgainForWhatItHas)
+{
+    m_hotkey.registerKey(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
+    const QDeadlineTimer twentyPauses(20);
+    test::eventually([&] { return twentyPauses.hasExpired(); });
+    EXPECT_EQ(m_log.retries, 0);
+}
+
+TEST_F(GlobalHotkeyTest, PassesOnThatTheBusWasRestarted)
+{
+    m_hotkey.reconnect();
+    EXPECT_EQ(m_log.reconnections, 1);
+    m_hotkey.release();
+    m_hotkey.reconnect(); // there is nobody to ask
+    m_hotkey.retry();
 }
 
 TEST_F(GlobalHotkeyTest, LetsGoWithoutHavingRegisteredAndAsksForNothing)

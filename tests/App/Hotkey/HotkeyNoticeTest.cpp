@@ -37,6 +37,16 @@ TEST(HotkeyNotice, TellsTheSettingsWhichWayIsInForce)
     EXPECT_TRUE(HotkeyNotice::explanation({HotkeyStatus::Refused, {}, false}).contains("“quillbox doctor”"));
 }
 
+TEST(HotkeyNotice, CallsTheKeysWhatTheKeyboardCallsThem)
+{
+    EXPECT_EQ(HotkeyNotice::combination({}), "Super + Shift + 2");
+    HotkeyState state{.status = HotkeyStatus::Active, .key = "É"};
+    EXPECT_EQ(HotkeyNotice::combination(state), "Super + Shift + É");
+    EXPECT_EQ(HotkeyNotice::explanation(state), "⌘ is the Super key: press Super + Shift + É in any program.");
+    state.status = HotkeyStatus::Taken;
+    EXPECT_TRUE(HotkeyNotice::problem(state).startsWith("Another program uses Super + Shift + É. "));
+}
+
 TEST(HotkeyNotice, TakesThePercentSignInTheDesktopsWordsAsItIs)
 {
     EXPECT_TRUE(HotkeyNotice::explanation({HotkeyStatus::Active, "Press %1", true}).contains("Press %1."));

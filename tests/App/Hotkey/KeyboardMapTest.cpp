@@ -113,6 +113,26 @@ TEST(KeyboardMap, KnowsTheDigitsOfTheMainBlock)
     EXPECT_EQ(KeyboardMap::x11KeyCode(0xFFFF'FFFF), std::nullopt);
 }
 
+TEST(KeyboardMap, CallsAKeyByItsDigitWhereTheKeyboardHasThatOnIt)
+{
+    constexpr std::uint32_t eAcute = 0xE9;
+    constexpr std::uint32_t eCaron = 0x1EC;
+    constexpr std::uint32_t deadAcute = 0xFE51;
+    using Symbols = std::vector<std::uint32_t>;
+    EXPECT_EQ(KeyboardMap::labelFor(Symbols{'2', '@'}, u'2'), "2");
+    EXPECT_EQ(KeyboardMap::labelFor(Symbols{eAcute, '2'}, u'2'), "2") << "a French keyboard";
+    EXPECT_EQ(KeyboardMap::labelFor(Symbols{'[', '7'}, u'2'), "[");
+    EXPECT_EQ(KeyboardMap::labelFor(Symbols{eCaron, '7'}, u'2'), "Ě");
+    EXPECT_EQ(KeyboardMap::labelFor(Symbols{deadAcute, '7'}, u'2'), "2") << "nothing that can be printed";
+    EXPECT_EQ(KeyboardMap::labelFor({}, u'2'), "2");
+}
+
+TEST_F(KeyboardMapTest, AsksTheServerWhatIsOnAKey)
+{
+    EXPECT_EQ(KeyboardMap::label(m_connection, 11), "2");
+    EXPECT_EQ(KeyboardMap::label(m_connection, 19), "0");
+}
+
 TEST(KeyboardMap, CountsEveryUnionOnce)
 {
     EXPECT_EQ(KeyboardMap::unions({}), (Bits{0}));

@@ -2,6 +2,8 @@
 #include "App/Hotkey/X11Hotkey.h"
 
 #include "App/Hotkey/HotkeyMath.h"
+#include "App/Hotkey/KeyboardMap.h"
+#include "Platform/X11/X11Display.h"
 #include "support/Await.h"
 
 #include <gtest/gtest.h>
@@ -9,6 +11,8 @@
 #include <QObject>
 #include <QProcess>
 #include <QStringList>
+
+#include <cstdint>
 
 namespace quillbox {
 namespace {
@@ -33,7 +37,7 @@ protected:
 TEST_F(X11HotkeyTest, HoldsNothingUntilItIsAsked)
 {
     EXPECT_EQ(m_hotkey.state().status, HotkeyStatus::NotRegistered);
-    EXPECT_EQ(X11Hotkey::tryOut(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers), HotkeyStatus::Active);
+    EXPECT_EQ(X11Hotkey::tryOut(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers).status, HotkeyStatus::Active);
 }
 
 TEST_F(X11HotkeyTest, ReportsEachPressOnce)
@@ -80,6 +84,52 @@ TEST_F(X11HotkeyTest, IsTakenWhereAnotherProgramHasTheCombination)
     EXPECT_EQ(m_hotkey.state().status, HotkeyStatus::Active);
 }
 
+TEST_F(X11HotkeyTest, GetsTheCombinationWhenItIsAskedForOnceTheOtherProgramHasLetGo)
+{
+    {
+        X11Hotkey other;
+        other.grab(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
+        m_hotkey.grab(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
+        m_hotkey.retry();
+        EXPECT_EQ(m_hotkey.state().status, HotkeyStatus::Taken);
+    }
+    EXPECT_TRUE(test::eventually([&] {
+        m_hotkey.retry();
+        return m_hotkey.state().status == HotkeyStatus::Active;
+    })) << "the server notices a closed connection a moment later";
+    type({"key", "super+shift+2"});
+    EXPECT_TRUE(test::eventually([&] { return m_presses == 1; }));
+}
+
+TEST_F(X11HotkeyTest, HoldsNothingOfACombinationThatIsPartlyTaken)
+{
+    const X11Display other;
+    constexpr std::uint8_t keyOfTwo = 11;
+    const auto held
+        = static_cast<std::uint16_t>(KeyboardMap::modifierBits(other.connection()).super | XCB_MOD_MASK_SHIFT);
+    const auto withCapsLock = static_cast<std::uint16_t>(held | XCB_MOD_MASK_LOCK);
+    const auto grab = [&](std::uint16_t modifiers) {
+        const auto cookie = xcb_grab_key_checked(
+            other.connection(), 0, other.root(), modifiers, keyOfTwo, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+        return XCBPointer<xcb_generic_error_t>(xcb_request_check(other.connection(), cookie)) == nullptr;
+    };
+    ASSERT_TRUE(grab(withCapsLock));
+    m_hotkey.grab(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
+    EXPECT_EQ(m_hotkey.state().status, HotkeyStatus::Taken);
+    EXPECT_TRUE(test::eventually([&] { return grab(held); })) << "the other program can have the rest";
+}
+
+TEST_F(X11HotkeyTest, NamesTheKeyAsTheKeyboardDoes)
+{
+    m_hotkey.grab(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
+    EXPECT_EQ(m_hotkey.state().key, "2");
+    EXPECT_EQ(X11Hotkey::tryOut(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers).key, "2");
+    ASSERT_EQ(QProcess::execute("xmodmap", {"-e", "keycode 11 = bracketleft 7"}), 0);
+    EXPECT_TRUE(test::eventually([&] { return m_hotkey.state().key == "["; })) << "a changed keyboard is noticed";
+    ASSERT_EQ(QProcess::execute("xmodmap", {"-e", "keycode 11 = 2 at"}), 0);
+    EXPECT_TRUE(test::eventually([&] { return m_hotkey.state().key == "2"; }));
+}
+
 TEST_F(X11HotkeyTest, LetsGoAtItsEnd)
 {
     {
@@ -87,7 +137,8 @@ TEST_F(X11HotkeyTest, LetsGoAtItsEnd)
         other.grab(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
     }
     EXPECT_TRUE(test::eventually([] {
-        return X11Hotkey::tryOut(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers) == HotkeyStatus::Active;
+        return X11Hotkey::tryOut(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers).status
+            == HotkeyStatus::Active;
     })) << "the server notices a closed connection a moment later";
 }
 
