@@ -63,7 +63,6 @@ public:
         return jobs;
     }
 
-    [[nodiscard]] std::int64_t pictureCount() const { return std::ssize(m_delays); }
     [[nodiscard]] std::int64_t ownTableBytes() const { return m_ownTableBytes; }
     [[nodiscard]] double errorTicks() const { return m_screen.errorTicks(); }
     [[nodiscard]] std::int64_t colorCount() const { return m_colorCount; }

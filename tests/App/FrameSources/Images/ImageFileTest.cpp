@@ -7,7 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quillbox {
@@ -113,6 +116,35 @@ TEST(AnimatedPNG, GivesEachPartAFileOfItsOwn)
         EXPECT_EQ(ImageFile::kindOf(part.png), Kind::png);
         EXPECT_FALSE(ImageFile::extentOf(part.png, Kind::png).isCutOff);
     }
+}
+
+/// The place of the second part's control data: the size, place, time and disposal.
+std::ptrdiff_t secondControl(const Bytes& file)
+{
+    const std::string_view word = "fcTL";
+    const auto first = std::search(file.begin(), file.end(), word.begin(), word.end());
+    return std::search(first + 4, file.end(), word.begin(), word.end()) - file.begin() + 4;
+}
+
+TEST(AnimatedPNG, KnowsWhatBecomesOfEachPart)
+{
+    using enum AnimatedPNG::Disposal;
+    Bytes file = animatedPNG();
+    const auto disposal = static_cast<std::size_t>(secondControl(file)) + 24;
+    for (const auto& [byte, meaning] : {std::pair{0, keep}, {1, clear}, {2, restore}}) {
+        file[disposal] = static_cast<std::uint8_t>(byte);
+        EXPECT_EQ(AnimatedPNG::taken(file).parts.at(1).disposal, meaning);
+    }
+}
+
+TEST(AnimatedPNG, StopsAtAPartThatDoesNotLieOnTheCanvas)
+{
+    Bytes file = animatedPNG();
+    const auto left = static_cast<std::size_t>(secondControl(file)) + 12;
+    file[left + 3] = 32;
+    const auto animation = AnimatedPNG::taken(file);
+    EXPECT_EQ(animation.parts.size(), 1U);
+    EXPECT_EQ(animation.announcedCount, 5);
 }
 
 AnimatedPNG::Part part(PixelSize size, std::int64_t left, AnimatedPNG::Disposal disposal, bool isMixed)

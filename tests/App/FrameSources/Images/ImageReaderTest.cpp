@@ -14,6 +14,7 @@
 #include <QImageReader>
 #include <QImageWriter>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -49,6 +50,14 @@ protected:
     {
         FileByteSource source(path(name));
         return ImageReader::readAll(source, Transparency::defaultBackground).frames;
+    }
+    /// The number of pictures that can be read, and what is said of the others.
+    [[nodiscard]] std::string outcomeOf(const std::string& name) const
+    {
+        FileByteSource source(path(name));
+        const auto animation = ImageReader::readAll(source, Transparency::defaultBackground);
+        const std::string flaw = animation.flaw ? animation.flaw->what() : "";
+        return std::to_string(animation.frames.size()) + (animation.flaw ? flaw.substr(flaw.find(": ")) : "");
     }
     [[nodiscard]] std::string complaintAbout(const std::string& name) const
     {
@@ -200,6 +209,46 @@ TEST_F(ImageReaderTest, ReadsEveryFrameOfAnAnimatedGifWithItsDelay)
     EXPECT_EQ(frames[2].frame.pixels(), (Bytes{20, 0, 0, 255}));
 }
 
+TEST_F(ImageReaderTest, ReadsWhatIsWholeOfAnAnimatedGifAndSaysThatThereShouldBeMore)
+{
+    support::writeFile(path("a.gif"), animatedGif({10, 20, 5}));
+    const auto size = std::filesystem::file_size(path("a.gif"));
+    EXPECT_EQ(outcomeOf("a.gif"), "3");
+    std::filesystem::resize_file(path("a.gif"), size - 3);
+    EXPECT_EQ(outcomeOf("a.gif").find("2: is cut off after 2 whole frame"), 0U) << outcomeOf("a.gif");
+}
+
+TEST_F(ImageReaderTest, ReadsWhatIsWholeOfAnAnimatedPNGAndSaysThatThereShouldBeMore)
+{
+    const auto result = support::runProcess(
+        {"ffmpeg", "-v", "error", "-f", "lavfi", "-i", "testsrc=s=32x24:r=5:d=1", "-f", "apng", path("a.png")});
+    ASSERT_EQ(result.exitStatus, 0) << result.errors;
+    EXPECT_EQ(outcomeOf("a.png"), "5");
+    const auto frames = readAll("a.png");
+    EXPECT_EQ(frames[4].milliseconds, 200);
+    EXPECT_EQ(frames[4].frame.width(), 32);
+    EXPECT_NE(frames[4].frame, frames[3].frame);
+    std::filesystem::resize_file(path("a.png"), std::filesystem::file_size(path("a.png")) - 20);
+    EXPECT_EQ(outcomeOf("a.png").find("4: is cut off after 4 whole frame"), 0U) << outcomeOf("a.png");
+}
+
+TEST_F(ImageReaderTest, SaysOfAVideoHowToTakeItsPictures)
+{
+    support::writeFile(path("a.mkv"), Bytes{0x1A, 0x45, 0xDF, 0xA3, 0, 0, 0, 0});
+    EXPECT_EQ(complaintAbout("a.mkv").find("a.mkv: is a video; have FFmpeg"), 0U) << complaintAbout("a.mkv");
+    EXPECT_THROW((void)readAll("a.mkv"), FrameReadError);
+}
+
+TEST_F(ImageReaderTest, SaysWhichPictureItsDecoderGaveUp)
+{
+    ASSERT_TRUE(picture().save(QString::fromStdString(path("a.png"))));
+    std::string file = support::readFile(path("a.png"));
+    const auto data = file.find("IDAT") + 4;
+    std::fill_n(file.begin() + static_cast<std::ptrdiff_t>(data), 6, '\xFF');
+    std::ofstream(path("a.png"), std::ios::binary) << file;
+    EXPECT_EQ(complaintAbout("a.png").find("a.png: frame 7 can't be decoded: "), 0U) << complaintAbout("a.png");
+}
+
 TEST_F(ImageReaderTest, ReadsOnlyTheFirstFrameWhereOneIsAskedFor)
 {
     support::writeFile(path("a.gif"), animatedGif({10, 20, 5}));
@@ -220,6 +269,8 @@ TEST_F(ImageReaderTest, ReadsEveryFrameOfAnAnimatedWebP)
     EXPECT_EQ(frames[1].milliseconds, 80);
     EXPECT_EQ(frames[2].milliseconds, 120);
     EXPECT_NEAR(frames[2].frame.pixels()[0], 120, 1);
+    std::filesystem::resize_file(path("a.webp"), std::filesystem::file_size(path("a.webp")) - 4);
+    EXPECT_EQ(outcomeOf("a.webp").find("2: is cut off after 2 whole frame"), 0U) << outcomeOf("a.webp");
 }
 
 } // namespace
