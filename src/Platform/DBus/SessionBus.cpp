@@ -41,7 +41,7 @@ SessionBus::SessionBus(QObject* parent)
 }
 
 /// The library itself sends this signal when the connection breaks.
-/// @see  The D-Bus specification: org.freedesktop.DBus.Local
+/// @see  D-Bus, the interface org.freedesktop.DBus.Local
 void SessionBus::follow()
 {
     connection().connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
