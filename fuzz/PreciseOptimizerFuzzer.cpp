@@ -39,9 +39,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         .maxWidth = input.byte() < 200 ? std::nullopt : std::optional<std::int64_t>(1 + input.below(10)),
         .maxFPS = 1 + input.below(50),
         .maxColors = 2 + input.below(input.byte() < 240 ? 15 : 255)};
-    const std::int64_t maxAttempts = input.byte() < 200 ? 1 : 3; // each takes its time
-    const bool isThreaded = input.byte() >= 240 && input.isOneOf(8);
-    input.setPatternColors(6);
+    const std::int64_t maxAttempts = input.byte() < 200 ? 1 : 2; // each takes its time
+    const bool isThreaded = input.byte() >= 240 && input.isOneOf(16);
+    input.setPatternColors(4);
     const std::vector<RGBAFrame> frames = input.recording(3, 6);
     if (frames.front().pixelCount() == 0)
         return 0;

@@ -66,7 +66,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     checkCounts(input);
     checkPalette(ScreenPalette::make(colors, maxColors, {.threads = 1}), colors, maxColors);
     checkPalette(ScreenPalette::makeQuickly(colors, maxColors), colors, maxColors);
-    constexpr std::size_t slowlyChecked = 60; // points: merging them takes time by the square of their number
+    constexpr std::size_t slowlyChecked = 40; // points: merging them takes time by the square of their number
     if (!colors.empty())
         checkStages(input.points(slowlyChecked), input.pointCount());
     return 0;

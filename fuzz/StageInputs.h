@@ -170,7 +170,7 @@ struct ScreenPaletteInput {
                 counts.add(std::span(pixels.data(), pixels.size()), 3);
             }
         }
-        constexpr std::int64_t maxColorCount = 100;
+        constexpr std::int64_t maxColorCount = 72;
         while (!input.isEmpty() && frames.empty() && counts.size() < maxColorCount) {
             const RGBColor color = input.color();
             const std::int64_t factor = input.byte();
