@@ -46,11 +46,36 @@ void FrameTimeline::deliver(RGBAFrame frame, TimePoint time)
     m_latest = std::move(frame);
 }
 
+void FrameTimeline::hold(TimePoint time)
+{
+    if (!m_finished && !m_holdSince)
+        m_holdSince = time;
+}
+
+void FrameTimeline::resume(TimePoint time)
+{
+    if (!m_finished && m_latest)
+        noteHeld(tickAt(m_zero, std::max(time, m_lastDelivery)));
+    m_holdSince.reset();
+}
+
+void FrameTimeline::noteHeld(std::int64_t end)
+{
+    if (!m_holdSince || !m_latest)
+        return;
+    const std::int64_t last = tickAt(m_zero, std::max(*m_holdSince, m_zero)); // that shows the screen
+    const FrameRange range{last + 1, std::min(end, m_maxFrames)};
+    if (range.begin < range.end)
+        m_held.push_back(range);
+}
+
 void FrameTimeline::finish(TimePoint time)
 {
     if (m_finished)
         return;
-    fillUpTo(frameCount(time));
+    const std::int64_t count = frameCount(time);
+    noteHeld(count);
+    fillUpTo(count);
     m_finished = true;
 }
 

@@ -10,6 +10,14 @@
 
 namespace quillbox {
 
+/// Frames `begin` up to, but not including, `end`; neither is negative.
+struct FrameRange {
+    std::int64_t begin = 0;
+    std::int64_t end = 0;
+
+    friend bool operator==(const FrameRange&, const FrameRange&) = default;
+};
+
 /// Turns pictures that arrive whenever the screen changes into a steady list of 30 frames a second. Time zero is the
 /// first picture's moment. Frame k shows the latest picture delivered before (k + 1) ÷ 30 s; where nothing new arrived
 /// it repeats the frame before it and shares its pixels. Gaps are filled in by the next delivery or by finish(), so
@@ -30,6 +38,14 @@ public:
     /// finish() the picture is appended as one frame of its own.
     void deliver(RGBAFrame frame, TimePoint time);
 
+    /// From now on the list repeats a picture though the screen may show something else; until resume(), which is
+    /// called before the next delivery. The frame that `time` falls into is no such repetition.
+    void hold(TimePoint time);
+    void resume(TimePoint time);
+    /// The frames, of those there are, that repeat a picture because of hold(), oldest first. Of a hold that goes on,
+    /// none.
+    [[nodiscard]] const std::vector<FrameRange>& held() const { return m_held; }
+
     /// Ends the list at `time`, or at the last delivery if that was later: it then holds round(30 × duration in
     /// seconds) frames, halves away from zero, and at least one if there was any picture; all within its limit. A
     /// second call does nothing.
@@ -47,11 +63,14 @@ public:
 
 private:
     void fillUpTo(std::int64_t count);
+    void noteHeld(std::int64_t end);
 
     std::vector<RGBAFrame> m_frames;   // complete ticks only
     std::optional<RGBAFrame> m_latest; // not yet in m_frames as a tick of its own
     TimePoint m_zero;
     TimePoint m_lastDelivery;
+    std::optional<TimePoint> m_holdSince;
+    std::vector<FrameRange> m_held;
     std::int64_t m_maxFrames;
     bool m_finished = false;
 };

@@ -27,7 +27,9 @@ const FrameReducer& Recording::reduced() const
 
 Recording Recording::measuredAnew() const
 {
-    Recording recording(frames());
+    auto reducer = std::make_shared<RecordingReducer>();
+    reducer->follow(frames(), m_reducer->held());
+    Recording recording(frames(), std::move(reducer));
     recording.m_removeBackup = m_removeBackup;
     return recording;
 }

@@ -1,7 +1,6 @@
 #include "Capture/RecordingReducer.h"
 
-#include "Capture/FrameTimeline.h"
-
+#include <algorithm>
 #include <utility>
 
 namespace quillbox {
@@ -12,11 +11,37 @@ RecordingReducer::RecordingReducer(FrameSpill store, std::function<void()> onTro
 {
 }
 
-void RecordingReducer::follow(const std::vector<RGBAFrame>& frames)
+void RecordingReducer::HeldFrames::set(std::vector<FrameRange> ranges)
 {
+    const std::scoped_lock lock(m_mutex);
+    m_ranges = std::move(ranges);
+}
+
+bool RecordingReducer::HeldFrames::contains(std::int64_t frame) const
+{
+    const std::scoped_lock lock(m_mutex);
+    return std::ranges::any_of(
+        m_ranges, [frame](const FrameRange& range) { return range.begin <= frame && frame < range.end; });
+}
+
+void RecordingReducer::FollowedFrames::append(const RGBAFrame& frame)
+{
+    if (held->contains(reducer.frameCount()))
+        reducer.appendHeld(frame);
+    else
+        reducer.append(frame);
+}
+
+void RecordingReducer::follow(const std::vector<RGBAFrame>& frames, const std::vector<FrameRange>& held)
+{
+    if (m_held != held) {
+        m_held = held;
+        m_heldFrames->set(held); // before the thread has any of those
+    }
     if (!m_thread && !frames.empty())
         m_thread.emplace(
-            FrameReducer::forAnyPreset(FrameTimeline::framesPerSecond), FrameThread<FrameReducer>::unlimited,
+            FollowedFrames{FrameReducer::forAnyPreset(FrameTimeline::framesPerSecond), m_heldFrames},
+            FrameThread<FollowedFrames>::unlimited,
             [this](const RGBAFrame& frame) {
                 count(frame);
                 keep(frame);
@@ -48,7 +73,7 @@ const FrameReducer& RecordingReducer::finished()
 {
     const std::scoped_lock lock(m_finishing);
     precondition(m_thread.has_value(), "a recording that is finished has a frame");
-    return m_thread->finished();
+    return m_thread->finished().reducer;
 }
 
 void RecordingReducer::count(const RGBAFrame& frame)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Capture/FrameTimeline.h"
 #include "Capture/Spill/FrameSpill.h"
 #include "Encoding/FrameReducer.h"
 #include "Encoding/FrameThread.h"
@@ -8,6 +9,7 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -45,8 +47,13 @@ public:
     [[nodiscard]] bool isBehind(const std::vector<RGBAFrame>& frames) const;
 
     /// Takes in what is new. Never waits.
-    /// @param frames  All complete frames so far, 30 a second, oldest first. @pre finished() has not been called.
-    void follow(const std::vector<RGBAFrame>& frames);
+    /// @param frames  All complete frames so far, 30 a second, oldest first.
+    /// @param held    Those of them that do not tell what the screen showed; each is the frame before, repeated.
+    /// @pre finished() has not been called.
+    void follow(const std::vector<RGBAFrame>& frames, const std::vector<FrameRange>& held = {});
+
+    /// As follow() was told.
+    [[nodiscard]] const std::vector<FrameRange>& held() const { return m_held; }
 
     /// What `FrameReducer::forAnyPreset` makes of the frames. Waits until all of them have been measured; none may
     /// follow. Valid as long as this object. Thread: any. @pre a frame was followed.
@@ -54,6 +61,24 @@ public:
     [[nodiscard]] const FrameReducer& finished();
 
 private:
+    /// Tells the thread which frames are held: all of those that it has been given.
+    class HeldFrames {
+    public:
+        void set(std::vector<FrameRange> ranges);
+        [[nodiscard]] bool contains(std::int64_t frame) const;
+
+    private:
+        mutable std::mutex m_mutex;
+        std::vector<FrameRange> m_ranges;
+    };
+    /// What the thread works with.
+    struct FollowedFrames {
+        FrameReducer reducer;
+        std::shared_ptr<const HeldFrames> held;
+
+        void append(const RGBAFrame& frame);
+    };
+
     void count(const RGBAFrame& frame);
     void keep(const RGBAFrame& frame);
 
@@ -64,7 +89,9 @@ private:
     std::atomic<bool> m_hasFailed = false;
     mutable std::mutex m_mutex;
     std::string m_fullReason; // guarded by m_mutex
-    std::optional<FrameThread<FrameReducer>> m_thread;
+    std::vector<FrameRange> m_held;
+    std::shared_ptr<HeldFrames> m_heldFrames = std::make_shared<HeldFrames>(); // the same for the thread
+    std::optional<FrameThread<FollowedFrames>> m_thread;
     std::mutex m_finishing; // for one thread at a time
 };
 

@@ -40,6 +40,9 @@ public:
     /// picture that arrived meanwhile, and follows the screen again.
     virtual void releasePicture() = 0;
 
+    /// For how long nothing new has arrived while a picture is held; zero where none is.
+    [[nodiscard]] virtual std::chrono::nanoseconds restWhileHeld() const = 0;
+
 Q_SIGNALS:
     /// Announced before isRecording() becomes `next`.
     void isRecordingAboutToChange(bool next);

@@ -136,16 +136,33 @@ std::optional<CaptureRegion> StreamRecorder::region() const
 void StreamRecorder::holdPicture()
 {
     takeDeliveries(); // taken before anything covered it
-    if (m_isRecording && !m_hold)
-        m_hold.emplace().since = m_now();
+    if (!m_isRecording || m_hold)
+        return;
+    const auto now = m_now();
+    m_hold.emplace(Hold{now, now, std::nullopt});
+    m_session->timeline.hold(now);
 }
 
 void StreamRecorder::releasePicture()
 {
     takeDeliveries();
     const auto hold = std::exchange(m_hold, std::nullopt);
-    if (hold && hold->latest)
+    if (!hold)
+        return;
+    m_session->timeline.resume(m_now());
+    if (hold->latest)
         deliver(*m_session, *hold->latest, m_now());
+}
+
+std::chrono::nanoseconds StreamRecorder::restWhileHeld() const
+{
+    return m_hold ? m_now() - m_hold->changedAt : std::chrono::nanoseconds::zero();
+}
+
+void StreamRecorder::noteWhileHeld(RGBAFrame frame)
+{
+    m_hold->latest = std::move(frame);
+    m_hold->changedAt = m_now();
 }
 
 std::unique_ptr<CaptureStream> StreamRecorder::takeStarting(const CaptureStream* stream)
@@ -197,7 +214,7 @@ void StreamRecorder::takeDeliveries()
     for (Delivery& delivery : m_deliveries.take()) {
         auto* const frame = std::get_if<RGBAFrame>(&delivery.content);
         if (frame != nullptr && m_hold && delivery.session == m_session && m_session->timeline.hasPicture())
-            m_hold->latest = std::move(*frame);
+            noteWhileHeld(std::move(*frame));
         else if (frame != nullptr)
             deliver(*delivery.session, std::move(*frame), delivery.time);
         else
@@ -230,7 +247,7 @@ void StreamRecorder::deliver(Session& session, RGBAFrame frame, CaptureClock::ti
     if (session.timeline.isFinished()) // the picture came after the recording that was measured
         session.recording.reset();
     else
-        session.reducer->follow(session.timeline.frames());
+        session.reducer->follow(session.timeline.frames(), session.timeline.held());
 }
 
 void StreamRecorder::show(Session& session, const RGBAFrame& frame, CaptureClock::time_point time)
@@ -255,11 +272,10 @@ void StreamRecorder::finish(Session& session, CaptureClock::time_point time)
         return;
     takeLate(session);
     session.timeline.finish(time);
-    session.reducer->follow(session.timeline.frames());
+    session.reducer->follow(session.timeline.frames(), session.timeline.held());
+    session.recording.emplace(session.timeline.frames(), session.reducer);
     if (session.reducer->hasFailed())
-        session.recording.emplace(session.timeline.frames());
-    else
-        session.recording.emplace(session.timeline.frames(), session.reducer);
+        session.recording.emplace(session.recording->measuredAnew());
     if (session.journal) {
         session.journal->finish(std::ssize(session.timeline.frames()));
         session.recording->setBackup([journal = session.journal] { journal->remove(); });

@@ -77,6 +77,7 @@ public:
     [[nodiscard]] std::optional<CaptureRegion> region() const override;
     void holdPicture() override;
     void releasePicture() override;
+    [[nodiscard]] std::chrono::nanoseconds restWhileHeld() const override;
 
 private:
     /// One recording, successful or not; shared by the stop() that waits for its end.
@@ -101,6 +102,7 @@ private:
     [[nodiscard]] std::shared_ptr<RecordingReducer> makeReducer() const;
     FrameSink sinkFor(const std::shared_ptr<Session>& session);
     void takeDeliveries();
+    void noteWhileHeld(RGBAFrame frame);
     [[nodiscard]] std::shared_ptr<RecordingJournal> makeJournal() const;
     static void removeJournal(const Session& session);
     static void show(Session& session, const RGBAFrame& frame, CaptureClock::time_point time);
@@ -115,6 +117,7 @@ private:
     /// What the stream showed while the clip did not follow it.
     struct Hold {
         CaptureClock::time_point since;
+        CaptureClock::time_point changedAt;
         std::optional<RGBAFrame> latest;
     };
 

@@ -19,6 +19,9 @@ public:
     /// @pre `comparisons` has turned to `frame`.
     void append(const RGBAFrame& frame, FrameComparisons& comparisons);
 
+    /// The same, but what has changed since the frame before does not count.
+    void appendUncounted(const RGBAFrame& frame) { m_previous = frame; }
+
     /// 0.0…1.0; fewer than two frames give 0.0. A sum in frame order, divided once.
     [[nodiscard]] double average() const;
 

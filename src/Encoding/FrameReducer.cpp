@@ -76,7 +76,7 @@ FrameReducer FrameReducer::sparing(std::int64_t sourceFPS, ExportPreset preset, 
     return reducer;
 }
 
-void FrameReducer::append(const RGBAFrame& frame)
+void FrameReducer::take(const RGBAFrame& frame, Activity activity)
 {
     ++m_frameCount;
     if (m_tooLarge)
@@ -90,7 +90,10 @@ void FrameReducer::append(const RGBAFrame& frame)
     if (!m_cap)
         m_cap.emplace(frame, m_maxWidth);
     m_comparisons.turnTo(frame);
-    m_activity.append(frame, m_comparisons);
+    if (activity == Activity::Counted)
+        m_activity.append(frame, m_comparisons);
+    else
+        m_activity.appendUncounted(frame);
     for (Candidate& candidate : m_candidates) {
         if (candidate.resampler.keepsNext() && candidate.deduplicator.append(frame, m_comparisons) && m_isSparing) {
             candidate.pinned = frame.isBacked() ? frame.pinned() : std::vector<PixelView>();

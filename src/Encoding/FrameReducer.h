@@ -44,7 +44,10 @@ public:
         std::int64_t sourceFPS, ExportPreset preset, OnKept onKept = nullptr, Parallelism parallelism = {});
 
     /// Takes the next frame. Its pixels are shared, not copied.
-    void append(const RGBAFrame& frame);
+    void append(const RGBAFrame& frame) { take(frame, Activity::Counted); }
+    /// The same for a frame that repeats the one before whatever the screen showed meanwhile: that says nothing of how
+    /// much the recording moves.
+    void appendHeld(const RGBAFrame& frame) { take(frame, Activity::Uncounted); }
 
     [[nodiscard]] std::int64_t sourceFPS() const { return m_sourceFPS; }
     /// Frames taken so far.
@@ -75,6 +78,9 @@ private:
         RGBAFrame substitute;
     };
 
+    enum class Activity { Counted, Uncounted };
+
+    void take(const RGBAFrame& frame, Activity activity);
     [[nodiscard]] RGBAFrame shrunk(const RGBAFrame& frame);
     /// What is kept instead of a frame; perhaps itself, evicted.
     [[nodiscard]] const RGBAFrame& substituteFor(const RGBAFrame& frame);

@@ -213,5 +213,49 @@ TEST(FrameTimeline, PicturesFasterThanTheTicksReplaceEachOther)
     EXPECT_EQ(timeline.frames().back().pixels()[0], 119);
 }
 
+TEST(FrameTimeline, TellsWhichFramesAreHeld)
+{
+    using Held = std::vector<FrameRange>;
+    FrameTimeline timeline;
+    timeline.deliver(frame(1), tick(0));
+    timeline.hold(tick(2)); // the frame of this tick shows the screen
+    EXPECT_EQ(timeline.held(), Held{}) << "it goes on";
+    timeline.resume(tick(5));
+    EXPECT_EQ(timeline.held(), (Held{{3, 5}}));
+    timeline.deliver(frame(2), tick(5));
+    timeline.hold(tick(6));
+    timeline.resume(tick(7));
+    EXPECT_EQ(timeline.held(), (Held{{3, 5}})) << "no frame but those two that show the screen";
+    timeline.hold(tick(8));
+    timeline.hold(tick(9)); // it does already
+    timeline.finish(tick(12));
+    EXPECT_EQ(timeline.held(), (Held{{3, 5}, {9, 12}}));
+    EXPECT_EQ(numbers(timeline), (std::vector{1, 1, 1, 1, 1, 2, 2, 2, 2, 2, 2, 2}));
+}
+
+TEST(FrameTimeline, AHoldBeforeTheFirstPictureBeginsWithIt)
+{
+    FrameTimeline timeline;
+    timeline.hold(tick(-5));
+    timeline.deliver(frame(1), tick(0));
+    timeline.resume(tick(3));
+    EXPECT_EQ(timeline.held(), (std::vector<FrameRange>{{1, 3}}));
+    FrameTimeline empty;
+    empty.hold(tick(0));
+    empty.resume(tick(3));
+    empty.hold(tick(4));
+    empty.finish(tick(9));
+    EXPECT_TRUE(empty.held().empty());
+}
+
+TEST(FrameTimeline, NoMoreFramesAreHeldThanThereAre)
+{
+    FrameTimeline timeline(4);
+    timeline.deliver(frame(1), tick(0));
+    timeline.hold(tick(1));
+    timeline.finish(tick(9));
+    EXPECT_EQ(timeline.held(), (std::vector<FrameRange>{{2, 4}}));
+}
+
 } // namespace
 } // namespace quillbox

@@ -1,5 +1,6 @@
 #include "Capture/StreamRecorder.h"
 
+#include "Encoding/FrameReducer.h"
 #include "RecorderFixture.h"
 #include "support/QtTests.h"
 
@@ -24,6 +25,9 @@ private Q_SLOTS:
     void aClipThatEndsHeldHasThreeTenthsOfASecondOfIt();
     void aHoldThatEndsBeforeTheClipIsInItWhole();
     void holdingWhileIdleHoldsNothing();
+    void aHeldPictureDoesNotLowerTheFrameRate();
+    void aHeldTailDoesNotLowerTheFrameRate();
+    void framesAfterAHoldCountAgain();
 };
 
 void HeldPictureTest::aHeldPictureStaysUntilItIsReleased()
@@ -108,6 +112,81 @@ void HeldPictureTest::holdingWhileIdleHoldsNothing()
     fixture.recordTwo();
     QCOMPARE(numbers(fixture.stop()), (std::vector{1, 2}));
     fixture.recorder->releasePicture();
+}
+
+namespace {
+
+/// Every fourth picture is another one: a quarter of the screen changes with each, on an average.
+void showMoving(Fixture& fixture, int ticks)
+{
+    for (int tick = 0; tick < ticks; ++tick) {
+        if (tick % 4 == 0)
+            fixture.deliver(static_cast<std::uint8_t>(1 + tick));
+        fixture.tick();
+    }
+}
+
+void showStill(Fixture& fixture, int ticks)
+{
+    for (int tick = 0; tick < ticks; ++tick)
+        fixture.tick();
+}
+
+std::int64_t chosenRate(const Recording& recording)
+{
+    return recording.reduced().selection(ExportPreset::docs).fps;
+}
+
+} // namespace
+
+void HeldPictureTest::aHeldPictureDoesNotLowerTheFrameRate()
+{
+    Fixture moving;
+    moving.start();
+    showMoving(moving, 60);
+    const auto usual = chosenRate(moving.stopRecording());
+    Fixture fixture;
+    fixture.start();
+    showMoving(fixture, 32);
+    fixture.recorder->holdPicture();
+    showStill(fixture, 60);
+    fixture.recorder->releasePicture();
+    showMoving(fixture, 28);
+    const auto recording = fixture.stopRecording();
+    QCOMPARE(recording.frames().size(), std::size_t{120});
+    QCOMPARE(chosenRate(recording), usual);
+    QCOMPARE(chosenRate(recording.measuredAnew()), usual);
+    QVERIFY(chosenRate(Recording(recording.frames())) < usual); // if they counted
+}
+
+void HeldPictureTest::aHeldTailDoesNotLowerTheFrameRate()
+{
+    Fixture moving;
+    moving.start();
+    showMoving(moving, 33);
+    const auto usual = chosenRate(moving.stopRecording());
+    Fixture fixture;
+    fixture.start();
+    showMoving(fixture, 33);
+    fixture.recorder->holdPicture();
+    showStill(fixture, 60);
+    const auto recording = fixture.stopRecording();
+    QCOMPARE(recording.frames().size(), std::size_t{33 + 9});
+    QCOMPARE(chosenRate(recording), usual);
+    QVERIFY(chosenRate(Recording(recording.frames())) < usual);
+}
+
+void HeldPictureTest::framesAfterAHoldCountAgain()
+{
+    Fixture fixture;
+    fixture.start();
+    showMoving(fixture, 32);
+    fixture.recorder->holdPicture();
+    showStill(fixture, 4);
+    fixture.recorder->releasePicture();
+    showStill(fixture, 200);
+    const auto recording = fixture.stopRecording();
+    QCOMPARE(chosenRate(recording), chosenRate(Recording(recording.frames())));
 }
 
 namespace {

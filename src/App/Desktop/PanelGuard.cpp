@@ -11,19 +11,22 @@
 
 namespace quillbox {
 
-PanelGuard::PanelGuard(
-    ScreenRecorder& recorder, const ScreenSession& screen, QWidget& panel, std::chrono::milliseconds repaintTime)
+PanelGuard::Times PanelGuard::usualTimes()
+{
+    using std::chrono_literals::operator""ms;
+    const bool mayFade = toolkitWindowSystem() == WindowSystem::Wayland;
+    return {.repaint = 100ms, .fade = mayFade ? 500ms : 100ms};
+}
+
+PanelGuard::PanelGuard(ScreenRecorder& recorder, const ScreenSession& screen, QWidget& panel, Times times)
     : QObject(&panel)
     , m_recorder(recorder)
     , m_screen(screen)
     , m_panel(panel)
+    , m_times(times)
 {
     m_repainting.setSingleShot(true);
-    m_repainting.setInterval(repaintTime);
-    connect(&m_repainting, &QTimer::timeout, this, [this] {
-        if (!isInTheWay())
-            m_recorder.releasePicture();
-    });
+    connect(&m_repainting, &QTimer::timeout, this, &PanelGuard::releaseOnceRepainted);
     connect(&recorder, &ScreenRecorder::isRecordingChanged, this, &PanelGuard::check);
     panel.installEventFilter(this);
 }
@@ -32,8 +35,10 @@ bool PanelGuard::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::Show: // comes before the window is on the screen, and perhaps before it is known where
-        m_recorder.holdPicture();
-        m_repainting.start();
+        if (!isWhereItWasPut() || isInTheWay()) {
+            m_recorder.holdPicture();
+            awaitRepaint();
+        }
         followScreen();
         break;
     case QEvent::Move:
@@ -45,6 +50,12 @@ bool PanelGuard::eventFilter(QObject* watched, QEvent* event)
         break;
     }
     return QObject::eventFilter(watched, event);
+}
+
+/// Window managers have their own idea of where a window with a frame should be, and Wayland of any.
+bool PanelGuard::isWhereItWasPut() const
+{
+    return toolkitWindowSystem() != WindowSystem::Wayland && m_panel.windowFlags().testFlag(Qt::FramelessWindowHint);
 }
 
 bool PanelGuard::isInTheWay() const
@@ -81,7 +92,25 @@ void PanelGuard::check()
     if (isInTheWay())
         m_recorder.holdPicture();
     else
-        m_repainting.start();
+        awaitRepaint();
+}
+
+void PanelGuard::awaitRepaint()
+{
+    m_sinceLeft.start();
+    m_repainting.start(m_times.repaint);
+}
+
+void PanelGuard::releaseOnceRepainted()
+{
+    constexpr std::chrono::milliseconds pollInterval{33}; // a tick of the recorder
+    if (isInTheWay())
+        return;
+    const bool isAtRest = m_recorder.restWhileHeld() >= m_times.repaint;
+    if (isAtRest || std::chrono::milliseconds(m_sinceLeft.elapsed()) >= m_times.fade)
+        m_recorder.releasePicture();
+    else
+        m_repainting.start(pollInterval);
 }
 
 } // namespace quillbox

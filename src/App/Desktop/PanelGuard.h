@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
@@ -19,28 +20,37 @@ class PanelGuard : public QObject {
     Q_OBJECT
 
 public:
-    /// A picture of the uncovered screen has arrived by then: three ticks of the recorder.
-    static constexpr std::chrono::milliseconds usualRepaintTime{100};
+    /// When the clip follows the screen again after the panel has left the region.
+    struct Times {
+        std::chrono::milliseconds repaint; ///< not before, and when the region rests for as long
+        std::chrono::milliseconds fade;    ///< in any case: some regions never rest
+    };
+    /// A picture of the uncovered screen has arrived after three ticks of the recorder. But where we can't keep a
+    /// compositor from fading the panel out, that may take it longer.
+    [[nodiscard]] static Times usualTimes();
 
-    /// @param screen       The recorder's.
-    /// @param repaintTime  How long after the panel has left the region the clip follows the screen again.
+    /// @param screen  The recorder's.
     /// @pre `recorder` and `screen` outlive the panel, which owns this object.
-    PanelGuard(ScreenRecorder& recorder, const ScreenSession& screen, QWidget& panel,
-        std::chrono::milliseconds repaintTime = usualRepaintTime);
+    PanelGuard(ScreenRecorder& recorder, const ScreenSession& screen, QWidget& panel, Times times = usualTimes());
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    [[nodiscard]] bool isWhereItWasPut() const;
     [[nodiscard]] bool isInTheWay() const;
     [[nodiscard]] bool isOnRecordedScreen() const;
     void followScreen();
     void check();
+    void awaitRepaint();
+    void releaseOnceRepainted();
 
     ScreenRecorder& m_recorder;
     const ScreenSession& m_screen;
     QWidget& m_panel;
+    Times m_times;
     QTimer m_repainting; // runs while the programs below may still be repainting
+    QElapsedTimer m_sinceLeft;
 };
 
 } // namespace quillbox

@@ -15,6 +15,7 @@
 namespace quillbox {
 namespace {
 
+using std::chrono_literals::operator""h;
 using std::chrono_literals::operator""ms;
 using Numbers = std::vector<int>;
 
@@ -25,7 +26,7 @@ protected:
     {
         m_panel.setWindowFlag(Qt::FramelessWindowHint);
         m_panel.resize(20, 20);
-        new PanelGuard(*m_fixture.recorder, m_screen, m_panel, 0ms); // the panel owns it
+        new PanelGuard(*m_fixture.recorder, m_screen, m_panel, {0ms, 0ms}); // the panel owns it
     }
 
     /// Places of the main display.
@@ -36,10 +37,10 @@ protected:
         m_panel.show();
     }
     /// The programs below the panel have had the time to repaint.
-    static void settle()
+    static void settle(std::chrono::milliseconds time = 0ms)
     {
         bool isOver = false;
-        QTimer::singleShot(0, qGuiApp, [&isOver] { isOver = true; });
+        QTimer::singleShot(time, qGuiApp, [&isOver] { isOver = true; });
         ASSERT_TRUE(test::eventually([&isOver] { return isOver; }));
     }
     void deliver(std::uint8_t number)
@@ -57,8 +58,17 @@ protected:
 
 constexpr int outside = 200;
 
-TEST_F(PanelGuardTest, HoldsThePictureWhenThePanelIsShownWhereverItGoes)
+TEST_F(PanelGuardTest, HoldsNothingWhenThePanelIsShownBesideTheRegion)
 {
+    m_fixture.recordTwo();
+    show(outside, outside);
+    deliver(3);
+    EXPECT_EQ(stop(), (Numbers{1, 2, 3}));
+}
+
+TEST_F(PanelGuardTest, HoldsThePictureWhenAPanelWithAFrameIsShownWhereverItGoes)
+{
+    m_panel.setWindowFlag(Qt::FramelessWindowHint, false);
     m_fixture.recordTwo();
     show(outside, outside); // the window system has yet to say where
     deliver(3);
@@ -67,6 +77,7 @@ TEST_F(PanelGuardTest, HoldsThePictureWhenThePanelIsShownWhereverItGoes)
 
 TEST_F(PanelGuardTest, GoesOnOnceThePanelTurnsOutToBeBesideTheRegion)
 {
+    m_panel.setWindowFlag(Qt::FramelessWindowHint, false);
     m_fixture.recordTwo();
     show(outside, outside);
     settle();
@@ -121,6 +132,25 @@ TEST_F(PanelGuardTest, HoldsThePictureUntilTheProgramsBelowHaveRepainted)
     m_fixture.tick();
     deliver(5);
     EXPECT_EQ(stop(), (Numbers{1, 2, 2, 2, 4, 5})) << "the latest picture that arrived meanwhile, then what follows";
+}
+
+TEST_F(PanelGuardTest, HoldsThePictureUntilTheRegionRests)
+{
+    QWidget panel;
+    panel.setWindowFlag(Qt::FramelessWindowHint);
+    panel.setGeometry(m_panel.geometry());
+    new PanelGuard(*m_fixture.recorder, m_screen, panel, {1ms, 1h}); // the panel owns it
+    m_fixture.recordTwo();
+    panel.move(QGuiApplication::primaryScreen()->geometry().topLeft());
+    panel.show();
+    panel.hide();
+    m_fixture.deliver(3); // it fades
+    settle(50ms);
+    m_fixture.deliver(4);
+    m_fixture.tick();
+    ASSERT_TRUE(test::eventually([this] { return m_fixture.recorder->restWhileHeld() == 0ms; })) << "it has ended";
+    deliver(5);
+    EXPECT_EQ(stop(), (Numbers{1, 2, 2, 5}));
 }
 
 TEST_F(PanelGuardTest, GoesOnHoldingWhenThePanelReturnsBeforeThat)
