@@ -137,6 +137,10 @@ QuillboxApp::QuillboxApp(SystemServices services)
             m_notices->tellOfEarlyEnd(reason);
         },
         Qt::QueuedConnection);
+    QObject::connect(m_recorder.get(), &ScreenRecorder::isRecordingChanged, m_notices.get(), [this] {
+        if (!m_recorder->isRecording() && m_screen->takeRemainsLeft())
+            m_notices->tellOfRemains(); // when it can't get into the clip itself
+    });
     QObject::connect(m_recorder.get(), &ScreenRecorder::impaired, m_coordinator.get(), [] {
         DesktopNotification::show(Text::tr("The recording goes on"),
             Text::tr("It could not be prepared for the clip meanwhile. Making the clip will take longer."));

@@ -4,22 +4,15 @@
 #include "Capture/Portal/PortalStream.h"
 #include "Capture/Portal/RestoreToken.h"
 #include "Capture/Portal/ScreenCastPortal.h"
+#include "Capture/UncoveredStream.h"
 #include "Capture/X11/X11Stream.h"
 #include "Encoding/Precondition.h"
 
-#include <QCoro/QCoroTimer>
 #include <QScreen>
 
-#include <chrono>
 #include <utility>
 
 namespace quillbox {
-namespace {
-
-/// How long compositors fade out the windows that have just gone: our panel, and the question for the screen.
-constexpr std::chrono::milliseconds fadingTime{200};
-
-} // namespace
 
 ScreenSession::ScreenSession() = default;
 ScreenSession::~ScreenSession() = default;
@@ -33,10 +26,6 @@ QCoro::Task<CastPicture> ScreenSession::openCast()
         auto opening = portal->open();
         const auto cast = co_await opening;
         m_cast->cast = cast;
-        auto fading = QCoro::sleepFor(fadingTime);
-        co_await fading;
-        if (!portal)
-            throw CaptureError::stopped();
         auto looking = firstPicture(*portal, cast);
         auto first = co_await looking;
         m_cast->points = first.points;
@@ -66,7 +55,23 @@ void ScreenSession::refuseCast()
     RestoreToken::replace(QString());
 }
 
+void ScreenSession::expectUncovering(OverlayRemains remains)
+{
+    m_uncovering.emplace(Uncovering{std::move(remains), CaptureClock::now()});
+}
+
 std::unique_ptr<CaptureStream> ScreenSession::makeStream()
+{
+    auto uncovering = std::exchange(m_uncovering, std::nullopt);
+    *m_hasRemainsLeft = false;
+    auto stream = makeBareStream();
+    if (!uncovering)
+        return stream;
+    return std::make_unique<UncoveredStream>(std::move(stream), std::move(uncovering->remains), uncovering->hiddenAt,
+        [hasRemainsLeft = m_hasRemainsLeft] { *hasRemainsLeft = true; });
+}
+
+std::unique_ptr<CaptureStream> ScreenSession::makeBareStream()
 {
     const auto choice = chooseCapture();
     switch (choice.backEnd) {

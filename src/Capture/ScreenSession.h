@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Capture/CaptureStream.h"
+#include "Capture/OverlayRemains.h"
 #include "Capture/Portal/CastPicture.h"
 
 #include <QCoro/QCoroTask>
@@ -8,6 +9,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 class QScreen;
 
@@ -26,9 +28,8 @@ public:
     ScreenSession(const ScreenSession&) = delete;
     ScreenSession& operator=(const ScreenSession&) = delete;
 
-    /// Asks for a cast of a monitor, keeps it, and waits for its first picture, which is taken when the windows that
-    /// were closed for it have faded out. If this object is destroyed meanwhile, the task ends with
-    /// CaptureError::Stopped.
+    /// Asks for a cast of a monitor, keeps it, and waits for a picture of it in which the windows that were closed for
+    /// it have faded out. If this object is destroyed meanwhile, the task ends with CaptureError::Stopped.
     /// @throws CaptureError  as CaptureStream::start() does; no cast is kept then.
     [[nodiscard]] QCoro::Task<CastPicture> openCast();
     /// A region was selected on the cast, in points of a monitor that has `points` of them.
@@ -41,6 +42,13 @@ public:
     /// Likewise, and the user is asked anew for the next one: what was chosen is of no use.
     void refuseCast();
 
+    /// An overlay that covered the region which is recorded next has been hidden just now: the next stream begins when
+    /// it has left the screen.
+    void expectUncovering(OverlayRemains remains);
+    /// Whether the latest stream nevertheless began with something of it: the desktop left it there for too long. Told
+    /// once.
+    [[nodiscard]] bool takeRemainsLeft() { return std::exchange(*m_hasRemainsLeft, false); }
+
     /// A stream for the desktop that this process runs on. It takes over the cast that is kept; without one it asks
     /// for one.
     /// @throws CaptureError  Unavailable: capture is switched off, or the back end that was asked for is unknown.
@@ -50,6 +58,15 @@ public:
     [[nodiscard]] QScreen* castScreen() const;
 
 private:
+    struct Uncovering {
+        OverlayRemains remains;
+        CaptureClock::time_point hiddenAt;
+    };
+
+    [[nodiscard]] std::unique_ptr<CaptureStream> makeBareStream();
+
+    std::optional<Uncovering> m_uncovering;                                 // for the next stream
+    std::shared_ptr<bool> m_hasRemainsLeft = std::make_shared<bool>(false); // a stream may outlive this object
     std::unique_ptr<OpenCast> m_cast; // from the question on, until a stream takes it over
     QPointer<QScreen> m_castScreen;
 };

@@ -130,6 +130,10 @@
         <source>What was chosen is not one monitor: record again and choose a single monitor, not all of them</source>
         <translation>Gewählt wurde mehr als ein Monitor: Nehmen Sie noch einmal auf, und wählen Sie einen einzelnen Monitor, nicht alle zusammen</translation>
     </message>
+    <message>
+        <source>The monitor that is recorded was switched off or unplugged</source>
+        <translation>Der aufgenommene Bildschirm wurde ausgeschaltet oder abgesteckt</translation>
+    </message>
 </context>
 <context>
     <name>Clipboard</name>
@@ -1260,6 +1264,10 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <source>warning: only %1x%2 of the region&apos;s %3x%4 are on the main display; the rest is not in the clip</source>
         <translation>Warnung: Nur %1x%2 des Bereichs von %3x%4 liegen auf dem Hauptbildschirm; der Rest fehlt im Clip</translation>
     </message>
+    <message>
+        <source>warning: the clip may begin with remains of the selection: the desktop took more than two seconds to remove them from the screen</source>
+        <translation>Warnung: Am Anfang des Clips können Reste der Auswahl zu sehen sein: Die Arbeitsumgebung hat sie erst nach mehr als zwei Sekunden vom Bildschirm entfernt</translation>
+    </message>
 </context>
 <context>
     <name>RecordingCoordinator</name>
@@ -1718,6 +1726,14 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>No clip was made</source>
         <translation>Es ist kein Clip entstanden</translation>
+    </message>
+    <message>
+        <source>The clip may begin with remains of the selection</source>
+        <translation>Am Anfang des Clips können Reste der Auswahl zu sehen sein</translation>
+    </message>
+    <message>
+        <source>The desktop took more than two seconds to remove them from the screen.</source>
+        <translation>Die Arbeitsumgebung hat sie erst nach mehr als zwei Sekunden vom Bildschirm entfernt.</translation>
     </message>
 </context>
 <context>

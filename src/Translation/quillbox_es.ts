@@ -130,6 +130,10 @@
         <source>What was chosen is not one monitor: record again and choose a single monitor, not all of them</source>
         <translation>Lo elegido no es un solo monitor: vuelva a grabar y elija un único monitor, no todos</translation>
     </message>
+    <message>
+        <source>The monitor that is recorded was switched off or unplugged</source>
+        <translation>Se apagó o desconectó el monitor que se graba</translation>
+    </message>
 </context>
 <context>
     <name>Clipboard</name>
@@ -1260,6 +1264,10 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <source>warning: only %1x%2 of the region&apos;s %3x%4 are on the main display; the rest is not in the clip</source>
         <translation>advertencia: solo %1x%2 de los %3x%4 de la región están en la pantalla principal; el resto no está en el clip</translation>
     </message>
+    <message>
+        <source>warning: the clip may begin with remains of the selection: the desktop took more than two seconds to remove them from the screen</source>
+        <translation>advertencia: el clip puede empezar con restos de la selección: el escritorio tardó más de dos segundos en quitarlos de la pantalla</translation>
+    </message>
 </context>
 <context>
     <name>RecordingCoordinator</name>
@@ -1718,6 +1726,14 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>No clip was made</source>
         <translation>No se creó ningún clip</translation>
+    </message>
+    <message>
+        <source>The clip may begin with remains of the selection</source>
+        <translation>El clip puede empezar con restos de la selección</translation>
+    </message>
+    <message>
+        <source>The desktop took more than two seconds to remove them from the screen.</source>
+        <translation>El escritorio tardó más de dos segundos en quitarlos de la pantalla.</translation>
     </message>
 </context>
 <context>

@@ -130,6 +130,10 @@
         <source>What was chosen is not one monitor: record again and choose a single monitor, not all of them</source>
         <translation>Ce qui a été choisi n&apos;est pas un seul écran : enregistrez de nouveau et choisissez un seul écran, pas tous</translation>
     </message>
+    <message>
+        <source>The monitor that is recorded was switched off or unplugged</source>
+        <translation>L&apos;écran enregistré a été éteint ou débranché</translation>
+    </message>
 </context>
 <context>
     <name>Clipboard</name>
@@ -1260,6 +1264,10 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <source>warning: only %1x%2 of the region&apos;s %3x%4 are on the main display; the rest is not in the clip</source>
         <translation>avertissement&#xa0;: seuls %1x%2 de la zone de %3x%4 sont sur l’écran principal&#xa0;; le reste n’est pas dans le clip</translation>
     </message>
+    <message>
+        <source>warning: the clip may begin with remains of the selection: the desktop took more than two seconds to remove them from the screen</source>
+        <translation>avertissement&#xa0;: le clip peut commencer par des restes de la sélection&#xa0;: le bureau a mis plus de deux secondes à les retirer de l&apos;écran</translation>
+    </message>
 </context>
 <context>
     <name>RecordingCoordinator</name>
@@ -1718,6 +1726,14 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>No clip was made</source>
         <translation>Aucun clip n’a été créé</translation>
+    </message>
+    <message>
+        <source>The clip may begin with remains of the selection</source>
+        <translation>Le clip peut commencer par des restes de la sélection</translation>
+    </message>
+    <message>
+        <source>The desktop took more than two seconds to remove them from the screen.</source>
+        <translation>Le bureau a mis plus de deux secondes à les retirer de l&apos;écran.</translation>
     </message>
 </context>
 <context>

@@ -130,6 +130,10 @@
         <source>What was chosen is not one monitor: record again and choose a single monitor, not all of them</source>
         <translation>選択されたのは 1 台のモニターではありません。もう一度記録し、すべてではなく 1 台のモニターを選んでください</translation>
     </message>
+    <message>
+        <source>The monitor that is recorded was switched off or unplugged</source>
+        <translation>録画中のモニターの電源が切られたか、取り外されました</translation>
+    </message>
 </context>
 <context>
     <name>Clipboard</name>
@@ -1254,6 +1258,10 @@ The commands below have more examples: quillbox encode --help</source>
         <source>warning: only %1x%2 of the region&apos;s %3x%4 are on the main display; the rest is not in the clip</source>
         <translation>警告: 範囲 %3x%4 のうちメインディスプレイ上にあるのは %1x%2 だけです。残りはクリップに含まれません</translation>
     </message>
+    <message>
+        <source>warning: the clip may begin with remains of the selection: the desktop took more than two seconds to remove them from the screen</source>
+        <translation>警告: クリップの先頭に選択画面が残っている可能性があります: デスクトップが画面から消すのに 2 秒以上かかりました</translation>
+    </message>
 </context>
 <context>
     <name>RecordingCoordinator</name>
@@ -1705,6 +1713,14 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>No clip was made</source>
         <translation>クリップは作成されませんでした</translation>
+    </message>
+    <message>
+        <source>The clip may begin with remains of the selection</source>
+        <translation>クリップの先頭に選択画面が残っている可能性があります</translation>
+    </message>
+    <message>
+        <source>The desktop took more than two seconds to remove them from the screen.</source>
+        <translation>デスクトップが画面から消すのに 2 秒以上かかりました。</translation>
     </message>
 </context>
 <context>

@@ -130,6 +130,10 @@
         <source>What was chosen is not one monitor: record again and choose a single monitor, not all of them</source>
         <translation>所选的不是单个显示器：请重新录制，并选择一个显示器，而不是全部</translation>
     </message>
+    <message>
+        <source>The monitor that is recorded was switched off or unplugged</source>
+        <translation>正在录制的显示器已被关闭或拔下</translation>
+    </message>
 </context>
 <context>
     <name>Clipboard</name>
@@ -1254,6 +1258,10 @@ The commands below have more examples: quillbox encode --help</source>
         <source>warning: only %1x%2 of the region&apos;s %3x%4 are on the main display; the rest is not in the clip</source>
         <translation>警告：区域 %3x%4 中只有 %1x%2 位于主显示器上；其余部分不在剪辑中</translation>
     </message>
+    <message>
+        <source>warning: the clip may begin with remains of the selection: the desktop took more than two seconds to remove them from the screen</source>
+        <translation>警告：剪辑开头可能残留选区画面：桌面用了两秒以上才将其从屏幕上移除</translation>
+    </message>
 </context>
 <context>
     <name>RecordingCoordinator</name>
@@ -1705,6 +1713,14 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>No clip was made</source>
         <translation>没有生成片段</translation>
+    </message>
+    <message>
+        <source>The clip may begin with remains of the selection</source>
+        <translation>剪辑开头可能残留选区画面</translation>
+    </message>
+    <message>
+        <source>The desktop took more than two seconds to remove them from the screen.</source>
+        <translation>桌面用了两秒以上才将其从屏幕上移除。</translation>
     </message>
 </context>
 <context>

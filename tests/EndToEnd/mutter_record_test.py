@@ -9,6 +9,7 @@ from PIL import ImageChops
 
 import mutter_camera
 import mutter_input
+import mutter_monitors
 from application import until
 from recording import Recording, pillow_frames
 from share_dialog import ShareDialog
@@ -80,6 +81,10 @@ class MutterRecordTest(AskedTest):
         status, said = self.answer(self.share)
         self.assertEqual(status, 0, said)
         os.unlink(self.gif)
+
+    def test_saves_what_it_has_when_the_monitor_goes_and_says_so(self):
+        said = self.recording_ended_by(lambda: mutter_monitors.switch_off(CONNECTOR))  # mutter goes on with the cast
+        self.assertIn("The monitor that is recorded was switched off or unplugged", said)
 
     def test_has_the_pointer_in_the_picture(self):
         left, top, width, height = AREA

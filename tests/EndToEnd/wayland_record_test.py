@@ -148,11 +148,15 @@ class WaylandRecordTest(ClipTest):
 
     def recording_that_ends_early(self, *processes):
         """Kills the processes while it records. @return what is said"""
+        return self.recording_ended_by(
+            lambda: [os.kill(int(os.environ[process]), signal.SIGKILL) for process in processes])
+
+    def recording_ended_by(self, happening):
+        """@param happening  done while it records. @return what is said"""
         shown = self.canvas().show(4, AREA)
         with Recording("--region", REGION, "-o", self.gif) as recording:
             recording.wait_for_more_frames(FRAMES_A_STEP)
-            for process in processes:
-                os.kill(int(os.environ[process]), signal.SIGKILL)
+            happening()
             status, _, said = recording.result()
         self.assertEqual(status, 0, said)  # there is a clip
         self.assert_shows(self.gif, [shown])

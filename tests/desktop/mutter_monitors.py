@@ -27,5 +27,17 @@ def apply_scale(scale):
     call("ApplyMonitorsConfig", GLib.Variant("(uua(iiduba(ssa{sv}))a{sv})", (serial, TEMPORARY, wanted, {})))
 
 
+def switch_off(connector):
+    """Leaves the other monitors as they are; there is one."""
+    serial, monitors, logical, _ = call("GetCurrentState")
+    modes = {names[0]: mode[0] for names, possible, _ in monitors for mode in possible if mode[6].get("is-current")}
+    wanted = []
+    for left, top, scale, transform, _, names, _ in logical:
+        left_over = [(name[0], modes[name[0]], {}) for name in names if name[0] != connector]
+        if left_over:
+            wanted.append((left, top, scale, transform, not wanted, left_over))
+    call("ApplyMonitorsConfig", GLib.Variant("(uua(iiduba(ssa{sv}))a{sv})", (serial, TEMPORARY, wanted, {})))
+
+
 if __name__ == "__main__":
     apply_scale(float(sys.argv[1]))

@@ -42,6 +42,13 @@ void ClipNotices::tellOfEarlyEnd(const QString& reason) const
         DesktopNotification::show(tr("The recording ended early"), tr("%1. What was recorded is kept.").arg(reason));
 }
 
+void ClipNotices::tellOfRemains() const
+{
+    if (m_isOn)
+        DesktopNotification::show(tr("The clip may begin with remains of the selection"),
+            tr("The desktop took more than two seconds to remove them from the screen."));
+}
+
 void ClipNotices::follow()
 {
     if (!m_isOn || m_isSeen())

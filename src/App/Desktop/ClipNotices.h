@@ -29,6 +29,9 @@ public:
     /// open.
     void tellOfEarlyEnd(const QString& reason) const;
 
+    /// The selection was still to be seen when the recording began. Said likewise.
+    void tellOfRemains() const;
+
 private:
     void follow();
 

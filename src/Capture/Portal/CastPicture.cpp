@@ -5,8 +5,11 @@
 #include "Capture/Portal/ScreenCastPortal.h"
 
 #include <QCoro/QCoroFuture>
+#include <QCoro/QCoroTimer>
 
+#include <chrono>
 #include <memory>
+#include <mutex>
 #include <utility>
 
 namespace quillbox {
@@ -15,31 +18,79 @@ namespace {
 /// More than any monitor shows; a stream cuts what it is asked for to what there is.
 constexpr CaptureRegion everything{0, 0, 1 << 20, 1 << 20};
 
-/// Written by the stream's thread until the stream has started, read afterwards.
-struct Snapshot {
-    std::optional<RGBAFrame> picture;
-    std::optional<PixelSize> points;
+/// The screen rests when it has shown nothing new for so long: the windows that were closed for the cast, our panel and
+/// the question for the screen, have then faded out.
+constexpr std::chrono::milliseconds restTime{100};
+/// Some screens never rest.
+constexpr std::chrono::milliseconds restLimit{300};
+constexpr std::chrono::milliseconds restInterval{10};
+
+/// What the stream has shown. Thread: any.
+class Snapshot {
+public:
+    void take(const RGBAFrame& frame)
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_picture = frame;
+        m_changedAt = CaptureClock::now();
+    }
+    void setPoints(std::optional<PixelSize> points)
+    {
+        const std::scoped_lock lock(m_mutex);
+        if (!m_picture)
+            m_points = points;
+    }
+    [[nodiscard]] bool hasPicture() const
+    {
+        const std::scoped_lock lock(m_mutex);
+        return m_picture.has_value();
+    }
+    void fail(const CaptureError& reason)
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_failure = reason;
+    }
+    /// @throws CaptureError  nothing follows any more.
+    [[nodiscard]] bool isAtRest() const
+    {
+        const std::scoped_lock lock(m_mutex);
+        if (m_failure)
+            throw CaptureError(*m_failure);
+        return CaptureClock::now() - m_changedAt >= restTime;
+    }
+    [[nodiscard]] CastPicture result(std::optional<QPoint> position) const
+    {
+        const std::scoped_lock lock(m_mutex);
+        return {*m_picture, m_points, position};
+    }
+
+private:
+    mutable std::mutex m_mutex;
+    std::optional<RGBAFrame> m_picture; // the latest
+    std::optional<PixelSize> m_points;  // of the first
+    CaptureClock::time_point m_changedAt;
+    std::optional<CaptureError> m_failure;
 };
 
 /// The same source, but in its own pixels; the points are noted.
 PipeWireStream::Source inPixels(PipeWireStream::Source source, const std::shared_ptr<Snapshot>& snapshot)
 {
     source.points = [ask = std::move(source.points), snapshot](PixelSize picture) {
-        if (!snapshot->picture)
-            snapshot->points = ask(picture);
+        if (!snapshot->hasPicture())
+            snapshot->setPoints(ask(picture));
         return std::optional<PixelSize>();
     };
     return source;
 }
 
-FrameSink firstOnly(const std::shared_ptr<Snapshot>& snapshot)
+FrameSink sinkOf(const std::shared_ptr<Snapshot>& snapshot)
 {
     FrameSink sink;
     sink.frame = [snapshot](const RGBAFrame& frame, CaptureClock::time_point) {
-        if (!snapshot->picture)
-            snapshot->picture = frame;
+        snapshot->take(frame);
     };
-    sink.ended = [](const CaptureError&) {
+    sink.ended = [snapshot](const CaptureError& reason) {
+        snapshot->fail(reason);
     };
     return sink;
 }
@@ -52,7 +103,7 @@ QCoro::Task<CastPicture> firstPicture(ScreenCastPortal& portal, ScreenCast cast)
     auto remote = co_await connecting; // throws if the portal's object is gone
     const auto snapshot = std::make_shared<Snapshot>();
     PipeWireStream stream(
-        inPixels(sourceOf(cast, std::move(remote), std::nullopt), snapshot), everything, firstOnly(snapshot));
+        inPixels(sourceOf(cast, std::move(remote), std::nullopt), snapshot), everything, sinkOf(snapshot));
     const QObject context; // goes before the stream
     QObject::connect(
         &portal, &ScreenCastPortal::ended, &context, [&stream](const CaptureError& reason) { stream.end(reason); });
@@ -61,8 +112,12 @@ QCoro::Task<CastPicture> firstPicture(ScreenCastPortal& portal, ScreenCast cast)
     const auto outcome = co_await started;
     if (outcome)
         throw CaptureError(*outcome);
-    CastPicture first{*snapshot->picture, snapshot->points, cast.facts.position};
-    co_return first;
+    const auto deadline = CaptureClock::now() + restLimit;
+    while (!snapshot->isAtRest() && CaptureClock::now() < deadline) {
+        auto pause = QCoro::sleepFor(restInterval);
+        co_await pause;
+    }
+    co_return snapshot->result(cast.facts.position);
 }
 
 } // namespace quillbox

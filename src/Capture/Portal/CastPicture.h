@@ -18,8 +18,8 @@ struct CastPicture {
     std::optional<QPoint> position;  ///< of the monitor, points, as far as the portal tells it
 };
 
-/// Waits for the first picture of the cast that `portal` has opened. If the portal's object is destroyed meanwhile, the
-/// task ends with CaptureError::Stopped.
+/// Waits until the cast that `portal` has opened rests, though not for long, and gives what it shows then. If the
+/// portal's object is destroyed meanwhile, the task ends with CaptureError::Stopped.
 /// @throws CaptureError  as CaptureStream::start() does.
 [[nodiscard]] QCoro::Task<CastPicture> firstPicture(ScreenCastPortal& portal, ScreenCast cast);
 

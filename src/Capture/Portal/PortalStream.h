@@ -6,6 +6,7 @@
 
 namespace quillbox {
 
+class OutputWatch;
 class PipeWireStream;
 struct OpenCast;
 
@@ -24,6 +25,7 @@ public:
 private:
     std::unique_ptr<OpenCast> m_cast;
     std::unique_ptr<PipeWireStream> m_pictures;
+    std::unique_ptr<OutputWatch> m_watch; // of the monitor; ends the pictures
 };
 
 } // namespace quillbox

@@ -2,12 +2,15 @@
 
 #include "Capture/CaptureBackEnd.h"
 #include "Capture/Region/CastScreen.h"
+#include "Capture/Region/OverlayPictures.h"
 #include "Capture/Region/ScreenBackdrop.h"
 #include "Capture/Region/SelectionWindow.h"
 #include "Platform/Detach.h"
 #include "Translation/Translate.h"
 
+#include <QColor>
 #include <QGuiApplication>
+#include <QPalette>
 #include <QPixmap>
 #include <QScreen>
 #include <QTimer>
@@ -38,23 +41,49 @@ RegionSelector::Outcome outcomeOf(std::optional<CaptureRegion> region)
     return region ? RegionSelector::Outcome(*region) : RegionSelector::Cancelled{};
 }
 
-void presentOnX11(const RegionSelector::Completion& completion)
+QColor accentColor()
 {
-    const auto report = [completion](std::optional<CaptureRegion> region) {
-        completion(outcomeOf(region));
-    };
+    return QGuiApplication::palette().color(QPalette::Highlight);
+}
+
+/// Tells the session what was where the overlay has just been.
+void expectUncovering(ScreenSession& session, const RGBAFrame& backdrop, const std::optional<CaptureGeometry>& geometry)
+{
+    if (geometry) // else there is nothing to record either
+        session.expectUncovering(OverlayPictures::remainsOf(backdrop, *geometry, accentColor()));
+}
+
+/// @param backdrop  Is shown dimmed; null to let the desktop show through.
+void showOnX11(QScreen& screen, const QPixmap& before, const QPixmap& backdrop,
+    const std::shared_ptr<ScreenSession>& session, const RegionSelector::Completion& completion)
+{
+    const auto report
+        = [session, before, scale = screen.devicePixelRatio(), completion](std::optional<CaptureRegion> region) {
+              if (region && !before.isNull()) {
+                  const PixelRect whole{0, 0, before.width(), before.height()};
+                  expectUncovering(*session, OverlayPictures::frameOf(before), captureGeometry(*region, whole, scale));
+              }
+              completion(outcomeOf(region));
+          };
+    showOverlay(screen, screen.geometry(), backdrop, report);
+}
+
+void presentOnX11(const std::shared_ptr<ScreenSession>& session, const RegionSelector::Completion& completion)
+{
     if (ScreenBackdrop::showsThrough()) {
         auto& screen = *QGuiApplication::primaryScreen();
-        showOverlay(screen, screen.geometry(), QPixmap(), report);
+        showOnX11(screen, ScreenBackdrop::picture(screen), QPixmap(), session, completion);
         return;
     }
     ScreenBackdrop::waitUntilApplied();
-    QTimer::singleShot(panelSettlingTime, qGuiApp, [report] {
+    QTimer::singleShot(panelSettlingTime, qGuiApp, [session, completion] {
         auto* const screen = QGuiApplication::primaryScreen();
-        if (screen == nullptr)
-            report(std::nullopt);
-        else
-            showOverlay(*screen, screen->geometry(), ScreenBackdrop::picture(*screen), report);
+        if (screen == nullptr) {
+            completion(RegionSelector::Cancelled{});
+            return;
+        }
+        const auto picture = ScreenBackdrop::picture(*screen);
+        showOnX11(*screen, picture, picture, session, completion);
     });
 }
 
@@ -69,13 +98,18 @@ bool showOverlays(const std::shared_ptr<ScreenSession>& session, const CastPictu
     for (QScreen* const screen : screens) {
         const QRect frame = CastScreen::frame(*screen, {first.picture.width(), first.picture.height()});
         const PixelSize points{frame.width(), frame.height()}; // what the region counts
-        const auto report = [session, points, only, completion](std::optional<CaptureRegion> region) {
-            if (region)
-                session->selectOnCast(points, only);
-            else
-                session->closeCast();
-            completion(outcomeOf(region));
-        };
+        const auto report
+            = [session, points, only, picture = first.picture, completion](std::optional<CaptureRegion> region) {
+                  if (region) {
+                      session->selectOnCast(points, only);
+                      const PixelRect whole{0, 0, static_cast<std::int32_t>(picture.width()),
+                          static_cast<std::int32_t>(picture.height())};
+                      expectUncovering(*session, picture, captureGeometry(*region, whole, points));
+                  } else {
+                      session->closeCast();
+                  }
+                  completion(outcomeOf(region));
+              };
         auto* const window = showOverlay(*screen, frame, CastScreen::pixmap(first.picture, *screen), report);
         for (SelectionWindow* const other : windows) {
             QObject::connect(window, &SelectionWindow::finished, other, &SelectionWindow::withdraw);
@@ -130,7 +164,7 @@ void RegionSelector::present(Completion completion)
     const auto choice = chooseCapture();
     switch (choice.backEnd) {
     case CaptureBackEnd::X11:
-        presentOnX11(completion);
+        presentOnX11(m_screen, completion);
         return;
     case CaptureBackEnd::Portal:
         detach(presentOnCast(m_screen, std::move(completion)));

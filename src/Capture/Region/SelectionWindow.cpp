@@ -10,29 +10,20 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
-#include <QTimer>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <utility>
 
 namespace quillbox {
 namespace {
 
-constexpr float dimming = 0.25F;
-constexpr float fillOpacity = 0.15F;
 constexpr double lineWidth = 1.5;   // points
 constexpr double edgeWidth = 1;     // points, of the line around the selection's own
 constexpr double tagPadding = 6;    // points
 constexpr double hintPadding = 14;  // points
 constexpr double hintPlace = 0.125; // of the height, from the top
 constexpr double tagDistance = 8;   // points, from the selection
-
-/// How long a compositor and the programs below get to draw what the overlay covered: three pictures of a 60 Hz screen.
-constexpr std::chrono::milliseconds overlaySettlingTime{50};
-/// The same where compositors animate the end of every window.
-constexpr std::chrono::milliseconds animationTime{250};
 
 /// Whether windows may go past the window manager: it would animate the overlay, or keep it below panels.
 bool managesItself()
@@ -149,19 +140,13 @@ void SelectionWindow::finish(std::optional<CaptureRegion> region)
         return;
     if (managesItself())
         releaseKeyboard();
-    repaint(); // empty: a compositor that fades windows out has nothing to fade
+    // Without an own picture: a compositor that fades windows out has nothing to fade. But where it can't be kept from
+    // that, what is left is told from the screen itself only if it is dimmed.
+    if (managesItself() || !region)
+        repaint();
     hide();
     Q_EMIT finished();
     ScreenBackdrop::waitUntilApplied();
-    if (region)
-        QTimer::singleShot(
-            managesItself() ? overlaySettlingTime : animationTime, this, [this, region] { report(region); });
-    else
-        report(region);
-}
-
-void SelectionWindow::report(std::optional<CaptureRegion> region)
-{
     deleteLater();
     if (const auto onResult = std::exchange(m_onResult, {}))
         onResult(region);

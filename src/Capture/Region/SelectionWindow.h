@@ -20,11 +20,16 @@ class SelectionWindow : public QWidget {
     Q_OBJECT
 
 public:
+    /// How much of the accent colour lies over the selection, above what is dimmed by `dimming`.
+    static constexpr float fillOpacity = 0.15F;
+    /// How much of black lies over the screen.
+    static constexpr float dimming = 0.25F;
+
     using ResultCallback = std::function<void(std::optional<CaptureRegion>)>;
 
     /// @param screenFrame  The main display, in the window system's coordinates.
     /// @param backdrop     What to show dimmed; null to let the desktop show through.
-    /// @param onResult     Called once, after the window has left the screen.
+    /// @param onResult     Called once, after the window was hidden; compositors may show it a little longer.
     SelectionWindow(const QRect& screenFrame, QPixmap backdrop, ResultCallback onResult);
     ~SelectionWindow() override;
 
@@ -48,7 +53,6 @@ protected:
 
 private:
     void finish(std::optional<CaptureRegion> region);
-    void report(std::optional<CaptureRegion> region);
     static void drawTag(QPainter& painter, const QRectF& tag, const QString& text);
     void drawSelection(QPainter& painter) const;
     [[nodiscard]] static QString hintText();

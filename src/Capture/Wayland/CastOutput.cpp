@@ -46,6 +46,24 @@ PixelSize pointsOfOutput(PixelSize said, PixelSize pixels, std::int64_t scale)
     return isInPixels ? PixelSize{said.width / scale, said.height / scale} : said;
 }
 
+std::vector<std::size_t> outputsOfCast(const CastFacts& cast, PixelSize picture, std::span<const OutputFacts> outputs)
+{
+    Fit best = Fit::None;
+    std::vector<std::size_t> found; // those that fit best
+    for (std::size_t index = 0; index < outputs.size(); ++index) {
+        const OutputFacts& output = outputs[index];
+        if (output.points && !isOfOneShape(*output.points, picture))
+            continue;
+        const Fit fit = fitOf(output, cast, picture);
+        if (fit > best)
+            found.clear();
+        if (fit >= best)
+            found.push_back(index);
+        best = std::max(best, fit);
+    }
+    return found;
+}
+
 std::optional<PixelSize> pointsOfCast(const CastFacts& cast, PixelSize picture, std::span<const OutputFacts> outputs)
 {
     Fit best = Fit::None;

@@ -4,9 +4,11 @@
 
 #include <QPoint>
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <vector>
 
 namespace quillbox {
 
@@ -37,6 +39,11 @@ struct CastFacts {
 /// differ in it, it is not.
 /// @param picture  The size of the cast's upright picture, pixels; positive.
 [[nodiscard]] std::optional<PixelSize> pointsOfCast(
+    const CastFacts& cast, PixelSize picture, std::span<const OutputFacts> outputs);
+
+/// Which of the outputs may be the one that is cast: several where they fit alike.
+/// @param picture  As for pointsOfCast().
+[[nodiscard]] std::vector<std::size_t> outputsOfCast(
     const CastFacts& cast, PixelSize picture, std::span<const OutputFacts> outputs);
 
 } // namespace quillbox

@@ -9,6 +9,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <list>
 #include <optional>
 #include <utility>
@@ -21,6 +23,7 @@ struct Output {
     CHandle<wl_output, wl_output_destroy> output;
     CHandle<wl_proxy, WaylandProtocols::destroyDetails> details;
     OutputFacts facts;
+    std::uint32_t name = 0; // the compositor's number for it
     std::int32_t scale = 1; // pixels a point that windows are asked for
 };
 
@@ -35,6 +38,7 @@ public:
 
     [[nodiscard]] const std::list<Output>& outputs() const { return m_outputs; }
     void repaint(const Output& output);
+    [[nodiscard]] bool waitUntilGone(const std::vector<std::uint32_t>& outputs);
 
 private:
     void addOutput(const WaylandDisplay::Global& global);
@@ -86,6 +90,7 @@ void Compositor::Connection::addOutput(const WaylandDisplay::Global& global)
         .description = [](void*, wl_output*, const char*) {},
     };
     Output& output = m_outputs.emplace_back();
+    output.name = global.name;
     output.output.reset(m_display.bind<wl_output>(global, wl_output_interface, WL_OUTPUT_SCALE_SINCE_VERSION));
     (void)wl_output_add_listener(output.output.get(), &listener, &output);
 }
@@ -140,6 +145,15 @@ void Compositor::Connection::repaint(const Output& output)
     (void)m_display.roundTrip(); // it goes again in any case
 }
 
+bool Compositor::Connection::waitUntilGone(const std::vector<std::uint32_t>& outputs)
+{
+    return m_display.followUntil([&] {
+        return std::ranges::none_of(m_display.globals(), [&](const WaylandDisplay::Global& global) {
+            return std::ranges::find(outputs, global.name) != outputs.end();
+        });
+    });
+}
+
 Compositor::Compositor(std::shared_ptr<const CancelEvent> stop)
     : m_connection(std::make_unique<Connection>(std::move(stop)))
 {
@@ -162,6 +176,14 @@ void Compositor::repaint()
 {
     for (const Output& output : m_connection->outputs())
         m_connection->repaint(output);
+}
+
+bool Compositor::waitUntilGone(const CastFacts& cast, PixelSize picture)
+{
+    std::vector<std::uint32_t> names;
+    for (const std::size_t index : outputsOfCast(cast, picture, outputs()))
+        names.push_back(std::next(m_connection->outputs().begin(), static_cast<std::ptrdiff_t>(index))->name);
+    return !names.empty() && m_connection->waitUntilGone(names);
 }
 
 } // namespace quillbox

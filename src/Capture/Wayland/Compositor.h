@@ -25,6 +25,12 @@ public:
     /// not let us.
     void repaint();
 
+    /// Waits, as long as it takes, until the output that is cast was switched off or unplugged; where several may be
+    /// the one, until all of them were.
+    /// @param picture  The size of the cast's upright picture, pixels.
+    /// @return false where the compositor does not tell; and once the signal is raised.
+    [[nodiscard]] bool waitUntilGone(const CastFacts& cast, PixelSize picture);
+
 private:
     class Connection;
     std::unique_ptr<Connection> m_connection;

@@ -40,13 +40,22 @@ WaylandDisplay::WaylandDisplay(std::shared_ptr<const CancelEvent> stop)
 
 bool WaylandDisplay::dispatchUntil(const bool& isDone)
 {
-    const auto deadline = Clock::now() + answerPatience;
+    return takeEvents([&isDone] { return isDone; }, Clock::now() + answerPatience);
+}
+
+bool WaylandDisplay::followUntil(const std::function<bool()>& isDone)
+{
+    return takeEvents(isDone, std::nullopt);
+}
+
+bool WaylandDisplay::takeEvents(const std::function<bool()>& isDone, Deadline deadline)
+{
     wl_display* const display = m_display.get();
-    while (!isDone) {
+    while (!isDone()) {
         while (wl_display_prepare_read(display) != 0)
             if (wl_display_dispatch_pending(display) < 0)
                 return false;
-        if (isDone) {
+        if (isDone()) {
             wl_display_cancel_read(display);
             return true;
         }
@@ -62,12 +71,15 @@ bool WaylandDisplay::dispatchUntil(const bool& isDone)
 }
 
 /// @return false if the time ran out, or it was stopped
-bool WaylandDisplay::waitForEvents(Clock::time_point deadline) const
+bool WaylandDisplay::waitForEvents(Deadline deadline) const
 {
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
+    constexpr std::int64_t noLimit = -1; // of poll()
+    const auto left
+        = deadline ? std::chrono::ceil<std::chrono::milliseconds>(*deadline - Clock::now()).count() : noLimit;
     std::array<pollfd, 2> wanted{
         {{wl_display_get_fd(m_display.get()), POLLIN, 0}, {m_stop ? m_stop->descriptor() : -1, POLLIN, 0}}};
-    return left > 0 && ::poll(wanted.data(), wanted.size(), static_cast<int>(left)) > 0 && wanted.back().revents == 0;
+    return (left > 0 || !deadline) && ::poll(wanted.data(), wanted.size(), static_cast<int>(left)) > 0
+        && wanted.back().revents == 0;
 }
 
 bool WaylandDisplay::roundTrip()

@@ -8,7 +8,9 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -50,6 +52,8 @@ public:
 
     /// Takes events until `isDone`. @return false if the time ran out, the connection broke, or it was stopped
     [[nodiscard]] bool dispatchUntil(const bool& isDone);
+    /// The same, for what is no answer, without a limit of time.
+    [[nodiscard]] bool followUntil(const std::function<bool()>& isDone);
     /// Until the compositor has done what was asked of it and we have heard of it. @return as above
     [[nodiscard]] bool roundTrip();
 
@@ -58,7 +62,10 @@ private:
         void operator()(wl_registry* registry) const { wl_registry_destroy(registry); }
     };
 
-    [[nodiscard]] bool waitForEvents(std::chrono::steady_clock::time_point deadline) const;
+    using Deadline = std::optional<std::chrono::steady_clock::time_point>; // none: no limit
+
+    [[nodiscard]] bool takeEvents(const std::function<bool()>& isDone, Deadline deadline);
+    [[nodiscard]] bool waitForEvents(Deadline deadline) const;
 
     std::shared_ptr<const CancelEvent> m_stop;
     // Destroyed from the last to the first.

@@ -136,11 +136,20 @@ TEST_F(ClipNoticesTest, SaysNothingWhileThePanelIsOpenOrItIsSwitchedOff)
     m_notices.setOn(false);
     finish();
     m_notices.tellOfEarlyEnd("The disk is full");
+    m_notices.tellOfRemains();
     EXPECT_FALSE(ClipNotices(m_coordinator, m_reveal, [] { return false; }).isOn()) << "it is remembered";
     m_notices.setOn(true);
     m_notices.tellOfEarlyEnd("The disk is full");
     ASSERT_TRUE(test::eventually([this] { return !m_desktop.shown.empty(); }));
     EXPECT_EQ(m_desktop.shown[0].title, "The recording ended early") << "messages arrive in order";
+}
+
+TEST_F(ClipNoticesTest, SaysThatTheSelectionMayBeInTheClip)
+{
+    m_notices.tellOfRemains();
+    ASSERT_TRUE(isShown(1));
+    EXPECT_EQ(m_desktop.shown[0].title, "The clip may begin with remains of the selection");
+    EXPECT_EQ(m_desktop.shown[0].text, "The desktop took more than two seconds to remove them from the screen.");
 }
 
 } // namespace

@@ -109,5 +109,18 @@ TEST(CastOutput, IsWhatThePortalSaysWhereTheCompositorSaysNothing)
     EXPECT_EQ(pointsOfCast({QPoint(0, 0), PixelSize{1920, 1080}}, {1920, 1080}, untold), (PixelSize{1920, 1080}));
 }
 
+TEST(CastOutput, IsFoundAmongTheOutputsAsFarAsTheyDiffer)
+{
+    using Indices = std::vector<std::size_t>;
+    const Outputs equal{output({0, 0}, {1280, 720}, {1280, 720}), output({1280, 0}, {1280, 720}, {1280, 720})};
+    EXPECT_EQ(outputsOfCast({QPoint(1280, 0), PixelSize{1280, 720}}, {1280, 720}, equal), (Indices{1}));
+    EXPECT_EQ(outputsOfCast({std::nullopt, PixelSize{1280, 720}}, {1280, 720}, equal), (Indices{0, 1}));
+    const Outputs unequal{output({0, 0}, {960, 540}, {1920, 1080}), output({960, 0}, {800, 600}, {1600, 1200})};
+    EXPECT_EQ(outputsOfCast({std::nullopt, std::nullopt}, {1600, 1200}, unequal), (Indices{1}));
+    EXPECT_EQ(outputsOfCast({std::nullopt, std::nullopt}, {1000, 1000}, unequal), Indices{}) << "none has the shape";
+    EXPECT_EQ(outputsOfCast({std::nullopt, std::nullopt}, {1920, 1080}, Outputs{OutputFacts()}), (Indices{0}));
+    EXPECT_EQ(outputsOfCast({std::nullopt, std::nullopt}, {1920, 1080}, {}), Indices{});
+}
+
 } // namespace
 } // namespace quillbox

@@ -217,6 +217,10 @@ QCoro::Task<int> recordAndSave(RecordOptions options)
         co_return ExitCode::failure;
     if (!isSelected)
         warnOfCut(*options.region, recording.frames().front());
+    else if (screen->takeRemainsLeft())
+        ErrorReport::print(translate("RecordCommand",
+            "warning: the clip may begin with remains of the selection: the desktop took more than two seconds to "
+            "remove them from the screen"));
     std::string failure;
     try {
         const auto preset = options.out.precise ? std::nullopt : std::optional(options.out.preset);
