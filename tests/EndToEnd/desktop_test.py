@@ -11,7 +11,7 @@ import unittest
 from application import overlay, phase, program, quillbox, run, status, until, windows, xdo
 from desktop import Desktop, clipboard, take_hotkey, without_pointer
 from recording import ffmpeg_frames, pillow_frames
-from running import ApplicationTest
+from running import ApplicationTest, extents
 from screen import BLOCKS, DESKTOP, INK, PAPER, Screen
 
 AREA = (301, 257, 322, 238)
@@ -150,10 +150,15 @@ class DesktopTest(ApplicationTest):
             while text not in (line := notices.stdout.readline()):
                 self.assertTrue(line, f"it says: {text}")
 
+    def around(self):
+        """What the server shows of the region and its surroundings, once the compositor has drawn the first step."""
+        left, top, color = self.screen.block(1)
+        until(lambda: self.screen.picture(*AROUND).getpixel((left + 4, top + 4)) == color, "the step", limit=20)
+        return self.screen.picture(*AROUND).tobytes()
+
     def test_frames_the_region_while_it_records_and_keeps_the_frame_out_of_the_clip(self):
         _, _, width, height = AREA
-        until(lambda: self.screen.picture(*AROUND).getpixel((4, 4)) == PAPER, "the compositor shows the screen")
-        before = self.screen.picture(*AROUND).tobytes()
+        before = self.around()
         desktop = self.start()
         desktop.record(*AREA)
         self.play_and_wait(desktop)
@@ -164,15 +169,15 @@ class DesktopTest(ApplicationTest):
         self.assertEqual(quillbox("stop").returncode, 0)
         self.assert_is_a_finished_clip(desktop, AREA)
         self.screen.show(1)
-        until(lambda: self.screen.picture(*AROUND).tobytes() == before, "the frame is gone")
+        until(lambda: self.screen.picture(*AROUND).tobytes() == before, "the frame is gone", limit=20)
 
     def test_leaves_no_frame_behind_when_it_is_killed(self):
         desktop = self.start()
-        before = self.screen.picture(*AROUND).tobytes()
+        before = self.around()
         desktop.record(*AREA)
-        until(lambda: self.screen.picture(*AROUND).tobytes() != before, "there is a frame")
+        until(lambda: self.screen.picture(*AROUND).getpixel((1, 1)) == FRAME, "there is a frame", limit=20)
         desktop.process.kill()
-        until(lambda: self.screen.picture(*AROUND).tobytes() == before, "the frame is gone")
+        until(lambda: self.screen.picture(*AROUND).tobytes() == before, "the frame is gone", limit=20)
 
     def test_ignores_the_hotkey_while_recording(self):
         desktop = self.start()
@@ -416,6 +421,28 @@ class DesktopTest(ApplicationTest):
         desktop.click("push button", "Settings")
         until(lambda: "Everything stays on your Mac. No cloud, no telemetry, no account." in desktop.texts(), "settings")
         self.keep_screenshot("settings")
+
+    def test_a_clip_can_be_dragged_into_another_program(self):
+        target = self.run_beside("/usr/bin/python3", pathlib.Path(__file__).with_name("drop_target.py"),
+                                 "100", "500", "200", "100", stdout=subprocess.PIPE)
+        self.addCleanup(target.stdout.close)
+        self.assertEqual(target.stdout.readline(), "ready\n")
+        desktop = self.start()
+        desktop.record(*AREA)
+        self.play_and_wait(desktop, 1)
+        self.assertEqual(quillbox("stop").returncode, 0)
+        path = pathlib.Path(status()["path"])
+        desktop.open_panel()
+        until(lambda: path.name in desktop.texts(), "the clip is in the list")
+        x, y, width, height = extents(desktop.find("label", path.name))
+        xdo("mousemove", x + width // 2, y + height // 2, "mousedown", 1)
+        xdo("mousemove", x + width // 2 - 30, y + height // 2 + 30)
+        for left in (400, 250, 200):
+            xdo("mousemove", left, 550)
+        xdo("mouseup", 1)
+        *offered, uri = target.stdout.readline().split()
+        self.assertEqual((offered[0], uri), ("text/uri-list", path.as_uri()))
+        self.assertTrue(path.exists(), "it is copied, not moved")
 
     def test_reveals_a_clip_through_the_file_manager(self):
         name = "org.freedesktop.FileManager1"

@@ -115,7 +115,17 @@ class ApplicationTest(unittest.TestCase):
 def extents(node):
     """Where a widget is: on X11 on the screen, on Wayland in its window. (x, y, width, height)"""
     place = node.get_extents(Atspi.CoordType.SCREEN)
-    return place.x, place.y, place.width, place.height
+    if "WAYLAND_DISPLAY" not in os.environ:
+        return place.x, place.y, place.width, place.height
+    window = window_of(node).get_extents(Atspi.CoordType.SCREEN)  # the corner of the output that the toolkit takes it for
+    return place.x - window.x, place.y - window.y, place.width, place.height
+
+
+def window_of(node):
+    """The widget that a widget is in, and that is in no other."""
+    while (parent := node.get_parent()) is not None and parent.get_role_name() != "application":
+        node = parent
+    return node
 
 
 def press(button):

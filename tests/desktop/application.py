@@ -23,9 +23,9 @@ def quillbox(*arguments, **options):
     return run(program(), *arguments, **options)
 
 
-def until(condition, what):
+def until(condition, what, limit=LIMIT_SECONDS):
     """Waits for something that other programs bring about. @return what the condition then answered."""
-    end = time.monotonic() + LIMIT_SECONDS
+    end = time.monotonic() + limit
     while not (answer := condition()):
         if time.monotonic() > end:
             raise AssertionError(f"never happened: {what}")
