@@ -87,9 +87,9 @@ QuillboxApp::QuillboxApp(SystemServices services)
     m_hotkey->registerKey(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
     rememberPrecision();
     m_tray = std::make_unique<TrayIcon>(*m_coordinator);
-    m_traylessStop = std::make_unique<TraylessStop>(*m_coordinator, *m_recorder);
+    m_traylessStop = std::make_unique<TraylessStop>(*m_coordinator, *m_recorder, *m_screen);
     tellOfClips();
-    new RegionFrame(*m_recorder, m_recorder.get()); // the recorder owns it
+    new RegionFrame(*m_recorder, *m_screen, m_recorder.get()); // the recorder owns it
     m_service = std::make_unique<ApplicationService>(*m_coordinator,
         ApplicationService::Actions{.showPanel = [this] { showPanel(); },
             .showSettings = [this] { showSettings(); },

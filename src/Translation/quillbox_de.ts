@@ -2111,6 +2111,21 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     </message>
 </context>
 <context>
+    <name>quillbox::TraylessStop</name>
+    <message>
+        <source>The screen is being recorded</source>
+        <translation>Der Bildschirm wird aufgenommen</translation>
+    </message>
+    <message>
+        <source>“Stop &amp; Copy” ends the recording.</source>
+        <translation>„Beenden &amp; kopieren“ beendet die Aufnahme.</translation>
+    </message>
+    <message>
+        <source>Stop &amp; Copy</source>
+        <translation>Beenden &amp; kopieren</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::UpdateView</name>
     <message>
         <source>Looking for updates…</source>

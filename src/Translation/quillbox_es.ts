@@ -2111,6 +2111,21 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     </message>
 </context>
 <context>
+    <name>quillbox::TraylessStop</name>
+    <message>
+        <source>The screen is being recorded</source>
+        <translation>Se está grabando la pantalla</translation>
+    </message>
+    <message>
+        <source>“Stop &amp; Copy” ends the recording.</source>
+        <translation>«Detener y copiar» termina la grabación.</translation>
+    </message>
+    <message>
+        <source>Stop &amp; Copy</source>
+        <translation>Detener y copiar</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::UpdateView</name>
     <message>
         <source>Looking for updates…</source>

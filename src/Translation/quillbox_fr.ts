@@ -2111,6 +2111,21 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     </message>
 </context>
 <context>
+    <name>quillbox::TraylessStop</name>
+    <message>
+        <source>The screen is being recorded</source>
+        <translation>L&apos;écran est en cours d&apos;enregistrement</translation>
+    </message>
+    <message>
+        <source>“Stop &amp; Copy” ends the recording.</source>
+        <translation>«&#xa0;Arrêter et copier&#xa0;» termine l&apos;enregistrement.</translation>
+    </message>
+    <message>
+        <source>Stop &amp; Copy</source>
+        <translation>Arrêter et copier</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::UpdateView</name>
     <message>
         <source>Looking for updates…</source>

@@ -2096,6 +2096,21 @@ The commands below have more examples: quillbox encode --help</source>
     </message>
 </context>
 <context>
+    <name>quillbox::TraylessStop</name>
+    <message>
+        <source>The screen is being recorded</source>
+        <translation>正在录制屏幕</translation>
+    </message>
+    <message>
+        <source>“Stop &amp; Copy” ends the recording.</source>
+        <translation>“停止并复制”可结束录制。</translation>
+    </message>
+    <message>
+        <source>Stop &amp; Copy</source>
+        <translation>停止并复制</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::UpdateView</name>
     <message>
         <source>Looking for updates…</source>

@@ -3,6 +3,7 @@
 tests/desktop/mutter-session, one test a session."""
 
 import os
+import subprocess
 import unittest
 
 from PIL import ImageChops
@@ -97,6 +98,32 @@ class MutterDesktopTest(AskingDesktopTest):
         self.assertIsNone(desktop.panel())
         self.assertEqual(run(os.environ["QUILLBOX_PROGRAM"]).returncode, 0)
         until(desktop.panel, "the panel is open")
+
+    def test_a_message_of_the_desktop_ends_a_recording(self):
+        """There is no tray, and no place for a control."""
+        name, path = "org.freedesktop.Notifications", "/org/freedesktop/Notifications"
+        messages = subprocess.Popen(["/usr/bin/python3", "-m", "dbusmock", "--session", "--template",
+                                     "notification_daemon"], stdout=subprocess.PIPE, text=True)
+        self.addCleanup(messages.stdout.close)
+        self.addCleanup(messages.wait)
+        self.addCleanup(messages.kill)
+        calls = ["gdbus", "call", "--session", "--dest", name, "--object-path", path, "--method"]
+        until(lambda: run(*calls, f"{name}.GetServerInformation").returncode == 0, "the desktop shows messages")
+        self.canvas.show(0, AREA)
+        desktop = self.start_with_panel()
+        desktop.press("Record Region")
+        self.permit(self.dialog())
+        self.drag_area()
+        desktop.wait_for("recording")
+        line = next(line for line in messages.stdout if " Notify " in line)
+        for wanted in ('"The screen is being recorded"', '"Stop & Copy"', '"resident": True', '"urgency": 0'):
+            self.assertIn(wanted, line.replace("'", '"'))
+        shown = self.play(desktop)
+        pressed = run(*calls, "org.freedesktop.DBus.Mock.EmitSignal", name, "ActionInvoked", "us", "[<uint32 1>, <'act'>]")
+        self.assertEqual(pressed.returncode, 0, pressed.stderr)
+        desktop.wait_for("done")
+        self.assert_is_the_clip(shown)
+        self.assertTrue(next(line for line in messages.stdout if " CloseNotification 1" in line))
 
     def test_leaves_nothing_open_after_one_recording_and_another(self):
         self.canvas.show(0, AREA)

@@ -13,6 +13,7 @@ import unittest
 from PIL import Image
 
 from application import quillbox, run, status, until
+from canvas import BLOCKS
 from recording import pillow_frames
 from running import extents
 from wayland_application import AREA, SCALE, WaylandApplicationTest, casts
@@ -35,12 +36,20 @@ def windows():
     return found
 
 
+def colors_of(picture):
+    return {color for _, color in picture.getcolors(maxcolors=1 << 24)}
+
+
 def places(title):
     return [place for name, place in windows() if name == title]
 
 
 def overlays():
     return places("Select a region — Quillbox")
+
+
+FRAME = (224, 52, 60)
+CONTROL = "Recording — Quillbox"  # as assistive technologies know it
 
 
 class WaylandDesktopTest(WaylandApplicationTest):
@@ -75,6 +84,82 @@ class WaylandDesktopTest(WaylandApplicationTest):
         self.assert_is_copied(path)
         until(lambda: path.name in desktop.texts(), "the clip is in the list")
         self.keep_screenshot("panel-done")
+
+    def shows_frame(self):
+        """Whether there is the frame, on the pixels just outside of the area."""
+        left, top, right, bottom = (AREA[0] * SCALE, AREA[1] * SCALE, (AREA[0] + AREA[2]) * SCALE,
+                                    (AREA[1] + AREA[3]) * SCALE)
+        picture = self.seen()
+        return {picture.getpixel(point) for point in ((left - 1, top), (right, bottom - 1), (left, top - 1),
+                                                      (right - 1, bottom))} == {FRAME}
+
+    def test_frames_the_region_while_it_records_and_keeps_the_frame_out_of_the_clip(self):
+        self.canvas.show(0, AREA)
+        desktop = self.start()
+        desktop.begin()
+        self.drag_area()
+        desktop.wait_for("recording")
+        until(self.shows_frame, "the frame is on the screen", limit=20)
+        self.keep_screenshot("recording")
+        shown = self.play(desktop)
+        self.assertTrue(self.shows_frame())
+        self.assertEqual(quillbox("stop").returncode, 0)
+        self.assert_is_the_clip(shown)
+        until(lambda: FRAME not in colors_of(self.seen()), "the frame is gone", limit=20)
+
+    def test_keeps_the_frame_out_of_a_clip_whose_edges_lie_between_pixels(self):
+        """On an output whose scale is no whole number."""
+        self.canvas.show_picture(Image.new("RGB", self.canvas.size, BLOCKS[4]))
+        desktop = self.start()
+        desktop.begin()
+        self.drag_area()
+        desktop.wait_for("recording")
+        until(lambda: FRAME in colors_of(self.seen()), "the frame is on the screen", limit=20)
+        desktop.wait_for_frames(status()["frameCount"] + 12)
+        self.assertEqual(quillbox("stop").returncode, 0)
+        for picture, _ in pillow_frames(status()["path"]):
+            self.assertEqual((picture.size, colors_of(picture)), (AREA[2:], {BLOCKS[4]}))
+
+    def test_ends_a_recording_by_the_mouse_where_there_is_no_tray(self):
+        self.canvas.show(0, AREA)
+        desktop = self.start()
+        until(desktop.panel, "the panel is open")
+        desktop.begin()
+        self.drag_area()
+        desktop.wait_for("recording")
+        shown = self.play(desktop)
+        control = until(lambda: next((node for node in desktop.widgets() if node.get_name() == CONTROL), None),
+                        "there is a control")
+        _, _, width, height = extents(control)
+        left, top = AREA[0] + AREA[2] - width, AREA[1] + AREA[3] + 12
+        before = self.seen().crop((left, top, left + width, top + height))
+        self.assertGreater(len(colors_of(before)), 10, "it is on the screen")
+        until(lambda: self.seen().crop((left, top, left + width, top + height)).tobytes() != before.tobytes(),
+              "the time goes on", limit=20)
+        self.keep_screenshot("stop-control")
+        self.assertNotIn(CONTROL, [title for title, _ in windows()], "it is no window")
+        x, y, width, height = extents(desktop.find("push button", "Stop & Copy"))
+        self.user.click(left + x + width // 2, top + y + height // 2)
+        desktop.wait_for("done")
+        self.assert_is_the_clip(shown)
+
+    def test_a_press_on_another_monitor_says_on_which_one_recording_is_possible(self):
+        line, background = "Recording is possible on HEADLESS-2 only. Drag there.", (24, 24, 27)
+        self.canvas.show(0, AREA)
+        desktop = self.start()
+        desktop.begin()
+        until(overlays, "the overlay is on the screen")
+        self.assertNotIn(background, colors_of(self.seen(1)))
+        self.user.click(300, 300)
+        until(lambda: line in desktop.texts() and background in colors_of(self.seen(1)), "the line is there", limit=20)
+        self.assertEqual(status()["phase"], "selecting")
+        self.drag_area()
+        desktop.wait_for("recording")
+        shown = self.play(desktop)
+        self.assertNotIn(line, desktop.texts())
+        self.assertNotIn(background, colors_of(self.seen(1)))
+        self.assertEqual(quillbox("stop").returncode, 0)
+        self.assert_is_the_clip(shown)
 
     def record_with_the_panel_on(self, number):
         """Opens the panel twice on that output while it records. @return what was shown before, and meanwhile"""
@@ -163,10 +248,10 @@ class WaylandDesktopTest(WaylandApplicationTest):
         self.user.key("Escape")
         desktop.wait_for("idle")
 
-    def seen(self):
-        """A picture of the cast output, in its own pixels."""
-        png = subprocess.run(["grim", "-o", "HEADLESS-" + os.environ["CAST_OUTPUT"], "-"], capture_output=True,
-                             timeout=60, check=True).stdout
+    def seen(self, number=os.environ["CAST_OUTPUT"]):
+        """A picture of an output, the cast one unless another is wanted, in its own pixels."""
+        png = subprocess.run(["grim", "-o", f"HEADLESS-{number}", "-"], capture_output=True, timeout=60,
+                             check=True).stdout
         return Image.open(io.BytesIO(png)).convert("RGB")
 
     def test_records_again_and_again_with_one_cast_at_a_time(self):

@@ -1,15 +1,22 @@
 #include "App/Desktop/RegionFrame.h"
 
+#include "App/Desktop/LayerPlacement.h"
 #include "Capture/CaptureBackEnd.h"
 #include "Capture/CaptureGeometry.h"
 #include "Capture/ScreenRecorder.h"
+#include "Capture/ScreenSession.h"
 #include "Platform/DisplayError.h"
+#include "Platform/Wayland/LayerSurface.h"
+#include "Platform/WindowSystem.h"
 #include "Platform/X11/X11Bars.h"
 
+#include <QColor>
 #include <QGuiApplication>
+#include <QImage>
 #include <QScreen>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace quillbox {
@@ -17,6 +24,18 @@ namespace {
 
 constexpr std::uint32_t frameColor = 0xE0343C; // as a recording is marked everywhere
 constexpr std::uint32_t frameEdge = 0xFFFFFF;  // around it, for what is red or dark
+
+/// One of the frame's two lines.
+struct Ring {
+    std::int32_t distance; ///< from the region
+    std::int32_t thickness;
+    std::uint32_t color; ///< 0xRRGGBB
+};
+
+std::array<Ring, 2> rings(std::int32_t distance, std::int32_t line)
+{
+    return {Ring{distance, 2 * line, frameColor}, Ring{distance + 2 * line, line, frameEdge}};
+}
 
 std::unique_ptr<X11Bars> frameAround(CaptureRegion region)
 {
@@ -30,18 +49,44 @@ std::unique_ptr<X11Bars> frameAround(CaptureRegion region)
         return nullptr;
     const auto line = std::max(1, static_cast<std::int32_t>(std::lround(scale)));
     std::vector<X11Bars::Bar> bars;
-    for (const PixelRect& side : RegionFrame::sides(geometry->source, 0, 2 * line, display))
-        bars.push_back({.place = side, .color = frameColor});
-    for (const PixelRect& side : RegionFrame::sides(geometry->source, 2 * line, line, display))
-        bars.push_back({.place = side, .color = frameEdge});
+    for (const Ring& ring : rings(0, line))
+        for (const PixelRect& side : RegionFrame::sides(geometry->source, ring.distance, ring.thickness, display))
+            bars.push_back({.place = side, .color = ring.color});
     return std::make_unique<X11Bars>(bars);
+}
+
+PixelRect fromQt(const QRect& rect)
+{
+    return {rect.x(), rect.y(), rect.width(), rect.height()};
+}
+
+std::vector<std::unique_ptr<LayerSurface>> frameOn(const QScreen& screen, CaptureRegion region)
+{
+    const auto output = LayerOutput::open(screen.name());
+    if (!output)
+        return {};
+    const QRect covered = LayerPlacement::covered(region, screen.size(), output->points());
+    const bool fitsPixels = output->hasWholeScale() && screen.size() == output->points();
+    const int distance = fitsPixels ? 0 : 1; // a pixel may belong to the region and the points around it
+    std::vector<std::unique_ptr<LayerSurface>> surfaces;
+    for (const Ring& ring : rings(distance, 1))
+        for (const PixelRect& side : RegionFrame::sides(
+                 fromQt(covered), ring.distance, ring.thickness, fromQt(QRect(QPoint(), output->points())))) {
+            const QRect place(side.x, side.y, side.width, side.height);
+            QImage picture(place.size() * output->scale(), QImage::Format_ARGB32_Premultiplied);
+            picture.fill(QColor::fromRgb(ring.color));
+            surfaces.push_back(std::make_unique<LayerSurface>(output, place, LayerSurface::Pointer::Passed));
+            surfaces.back()->show(picture);
+        }
+    return surfaces;
 }
 
 } // namespace
 
-RegionFrame::RegionFrame(ScreenRecorder& recorder, QObject* parent)
+RegionFrame::RegionFrame(ScreenRecorder& recorder, const ScreenSession& screen, QObject* parent)
     : QObject(parent)
     , m_recorder(recorder)
+    , m_screen(screen)
 {
     connect(&recorder, &ScreenRecorder::isRecordingChanged, this, &RegionFrame::follow);
 }
@@ -70,8 +115,15 @@ std::vector<PixelRect> RegionFrame::sides(
 void RegionFrame::follow()
 {
     m_bars.reset();
+    m_surfaces.clear();
     const auto region = m_recorder.region();
-    if (!region || chooseCapture().backEnd != CaptureBackEnd::X11)
+    if (!region)
+        return;
+    const auto backEnd = chooseCapture().backEnd;
+    const auto* const screen = m_screen.castScreen();
+    if (backEnd == CaptureBackEnd::Portal && toolkitWindowSystem() == WindowSystem::Wayland && screen != nullptr)
+        m_surfaces = frameOn(*screen, *region);
+    if (backEnd != CaptureBackEnd::X11)
         return;
     try {
         m_bars = frameAround(*region);

@@ -1,8 +1,11 @@
 #include "App/Desktop/TraylessStop.h"
 
+#include "App/Desktop/LastingNotification.h"
+#include "App/Desktop/LayerStop.h"
 #include "App/Desktop/RegionPlace.h"
 #include "App/Workflow/CurrentCoordinator.h"
 #include "Capture/ScreenRecorder.h"
+#include "Capture/ScreenSession.h"
 #include "Platform/WindowSystem.h"
 
 #include <QGuiApplication>
@@ -12,10 +15,12 @@
 
 namespace quillbox {
 
-TraylessStop::TraylessStop(CurrentCoordinator& coordinator, const ScreenRecorder& recorder, QObject* parent)
+TraylessStop::TraylessStop(
+    CurrentCoordinator& coordinator, const ScreenRecorder& recorder, const ScreenSession& screen, QObject* parent)
     : QObject(parent)
     , m_coordinator(coordinator)
     , m_recorder(recorder)
+    , m_screen(screen)
 {
     connect(&coordinator, &CurrentCoordinator::phaseChanged, this, &TraylessStop::follow);
 }
@@ -30,25 +35,56 @@ void TraylessStop::setHasTray(bool hasTray)
 
 void TraylessStop::follow()
 {
-    const auto region = m_recorder.region();
-    const auto* const primary = QGuiApplication::primaryScreen();
-    const bool isWanted = !m_hasTray && m_coordinator.isIn<RecordingCoordinator::Recording>() && region
-        && primary != nullptr && toolkitWindowSystem() == WindowSystem::X11;
+    const bool isWanted
+        = !m_hasTray && m_coordinator.isIn<RecordingCoordinator::Recording>() && m_recorder.region().has_value();
     if (!isWanted) {
-        if (m_control) {
-            m_control->hide();
-            m_control.release()->deleteLater(); // its button may be what was pressed
-        }
+        remove();
         return;
     }
-    if (m_control)
+    if (m_control || m_layerStop || m_message)
+        return;
+    const auto windowSystem = toolkitWindowSystem();
+    if (windowSystem == WindowSystem::X11)
+        showOnX11();
+    else if (windowSystem == WindowSystem::Wayland)
+        showOnWayland();
+}
+
+void TraylessStop::showOnX11()
+{
+    const auto* const primary = QGuiApplication::primaryScreen();
+    if (primary == nullptr)
         return;
     std::vector<QRect> screens{primary->availableGeometry()};
     for (const auto* const screen : QGuiApplication::screens())
         if (screen != primary)
             screens.push_back(screen->availableGeometry());
     m_control = std::make_unique<StopControl>(m_coordinator);
-    m_control->appear(placeOf(*region), screens);
+    m_control->appear(placeOf(*m_recorder.region()), screens);
+}
+
+void TraylessStop::showOnWayland()
+{
+    if (auto* const recorded = m_screen.castScreen())
+        m_layerStop = LayerStop::beside(*m_recorder.region(), *recorded, m_coordinator);
+    if (!m_layerStop)
+        m_message = std::make_unique<LastingNotification>(tr("The screen is being recorded"),
+            tr("“Stop & Copy” ends the recording."), tr("Stop & Copy"), [this] { m_coordinator.stop(); });
+}
+
+/// One of them may be what was pressed.
+void TraylessStop::remove()
+{
+    if (m_control) {
+        m_control->hide();
+        m_control.release()->deleteLater();
+    }
+    if (m_layerStop) {
+        m_layerStop->remove();
+        m_layerStop.release()->deleteLater();
+    }
+    if (m_message)
+        m_message.release()->deleteLater();
 }
 
 } // namespace quillbox

@@ -9,16 +9,22 @@
 namespace quillbox {
 
 class CurrentCoordinator;
+class LastingNotification;
+class LayerStop;
 class ScreenRecorder;
+class ScreenSession;
 
 /// Lets a recording be ended by the mouse where there is no tray: brings up a small control beside what is recorded, on
-/// X11, where a program knows its place. Thread: main.
+/// X11, and on Wayland where the compositor lets a program place something. Where that can't be, a message among those
+/// of the desktop does it. Thread: main.
 class TraylessStop : public QObject {
     Q_OBJECT
 
 public:
-    /// @pre Both outlive this object.
-    TraylessStop(CurrentCoordinator& coordinator, const ScreenRecorder& recorder, QObject* parent = nullptr);
+    /// @param screen  The recorder's.
+    /// @pre All outlive this object.
+    TraylessStop(CurrentCoordinator& coordinator, const ScreenRecorder& recorder, const ScreenSession& screen,
+        QObject* parent = nullptr);
     ~TraylessStop() override;
 
     /// Until told otherwise there is one.
@@ -26,10 +32,17 @@ public:
 
 private:
     void follow();
+    void showOnX11();
+    void showOnWayland();
+    void remove();
 
     CurrentCoordinator& m_coordinator;
     const ScreenRecorder& m_recorder;
-    std::unique_ptr<StopControl> m_control; // while it records without a tray
+    const ScreenSession& m_screen;
+    // While it records without a tray, one of them:
+    std::unique_ptr<StopControl> m_control;
+    std::unique_ptr<LayerStop> m_layerStop;
+    std::unique_ptr<LastingNotification> m_message;
     bool m_hasTray = true;
 };
 

@@ -1,12 +1,9 @@
 #include "Capture/Wayland/Compositor.h"
 
-#include "Capture/Wayland/Protocols.h"
 #include "Platform/CHandle.h"
-#include "Platform/FileDescriptor.h"
+#include "Platform/Wayland/Protocols.h"
+#include "Platform/Wayland/WaylandBuffer.h"
 #include "Platform/Wayland/WaylandDisplay.h"
-
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -116,13 +113,9 @@ void Compositor::Connection::repaint(const Output& output)
 {
     if (!m_compositor || !m_memory || !m_layerShell)
         return;
-    constexpr std::int32_t bytes = 4; // one transparent pixel
-    const FileDescriptor file(::memfd_create("quillbox-point", MFD_CLOEXEC));
-    if (file.number() < 0 || ::ftruncate(file.number(), bytes) < 0)
+    const WaylandBuffer pixel = waylandBuffer(m_memory.get(), {}, {1, 1}); // transparent
+    if (!pixel)
         return;
-    const CHandle<wl_shm_pool, wl_shm_pool_destroy> pool(wl_shm_create_pool(m_memory.get(), file.number(), bytes));
-    const CHandle<wl_buffer, wl_buffer_destroy> pixel(
-        wl_shm_pool_create_buffer(pool.get(), 0, 1, 1, bytes, WL_SHM_FORMAT_ARGB8888));
     const CHandle<wl_surface, wl_surface_destroy> surface(wl_compositor_create_surface(m_compositor.get()));
 
     bool isConfigured = false;
@@ -134,8 +127,9 @@ void Compositor::Connection::repaint(const Output& output)
             },
         .closed = [](void* data, wl_proxy*) { *static_cast<bool*>(data) = true; },
     };
-    const CHandle<wl_proxy, WaylandProtocols::destroyLayerSurface> point(WaylandProtocols::getLowestPoint(
-        m_layerShell.get(), surface.get(), output.output.get(), events, &isConfigured));
+    const CHandle<wl_proxy, WaylandProtocols::destroyLayerSurface> point(
+        WaylandProtocols::getLayerSurface(m_layerShell.get(), surface.get(), output.output.get(),
+            {.layer = WaylandProtocols::Layer::Background, .rect = QRect(0, 0, 1, 1)}, events, &isConfigured));
     wl_surface_commit(surface.get());
     if (!m_display.dispatchUntil(isConfigured))
         return;

@@ -28,7 +28,9 @@ StopControl::StopControl(CurrentCoordinator& coordinator, QWidget* parent)
     stop->setFocusPolicy(Qt::NoFocus); // the keyboard belongs to what is recorded
     connect(stop, &FlatButton::clicked, &coordinator, &CurrentCoordinator::stop);
     row->addWidget(new SymbolLabel(Symbol::RecordCircle, Role::Red, Theme::symbolSize, this));
-    row->addWidget(new TimeLabel(coordinator.recordingClock(), TextStyle::Headline, Role::Primary, this));
+    auto* time = new TimeLabel(coordinator.recordingClock(), TextStyle::Headline, Role::Primary, this);
+    time->setMinimumWidth(time->fontMetrics().horizontalAdvance(QStringLiteral("00:00"))); // as it becomes
+    row->addWidget(time);
     row->addWidget(stop);
 }
 

@@ -1,68 +1,15 @@
 #include "App/Desktop/ClipNotices.h"
 
 #include "CoordinatorFixture.h"
+#include "FakeNotifications.h"
 
 #include "App/Workflow/CurrentCoordinator.h"
 #include "PostCapture/FileReveal.h"
 
 #include <gtest/gtest.h>
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-
-#include <vector>
-
 namespace quillbox {
 namespace {
-
-const auto busService = QStringLiteral("org.freedesktop.Notifications");
-const auto notificationsPath = QStringLiteral("/org/freedesktop/Notifications");
-
-/// The place where a desktop shows messages.
-class Notifications : public QObject {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
-
-public:
-    struct Message {
-        QString title, text;
-        QStringList actions;
-    };
-
-    Notifications()
-        : m_bus(QDBusConnection::connectToBus(QDBusConnection::SessionBus, "notifications"))
-    {
-        EXPECT_TRUE(m_bus.registerObject(notificationsPath, this, QDBusConnection::ExportScriptableSlots));
-        EXPECT_TRUE(m_bus.registerService(busService));
-    }
-    ~Notifications() override
-    {
-        m_bus.unregisterService(busService);
-        QDBusConnection::disconnectFromBus("notifications");
-    }
-
-    std::vector<Message> shown;
-
-    void press(std::uint32_t id, const QString& action)
-    {
-        auto signal = QDBusMessage::createSignal(notificationsPath, busService, "ActionInvoked");
-        signal << id << action;
-        m_bus.send(signal);
-    }
-
-public Q_SLOTS:
-    // NOLINTNEXTLINE(readability-identifier-naming): as it is called on the bus
-    Q_SCRIPTABLE uint Notify(const QString& /*program*/, uint /*replaced*/, const QString& /*icon*/,
-        const QString& title, const QString& text, const QStringList& actions, const QVariantMap& /*hints*/,
-        int /*lifetime*/)
-    {
-        shown.push_back({title, text, actions});
-        return static_cast<uint>(shown.size());
-    }
-
-private:
-    QDBusConnection m_bus;
-};
 
 class RememberedReveal : public FileReveal {
 public:
@@ -94,7 +41,7 @@ protected:
         return test::eventually([&] { return m_desktop.shown.size() == count; });
     }
 
-    Notifications m_desktop;
+    test::FakeNotifications m_desktop;
     test::CoordinatorFixture m_fixture;
     CurrentCoordinator m_coordinator{std::move(m_fixture.coordinator)};
     RememberedReveal m_reveal;
@@ -154,5 +101,3 @@ TEST_F(ClipNoticesTest, SaysThatTheSelectionMayBeInTheClip)
 
 } // namespace
 } // namespace quillbox
-
-#include "ClipNoticesTest.moc"

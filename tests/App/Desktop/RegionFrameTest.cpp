@@ -1,5 +1,6 @@
 #include "App/Desktop/RegionFrame.h"
 
+#include "Capture/ScreenSession.h"
 #include "Platform/X11/X11Bars.h"
 #include "RecorderFixture.h"
 
@@ -67,7 +68,8 @@ TEST(RegionFrame, IsOnTheScreenWhileItRecordsAndTakesNoClicks)
     const X11Display server;
     const auto before = framesOnScreen(server).size();
     test::RecorderFixture fixture;
-    const RegionFrame frame(*fixture.recorder);
+    const ScreenSession screen;
+    const RegionFrame frame(*fixture.recorder, screen);
     fixture.start();             // the region 1, 2, 30 × 40
     std::vector<SeenBar> during; // the server may answer this connection before it has read the frame's
     ASSERT_TRUE(test::eventually([&] {

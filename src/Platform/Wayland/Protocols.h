@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QRect>
+
 #include <wayland-client.h>
 
 #include <cstdint>
@@ -36,10 +38,18 @@ struct LayerSurfaceEvents {
     void (*closed)(void* data, wl_proxy* surface);
 };
 
-/// Makes `surface` a point in the top left corner of `output`, below all windows, that takes no room and no keys.
-/// `events` gets `data` and outlives the result; destroyed with destroyLayerSurface().
-[[nodiscard]] wl_proxy* getLowestPoint(
-    wl_proxy* shell, wl_surface* surface, wl_output* output, LayerSurfaceEvents& events, void* data);
+/// Of the four layers, the lowest and the highest.
+enum class Layer : std::uint32_t { Background = 0, Overlay = 3 };
+
+struct LayerPlace {
+    Layer layer = Layer::Overlay;
+    QRect rect; ///< points of the output, from its top left corner; not empty
+};
+
+/// Gives `surface` a place on `output`, where it takes no room from windows and gets no keys. `events` gets `data` and
+/// outlives the result; destroyed with destroyLayerSurface().
+[[nodiscard]] wl_proxy* getLayerSurface(wl_proxy* shell, wl_surface* surface, wl_output* output,
+    const LayerPlace& place, LayerSurfaceEvents& events, void* data);
 void acknowledge(wl_proxy* layerSurface, std::uint32_t serial);
 void destroyLayerSurface(wl_proxy* layerSurface);
 

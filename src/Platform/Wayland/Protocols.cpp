@@ -1,4 +1,4 @@
-#include "Capture/Wayland/Protocols.h"
+#include "Platform/Wayland/Protocols.h"
 
 #include <array>
 
@@ -54,13 +54,13 @@ constexpr std::uint32_t shellGetLayerSurface = 0;
 constexpr std::uint32_t surfaceSetSize = 0;
 constexpr std::uint32_t surfaceSetAnchor = 1;
 constexpr std::uint32_t surfaceSetExclusiveZone = 2;
+constexpr std::uint32_t surfaceSetMargin = 3;
 constexpr std::uint32_t surfaceAcknowledge = 6;
 constexpr std::uint32_t surfaceDestroy = 7;
 
 /// A table of functions, as the library takes any.
 using Listener = void (**)();
 
-constexpr std::uint32_t backgroundLayer = 0;
 constexpr std::uint32_t topAnchor = 1;
 constexpr std::uint32_t leftAnchor = 4;
 
@@ -95,15 +95,19 @@ void destroyDetails(wl_proxy* details)
         details, detailsDestroy, nullptr, wl_proxy_get_version(details), WL_MARSHAL_FLAG_DESTROY);
 }
 
-wl_proxy* getLowestPoint(
-    wl_proxy* shell, wl_surface* surface, wl_output* output, LayerSurfaceEvents& events, void* data)
+wl_proxy* getLayerSurface(wl_proxy* shell, wl_surface* surface, wl_output* output, const LayerPlace& place,
+    LayerSurfaceEvents& events, void* data)
 {
     const std::uint32_t version = wl_proxy_get_version(shell);
     wl_proxy* const result = wl_proxy_marshal_flags(shell, shellGetLayerSurface, &layerSurfaceInterface, version, 0,
-        nullptr, surface, output, backgroundLayer, "quillbox");
+        nullptr, surface, output, static_cast<std::uint32_t>(place.layer), "quillbox");
     (void)wl_proxy_add_listener(result, reinterpret_cast<Listener>(&events), data); // fails only for a second one
-    (void)wl_proxy_marshal_flags(result, surfaceSetSize, nullptr, version, 0, 1U, 1U);
+    const auto width = static_cast<std::uint32_t>(place.rect.width());
+    const auto height = static_cast<std::uint32_t>(place.rect.height());
+    (void)wl_proxy_marshal_flags(result, surfaceSetSize, nullptr, version, 0, width, height);
     (void)wl_proxy_marshal_flags(result, surfaceSetAnchor, nullptr, version, 0, topAnchor | leftAnchor);
+    (void)wl_proxy_marshal_flags(
+        result, surfaceSetMargin, nullptr, version, 0, place.rect.y(), /*right=*/0, /*bottom=*/0, place.rect.x());
     constexpr std::int32_t aside = -1; // moved away by nobody
     (void)wl_proxy_marshal_flags(result, surfaceSetExclusiveZone, nullptr, version, 0, aside);
     return result;
