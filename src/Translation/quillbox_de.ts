@@ -1930,6 +1930,13 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     </message>
 </context>
 <context>
+    <name>quillbox::MonitorNotice</name>
+    <message>
+        <source>Recording is possible on %1 only. Drag there.</source>
+        <translation>Aufnehmen lässt sich nur auf %1. Ziehen Sie dort.</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::Panel</name>
     <message>
         <source>Quillbox</source>

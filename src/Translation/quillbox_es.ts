@@ -1930,6 +1930,13 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     </message>
 </context>
 <context>
+    <name>quillbox::MonitorNotice</name>
+    <message>
+        <source>Recording is possible on %1 only. Drag there.</source>
+        <translation>Solo se puede grabar en %1. Arrastre allí.</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::Panel</name>
     <message>
         <source>Quillbox</source>

@@ -1930,6 +1930,13 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     </message>
 </context>
 <context>
+    <name>quillbox::MonitorNotice</name>
+    <message>
+        <source>Recording is possible on %1 only. Drag there.</source>
+        <translation>L&apos;enregistrement n&apos;est possible que sur %1. Faites glisser là-bas.</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::Panel</name>
     <message>
         <source>Quillbox</source>

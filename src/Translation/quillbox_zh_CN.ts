@@ -1915,6 +1915,13 @@ The commands below have more examples: quillbox encode --help</source>
     </message>
 </context>
 <context>
+    <name>quillbox::MonitorNotice</name>
+    <message>
+        <source>Recording is possible on %1 only. Drag there.</source>
+        <translation>只能在 %1 上录制。请在那里拖动。</translation>
+    </message>
+</context>
+<context>
     <name>quillbox::Panel</name>
     <message>
         <source>Quillbox</source>

@@ -7,13 +7,20 @@ import unittest
 
 from PIL import Image
 
-from application import overlay, quillbox, run, status
+from application import overlay, quillbox, run, status, until, windows, xdo
 from desktop import Desktop, without_pointer
 from recording import pillow_frames
 from screen import Screen
 
 CELL = 6                     # pixels: a whole number of points at 1.5 and 2 pixels a point
 AREA = (306, 258, 324, 240)  # pixels, all multiples of a cell
+AREA_ON_THE_RIGHT = (606, 258, 324, 240)
+
+
+def geometry(window):
+    lines = run("xdotool", "getwindowgeometry", "--shell", window).stdout.split()
+    place = dict(line.split("=") for line in lines)
+    return tuple(int(place[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
 
 
 def colors_of(pictures):
@@ -49,9 +56,7 @@ class ScreensTest(unittest.TestCase):
         with Desktop(**environment) as desktop:
             desktop.begin()
             desktop.wait_for_overlay()
-            lines = run("xdotool", "getwindowgeometry", "--shell", overlay()[0]).stdout.split()
-            place = dict(line.split("=") for line in lines)
-            self.assertEqual(tuple(int(place[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")), monitor)
+            self.assertEqual(geometry(overlay()[0]), monitor)
 
     def set_resolution(self, dots_per_inch):
         subprocess.run(["xrdb", "-nocpp", "-merge"], input=f"Xft.dpi: {dots_per_inch}\n", text=True, timeout=60,
@@ -78,7 +83,7 @@ class ScreensTest(unittest.TestCase):
 
     def test_records_the_dragged_pixels_of_the_primary_monitor(self):
         self.add_second_monitor()
-        self.assert_records_what_is_dragged(1, area=(606, 258, 324, 240))
+        self.assert_records_what_is_dragged(1, area=AREA_ON_THE_RIGHT)
 
     def test_records_the_dragged_pixels_of_a_dense_primary_monitor(self):
         self.add_second_monitor()
@@ -93,6 +98,23 @@ class ScreensTest(unittest.TestCase):
     def test_the_overlay_covers_the_primary_monitor_only(self):
         self.add_second_monitor()
         self.assert_overlay_covers(480, 96, 800, 624)
+
+    def test_a_press_on_another_monitor_says_on_which_one_recording_is_possible(self):
+        self.add_second_monitor()
+        line = "Recording is possible on right only. Drag there. — Quillbox"
+        with Desktop() as desktop:
+            desktop.begin()
+            desktop.wait_for_overlay()
+            xdo("mousemove", 100, 300, "click", 1)
+            (window,) = until(lambda: windows(line), "the line is there", limit=20)
+            left, top, width, height = geometry(window)
+            self.assertTrue(0 <= left and left + width <= 480 and top + height < 300, "beside the pointer, and whole")
+            self.assertEqual(status()["phase"], "selecting")
+            desktop.drag(*AREA_ON_THE_RIGHT)
+            desktop.wait_for("recording")
+            self.assertEqual(windows(line), [])
+            self.assertEqual(quillbox("stop").returncode, 0)
+            self.assertEqual(pillow_frames(status()["path"])[0][0].size, AREA_ON_THE_RIGHT[2:])
 
 
 if __name__ == "__main__":

@@ -2,6 +2,7 @@
 
 #include "Capture/CaptureBackEnd.h"
 #include "Capture/Region/CastScreen.h"
+#include "Capture/Region/OtherMonitors.h"
 #include "Capture/Region/OverlayPictures.h"
 #include "Capture/Region/ScreenBackdrop.h"
 #include "Capture/Region/SelectionWindow.h"
@@ -65,7 +66,7 @@ void showOnX11(QScreen& screen, const QPixmap& before, const QPixmap& backdrop,
               }
               completion(outcomeOf(region));
           };
-    showOverlay(screen, screen.geometry(), backdrop, report);
+    new OtherMonitors(*showOverlay(screen, screen.geometry(), backdrop, report), screen); // the overlay owns it
 }
 
 void presentOnX11(const std::shared_ptr<ScreenSession>& session, const RegionSelector::Completion& completion)
@@ -117,6 +118,8 @@ bool showOverlays(const std::shared_ptr<ScreenSession>& session, const CastPictu
         }
         windows.push_back(window);
     }
+    if (only != nullptr)
+        new OtherMonitors(*windows.front(), *only); // likewise
     if (windows.empty())
         session->closeCast();
     return !windows.empty();

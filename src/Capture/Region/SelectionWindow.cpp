@@ -5,6 +5,7 @@
 #include "Platform/WindowSystem.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QMouseEvent>
@@ -80,6 +81,8 @@ void SelectionWindow::makeKeyAndOrderFront()
     raise();
     activateWindow();
     grabKeyboard(); // the focus alone could be taken away
+    if (QGuiApplication::screens().size() > 1)
+        grabMouse(); // a press on another monitor is told that it is on the wrong one
 }
 
 void SelectionWindow::withdraw()
@@ -93,6 +96,11 @@ void SelectionWindow::withdraw()
 
 void SelectionWindow::mousePressEvent(QMouseEvent* event)
 {
+    if (event->button() == Qt::LeftButton && !m_startPoint && !rect().contains(event->position().toPoint())) {
+        m_isPressElsewhere = true;
+        Q_EMIT pressedElsewhere(event->globalPosition().toPoint());
+        return;
+    }
     if (event->button() == Qt::LeftButton && !m_startPoint)
         m_startPoint = event->position();
     update(hintTag().toAlignedRect());
@@ -110,7 +118,7 @@ void SelectionWindow::mouseMoveEvent(QMouseEvent* event)
 void SelectionWindow::mouseReleaseEvent(QMouseEvent* event)
 {
     const bool isCancelled = event->button() == Qt::RightButton;
-    if (!isCancelled && event->button() != Qt::LeftButton)
+    if (!isCancelled && (event->button() != Qt::LeftButton || std::exchange(m_isPressElsewhere, false)))
         return;
     if (isCancelled || !m_startPoint || QWidget::screen() == nullptr) {
         finish(std::nullopt);
@@ -138,8 +146,10 @@ void SelectionWindow::finish(std::optional<CaptureRegion> region)
 {
     if (std::exchange(m_isFinished, true))
         return;
-    if (managesItself())
+    if (managesItself()) {
         releaseKeyboard();
+        releaseMouse();
+    }
     // Without an own picture: a compositor that fades windows out has nothing to fade. But where it can't be kept from
     // that, what is left is told from the screen itself only if it is dimmed.
     if (managesItself() || !region)

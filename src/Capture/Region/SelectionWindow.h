@@ -42,6 +42,9 @@ public:
 Q_SIGNALS:
     /// The gesture is over and the window has left the screen; `onResult` has yet to be called.
     void finished();
+    /// A button was pressed outside the window, at a point of the desktop, which is no part of the gesture. On an X
+    /// server only.
+    void pressedElsewhere(const QPoint& place);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -65,6 +68,7 @@ private:
     std::optional<QPointF> m_startPoint;
     QRectF m_selection; // drawn only; may leave the screen
     QPixmap m_backdrop;
+    bool m_isPressElsewhere = false; // the button that is held was pressed outside
     bool m_isFinished = false;
 };
 
