@@ -11,21 +11,21 @@ namespace {
 using std::chrono_literals::operator""ms;
 using Answer = OverlayRemains::Answer;
 
-constexpr std::int64_t width = 100;
-constexpr std::int64_t height = 80;
+constexpr std::int64_t screenWidth = 100;
+constexpr std::int64_t screenHeight = 80;
 
 using Level = std::function<double(std::int64_t x, std::int64_t y)>;
 
 RGBAFrame picture(const Level& level)
 {
     Bytes pixels;
-    for (std::int64_t y = 0; y < height; ++y) {
-        for (std::int64_t x = 0; x < width; ++x) {
+    for (std::int64_t y = 0; y < screenHeight; ++y) {
+        for (std::int64_t x = 0; x < screenWidth; ++x) {
             const auto gray = static_cast<std::uint8_t>(std::lround(level(x, y)));
             pixels.insert(pixels.end(), {gray, gray, gray, 255});
         }
     }
-    return RGBAFrame(width, height, std::move(pixels));
+    return RGBAFrame(screenWidth, screenHeight, std::move(pixels));
 }
 
 double text(std::int64_t x, std::int64_t y)
