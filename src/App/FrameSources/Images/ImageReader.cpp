@@ -23,6 +23,7 @@
 #include <filesystem>
 #include <limits>
 #include <new>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -90,6 +91,26 @@ std::string kindOfPlugin(std::span<const std::uint8_t> bytes)
     return {};
 }
 
+/// While it lives, decoders may have as much memory as the machine has instead of the toolkit's 128 MB: a frame of
+/// 65535 pixels a side is allowed. Lives only where `checkedByteCount` has passed what the file announces: some
+/// decoders make room for the picture when they are asked for its size.
+class AllocationLimitRaised {
+public:
+    AllocationLimitRaised()
+        : m_usual(QImageReader::allocationLimit())
+    {
+        constexpr std::int64_t megabyte = 1 << 20;
+        const auto limit = std::min<std::int64_t>(physicalMemory() / megabyte, std::numeric_limits<int>::max());
+        QImageReader::setAllocationLimit(static_cast<int>(limit));
+    }
+    AllocationLimitRaised(const AllocationLimitRaised&) = delete;
+    AllocationLimitRaised& operator=(const AllocationLimitRaised&) = delete;
+    ~AllocationLimitRaised() { QImageReader::setAllocationLimit(m_usual); }
+
+private:
+    int m_usual; ///< megabytes
+};
+
 /// A decoder at work on bytes in memory.
 class OpenImage {
 public:
@@ -120,8 +141,11 @@ public:
     /// The next picture in sRGB, RGBA, not premultiplied. @param frame  Its number, for messages.
     QImage read(std::int64_t frame)
     {
-        if (const QSize size = announcedSize(); size.isValid())
+        std::optional<AllocationLimitRaised> raised;
+        if (const QSize size = announcedSize(); size.isValid()) {
             (void)checkedByteCount(m_name, frame, {size.width(), size.height()}); // before the decoder allocates
+            raised.emplace();
+        }
         QImage image = decode();
         if (image.isNull())
             throw FrameReadError(m_name, FrameReadError::CannotDecode{frame, m_reader.errorString().toStdString()});
@@ -178,15 +202,6 @@ RGBAFrame frameOf(const QImage& image, RGBColor background, FrameMaker& maker)
     copyPixels(image, pixels);
     Transparency::layOn(background, pixels);
     return maker.frame(size, std::move(pixels));
-}
-
-/// Lets the decoders have as much memory as the machine has instead of their default of 128 MB: a frame of 65535 pixels
-/// a side is allowed, and `checkedByteCount` has refused what doesn't fit.
-void raiseAllocationLimit()
-{
-    constexpr std::int64_t megabyte = 1 << 20;
-    const auto limit = std::min<std::int64_t>(physicalMemory() / megabyte, std::numeric_limits<int>::max());
-    QImageReader::setAllocationLimit(static_cast<int>(limit));
 }
 
 /// An animation's frames as long as they can be read.
@@ -257,7 +272,6 @@ ImageReader::Animation readAnimatedPNG(
 
 RGBAFrame ImageReader::readOne(FileByteSource& source, RGBColor background, std::int64_t frame)
 {
-    raiseAllocationLimit();
     const Bytes bytes = everythingOf(source);
     const auto kind = ImageFile::kindOf(bytes);
     if (kind == ImageFile::Kind::video)
@@ -271,7 +285,6 @@ RGBAFrame ImageReader::readOne(FileByteSource& source, RGBColor background, std:
 
 ImageReader::Animation ImageReader::readAll(FileByteSource& source, RGBColor background)
 {
-    raiseAllocationLimit();
     Bytes bytes = everythingOf(source);
     const auto kind = ImageFile::kindOf(bytes);
     if (kind == ImageFile::Kind::video)

@@ -159,6 +159,14 @@ TEST_F(ImageReaderTest, ReadsMoreThanQtsUsualLimit)
     EXPECT_EQ(read("large.png").pixelCount(), 35'000'000);
 }
 
+TEST_F(ImageReaderTest, LetsADecoderMakeRoomOnlyForAPictureThatFits)
+{
+    const int usual = QImageReader::allocationLimit();
+    ASSERT_TRUE(picture().save(QString::fromStdString(path("a.png"))));
+    (void)read("a.png");
+    EXPECT_EQ(QImageReader::allocationLimit(), usual) << "the next file's decoder is asked with little memory";
+}
+
 TEST_F(ImageReaderTest, RefusesASideThatAGifCannotHave)
 {
     ASSERT_TRUE(QImage(65536, 1, QImage::Format_RGB32).save(QString::fromStdString(path("wide.png"))));
