@@ -136,21 +136,24 @@ TEST_F(PanelGuardTest, HoldsThePictureUntilTheProgramsBelowHaveRepainted)
 
 TEST_F(PanelGuardTest, HoldsThePictureUntilTheRegionRests)
 {
+    test::RecorderFixture fixture; // whose picture no other guard releases
     QWidget panel;
     panel.setWindowFlag(Qt::FramelessWindowHint);
     panel.setGeometry(m_panel.geometry());
-    new PanelGuard(*m_fixture.recorder, m_screen, panel, {1ms, 1h}); // the panel owns it
-    m_fixture.recordTwo();
+    new PanelGuard(*fixture.recorder, m_screen, panel, {1ms, 1h}); // the panel owns it
+    fixture.recordTwo();
     panel.move(QGuiApplication::primaryScreen()->geometry().topLeft());
     panel.show();
     panel.hide();
-    m_fixture.deliver(3); // it fades
+    fixture.deliver(3); // it fades
     settle(50ms);
-    m_fixture.deliver(4);
-    m_fixture.tick();
-    ASSERT_TRUE(test::eventually([this] { return m_fixture.recorder->restWhileHeld() == 0ms; })) << "it has ended";
-    deliver(5);
-    EXPECT_EQ(stop(), (Numbers{1, 2, 2, 5}));
+    fixture.deliver(4);
+    settle();
+    fixture.tick(); // which nothing disturbs
+    ASSERT_TRUE(test::eventually([&] { return fixture.recorder->restWhileHeld() == 0ms; })) << "it has ended";
+    fixture.deliver(5);
+    fixture.tick();
+    EXPECT_EQ(test::numbers(fixture.stop()), (Numbers{1, 2, 2, 5}));
 }
 
 TEST_F(PanelGuardTest, GoesOnHoldingWhenThePanelReturnsBeforeThat)
