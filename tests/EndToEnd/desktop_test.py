@@ -5,6 +5,7 @@ import itertools
 import json
 import os
 import pathlib
+import select
 import subprocess
 import unittest
 
@@ -24,6 +25,11 @@ BY_CONVENTION = {"TARGETS", "MULTIPLE", "TIMESTAMP", "SAVE_TARGETS"}  # what eve
 CLIPS = pathlib.Path(os.environ["HOME"], "Videos/Quillbox")
 TAKEN = ("Another program uses Super + Shift + 2. Quillbox gets it as soon as it is free; “quillbox toggle” can be bound "
          "to any other key.")
+
+
+def has_said(program):
+    """Whether a program has written a line that nobody has read."""
+    return bool(select.select([program.stdout], [], [], 0)[0])
 
 
 class DesktopTest(ApplicationTest):
@@ -437,9 +443,16 @@ class DesktopTest(ApplicationTest):
         x, y, width, height = extents(desktop.find("label", path.name))
         xdo("mousemove", x + width // 2, y + height // 2, "mousedown", 1)
         xdo("mousemove", x + width // 2 - 30, y + height // 2 + 30)
-        for left in (400, 250, 200):
-            xdo("mousemove", left, 550)
+        places = itertools.cycle((250, 200))
+
+        def is_over():
+            xdo("mousemove", next(places), 550)
+            return has_said(target)
+
+        until(is_over, "it is dragged over the other program")
+        self.assertEqual(target.stdout.readline(), "over\n")
         xdo("mouseup", 1)
+        until(lambda: has_said(target), "it is dropped there")
         *offered, uri = target.stdout.readline().split()
         self.assertEqual((offered[0], uri), ("text/uri-list", path.as_uri()))
         self.assertTrue(path.exists(), "it is copied, not moved")

@@ -23,6 +23,7 @@ class DropTarget:
         self.window.change_property(self.atom("XdndAware"), Xatom.ATOM, 32, [VERSION])
         self.window.map()
         self.offered = []
+        self.is_over = False
 
     def atom(self, name):
         return self.display.get_atom(name)
@@ -47,8 +48,12 @@ class DropTarget:
         source, accept, copy = data[0], 1, self.atom("XdndActionCopy")
         if message == "XdndEnter":
             self.offered = [self.display.get_atom_name(kind) for kind in data[2:] if kind]
+            self.is_over = False
         elif message == "XdndPosition":
             self.tell(source, "XdndStatus", accept, 0, 0, copy)
+            if not self.is_over:
+                print("over", flush=True)
+            self.is_over = True
         elif message == "XdndDrop":
             self.source = source
             self.window.convert_selection(self.atom("XdndSelection"), self.atom(WANTED), self.atom("DROPPED"), data[2])
