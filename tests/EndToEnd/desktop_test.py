@@ -5,11 +5,10 @@ import itertools
 import json
 import os
 import pathlib
-import select
 import subprocess
 import unittest
 
-from application import overlay, phase, program, quillbox, run, status, until, windows, xdo
+from application import has_said, overlay, phase, program, quillbox, run, status, until, windows, xdo
 from desktop import Desktop, clipboard, take_hotkey, without_pointer
 from recording import ffmpeg_frames, pillow_frames
 from running import ApplicationTest, extents
@@ -25,11 +24,6 @@ BY_CONVENTION = {"TARGETS", "MULTIPLE", "TIMESTAMP", "SAVE_TARGETS"}  # what eve
 CLIPS = pathlib.Path(os.environ["HOME"], "Videos/Quillbox")
 TAKEN = ("Another program uses Super + Shift + 2. Quillbox gets it as soon as it is free; “quillbox toggle” can be bound "
          "to any other key.")
-
-
-def has_said(program):
-    """Whether a program has written a line that nobody has read."""
-    return bool(select.select([program.stdout], [], [], 0)[0])
 
 
 class DesktopTest(ApplicationTest):
@@ -444,12 +438,7 @@ class DesktopTest(ApplicationTest):
         xdo("mousemove", x + width // 2, y + height // 2, "mousedown", 1)
         xdo("mousemove", x + width // 2 - 30, y + height // 2 + 30)
         places = itertools.cycle((250, 200))
-
-        def is_over():
-            xdo("mousemove", next(places), 550)
-            return has_said(target)
-
-        until(is_over, "it is dragged over the other program")
+        until(lambda: xdo("mousemove", next(places), 550) or has_said(target), "it is over the other program")
         self.assertEqual(target.stdout.readline(), "over\n")
         xdo("mouseup", 1)
         until(lambda: has_said(target), "it is dropped there")

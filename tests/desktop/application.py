@@ -3,6 +3,7 @@
 import json
 import os
 import pathlib
+import select
 import subprocess
 import time
 
@@ -31,6 +32,11 @@ def until(condition, what, limit=LIMIT_SECONDS):
             raise AssertionError(f"never happened: {what}")
         time.sleep(0.01)
     return answer
+
+
+def has_said(program):
+    """Whether a program has written a line that nobody has read."""
+    return bool(select.select([program.stdout], [], [], 0)[0])
 
 
 def xdo(*arguments):
