@@ -24,8 +24,8 @@ constexpr auto coveredLimit = 2000ms;
 
 constexpr std::int64_t sampleStep = 4; // pixels, along each axis
 /// The share of the overlay that is left: less can't be seen, more is something else.
-constexpr double leastShare = 0.03;
-constexpr double mostShare = 1.1;
+constexpr double minShare = 0.03;
+constexpr double maxShare = 1.1;
 /// How much of the difference the overlay may leave unexplained.
 constexpr double maxUnexplained = 0.25;
 
@@ -114,7 +114,7 @@ bool OverlayRemains::isBetween(const RGBAFrame& picture) const
         return false;
     const double share = both / overlay;
     const double unexplained = change - share * both;
-    return share >= leastShare && share <= mostShare && unexplained <= maxUnexplained * change;
+    return share >= minShare && share <= maxShare && unexplained <= maxUnexplained * change;
 }
 
 OverlayRemains::Answer OverlayRemains::answer(

@@ -11,10 +11,17 @@ RecordingReducer::RecordingReducer(FrameSpill store, std::function<void()> onTro
 {
 }
 
-void RecordingReducer::HeldFrames::set(std::vector<FrameRange> ranges)
+void RecordingReducer::HeldFrames::set(const std::vector<FrameRange>& ranges)
 {
     const std::scoped_lock lock(m_mutex);
-    m_ranges = std::move(ranges);
+    if (m_ranges != ranges)
+        m_ranges = ranges;
+}
+
+std::vector<FrameRange> RecordingReducer::HeldFrames::ranges() const
+{
+    const std::scoped_lock lock(m_mutex);
+    return m_ranges;
 }
 
 bool RecordingReducer::HeldFrames::contains(std::int64_t frame) const
@@ -34,13 +41,10 @@ void RecordingReducer::FollowedFrames::append(const RGBAFrame& frame)
 
 void RecordingReducer::follow(const std::vector<RGBAFrame>& frames, const std::vector<FrameRange>& held)
 {
-    if (m_held != held) {
-        m_held = held;
-        m_heldFrames->set(held); // before the thread has any of those
-    }
+    m_held->set(held); // before the thread has any of those
     if (!m_thread && !frames.empty())
         m_thread.emplace(
-            FollowedFrames{FrameReducer::forAnyPreset(FrameTimeline::framesPerSecond), m_heldFrames},
+            FollowedFrames{FrameReducer::forAnyPreset(FrameTimeline::framesPerSecond), m_held},
             FrameThread<FollowedFrames>::unlimited,
             [this](const RGBAFrame& frame) {
                 count(frame);

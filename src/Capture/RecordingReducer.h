@@ -53,7 +53,7 @@ public:
     void follow(const std::vector<RGBAFrame>& frames, const std::vector<FrameRange>& held = {});
 
     /// As follow() was told.
-    [[nodiscard]] const std::vector<FrameRange>& held() const { return m_held; }
+    [[nodiscard]] std::vector<FrameRange> held() const { return m_held->ranges(); }
 
     /// What `FrameReducer::forAnyPreset` makes of the frames. Waits until all of them have been measured; none may
     /// follow. Valid as long as this object. Thread: any. @pre a frame was followed.
@@ -64,7 +64,8 @@ private:
     /// Tells the thread which frames are held: all of those that it has been given.
     class HeldFrames {
     public:
-        void set(std::vector<FrameRange> ranges);
+        void set(const std::vector<FrameRange>& ranges);
+        [[nodiscard]] std::vector<FrameRange> ranges() const;
         [[nodiscard]] bool contains(std::int64_t frame) const;
 
     private:
@@ -88,9 +89,8 @@ private:
     std::function<void()> m_onTrouble;
     std::atomic<bool> m_hasFailed = false;
     mutable std::mutex m_mutex;
-    std::string m_fullReason; // guarded by m_mutex
-    std::vector<FrameRange> m_held;
-    std::shared_ptr<HeldFrames> m_heldFrames = std::make_shared<HeldFrames>(); // the same for the thread
+    std::string m_fullReason;                                            // guarded by m_mutex
+    std::shared_ptr<HeldFrames> m_held = std::make_shared<HeldFrames>(); // the thread's, too
     std::optional<FrameThread<FollowedFrames>> m_thread;
     std::mutex m_finishing; // for one thread at a time
 };

@@ -3,6 +3,7 @@
 #include "Find.h"
 #include "Palettes.h"
 #include "PanelPictures.h"
+#include "TemporaryHome.h"
 #include "ViewsFixture.h"
 
 #include "Translation/Catalogues.h"
@@ -270,9 +271,7 @@ void takeLanguages(ScreenshotWriter& writer)
 int main(int argc, char** argv)
 {
     using namespace quillbox::test;
-    const QTemporaryDir home;
-    qputenv("HOME", home.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    const TemporaryHome home;
     const QApplication application(argc, argv);
     if (argc != 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
         qWarning("usage: views_screenshots FOLDER");

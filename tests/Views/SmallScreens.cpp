@@ -3,6 +3,7 @@
 #include "Find.h"
 #include "Palettes.h"
 #include "PanelPictures.h"
+#include "TemporaryHome.h"
 
 #include "Translation/Catalogues.h"
 #include "Views/Controls/Scroller.h"
@@ -170,9 +171,7 @@ void takeAll(SmallScreen& screen)
 int main(int argc, char** argv)
 {
     using namespace quillbox::test;
-    const QTemporaryDir home;
-    qputenv("HOME", home.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    const TemporaryHome home;
     const QApplication application(argc, argv);
     if (argc != 4 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
         qWarning("usage: views_small_screens FOLDER LANGUAGE WIDTHxHEIGHT");

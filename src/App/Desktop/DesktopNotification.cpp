@@ -4,35 +4,35 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QStringList>
-#include <QVariantMap>
 
 #include <utility>
 
 namespace quillbox {
-namespace {
 
-constexpr auto notificationService = "org.freedesktop.Notifications"; // its interface is called the same
-constexpr auto notificationPath = "/org/freedesktop/Notifications";
-constexpr auto defaultAction = "default"; // a click on the message itself
+QDBusMessage DesktopNotification::callOf(const QString& method)
+{
+    return QDBusMessage::createMethodCall(QLatin1String(service), QLatin1String(path), QLatin1String(service), method);
+}
 
-} // namespace
+QDBusMessage DesktopNotification::notifyCall(
+    const QString& title, const QString& text, const QStringList& actions, QVariantMap hints, int lifetime)
+{
+    constexpr std::uint32_t replacesNone = 0;
+    hints.insert(QStringLiteral("desktop-entry"), QStringLiteral(QUILLBOX_APP_ID));
+    auto call = callOf(QStringLiteral("Notify"));
+    call << QStringLiteral("Quillbox") << replacesNone << QStringLiteral(QUILLBOX_APP_ID) << title
+         << text.toHtmlEscaped() << actions << hints << lifetime;
+    return call;
+}
 
 void DesktopNotification::show(const QString& title, const QString& text, const Action& action)
 {
-    auto call = QDBusMessage::createMethodCall(QLatin1String(notificationService), QLatin1String(notificationPath),
-        QLatin1String(notificationService), QStringLiteral("Notify"));
-    constexpr std::uint32_t replacesNone = 0;
-    constexpr int untilTheDesktopThinks = -1;
-    const QVariantMap hints{{QStringLiteral("desktop-entry"), QStringLiteral(QUILLBOX_APP_ID)}};
     QStringList actions;
     if (!action.label.isEmpty())
         actions = {QLatin1String(defaultAction), action.label, QStringLiteral("show"), action.label};
-    call << QStringLiteral("Quillbox") << replacesNone << QStringLiteral(QUILLBOX_APP_ID) << title
-         << text.toHtmlEscaped() << actions << hints << untilTheDesktopThinks;
+    const auto call = notifyCall(title, text, actions);
     auto bus = SessionBus::connection();
     if (actions.isEmpty()) {
         (void)bus.send(call); // whether somebody shows it makes no difference to us
@@ -54,11 +54,10 @@ AwaitedNotification::AwaitedNotification(QDBusPendingCallWatcher* sent, std::fun
             deleteLater(); // nobody shows it
     });
     auto bus = SessionBus::connection();
-    const QLatin1String service(notificationService);
-    bus.connect(service, QLatin1String(notificationPath), service, QStringLiteral("ActionInvoked"), this,
-        SLOT(noteAction(uint, QString)));
-    bus.connect(service, QLatin1String(notificationPath), service, QStringLiteral("NotificationClosed"), this,
-        SLOT(noteClosed(uint, uint)));
+    const QLatin1String service(DesktopNotification::service);
+    const QLatin1String path(DesktopNotification::path);
+    bus.connect(service, path, service, QStringLiteral("ActionInvoked"), this, SLOT(noteAction(uint, QString)));
+    bus.connect(service, path, service, QStringLiteral("NotificationClosed"), this, SLOT(noteClosed(uint, uint)));
 }
 
 void AwaitedNotification::noteAction(uint id, const QString& /*action*/)

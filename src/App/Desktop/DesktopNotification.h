@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QDBusMessage>
 #include <QObject>
 #include <QString>
+#include <QStringList>
+#include <QVariantMap>
 
 #include <cstdint>
 #include <functional>
@@ -11,6 +14,18 @@ class QDBusPendingCallWatcher;
 namespace quillbox {
 
 namespace DesktopNotification {
+
+inline constexpr auto service = "org.freedesktop.Notifications"; // its interface is called the same
+inline constexpr auto path = "/org/freedesktop/Notifications";
+inline constexpr auto defaultAction = "default"; // a click on the message itself
+
+/// A call of one of the service's methods.
+[[nodiscard]] QDBusMessage callOf(const QString& method);
+/// The one that shows a message of this program; its answer is the message's number.
+/// @param actions   For each its name, then its label.
+/// @param lifetime  Milliseconds; 0 for ever, -1 as long as the desktop thinks fit.
+[[nodiscard]] QDBusMessage notifyCall(
+    const QString& title, const QString& text, const QStringList& actions, QVariantMap hints = {}, int lifetime = -1);
 
 /// What the user can do with a message by a button on it.
 struct Action {

@@ -120,13 +120,17 @@ void RegionFrame::follow()
     if (!region)
         return;
     const auto backEnd = chooseCapture().backEnd;
-    const auto* const screen = m_screen.castScreen();
-    if (backEnd == CaptureBackEnd::Portal && toolkitWindowSystem() == WindowSystem::Wayland && screen != nullptr)
+    if (const auto* const screen = m_screen.castScreen();
+        backEnd == CaptureBackEnd::Portal && screen != nullptr && toolkitWindowSystem() == WindowSystem::Wayland)
         m_surfaces = frameOn(*screen, *region);
-    if (backEnd != CaptureBackEnd::X11)
-        return;
+    else if (backEnd == CaptureBackEnd::X11)
+        frameOnX11(*region);
+}
+
+void RegionFrame::frameOnX11(CaptureRegion region)
+{
     try {
-        m_bars = frameAround(*region);
+        m_bars = frameAround(region);
     } catch (const DisplayError&) { // NOLINT(bugprone-empty-catch): the recording tells of a display that is gone
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Capture/CaptureRegion.h"
 #include "Platform/PixelRect.h"
 
 #include <QObject>
@@ -34,6 +35,7 @@ public:
 
 private:
     void follow();
+    void frameOnX11(CaptureRegion region);
 
     ScreenRecorder& m_recorder;
     const ScreenSession& m_screen;

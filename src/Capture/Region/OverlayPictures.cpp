@@ -30,28 +30,36 @@ RGBAFrame cut(const RGBAFrame& frame, const PixelRect& part)
     return RGBAFrame(part.width, part.height, std::move(pixels));
 }
 
-RGBAFrame veiled(const RGBAFrame& frame, const QColor& accent)
+/// What the overlay makes of each level of a channel.
+/// @param fill  Of that channel, 0…1.
+std::array<std::uint8_t, 256> veiledLevels(float fill)
 {
-    const std::array<float, 3> fill{accent.redF(), accent.greenF(), accent.blueF()};
-    Bytes pixels(frame.pixels());
-    for (std::size_t pixel = 0; pixel < pixels.size(); pixel += RGBAFrame::bytesPerPixel) {
-        for (std::size_t channel = 0; channel < fill.size(); ++channel) {
-            const float dimmed = static_cast<float>(pixels[pixel + channel]) * (1 - SelectionWindow::dimming);
-            const float filled
-                = dimmed * (1 - SelectionWindow::fillOpacity) + fill[channel] * 255 * SelectionWindow::fillOpacity;
-            pixels[pixel + channel] = static_cast<std::uint8_t>(std::clamp(std::lround(filled), 0L, 255L));
-        }
+    std::array<std::uint8_t, 256> levels{};
+    for (std::size_t level = 0; level < levels.size(); ++level) {
+        const float dimmed = static_cast<float>(level) * (1 - SelectionWindow::dimming);
+        const float filled = dimmed * (1 - SelectionWindow::fillOpacity) + fill * 255 * SelectionWindow::fillOpacity;
+        levels[level] = static_cast<std::uint8_t>(std::clamp(std::lround(filled), 0L, 255L));
     }
+    return levels;
+}
+
+RGBAFrame veiled(const RGBAFrame& frame)
+{
+    const QColor accent = SelectionWindow::accentColor();
+    const std::array channels{veiledLevels(accent.redF()), veiledLevels(accent.greenF()), veiledLevels(accent.blueF())};
+    Bytes pixels(frame.pixels());
+    for (std::size_t pixel = 0; pixel < pixels.size(); pixel += RGBAFrame::bytesPerPixel)
+        for (std::size_t channel = 0; channel < channels.size(); ++channel)
+            pixels[pixel + channel] = channels[channel][pixels[pixel + channel]];
     return RGBAFrame(frame.width(), frame.height(), std::move(pixels));
 }
 
 } // namespace
 
-OverlayRemains OverlayPictures::remainsOf(
-    const RGBAFrame& backdrop, const CaptureGeometry& geometry, const QColor& accent)
+OverlayRemains OverlayPictures::remainsOf(const RGBAFrame& backdrop, const CaptureGeometry& geometry)
 {
     const RGBAFrame uncovered = scaledTo(cut(backdrop, geometry.source), geometry.output);
-    return {uncovered, veiled(uncovered, accent)};
+    return {uncovered, veiled(uncovered)};
 }
 
 RGBAFrame OverlayPictures::frameOf(const QPixmap& picture)

@@ -9,9 +9,7 @@
 #include "Platform/Detach.h"
 #include "Translation/Translate.h"
 
-#include <QColor>
 #include <QGuiApplication>
-#include <QPalette>
 #include <QPixmap>
 #include <QScreen>
 #include <QTimer>
@@ -42,16 +40,11 @@ RegionSelector::Outcome outcomeOf(std::optional<CaptureRegion> region)
     return region ? RegionSelector::Outcome(*region) : RegionSelector::Cancelled{};
 }
 
-QColor accentColor()
-{
-    return QGuiApplication::palette().color(QPalette::Highlight);
-}
-
 /// Tells the session what was where the overlay has just been.
 void expectUncovering(ScreenSession& session, const RGBAFrame& backdrop, const std::optional<CaptureGeometry>& geometry)
 {
     if (geometry) // else there is nothing to record either
-        session.expectUncovering(OverlayPictures::remainsOf(backdrop, *geometry, accentColor()));
+        session.expectUncovering(OverlayPictures::remainsOf(backdrop, *geometry));
 }
 
 /// @param backdrop  Is shown dimmed; null to let the desktop show through.

@@ -30,9 +30,8 @@ public:
 
     /// Covers the main display with a dimmed overlay, in front and with the keyboard, and returns at once. On desktops
     /// that have to be asked for the screen this asks first, and the main display is the one that the user chooses.
-    /// @param completion  Called once, when the overlay was hidden. Compositors may show it a little longer: the
-    /// session
-    ///                    knows, and its next stream waits for that. What it throws ends the process.
+    /// @param completion  Called once, when the overlay was hidden. Compositors may show it a little longer: the next
+    ///                    stream of the session waits for that. What it throws ends the process.
     virtual void present(Completion completion);
 
 private:

@@ -10,6 +10,7 @@
 #include <QLocale>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPalette>
 #include <QScreen>
 
 #include <algorithm>
@@ -195,9 +196,14 @@ void SelectionWindow::drawTag(QPainter& painter, const QRectF& tag, const QStrin
     painter.drawText(tag, Qt::AlignCenter, text);
 }
 
+QColor SelectionWindow::accentColor()
+{
+    return QGuiApplication::palette().color(QPalette::Highlight);
+}
+
 void SelectionWindow::drawSelection(QPainter& painter) const
 {
-    const auto accent = palette().color(QPalette::Highlight);
+    const auto accent = accentColor();
     auto fill = accent;
     fill.setAlphaF(fillOpacity);
     painter.setRenderHint(QPainter::Antialiasing);

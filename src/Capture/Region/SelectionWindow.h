@@ -2,6 +2,7 @@
 
 #include "Capture/CaptureRegion.h"
 
+#include <QColor>
 #include <QPixmap>
 #include <QPointF>
 #include <QRect>
@@ -20,7 +21,9 @@ class SelectionWindow : public QWidget {
     Q_OBJECT
 
 public:
-    /// How much of the accent colour lies over the selection, above what is dimmed by `dimming`.
+    /// The colour of the selection.
+    [[nodiscard]] static QColor accentColor();
+    /// How much of that colour lies over the selection, above what is dimmed by `dimming`.
     static constexpr float fillOpacity = 0.15F;
     /// How much of black lies over the screen.
     static constexpr float dimming = 0.25F;

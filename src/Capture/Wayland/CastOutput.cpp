@@ -29,6 +29,27 @@ Fit fitOf(const OutputFacts& output, const CastFacts& cast, PixelSize picture)
     return isThere ? Fit::Position : Fit::None;
 }
 
+/// Those of the outputs that `isWanted` and have the picture's shape, as far as that is known, which fit best.
+template <typename IsWanted>
+std::vector<std::size_t> bestFitting(
+    const CastFacts& cast, PixelSize picture, std::span<const OutputFacts> outputs, IsWanted isWanted)
+{
+    Fit best = Fit::None;
+    std::vector<std::size_t> found;
+    for (std::size_t index = 0; index < outputs.size(); ++index) {
+        const OutputFacts& output = outputs[index];
+        if (!isWanted(output) || (output.points && !isOfOneShape(*output.points, picture)))
+            continue;
+        const Fit fit = fitOf(output, cast, picture);
+        if (fit > best)
+            found.clear();
+        if (fit >= best)
+            found.push_back(index);
+        best = std::max(best, fit);
+    }
+    return found;
+}
+
 } // namespace
 
 bool isOfOneShape(PixelSize points, PixelSize picture)
@@ -48,35 +69,17 @@ PixelSize pointsOfOutput(PixelSize said, PixelSize pixels, std::int64_t scale)
 
 std::vector<std::size_t> outputsOfCast(const CastFacts& cast, PixelSize picture, std::span<const OutputFacts> outputs)
 {
-    Fit best = Fit::None;
-    std::vector<std::size_t> found; // those that fit best
-    for (std::size_t index = 0; index < outputs.size(); ++index) {
-        const OutputFacts& output = outputs[index];
-        if (output.points && !isOfOneShape(*output.points, picture))
-            continue;
-        const Fit fit = fitOf(output, cast, picture);
-        if (fit > best)
-            found.clear();
-        if (fit >= best)
-            found.push_back(index);
-        best = std::max(best, fit);
-    }
-    return found;
+    return bestFitting(cast, picture, outputs, [](const OutputFacts&) { return true; });
 }
 
 std::optional<PixelSize> pointsOfCast(const CastFacts& cast, PixelSize picture, std::span<const OutputFacts> outputs)
 {
-    Fit best = Fit::None;
-    std::vector<PixelSize> found; // of those that fit best, each once
-    for (const OutputFacts& output : outputs) {
-        if (!output.points || !isOfOneShape(*output.points, picture))
-            continue;
-        const Fit fit = fitOf(output, cast, picture);
-        if (fit > best)
-            found.clear();
-        if (fit >= best && std::ranges::find(found, *output.points) == found.end())
-            found.push_back(*output.points);
-        best = std::max(best, fit);
+    std::vector<PixelSize> found; // each once
+    for (const std::size_t index :
+        bestFitting(cast, picture, outputs, [](const OutputFacts& output) { return output.points.has_value(); })) {
+        const PixelSize points = *outputs[index].points;
+        if (std::ranges::find(found, points) == found.end())
+            found.push_back(points);
     }
     if (found.size() == 1)
         return found.front();

@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 
 // How long after one attempt the next one follows: a bus that is restarted is back soon, or stays away for long.
 constexpr std::chrono::milliseconds firstPause = 100ms;
-constexpr std::chrono::milliseconds longestPause = 5s;
+constexpr std::chrono::milliseconds maxPause = 5s;
 
 /// How many connections there have been; the first one is the toolkit's.
 std::atomic<int> connectionNumber{0}; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): one a process
@@ -59,7 +59,7 @@ void SessionBus::connectAgain()
     const auto name = nameOf(before + 1);
     if (!QDBusConnection::connectToBus(QDBusConnection::SessionBus, name).isConnected()) {
         QDBusConnection::disconnectFromBus(name); // or its name would stay in use
-        m_patience.start(std::min(longestPause, m_patience.intervalAsDuration() * 2));
+        m_patience.start(std::min(maxPause, m_patience.intervalAsDuration() * 2));
         return;
     }
     connectionNumber = before + 1;

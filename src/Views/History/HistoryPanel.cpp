@@ -22,9 +22,9 @@
 namespace quillbox {
 namespace {
 
-constexpr double fewestRows = 3;  // an empty list is as high as this many
-constexpr double fewRows = 4.5;   // of a list that may be longer: half a row shows that there is more
-constexpr double leastRows = 1.5; // on a small screen
+constexpr double fewestRows = 3; // an empty list is as high as this many
+constexpr double fewRows = 4.5;  // of a list that may be longer: half a row shows that there is more
+constexpr double minRows = 1.5;  // on a small screen
 
 } // namespace
 
@@ -211,7 +211,7 @@ QSize HistoryPanel::sizeHint() const
 
 QSize HistoryPanel::minimumSizeHint() const
 {
-    const double rows = std::min(static_cast<double>(m_rows.size()), leastRows);
+    const double rows = std::min(static_cast<double>(m_rows.size()), minRows);
     return QSize(layout()->minimumSize().width(), heightAround(static_cast<int>(rows * rowHeight())));
 }
 
