@@ -16,16 +16,16 @@ constexpr std::int64_t screenHeight = 80;
 
 using Level = std::function<double(std::int64_t x, std::int64_t y)>;
 
-RGBAFrame picture(const Level& level)
+RGBAFrame picture(const Level& level, std::int64_t width = screenWidth, std::int64_t height = screenHeight)
 {
     Bytes pixels;
-    for (std::int64_t y = 0; y < screenHeight; ++y) {
-        for (std::int64_t x = 0; x < screenWidth; ++x) {
+    for (std::int64_t y = 0; y < height; ++y) {
+        for (std::int64_t x = 0; x < width; ++x) {
             const auto gray = static_cast<std::uint8_t>(std::lround(level(x, y)));
             pixels.insert(pixels.end(), {gray, gray, gray, 255});
         }
     }
-    return RGBAFrame(screenWidth, screenHeight, std::move(pixels));
+    return RGBAFrame(width, height, std::move(pixels));
 }
 
 double text(std::int64_t x, std::int64_t y)
@@ -106,6 +106,28 @@ TEST(OverlayRemains, BeginsWhereTheScreenShowsSomethingElseAndRests)
 TEST(OverlayRemains, TakesADarkScreenForNoOverlay)
 {
     EXPECT_FALSE(remains().likenessOf(picture([](auto, auto) { return 0; })).isCovered);
+}
+
+TEST(OverlayRemains, TakesTheContraryOfAnOverlayForNone)
+{
+    EXPECT_FALSE(remains().likenessOf(withShare(-0.2)).isCovered);
+}
+
+TEST(OverlayRemains, TakesAPictureThatIsLikeTheOverlayOnAverageAloneForNone)
+{
+    const auto other = picture([](auto x, auto y) {
+        const double halfway = (text(x, y) + veiled(text(x, y))) / 2;
+        return halfway + ((x + y) % 2 == 0 ? 35 : -35);
+    });
+    EXPECT_FALSE(remains().likenessOf(other).isCovered);
+}
+
+TEST(OverlayRemains, SeesTheOverlayOnARegionThatThePointerWouldCover)
+{
+    const OverlayRemains small(
+        picture(text, 32, 32), picture([](auto x, auto y) { return veiled(text(x, y)); }, 32, 32));
+    EXPECT_TRUE(small.likenessOf(picture(text, 32, 32)).isUncovered);
+    EXPECT_FALSE(small.likenessOf(picture([](auto x, auto y) { return veiled(text(x, y)); }, 32, 32)).isUncovered);
 }
 
 TEST(OverlayRemains, SeesAnOverlayOnABlackScreenByItsColor)
