@@ -2,20 +2,12 @@
 """The application while the session bus is restarted. Run by CTest inside tests/desktop/x11-session with a tray."""
 
 import os
-import pathlib
 import signal
 import subprocess
 import unittest
 
-from application import process, program, quillbox, run, until, windows, xdo
+from application import has_ended, process, program, quillbox, run, until, windows, xdo
 from desktop import Desktop, tray_icon
-
-
-def has_ended(pid):
-    try:
-        return "State:\tZ" in pathlib.Path(f"/proc/{pid}/status").read_text()
-    except FileNotFoundError:
-        return True
 
 
 class BusRestartTest(unittest.TestCase):

@@ -73,6 +73,14 @@ def program_of(pid):
     return pathlib.Path(f"/proc/{pid}/exe").resolve()
 
 
+def has_ended(pid):
+    """Whether a process has ended, also if nobody has waited for it."""
+    try:
+        return "State:\tZ" in pathlib.Path(f"/proc/{pid}/status").read_text()
+    except FileNotFoundError:
+        return True
+
+
 def status():
     """What the running application says that it is doing; None if nothing runs."""
     answer = quillbox("status", "--json")
