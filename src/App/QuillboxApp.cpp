@@ -378,6 +378,7 @@ void QuillboxApp::explain()
             .combination = HotkeyNotice::combination(state),
             .keys = HotkeyNotice::introduction(state),
             .clipsFolder = ClipboardExporter::clipsDirectory()});
+        m_panel->setNotice(HotkeyNotice::instead(state)); // the introduction says why
     } else if (m_panel) {
         m_panel->setIntroduction(std::nullopt);
         m_panel->setNotice(HotkeyNotice::problem(state));

@@ -1090,6 +1090,15 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <source>⌘ is the Super key: press %1 in any program.</source>
         <translation>⌘ ist die Super-Taste: Drücken Sie %1 in einem beliebigen Programm.</translation>
     </message>
+    <message>
+        <source>Press “Record Region”, not ⌘⇧2.</source>
+        <translation>Drücken Sie „Bereich aufnehmen“, nicht ⌘⇧2.</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>two sentences</comment>
+        <translation>%1 %2</translation>
+    </message>
 </context>
 <context>
     <name>InputReader</name>

@@ -1090,6 +1090,15 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <source>⌘ is the Super key: press %1 in any program.</source>
         <translation>⌘ es la tecla Super: pulse %1 en cualquier programa.</translation>
     </message>
+    <message>
+        <source>Press “Record Region”, not ⌘⇧2.</source>
+        <translation>Pulse «Grabar área», no ⌘⇧2.</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>two sentences</comment>
+        <translation>%1 %2</translation>
+    </message>
 </context>
 <context>
     <name>InputReader</name>

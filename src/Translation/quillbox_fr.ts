@@ -1090,6 +1090,15 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <source>⌘ is the Super key: press %1 in any program.</source>
         <translation>⌘ est la touche Super&#xa0;: appuyez sur %1 dans n&apos;importe quel programme.</translation>
     </message>
+    <message>
+        <source>Press “Record Region”, not ⌘⇧2.</source>
+        <translation>Cliquez sur «&#xa0;Enregistrer une zone&#xa0;»&#xa0;: ⌘⇧2 ne fait rien ici.</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>two sentences</comment>
+        <translation>%1 %2</translation>
+    </message>
 </context>
 <context>
     <name>InputReader</name>

@@ -1088,6 +1088,15 @@ The commands below have more examples: quillbox encode --help</source>
         <source>⌘ is the Super key: press %1 in any program.</source>
         <translation>⌘ は Super キーです。どのプログラムでも %1 を押してください。</translation>
     </message>
+    <message>
+        <source>Press “Record Region”, not ⌘⇧2.</source>
+        <translation>⌘⇧2 ではなく「範囲を録画」を押してください。</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>two sentences</comment>
+        <translation>%1%2</translation>
+    </message>
 </context>
 <context>
     <name>InputReader</name>

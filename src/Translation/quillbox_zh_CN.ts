@@ -1088,6 +1088,15 @@ The commands below have more examples: quillbox encode --help</source>
         <source>⌘ is the Super key: press %1 in any program.</source>
         <translation>⌘ 即 Super 键：在任意程序中按 %1。</translation>
     </message>
+    <message>
+        <source>Press “Record Region”, not ⌘⇧2.</source>
+        <translation>请按“录制区域”，而不是 ⌘⇧2。</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>two sentences</comment>
+        <translation>%1%2</translation>
+    </message>
 </context>
 <context>
     <name>InputReader</name>

@@ -63,7 +63,8 @@ public:
     /// opening. Rounded on Wayland and square elsewhere unless told otherwise.
     void setCorners(Corners corners) { m_corners = corners; }
 
-    /// A sentence below the status, such as why the shortcut does not work; none when empty.
+    /// A sentence below the status, such as why the shortcut does not work; none when empty. Not shown while a flow is
+    /// under way.
     void setNotice(const QString& notice);
 
     /// A switch below everything for what a menu has elsewhere: see SwitchLine.

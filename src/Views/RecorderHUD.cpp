@@ -119,7 +119,13 @@ void RecorderHUD::focusMainButton()
 
 void RecorderHUD::setNotice(const QString& notice)
 {
-    m_notice->setText(notice);
+    m_noticeText = notice;
+    showNotice();
+}
+
+void RecorderHUD::showNotice()
+{
+    m_notice->setText(m_coordinator.isBusy() ? QString() : m_noticeText);
 }
 
 void RecorderHUD::setClipPending(bool isPending)
@@ -254,6 +260,7 @@ void RecorderHUD::showPhase()
     m_time->setVisible(m_coordinator.isIn<RecordingCoordinator::Recording>());
     m_mainButton->setIdle(m_coordinator.isIn<RecordingCoordinator::Processing>());
     awaitProgress();
+    showNotice();
     showPreset(); // another coordinator may have another one
 }
 

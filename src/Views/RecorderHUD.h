@@ -39,7 +39,8 @@ public:
 
     /// Gives the keyboard to the button that records and stops.
     void focusMainButton();
-    /// A sentence below the status, such as why the shortcut does not work; none when empty.
+    /// A sentence below the status, such as why the shortcut does not work; none when empty. Not shown while a flow is
+    /// under way, as there is nothing to begin then.
     void setNotice(const QString& notice);
     /// Whether the clip is not on the clipboard yet, which is told elsewhere.
     void setClipPending(bool isPending);
@@ -59,6 +60,7 @@ private:
     QWidget* makeMainButton();
     QWidget* makeFooter();
     void showPhase();
+    void showNotice();
     void showPreset();
     void showPrecision();
     void awaitProgress();
@@ -74,6 +76,7 @@ private:
     SymbolLabel* m_statusSymbol = nullptr;
     TextLabel* m_statusText = nullptr;
     NoticeLine* m_notice = nullptr;
+    QString m_noticeText;
     ClipResult* m_result = nullptr;
     TimeLabel* m_time = nullptr;
     ProgressBar* m_progress = nullptr;

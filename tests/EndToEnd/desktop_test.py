@@ -22,8 +22,8 @@ KNOWN_COLORS = {DESKTOP, COMPOSITORS_DESKTOP, PAPER, INK, *BLOCKS}
 HISTORY = pathlib.Path(os.environ["XDG_DATA_HOME"], "Quillbox/history.json")
 BY_CONVENTION = {"TARGETS", "MULTIPLE", "TIMESTAMP", "SAVE_TARGETS"}  # what every owner of a selection offers
 CLIPS = pathlib.Path(os.environ["HOME"], "Videos/Quillbox")
-TAKEN = ("Another program uses Super + Shift + 2. Quillbox gets it as soon as it is free; “quillbox toggle” can be bound "
-         "to any other key.")
+TAKEN = ("Press “Record Region”, not ⌘⇧2. Another program uses Super + Shift + 2. Quillbox gets it as soon as it is free; "
+         "“quillbox toggle” can be bound to any other key.")
 
 
 class DesktopTest(ApplicationTest):

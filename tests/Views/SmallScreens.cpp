@@ -129,6 +129,12 @@ private:
     QString m_prefix;
 };
 
+/// What is said of the hotkey, in the language of the pictures.
+QString notice(const char* text)
+{
+    return QCoreApplication::translate("HotkeyNotice", text);
+}
+
 void takeAll(SmallScreen& screen)
 {
     const auto many = [](ViewsFixture& fixture, Panel&) {
@@ -144,8 +150,8 @@ void takeAll(SmallScreen& screen)
         [](ViewsFixture& fixture, Panel& panel) {
             fill(*fixture.history, 4);
             panel.setClipPending(true);
-            panel.setNotice(
-                QStringLiteral("Another program uses the keys. “quillbox toggle” can be bound to any other."));
+            panel.setNotice(notice("Press “Record Region”, not ⌘⇧2.") + QLatin1Char(' ')
+                + notice("This desktop has no global hotkeys. Bind “quillbox toggle” to a key in its settings."));
         },
         false);
     screen.takePanel(QStringLiteral("panel-cleared"), many, true, [](ViewsFixture&, Panel& panel) {
@@ -156,8 +162,8 @@ void takeAll(SmallScreen& screen)
     screen.takeWindow(QStringLiteral("first-use-window"), &firstUse);
     screen.takeWindow(QStringLiteral("window"), many);
 
-    SettingsView settings(QCoreApplication::translate("HotkeyNotice", "⌘ is the Super key: press %1 in any program.")
-                              .arg(QStringLiteral("Super + Shift + 2")));
+    SettingsView settings(
+        notice("⌘ is the Super key: press %1 in any program.").arg(QStringLiteral("Super + Shift + 2")));
     settings.show();
     (void)QTest::qWaitForWindowExposed(&settings);
     screen.take(settings, QStringLiteral("settings"));

@@ -14,12 +14,19 @@ class HotkeyNotice {
 public:
     /// The combination of this program, by the names that this keyboard has for its keys.
     [[nodiscard]] static QString combination(const HotkeyState& state);
-    /// What the panel should point out; empty if there is nothing to do. A user who refused knows that.
+    /// What to press instead of the combination; empty where it works, or may.
+    [[nodiscard]] static QString instead(const HotkeyState& state);
+    /// What the panel should point out below the sentence that names the combination: first what to press instead, then
+    /// what can be done. Empty where the combination works, or may. A user who refused knows why.
     [[nodiscard]] static QString problem(const HotkeyState& state);
-    /// What a newcomer should know of the keys; empty where it is that the combination works.
+    /// What a newcomer should know of the keys, beside instead(); empty where it is that the combination works.
     [[nodiscard]] static QString introduction(const HotkeyState& state);
     /// For the settings window: which way to record by a key is in force.
     [[nodiscard]] static QString explanation(const HotkeyState& state);
+
+private:
+    [[nodiscard]] static bool isUsable(HotkeyStatus status);
+    [[nodiscard]] static QString reason(const HotkeyState& state);
 };
 
 } // namespace quillbox

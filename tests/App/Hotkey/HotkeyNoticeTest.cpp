@@ -5,13 +5,24 @@
 namespace quillbox {
 namespace {
 
-TEST(HotkeyNotice, TellsThePanelOnlyWhatTheUserCanDoSomethingAbout)
+const QString pressTheButton = QStringLiteral("Press “Record Region”, not ⌘⇧2.");
+
+TEST(HotkeyNotice, TellsThePanelFirstWhatToPressInsteadThenWhatCanBeDone)
 {
-    for (const auto status :
-        {HotkeyStatus::NotRegistered, HotkeyStatus::Asking, HotkeyStatus::Active, HotkeyStatus::Refused})
+    for (const auto status : {HotkeyStatus::Taken, HotkeyStatus::Unassigned, HotkeyStatus::Unavailable}) {
+        const QString problem = HotkeyNotice::problem({status, {}, false});
+        EXPECT_TRUE(problem.startsWith(pressTheButton + " ")) << problem.toStdString();
+        EXPECT_TRUE(problem.contains("“quillbox toggle”")) << problem.toStdString();
+    }
+    EXPECT_EQ(HotkeyNotice::problem({HotkeyStatus::Refused, {}, false}), pressTheButton) << "why, the user knows";
+}
+
+TEST(HotkeyNotice, TellsThePanelNothingWhereTheKeysWorkOrMayWork)
+{
+    for (const auto status : {HotkeyStatus::NotRegistered, HotkeyStatus::Asking, HotkeyStatus::Active}) {
         EXPECT_EQ(HotkeyNotice::problem({status, {}, false}), "");
-    for (const auto status : {HotkeyStatus::Taken, HotkeyStatus::Unassigned, HotkeyStatus::Unavailable})
-        EXPECT_TRUE(HotkeyNotice::problem({status, {}, false}).contains("“quillbox toggle”"));
+        EXPECT_EQ(HotkeyNotice::instead({status, {}, false}), "");
+    }
 }
 
 TEST(HotkeyNotice, TellsNewcomersOfTheKeysWhatIsTrue)
@@ -22,7 +33,9 @@ TEST(HotkeyNotice, TellsNewcomersOfTheKeysWhatIsTrue)
     EXPECT_TRUE(HotkeyNotice::introduction({HotkeyStatus::Active, "Press F9", true}).contains("Press F9"));
     EXPECT_TRUE(HotkeyNotice::introduction({HotkeyStatus::Refused, {}, true}).contains("No hotkey, as you decided."));
     for (const auto status : {HotkeyStatus::Taken, HotkeyStatus::Unassigned, HotkeyStatus::Unavailable})
-        EXPECT_EQ(HotkeyNotice::introduction({status, {}, false}), HotkeyNotice::problem({status, {}, false}));
+        EXPECT_EQ(HotkeyNotice::instead({status, {}, false}) + " " + HotkeyNotice::introduction({status, {}, false}),
+            HotkeyNotice::problem({status, {}, false}))
+            << "the one below the status, the other above it";
 }
 
 TEST(HotkeyNotice, TellsTheSettingsWhichWayIsInForce)
@@ -44,7 +57,7 @@ TEST(HotkeyNotice, CallsTheKeysWhatTheKeyboardCallsThem)
     EXPECT_EQ(HotkeyNotice::combination(state), "Super + Shift + É");
     EXPECT_EQ(HotkeyNotice::explanation(state), "⌘ is the Super key: press Super + Shift + É in any program.");
     state.status = HotkeyStatus::Taken;
-    EXPECT_TRUE(HotkeyNotice::problem(state).startsWith("Another program uses Super + Shift + É. "));
+    EXPECT_TRUE(HotkeyNotice::problem(state).contains(" Another program uses Super + Shift + É. "));
 }
 
 TEST(HotkeyNotice, TakesThePercentSignInTheDesktopsWordsAsItIs)
