@@ -8,10 +8,12 @@ import unittest
 
 import kwin_camera
 import kwin_input
+import kwin_windows
 from application import quillbox, status, until
 from asking_desktop import MONITOR, AskingDesktopTest
 from canvas import BLOCKS
 from kde_share_dialog import ShareDialog
+from recording import pillow_frames
 from wayland_application import AREA, casts
 
 
@@ -81,6 +83,26 @@ class KDEDesktopTest(AskingDesktopTest):
         self.user.key("Escape")
         desktop.wait_for("idle")
         until(lambda: casts() == 0, "the cast has ended")
+
+    def test_the_clip_goes_on_while_the_panel_is_beside_the_region(self):
+        desktop = self.begin_asked()
+        self.permit(self.dialog())
+        self.drag_area()
+        desktop.wait_for("recording")
+        shown = self.play(desktop, steps=1)
+        desktop.open_panel()  # in the middle of the monitor
+        covered = self.canvas.show(3, AREA)
+        desktop.wait_for_frames(status()["frameCount"] + 12)
+        self.canvas.show(0, AREA)
+        kwin_windows.move("Quillbox", 820, 60)
+        for step in (1, 2):
+            desktop.wait_for_frames(status()["frameCount"] + 30)
+            shown.append(self.canvas.show(step, AREA))
+        desktop.wait_for_frames(status()["frameCount"] + 12)
+        self.assertEqual(quillbox("stop").returncode, 0)
+        desktop.wait_for("done")
+        path = self.assert_is_the_clip(shown)
+        self.assertFalse(covered.tobytes() in [picture.tobytes() for picture, _ in pillow_frames(path)])
 
     def test_makes_the_clip_when_the_portal_dies(self):
         self.assert_makes_a_clip_when("PORTAL_PID")

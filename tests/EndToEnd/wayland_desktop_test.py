@@ -202,6 +202,32 @@ class WaylandDesktopTest(WaylandApplicationTest):
         frames = [picture.tobytes() for picture, _ in pillow_frames(path)]
         self.assertEqual([picture.tobytes() in frames for picture in meanwhile], [False, False])
 
+    def test_the_clip_goes_on_while_the_panel_is_beside_the_region(self):
+        """Where it is moved after it has covered the region, and where it comes up."""
+        move = "move position 820 60"
+        self.canvas.show(0, AREA)
+        desktop = self.start()
+        desktop.begin()
+        self.drag_area()
+        desktop.wait_for("recording")
+        shown = self.play(desktop, steps=1)
+        for step in (1, 2):
+            desktop.open_panel()
+            if step == 1:
+                covered = self.canvas.show(3, AREA)
+                desktop.wait_for_frames(status()["frameCount"] + 12)
+                self.canvas.show(0, AREA)
+                run("swaymsg", '[title="^Quillbox$"]', move)
+                run("swaymsg", 'for_window [title="^Quillbox$"]', move)
+            until(lambda: places("Quillbox")[0][0] == 820, "the panel is beside the region")
+            shown.append(self.canvas.show(step, AREA))
+            desktop.wait_for_frames(status()["frameCount"] + 40)
+            run("swaymsg", '[title="^Quillbox$"] kill')
+            until(lambda: not places("Quillbox"), "the panel has gone")
+        self.assertEqual(quillbox("stop").returncode, 0)
+        path = self.assert_is_the_clip(shown)
+        self.assertFalse(covered.tobytes() in [picture.tobytes() for picture, _ in pillow_frames(path)])
+
     def test_a_key_of_the_compositors_starts_and_stops(self):
         self.canvas.show(0, AREA)
         desktop = self.start()

@@ -9,7 +9,18 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <utility>
+
 namespace quillbox {
+namespace {
+
+/// So far around a window a compositor may draw its title bar and its shadow, points.
+constexpr int decoration = 64;
+
+/// How long the panel may be above the region before the compositor is asked again: a tick of the recorder.
+constexpr std::chrono::milliseconds askInterval{33};
+
+} // namespace
 
 PanelGuard::Times PanelGuard::usualTimes()
 {
@@ -18,16 +29,27 @@ PanelGuard::Times PanelGuard::usualTimes()
     return {.repaint = 100ms, .fade = mayFade ? 500ms : 100ms};
 }
 
-PanelGuard::PanelGuard(ScreenRecorder& recorder, const ScreenSession& screen, QWidget& panel, Times times)
+PanelGuard::PanelGuard(ScreenRecorder& recorder, const ScreenSession& screen, QWidget& panel, Times times,
+    std::unique_ptr<WindowPlaces> places)
     : QObject(&panel)
     , m_recorder(recorder)
     , m_screen(screen)
     , m_panel(panel)
     , m_times(times)
+    , m_places(std::move(places))
 {
+    m_asking.setInterval(askInterval);
+    if (m_places) {
+        connect(&m_asking, &QTimer::timeout, this, [this] { m_places->ask(m_panel.windowTitle()); });
+        connect(m_places.get(), &WindowPlaces::told, this, &PanelGuard::notePlace);
+    }
     m_repainting.setSingleShot(true);
     connect(&m_repainting, &QTimer::timeout, this, &PanelGuard::releaseOnceRepainted);
-    connect(&recorder, &ScreenRecorder::isRecordingChanged, this, &PanelGuard::check);
+    connect(&recorder, &ScreenRecorder::isRecordingChanged, this, [this] {
+        m_recorded.reset();
+        followPlace();
+        check();
+    });
     panel.installEventFilter(this);
 }
 
@@ -40,10 +62,14 @@ bool PanelGuard::eventFilter(QObject* watched, QEvent* event)
             awaitRepaint();
         }
         followScreen();
+        followPlace();
+        break;
+    case QEvent::Hide: // comes after it has left the screen
+        followPlace();
+        check();
         break;
     case QEvent::Move:
     case QEvent::Resize:
-    case QEvent::Hide: // comes after it has left the screen
         check();
         break;
     default:
@@ -58,13 +84,25 @@ bool PanelGuard::isWhereItWasPut() const
     return toolkitWindowSystem() != WindowSystem::Wayland && m_panel.windowFlags().testFlag(Qt::FramelessWindowHint);
 }
 
-bool PanelGuard::isInTheWay() const
+bool PanelGuard::isInTheWay()
 {
     const auto region = m_recorder.region();
     if (!region || !m_panel.isVisible())
         return false;
-    return toolkitWindowSystem() == WindowSystem::Wayland ? isOnRecordedScreen()
-                                                          : placeOf(*region).intersects(m_panel.frameGeometry());
+    if (toolkitWindowSystem() != WindowSystem::Wayland)
+        return placeOf(*region).intersects(m_panel.frameGeometry());
+    return m_place ? isAboveRegion(*m_place) : isOnRecordedScreen();
+}
+
+bool PanelGuard::isAboveRegion(const QRect& place)
+{
+    const auto region = m_recorder.region();
+    const auto* const screen = m_screen.castScreen();
+    if (!m_recorded && region && screen != nullptr)
+        m_recorded = placeOn(*screen, *region);
+    if (!m_recorded)
+        return true; // for all that is known
+    return !place.isEmpty() && m_recorded->intersects(place.adjusted(-decoration, -decoration, decoration, decoration));
 }
 
 /// Whether it is, or may be: a window on Wayland knows no more of its place than the screen.
@@ -85,6 +123,33 @@ void PanelGuard::followScreen()
     connect(window, &QWindow::screenChanged, this, &PanelGuard::check, Qt::UniqueConnection);
     if (m_recorder.isRecording() && m_screen.castScreen() != nullptr)
         window->setScreen(m_screen.castScreen());
+}
+
+void PanelGuard::followPlace()
+{
+    m_place.reset();
+    if (!m_places || !m_panel.isVisible() || !m_recorder.isRecording()) {
+        m_asking.stop();
+        return;
+    }
+    m_places->ask(m_panel.windowTitle());
+    m_asking.start();
+}
+
+void PanelGuard::notePlace(const std::optional<QRect>& place)
+{
+    if (!m_asking.isActive())
+        return; // the answer came too late
+    const bool wasInTheWay = isInTheWay();
+    m_place = place;
+    const bool isNowInTheWay = isInTheWay();
+    m_wasAbove = m_wasAbove || (place && isNowInTheWay);
+    if (isNowInTheWay)
+        m_recorder.holdPicture();
+    else if (!m_wasAbove)
+        release(); // nothing needs repainting
+    else if (wasInTheWay)
+        awaitRepaint();
 }
 
 void PanelGuard::check()
@@ -108,9 +173,16 @@ void PanelGuard::releaseOnceRepainted()
         return;
     const bool isAtRest = m_recorder.restWhileHeld() >= m_times.repaint;
     if (isAtRest || std::chrono::milliseconds(m_sinceLeft.elapsed()) >= m_times.fade)
-        m_recorder.releasePicture();
+        release();
     else
         m_repainting.start(pollInterval);
+}
+
+void PanelGuard::release()
+{
+    m_repainting.stop();
+    m_wasAbove = false;
+    m_recorder.releasePicture();
 }
 
 } // namespace quillbox
