@@ -19,7 +19,7 @@ Bytes journalOf(fuzz::Input& input)
     const auto header = JournalFormat::encodedHeader(JournalFormat::WallClock::time_point());
     Bytes bytes(header.begin(), header.end());
     for (std::uint32_t number = 0; !input.isEmpty(); ++number) {
-        const auto kind = static_cast<JournalFormat::Kind>(1 + input.below(4));
+        const auto kind = static_cast<JournalFormat::Kind>(1 + input.below(6));
         const std::int64_t value = input.byte() < 240 ? input.number16() : input.number16() << 40;
         const Bytes payload = input.rest(static_cast<std::size_t>(input.byte()));
         JournalFormat::append(bytes,
@@ -56,6 +56,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!contents || contents->frames.empty())
         return 0;
     precondition(std::ssize(contents->frames) <= JournalFormat::maxFrames, "a recording has an end");
+    std::int64_t lastEnd = 0;
+    for (const FrameRange& hold : contents->held) {
+        precondition(hold.begin >= lastEnd && hold.begin < hold.end, "holds follow one another");
+        lastEnd = hold.end;
+    }
+    precondition(lastEnd <= std::ssize(contents->frames), "frames that there are");
     const RGBAFrame* before = nullptr;
     for (const RGBAFrame& frame : contents->frames) {
         if (before != nullptr && before->sharesPixels(frame))

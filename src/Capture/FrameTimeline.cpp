@@ -55,18 +55,28 @@ void FrameTimeline::hold(TimePoint time)
 void FrameTimeline::resume(TimePoint time)
 {
     if (!m_finished && m_latest)
-        noteHeld(tickAt(m_zero, std::max(time, m_lastDelivery)));
+        noteHeld(frameAt(time));
     m_holdSince.reset();
 }
 
 void FrameTimeline::noteHeld(std::int64_t end)
 {
-    if (!m_holdSince || !m_latest)
-        return;
-    const std::int64_t last = tickAt(m_zero, std::max(*m_holdSince, m_zero)); // that shows the screen
-    const FrameRange range{last + 1, std::min(end, m_maxFrames)};
-    if (range.begin < range.end)
+    const auto begin = heldFrom();
+    const FrameRange range{begin.value_or(0), std::min(end, m_maxFrames)};
+    if (begin && range.begin < range.end)
         m_held.push_back(range);
+}
+
+std::optional<std::int64_t> FrameTimeline::heldFrom() const
+{
+    if (!m_holdSince || !m_latest)
+        return std::nullopt;
+    return tickAt(m_zero, std::max(*m_holdSince, m_zero)) + 1; // that one shows the screen
+}
+
+std::int64_t FrameTimeline::frameAt(TimePoint time) const
+{
+    return tickAt(m_zero, std::max(time, m_lastDelivery));
 }
 
 void FrameTimeline::finish(TimePoint time)

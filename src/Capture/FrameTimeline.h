@@ -45,6 +45,10 @@ public:
     /// The frames, of those there are, that repeat a picture because of hold(), oldest first. Of a hold that goes on,
     /// none.
     [[nodiscard]] const std::vector<FrameRange>& held() const { return m_held; }
+    /// The first frame that a hold which goes on repeats, or will; none without one, or without a picture.
+    [[nodiscard]] std::optional<std::int64_t> heldFrom() const;
+    /// The frame that `time` falls into. @pre there is a picture.
+    [[nodiscard]] std::int64_t frameAt(TimePoint time) const;
 
     /// Ends the list at `time`, or at the last delivery if that was later: it then holds round(30 × duration in
     /// seconds) frames, halves away from zero, and at least one if there was any picture; all within its limit. A

@@ -1,6 +1,7 @@
 #include "Capture/RecordingReducer.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace quillbox {
@@ -27,8 +28,8 @@ std::vector<FrameRange> RecordingReducer::HeldFrames::ranges() const
 bool RecordingReducer::HeldFrames::contains(std::int64_t frame) const
 {
     const std::scoped_lock lock(m_mutex);
-    return std::ranges::any_of(
-        m_ranges, [frame](const FrameRange& range) { return range.begin <= frame && frame < range.end; });
+    const auto next = std::ranges::upper_bound(m_ranges, frame, {}, &FrameRange::begin);
+    return next != m_ranges.begin() && frame < std::prev(next)->end;
 }
 
 void RecordingReducer::FollowedFrames::append(const RGBAFrame& frame)

@@ -48,7 +48,8 @@ public:
 
     /// Takes in what is new. Never waits.
     /// @param frames  All complete frames so far, 30 a second, oldest first.
-    /// @param held    Those of them that do not tell what the screen showed; each is the frame before, repeated.
+    /// @param held    Those of them that do not tell what the screen showed, oldest first; each is the frame before,
+    ///                repeated.
     /// @pre finished() has not been called.
     void follow(const std::vector<RGBAFrame>& frames, const std::vector<FrameRange>& held = {});
 

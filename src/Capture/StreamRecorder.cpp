@@ -139,8 +139,20 @@ void StreamRecorder::holdPicture()
     if (!m_isRecording || m_hold)
         return;
     const auto now = m_now();
-    m_hold.emplace(Hold{now, now, std::nullopt});
+    m_hold.emplace(Hold{.since = now, .changedAt = now});
     m_session->timeline.hold(now);
+    noteHold();
+}
+
+/// Once there is a picture that is held.
+void StreamRecorder::noteHold()
+{
+    if (!m_hold || m_hold->isInJournal || !m_session->journal)
+        return;
+    if (const auto firstFrame = m_session->timeline.heldFrom()) {
+        m_session->journal->hold(*firstFrame);
+        m_hold->isInJournal = true;
+    }
 }
 
 void StreamRecorder::releasePicture()
@@ -149,9 +161,12 @@ void StreamRecorder::releasePicture()
     const auto hold = std::exchange(m_hold, std::nullopt);
     if (!hold)
         return;
-    m_session->timeline.resume(m_now());
+    const auto now = m_now();
+    if (hold->isInJournal)
+        m_session->journal->resume(m_session->timeline.frameAt(now));
+    m_session->timeline.resume(now);
     if (hold->latest)
-        deliver(*m_session, *hold->latest, m_now());
+        deliver(*m_session, *hold->latest, now);
 }
 
 std::chrono::nanoseconds StreamRecorder::restWhileHeld() const
@@ -220,6 +235,7 @@ void StreamRecorder::takeDeliveries()
         else
             end(delivery.session, delivery.time, std::get<CaptureError>(delivery.content));
     }
+    noteHold();
     const auto reason = m_isRecording ? m_session->reducer->fullReason() : std::string();
     if (!reason.empty() && !m_session->timeline.isFinished())
         end(m_session, m_now(), CaptureError(CaptureError::Reason::NoRoom, reason));

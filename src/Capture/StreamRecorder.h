@@ -102,6 +102,7 @@ private:
     [[nodiscard]] std::shared_ptr<RecordingReducer> makeReducer() const;
     FrameSink sinkFor(const std::shared_ptr<Session>& session);
     void takeDeliveries();
+    void noteHold();
     void noteWhileHeld(RGBAFrame frame);
     [[nodiscard]] std::shared_ptr<RecordingJournal> makeJournal() const;
     static void removeJournal(const Session& session);
@@ -118,7 +119,8 @@ private:
     struct Hold {
         CaptureClock::time_point since;
         CaptureClock::time_point changedAt;
-        std::optional<RGBAFrame> latest;
+        std::optional<RGBAFrame> latest{};
+        bool isInJournal = false;
     };
 
     StreamFactory m_makeStream;

@@ -1,9 +1,12 @@
 #include "Capture/StreamRecorder.h"
 
+#include "Capture/Journal/CutOffRecordings.h"
 #include "Encoding/FrameReducer.h"
 #include "RecorderFixture.h"
 #include "support/QtTests.h"
+#include "support/TemporaryFolder.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 namespace quillbox {
@@ -28,6 +31,7 @@ private Q_SLOTS:
     void aHeldPictureDoesNotLowerTheFrameRate();
     void aHeldTailDoesNotLowerTheFrameRate();
     void framesAfterAHoldCountAgain();
+    void heldFramesOfARecordingThatWasCutOffDoNotLowerTheFrameRate();
 };
 
 void HeldPictureTest::aHeldPictureStaysUntilItIsReleased()
@@ -187,6 +191,35 @@ void HeldPictureTest::framesAfterAHoldCountAgain()
     showStill(fixture, 200);
     const auto recording = fixture.stopRecording();
     QCOMPARE(chosenRate(recording), chosenRate(Recording(recording.frames())));
+}
+
+void HeldPictureTest::heldFramesOfARecordingThatWasCutOffDoNotLowerTheFrameRate()
+{
+    Fixture moving;
+    moving.start();
+    showMoving(moving, 60);
+    const auto usual = chosenRate(moving.stopRecording());
+    const support::TemporaryFolder folder;
+    {
+        Fixture fixture(
+            std::nullopt, RecordingJournal::Options{.folder = folder.path(), .diskSpaceToLeave = 0, .coreShare = 1e9});
+        fixture.start();
+        fixture.recorder->holdPicture(); // before there is a picture
+        showMoving(fixture, 1);
+        fixture.recorder->releasePicture();
+        showMoving(fixture, 32);
+        fixture.recorder->holdPicture();
+        showStill(fixture, 60);
+        fixture.recorder->releasePicture();
+        showMoving(fixture, 28);
+        QCoreApplication::processEvents(); // what was delivered is taken
+    }                                      // and nobody has stopped it
+    const auto found = CutOffRecordings::find(folder.path());
+    QCOMPARE(found.size(), std::size_t{1});
+    const auto recording = CutOffRecordings::take(found.front());
+    QCOMPARE(recording.frames().size(), std::size_t{1 + 32 + 60 + 24 + 1}); // the last picture is one frame
+    QCOMPARE(chosenRate(recording), usual);
+    QVERIFY(chosenRate(Recording(recording.frames())) < usual);
 }
 
 namespace {

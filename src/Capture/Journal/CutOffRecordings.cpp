@@ -2,6 +2,7 @@
 
 #include "Capture/Journal/JournalFile.h"
 #include "Capture/Journal/JournalReader.h"
+#include "Capture/RecordingReducer.h"
 #include "Capture/Spill/FrameSpill.h"
 #include "Translation/Translate.h"
 
@@ -81,7 +82,9 @@ Recording CutOffRecordings::take(const Found& found)
     }
     if (!contents || contents->frames.empty())
         throw CutOffError(translate("CutOffRecordings", "This recording is damaged; nothing can be made of it"));
-    Recording recording(std::move(contents->frames));
+    auto reducer = std::make_shared<RecordingReducer>();
+    reducer->follow(contents->frames, contents->held);
+    Recording recording(std::move(contents->frames), std::move(reducer));
     recording.setBackup([file, path = found.path] {
         (void)::unlink(path.c_str()); // one that can't be removed is found again
     });

@@ -95,9 +95,9 @@ std::optional<JournalFormat::WallClock::time_point> JournalFormat::decodedHeader
 {
     constexpr std::int64_t lastMoment = 253'402'300'799'999; // the year 9999
     const std::int64_t began = number64(bytes, 16);
-    if (!std::ranges::equal(bytes.first<signature.size()>(), signature) || number32(bytes, 8) != version
-        || number32(bytes, 12) != FrameTimeline::framesPerSecond || began < 0 || began > lastMoment
-        || number32(bytes, 28) != checksum(bytes.first<28>()))
+    if (!std::ranges::equal(bytes.first<signature.size()>(), signature) || number32(bytes, 8) < 1
+        || number32(bytes, 8) > version || number32(bytes, 12) != FrameTimeline::framesPerSecond || began < 0
+        || began > lastMoment || number32(bytes, 28) != checksum(bytes.first<28>()))
         return std::nullopt;
     return WallClock::time_point(std::chrono::milliseconds(began));
 }
@@ -121,7 +121,7 @@ std::optional<JournalFormat::RecordHeader> JournalFormat::decodedRecord(
         .value = number64(bytes, 8),
         .payloadBytes = number32(bytes, 16),
         .payloadChecksum = number32(bytes, 20)};
-    if (number32(bytes, 24) != checksum(bytes.first<24>()) || header.kind < Kind::Band || header.kind > Kind::End
+    if (number32(bytes, 24) != checksum(bytes.first<24>()) || header.kind < Kind::Band || header.kind > Kind::Resumed
         || header.payloadBytes > maxPayload)
         return std::nullopt;
     return header;

@@ -26,16 +26,23 @@ namespace quillbox {
 ///               of the picture before: place u32 (0 at the top, ascending), which Band of the file u32 (0, 1, 2 …).
 ///     Still     value: how many frames there were by then; the last picture was still there.
 ///     End       value: how many frames there are; the recording ended as it should.
+///     Held      value: the first frame that no longer shows the screen, but the picture before: something of our own
+///               was in the way.
+///     Resumed   value: the first frame that shows the screen again. Without it, a picture that begins later than Held
+///               says, and the End, do the same.
+///
+/// Version 1 has neither Held nor Resumed; in all else it is the same.
 namespace JournalFormat {
 
-inline constexpr std::uint32_t version = 1;
+inline constexpr std::uint32_t version = 2;
 inline constexpr std::size_t headerBytes = 32;
 inline constexpr std::size_t recordHeaderBytes = 28;
 inline constexpr std::int64_t maxSide = 65535;      ///< of a picture, pixels
 inline constexpr std::int64_t maxFrames = 1 << 22;  ///< more than 38 hours
+inline constexpr std::int64_t maxHeldTail = 9;      ///< of these frames at the end, where the recording was cut off
 inline constexpr std::int64_t maxPayload = 1 << 24; ///< more than any band or list of bands
 
-enum class Kind : std::uint32_t { Band = 1, Picture = 2, Still = 3, End = 4 };
+enum class Kind : std::uint32_t { Band = 1, Picture = 2, Still = 3, End = 4, Held = 5, Resumed = 6 };
 
 struct RecordHeader {
     Kind kind = Kind::Band;
@@ -53,7 +60,7 @@ using WallClock = std::chrono::system_clock;
 [[nodiscard]] std::uint32_t checksum(std::span<const std::uint8_t> bytes);
 
 [[nodiscard]] std::array<std::uint8_t, headerBytes> encodedHeader(WallClock::time_point began);
-/// When the recording began; none if that is no header of this version.
+/// When the recording began; none if that is no header of a version that is known.
 [[nodiscard]] std::optional<WallClock::time_point> decodedHeader(std::span<const std::uint8_t, headerBytes> bytes);
 
 /// Appends a record's header.

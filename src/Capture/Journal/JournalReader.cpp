@@ -65,12 +65,13 @@ private:
     std::uint32_t m_count = 0;
 };
 
-/// How many frames there are, as one record after the other tells.
+/// How many frames there are, and which of them are held, as one record after the other tells.
 class FrameCount {
 public:
     /// @return false if the record can't follow those before it
     bool take(const RecordHeader& header)
     {
+        m_endedHold.reset();
         if (header.kind == Kind::Band)
             return true;
         if (header.value < 0 || header.value > JournalFormat::maxFrames)
@@ -78,27 +79,71 @@ public:
         if (header.kind == Kind::Picture) {
             if (header.value < m_lastBegin || (!m_hasPicture && header.value > 0))
                 return false;
+            if (m_heldFrom && header.value > *m_heldFrom)
+                endHold(header.value);
             m_hasPicture = true;
             m_lastBegin = header.value;
             m_count = std::max(m_count, header.value + 1);
         } else if (header.kind == Kind::Still) {
             m_count = std::max(m_count, header.value);
         } else if (header.kind == Kind::End) {
+            if (m_heldFrom)
+                endHold(header.value);
             m_count = header.value;
             m_isWhole = true;
+        } else if (header.kind == Kind::Held) {
+            if (m_heldFrom || header.value < m_heldUntil)
+                return false;
+            m_heldFrom = header.value;
+        } else if (header.kind == Kind::Resumed) {
+            if (m_heldFrom)
+                endHold(header.value);
         }
         return true;
     }
 
-    [[nodiscard]] std::int64_t value() const { return m_hasPicture ? m_count : 0; }
+    [[nodiscard]] std::int64_t value() const
+    {
+        if (!m_hasPicture)
+            return 0;
+        return m_heldFrom ? std::min(m_count, std::max(m_lastBegin + 1, *m_heldFrom + JournalFormat::maxHeldTail))
+                          : m_count;
+    }
     [[nodiscard]] bool isWhole() const { return m_isWhole; }
 
+    /// The frames of the hold that the last record ended, if it did.
+    [[nodiscard]] std::optional<FrameRange> endedHold() const { return m_endedHold; }
+    /// Those of a hold that has no end; none where there is no such hold.
+    [[nodiscard]] std::optional<FrameRange> openHold() const
+    {
+        return m_heldFrom ? std::optional(FrameRange{*m_heldFrom, value()}) : std::nullopt;
+    }
+
 private:
+    void endHold(std::int64_t end)
+    {
+        m_endedHold = FrameRange{*m_heldFrom, end};
+        m_heldUntil = std::max(end, *m_heldFrom);
+        m_heldFrom.reset();
+    }
+
     std::int64_t m_count = 0;
     std::int64_t m_lastBegin = 0;
     bool m_hasPicture = false;
     bool m_isWhole = false;
+    std::optional<std::int64_t> m_heldFrom; ///< while it lasts
+    std::int64_t m_heldUntil = 0;           ///< by the holds that are over
+    std::optional<FrameRange> m_endedHold;
 };
+
+/// Those of the holds that concern a recording of so many frames.
+std::vector<FrameRange> within(std::int64_t frameCount, std::vector<FrameRange> holds)
+{
+    for (FrameRange& hold : holds)
+        hold.end = std::min(hold.end, frameCount);
+    std::erase_if(holds, [](const FrameRange& hold) { return hold.begin >= hold.end; });
+    return holds;
+}
 
 /// The pictures, put together from their bands.
 class Pictures {
@@ -204,6 +249,7 @@ std::optional<JournalReader::Contents> JournalReader::read(const std::shared_ptr
     Records records(*file);
     FrameCount count;
     Pictures pictures(file);
+    std::vector<FrameRange> holds;
     while (const auto header = records.next()) {
         FrameCount next = count;
         const auto payload = records.payload(*header);
@@ -212,10 +258,17 @@ std::optional<JournalReader::Contents> JournalReader::read(const std::shared_ptr
             || (header->kind == Kind::Picture && !pictures.takePicture(header->value, *payload)))
             break;
         count = next;
+        if (const auto hold = count.endedHold())
+            holds.push_back(*hold);
         if (count.isWhole())
             break;
     }
-    return Contents{.began = *began, .frames = pictures.finished(count.value()), .isWhole = count.isWhole()};
+    if (const auto hold = count.openHold())
+        holds.push_back(*hold);
+    return Contents{.began = *began,
+        .frames = pictures.finished(count.value()),
+        .held = within(count.value(), std::move(holds)),
+        .isWhole = count.isWhole()};
 }
 
 } // namespace quillbox

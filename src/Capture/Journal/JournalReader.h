@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Capture/FrameTimeline.h"
 #include "Capture/Journal/JournalFormat.h"
 #include "Capture/Spill/SpillFile.h"
 #include "Encoding/Pixels/PixelTypes.h"
@@ -27,6 +28,7 @@ struct Summary {
 struct Contents {
     JournalFormat::WallClock::time_point began;
     std::vector<RGBAFrame> frames; ///< oldest first, 30 a second; their pixels are in the file until they are looked at
+    std::vector<FrameRange> held;  ///< those that do not tell what the screen showed, in order
     bool isWhole = false;          ///< the recording ended as it should
 };
 

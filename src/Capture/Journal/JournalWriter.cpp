@@ -90,6 +90,16 @@ void JournalWriter::addStill(std::int64_t frameCount)
     addNumber(Kind::Still, frameCount);
 }
 
+void JournalWriter::addHeld(std::int64_t firstFrame)
+{
+    addNumber(Kind::Held, firstFrame);
+}
+
+void JournalWriter::addResumed(std::int64_t firstFrame)
+{
+    addNumber(Kind::Resumed, firstFrame);
+}
+
 void JournalWriter::addEnd(std::int64_t frameCount)
 {
     addNumber(Kind::End, frameCount);

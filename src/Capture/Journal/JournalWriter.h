@@ -27,6 +27,10 @@ public:
     void addPicture(const RGBAFrame& picture, std::int64_t firstFrame);
     /// The last picture is still there. @param frameCount  Frames by now. @throws SpillError
     void addStill(std::int64_t frameCount);
+    /// From this frame on the picture is repeated though the screen may show something else; and until this one.
+    /// @throws SpillError
+    void addHeld(std::int64_t firstFrame);
+    void addResumed(std::int64_t firstFrame);
     /// There is no more. @throws SpillError
     void addEnd(std::int64_t frameCount);
 

@@ -70,6 +70,25 @@ void RecordingJournal::take(const RGBAFrame& picture, std::int64_t firstFrame)
     m_changed.notify_all();
 }
 
+void RecordingJournal::hold(std::int64_t firstFrame)
+{
+    add({.isHeld = true, .firstFrame = firstFrame});
+}
+
+void RecordingJournal::resume(std::int64_t firstFrame)
+{
+    add({.isHeld = false, .firstFrame = firstFrame});
+}
+
+void RecordingJournal::add(Turn turn)
+{
+    const std::scoped_lock lock(m_mutex);
+    if (m_isEnding || m_isRemoved || turn.firstFrame >= m_options.maxFrames)
+        return;
+    m_turns.push_back(turn);
+    m_changed.notify_all();
+}
+
 void RecordingJournal::finish(std::int64_t frameCount)
 {
     const std::scoped_lock lock(m_mutex);
@@ -100,14 +119,18 @@ void RecordingJournal::work()
         std::unique_lock lock(m_mutex);
         for (;;) {
             m_changed.wait_for(lock, m_leftOut ? m_options.batchInterval : m_options.longestPause,
-                [this] { return !m_waiting.empty() || m_isEnding; });
+                [this] { return !m_waiting.empty() || !m_turns.empty() || m_isEnding; });
             const bool isLast = m_isEnding;
             const auto frameCount = m_frameCount;
             if (m_isRemoved)
                 return;
             auto batch = std::exchange(m_waiting, {});
+            m_unwrittenTurns.insert(m_unwrittenTurns.end(), m_turns.begin(), m_turns.end());
+            m_turns.clear();
             lock.unlock();
+            writeTurns(); // before pictures that come later: without its end, a hold would cut them off
             write(std::move(batch), isLast);
+            writeTurns();
             if (isLast && frameCount)
                 writeEnd(*frameCount);
             else
@@ -124,6 +147,7 @@ void RecordingJournal::work()
         const std::scoped_lock lock(m_mutex);
         m_isEnding = true;
         m_waiting.clear();
+        m_turns.clear();
     }
 }
 
@@ -169,6 +193,22 @@ bool RecordingJournal::writePicture(const Picture& next)
     m_allowance.time -= threadTime() - before;
     m_allowance.bytes -= static_cast<double>(bytes);
     return isWritten;
+}
+
+void RecordingJournal::writeTurns()
+{
+    try {
+        while (m_writer && !m_unwrittenTurns.empty()) {
+            const Turn turn = m_unwrittenTurns.front();
+            if (turn.isHeld)
+                m_writer->addHeld(turn.firstFrame);
+            else
+                m_writer->addResumed(turn.firstFrame);
+            m_unwrittenTurns.pop_front();
+            m_isSynced = false;
+        }
+    } catch (const SpillError&) { // the next attempt begins with this one
+    }
 }
 
 void RecordingJournal::writeStill()

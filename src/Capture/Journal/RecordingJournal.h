@@ -44,6 +44,11 @@ public:
 
     /// Takes the next picture. Never waits. @param firstFrame  The frame that it begins at; not below the one before.
     void take(const RGBAFrame& picture, std::int64_t firstFrame);
+    /// From that frame on the latest picture is repeated though the screen may show something else; until resume()
+    /// tells the first frame that shows the screen again, which is called before the next picture is taken. Neither
+    /// waits.
+    void hold(std::int64_t firstFrame);
+    void resume(std::int64_t firstFrame);
     /// The recording is over: no picture follows. Never waits. A second call does nothing.
     void finish(std::int64_t frameCount);
     /// The recording is safe elsewhere, or not wanted: the file loses its name at once, or as soon as it has got one if
@@ -56,6 +61,11 @@ private:
         RGBAFrame picture;
         std::int64_t firstFrame;
     };
+    /// That frames are held from there on, or no longer.
+    struct Turn {
+        bool isHeld;
+        std::int64_t firstFrame;
+    };
     /// What may be spent; refilled as time passes.
     struct Allowance {
         std::chrono::duration<double> time{0};
@@ -65,6 +75,8 @@ private:
 
     void work();
     void write(std::deque<Picture> batch, bool isLast);
+    void writeTurns();
+    void add(Turn turn);
     [[nodiscard]] bool writePicture(const Picture& next);
     void writeStill();
     void writeEnd(std::int64_t frameCount);
@@ -78,6 +90,7 @@ private:
     std::mutex m_mutex; ///< guards what follows
     std::condition_variable m_changed;
     std::deque<Picture> m_waiting;
+    std::deque<Turn> m_turns;
     std::int64_t m_latestBegin = 0; ///< of the last picture taken
     Clock::time_point m_latestCame;
     std::optional<std::int64_t> m_frameCount; ///< once finished
@@ -87,7 +100,8 @@ private:
 
     // The thread's.
     std::optional<JournalWriter> m_writer;
-    std::optional<Picture> m_leftOut; ///< the latest, if it was not written
+    std::optional<Picture> m_leftOut;  ///< the latest, if it was not written
+    std::deque<Turn> m_unwrittenTurns; ///< oldest first
     Allowance m_allowance;
     Clock::time_point m_pictureAt; ///< when one was written
     Clock::time_point m_recordAt;  ///< when anything was

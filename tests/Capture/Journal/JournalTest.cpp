@@ -79,6 +79,20 @@ std::shared_ptr<SpillFile> journalOf(const std::vector<Shown>& shown)
     return file;
 }
 
+RGBAFrame picture(int number)
+{
+    return support::solid(3, 40, support::gray(number));
+}
+
+/// Makes it a journal of another version.
+void setVersion(Bytes& bytes, std::uint32_t version)
+{
+    bytes[8] = static_cast<std::uint8_t>(version);
+    Bytes sum;
+    JournalFormat::append32(sum, JournalFormat::checksum(std::span(bytes).first(JournalFormat::headerBytes - 4)));
+    std::ranges::copy(sum, bytes.begin() + JournalFormat::headerBytes - 4);
+}
+
 TEST(JournalFormat, HasTheChecksumOfEverybody)
 {
     const std::string digits = "123456789";
@@ -92,7 +106,7 @@ TEST(JournalFormat, WritesAHeaderByteByByte)
     const auto header
         = JournalFormat::encodedHeader(JournalFormat::WallClock::time_point(std::chrono::milliseconds(258)));
     const Bytes begin{
-        'Q', 'B', 'r', 'e', 'c', '\r', '\n', 0x1A, 1, 0, 0, 0, 30, 0, 0, 0, 2, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0};
+        'Q', 'B', 'r', 'e', 'c', '\r', '\n', 0x1A, 2, 0, 0, 0, 30, 0, 0, 0, 2, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0};
     EXPECT_TRUE(std::equal(begin.begin(), begin.end(), header.begin()));
     EXPECT_EQ(JournalFormat::number32(header, 28), JournalFormat::checksum(begin));
     EXPECT_EQ(JournalFormat::decodedHeader(JournalFormat::encodedHeader(aMoment)), aMoment);
@@ -261,10 +275,81 @@ TEST(Journal, ABandThatIsNoPixelsIsDamage)
 TEST(Journal, IsNoJournalOfAnotherVersion)
 {
     auto bytes = bytesOf(*journalOf({{0, support::solid(1, 1, support::gray(1))}}));
-    bytes[8] = 2;
-    EXPECT_FALSE(JournalReader::read(fileOf(bytes)));
-    EXPECT_FALSE(JournalReader::summary(*fileOf(bytes)));
+    for (const std::uint32_t version : {0U, 3U}) {
+        setVersion(bytes, version);
+        EXPECT_FALSE(JournalReader::read(fileOf(bytes)));
+        EXPECT_FALSE(JournalReader::summary(*fileOf(bytes)));
+    }
     EXPECT_FALSE(JournalReader::summary(*fileOf({})));
+}
+
+TEST(Journal, ReadsThoseOfTheVersionBefore)
+{
+    const std::vector<Shown> shown{{0, support::solid(1, 1, support::gray(1))}};
+    auto bytes = bytesOf(*journalOf(shown));
+    setVersion(bytes, 1);
+    EXPECT_EQ(JournalReader::read(fileOf(bytes))->frames, framesOf(shown, 1));
+}
+
+TEST(Journal, TellsWhichFramesAreHeld)
+{
+    const std::vector<Shown> shown{{0, picture(1)}, {7, picture(2)}};
+    const auto file = fileOf({});
+    JournalWriter writer(file, aMoment);
+    writer.addPicture(shown[0].picture, 0);
+    writer.addHeld(2);
+    writer.addResumed(5);
+    writer.addHeld(6);
+    writer.addPicture(shown[1].picture, 7); // where the end of the hold found no room
+    writer.addHeld(8);
+    writer.addResumed(8); // at once
+    writer.addStill(20);
+    const auto contents = JournalReader::read(file);
+    EXPECT_EQ(contents->frames, framesOf(shown, 20));
+    EXPECT_EQ(contents->held, (std::vector<FrameRange>{{2, 5}, {6, 7}}));
+}
+
+TEST(Journal, CutsAHeldTailThatWasCutOff)
+{
+    const std::vector<Shown> shown{{0, picture(1)}};
+    const auto file = fileOf({});
+    JournalWriter writer(file, aMoment);
+    writer.addPicture(shown[0].picture, 0);
+    writer.addHeld(5);
+    writer.addStill(100);
+    const auto contents = JournalReader::read(file);
+    EXPECT_EQ(contents->frames, framesOf(shown, 14)) << "nine of it are left";
+    EXPECT_EQ(contents->held, (std::vector<FrameRange>{{5, 14}}));
+    EXPECT_EQ(JournalReader::summary(*file)->frameCount, 14);
+}
+
+TEST(Journal, KeepsTheHeldTailOfARecordingThatWasStopped)
+{
+    const std::vector<Shown> shown{{0, picture(1)}};
+    const auto file = fileOf({});
+    JournalWriter writer(file, aMoment);
+    writer.addPicture(shown[0].picture, 0);
+    writer.addHeld(5);
+    writer.addEnd(16); // who stopped it has cut it already
+    const auto contents = JournalReader::read(file);
+    EXPECT_EQ(contents->frames, framesOf(shown, 16));
+    EXPECT_EQ(contents->held, (std::vector<FrameRange>{{5, 16}}));
+}
+
+TEST(Journal, AHoldWithinAHoldIsDamage)
+{
+    const std::vector<Shown> shown{{0, picture(1)}};
+    for (const std::int64_t second : {3, 9}) {
+        const auto file = fileOf({});
+        JournalWriter writer(file, aMoment);
+        writer.addPicture(shown[0].picture, 0);
+        writer.addHeld(4);
+        if (second == 3)
+            writer.addResumed(8);
+        writer.addHeld(second);
+        writer.addStill(12);
+        EXPECT_EQ(JournalReader::read(file)->frames, framesOf(shown, 1)) << second;
+    }
 }
 
 } // namespace

@@ -114,6 +114,23 @@ TEST_F(RecordingJournalTest, OfTwoPicturesOfAFrameTheLaterCounts)
     EXPECT_EQ(CutOffRecordings::take(found().front()).frames(), std::vector{picture(2)});
 }
 
+TEST_F(RecordingJournalTest, KnowsWhichFramesAreHeld)
+{
+    {
+        RecordingJournal journal(options());
+        recordThree(journal);
+        journal.hold(3);
+        journal.resume(40);
+        journal.take(picture(4), 40);
+        journal.hold(41);
+    }
+    const auto path = found().front().path;
+    const auto contents = JournalReader::read(
+        std::make_shared<const SpillFile>(FileDescriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC))));
+    EXPECT_EQ(contents->frames.size(), 41U);
+    EXPECT_EQ(contents->held, (std::vector<FrameRange>{{3, 40}}));
+}
+
 TEST_F(RecordingJournalTest, KeepsNoFrameBeyondTheMostThatAreWanted)
 {
     {
