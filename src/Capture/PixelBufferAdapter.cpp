@@ -1,17 +1,12 @@
 #include "Capture/PixelBufferAdapter.h"
 
+#include "Encoding/Multiversion.h"
+
 #include <sys/mman.h>
 #include <unistd.h>
 
 #include <bit>
 #include <cstring>
-
-// The copies for newer processors are chosen when the program is loaded.
-#if defined(__x86_64__) && !defined(QUILLBOX_NO_FUNCTION_MULTIVERSIONING)
-#define QUILLBOX_MULTIVERSIONED __attribute__((target_clones("default", "avx2")))
-#else
-#define QUILLBOX_MULTIVERSIONED
-#endif
 
 namespace quillbox::PixelBufferAdapter {
 
@@ -24,7 +19,7 @@ constexpr int shiftOf(int byte)
 }
 
 /// Swaps the first and the third byte of each pixel; `opaque` holds bits to set in every pixel.
-QUILLBOX_MULTIVERSIONED
+QUILLBOX_MULTIVERSION
 void swapRedAndBlue(const std::uint8_t* source, std::uint8_t* destination, std::int64_t pixels, std::uint32_t opaque)
 {
     constexpr std::uint32_t byteMask = 0xFF;
