@@ -53,11 +53,10 @@ AwaitedNotification::AwaitedNotification(QDBusPendingCallWatcher* sent, std::fun
         else
             deleteLater(); // nobody shows it
     });
-    auto bus = SessionBus::connection();
     const QLatin1String service(DesktopNotification::service);
     const QLatin1String path(DesktopNotification::path);
-    bus.connect(service, path, service, QStringLiteral("ActionInvoked"), this, SLOT(noteAction(uint, QString)));
-    bus.connect(service, path, service, QStringLiteral("NotificationClosed"), this, SLOT(noteClosed(uint, uint)));
+    SessionBus::listen(path, service, QStringLiteral("ActionInvoked"), this, SLOT(noteAction(uint, QString)));
+    SessionBus::listen(path, service, QStringLiteral("NotificationClosed"), this, SLOT(noteClosed(uint, uint)));
 }
 
 void AwaitedNotification::noteAction(uint id, const QString& /*action*/)

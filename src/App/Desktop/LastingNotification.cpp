@@ -26,9 +26,8 @@ LastingNotification::LastingNotification(
     : m_run(std::move(run))
 {
     auto bus = SessionBus::connection();
-    const QLatin1String service(DesktopNotification::service);
-    bus.connect(service, QLatin1String(DesktopNotification::path), service, QStringLiteral("ActionInvoked"), this,
-        SLOT(noteAction(uint, QString)));
+    SessionBus::listen(QLatin1String(DesktopNotification::path), QLatin1String(DesktopNotification::service),
+        QStringLiteral("ActionInvoked"), this, SLOT(noteAction(uint, QString)));
 
     constexpr int neverExpires = 0;
     constexpr unsigned char lowUrgency = 0;

@@ -38,8 +38,8 @@ TrayHost::TrayHost(QObject* parent)
 
 void TrayHost::listen()
 {
-    SessionBus::connection().connect(QLatin1String(watcherService), QLatin1String(watcherPath),
-        QLatin1String(watcherService), QStringLiteral("StatusNotifierHostRegistered"), this, SLOT(askWatcher()));
+    SessionBus::listen(QLatin1String(watcherPath), QLatin1String(watcherService),
+        QStringLiteral("StatusNotifierHostRegistered"), this, SLOT(askWatcher()));
 }
 
 void TrayHost::reconnect()

@@ -1,7 +1,5 @@
 #include "Platform/DBus/SessionBus.h"
 
-#include <QString>
-
 #include <algorithm>
 #include <atomic>
 #include <chrono>
@@ -31,6 +29,12 @@ QDBusConnection SessionBus::connection()
     return number == 0 ? QDBusConnection::sessionBus() : QDBusConnection(nameOf(number));
 }
 
+void SessionBus::listen(
+    const QString& path, const QString& interface, const QString& signal, QObject* receiver, const char* slot)
+{
+    (void)connection().connect(QString(), path, interface, signal, receiver, slot); // without a bus nothing comes
+}
+
 SessionBus::SessionBus(QObject* parent)
     : QObject(parent)
 {
@@ -44,8 +48,8 @@ SessionBus::SessionBus(QObject* parent)
 /// @see  D-Bus, the interface org.freedesktop.DBus.Local
 void SessionBus::follow()
 {
-    connection().connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
-        QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this, SLOT(noteLoss()));
+    listen(QStringLiteral("/org/freedesktop/DBus/Local"), QStringLiteral("org.freedesktop.DBus.Local"),
+        QStringLiteral("Disconnected"), this, SLOT(noteLoss()));
 }
 
 void SessionBus::noteLoss()

@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QObject>
+#include <QString>
 #include <QTimer>
 
 namespace quillbox {
@@ -14,6 +15,12 @@ class SessionBus : public QObject {
 public:
     /// The connection in force: at first the toolkit's own one. It may have no bus. Thread: any.
     [[nodiscard]] static QDBusConnection connection();
+
+    /// Has a slot of `receiver` called for a signal, whoever sends it: to ask for a sender by its name ends the
+    /// process, from within the toolkit, where the connection has just broken.
+    /// @param slot  As SLOT() gives it.
+    static void listen(
+        const QString& path, const QString& interface, const QString& signal, QObject* receiver, const char* slot);
 
     /// Follows the connection, and connects again once it has broken; where there is no bus now, none is looked for.
     /// One object a process.
