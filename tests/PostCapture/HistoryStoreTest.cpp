@@ -267,6 +267,25 @@ TEST_F(HistoryStoreTest, WritesTheWholeListAgainWhereTheFileIsGone)
     EXPECT_EQ(HistoryFile::decode(written()).value().size(), 2U);
 }
 
+TEST_F(HistoryStoreTest, IsAsSmallAfterManyClipsAsAfterTwenty)
+{
+    const auto openFiles = [] {
+        return std::distance(fs::directory_iterator("/proc/self/fd"), {});
+    };
+    HistoryStore store(url());
+    for (int number = 1; number <= 20; ++number)
+        store.record(clip(number));
+    const auto bytes = written().size();
+    const auto descriptors = openFiles();
+    for (int number = 0; number < 200; ++number)
+        store.record(clip(10 + number % 50));
+    EXPECT_EQ(store.entries().size(), 20U);
+    EXPECT_EQ(HistoryFile::decode(written()), store.entries());
+    EXPECT_NEAR(static_cast<double>(written().size()), static_cast<double>(bytes), 100);
+    EXPECT_EQ(openFiles(), descriptors);
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder()), {}), 1) << "nothing temporary is left";
+}
+
 TEST_F(HistoryStoreTest, KeepsTheFractionsOfASecondThatAFileHasNot)
 {
     HistoryStore store(url());
