@@ -207,7 +207,8 @@ QCoro::Task<HotkeyState> PortalHotkey::bind()
     if (told.status != HotkeyStatus::Active) {
         QVariantList arguments;
         arguments << QVariant::fromValue(wishes) << QString(); // no window that a question could belong to
-        auto binding = session->request(QStringLiteral("BindShortcuts"), arguments, QVariantMap());
+        auto binding = session->request(
+            PortalSession::Answer::OfUser, QStringLiteral("BindShortcuts"), arguments, QVariantMap());
         bool isDenied = false;
         try {
             const QVariantMap bound = co_await binding;

@@ -156,7 +156,8 @@ QCoro::Task<ScreenCast> ScreenCastPortal::begin()
         if (!token.isEmpty())
             options.insert(QStringLiteral("restore_token"), token);
     }
-    auto selecting = m_session.request(QStringLiteral("SelectSources"), QVariantList(), options);
+    auto selecting
+        = m_session.request(PortalSession::Answer::OfPortal, QStringLiteral("SelectSources"), QVariantList(), options);
     std::optional<PortalError> refusal;
     try {
         co_await selecting;
@@ -168,13 +169,14 @@ QCoro::Task<ScreenCast> ScreenCastPortal::begin()
             = refusal->reason() == PortalError::Reason::Refused || refusal->reason() == PortalError::Reason::Failed;
         if (!isOfArguments || options.remove(QStringLiteral("restore_token")) == 0)
             throw PortalError(*refusal);
-        auto again = m_session.request(QStringLiteral("SelectSources"), QVariantList(), options);
+        auto again = m_session.request(
+            PortalSession::Answer::OfPortal, QStringLiteral("SelectSources"), QVariantList(), options);
         co_await again;
     }
 
     QVariantList arguments;
     arguments << QString(); // no window that a question could belong to
-    auto starting = m_session.request(QStringLiteral("Start"), arguments, QVariantMap());
+    auto starting = m_session.request(PortalSession::Answer::OfUser, QStringLiteral("Start"), arguments, QVariantMap());
     const QVariantMap started = co_await starting;
     RestoreToken::replace(started.value(QStringLiteral("restore_token")).toString());
     const auto cast = firstStream(started);

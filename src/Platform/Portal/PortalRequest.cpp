@@ -4,6 +4,7 @@
 
 #include <QDBusMessage>
 #include <QDBusObjectPath>
+#include <QTimer>
 #include <QUuid>
 
 #include <utility>
@@ -58,6 +59,11 @@ void PortalRequest::settle(Outcome outcome)
     m_promise.finish();
     if (m_closesWhatComes)
         closeWhatCame();
+}
+
+void PortalRequest::giveUpAfter(std::chrono::milliseconds time)
+{
+    QTimer::singleShot(time, this, [this] { settle(std::nullopt); });
 }
 
 void PortalRequest::closeWhatComes()

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QVariantMap>
 
+#include <chrono>
 #include <optional>
 
 namespace quillbox {
@@ -30,6 +31,9 @@ public:
     /// For the call's option `handle_token`.
     [[nodiscard]] QString token() const { return m_token; }
     [[nodiscard]] QFuture<Outcome> outcome() { return m_promise.future(); }
+
+    /// As if the portal had gone away, unless the answer is there by then.
+    void giveUpAfter(std::chrono::milliseconds time);
 
     /// Ends a session of the portal's; an empty handle is none.
     static void closeSession(const QDBusConnection& bus, const QString& handle);

@@ -22,7 +22,7 @@ using Reason = PortalError::Reason;
 PortalSession::PortalSession(QString interface, std::chrono::milliseconds callTimeout)
     : m_bus(SessionBus::connection())
     , m_interface(std::move(interface))
-    , m_callTimeout(static_cast<int>(callTimeout.count()))
+    , m_callTimeout(callTimeout)
     , m_watcher(QLatin1String(DesktopPortal::service), m_bus, QDBusServiceWatcher::WatchForUnregistration)
 {
     connect(&m_watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { end(Reason::Gone); });
@@ -47,7 +47,7 @@ QCoro::Task<QVariantMap> PortalSession::look()
     const QDBusPendingCall introducing
         = m_bus.asyncCall(DesktopPortal::method(QStringLiteral("org.freedesktop.host.portal.Registry"),
                               QStringLiteral("Register"), ourselves),
-            m_callTimeout);
+            callMilliseconds());
     co_await introducing;
     if (!self)
         throw PortalError(Reason::Withdrawn);
@@ -56,7 +56,7 @@ QCoro::Task<QVariantMap> PortalSession::look()
     wanted << m_interface;
     const QDBusPendingCall asking = m_bus.asyncCall(
         DesktopPortal::method(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("GetAll"), wanted),
-        m_callTimeout);
+        callMilliseconds());
     const QDBusMessage reply = co_await asking;
     if (!self)
         throw PortalError(Reason::Withdrawn);
@@ -76,7 +76,7 @@ QCoro::Task<QVariantMap> PortalSession::open(QString name, QVariantMap options)
         name = PortalRequest::newToken();
     options.insert(QStringLiteral("session_handle_token"), name);
     m_opening = new PortalRequest(m_bus, this);
-    auto creating = ask(m_opening, QStringLiteral("CreateSession"), QVariantList(), options);
+    auto creating = ask(m_opening, Answer::OfPortal, QStringLiteral("CreateSession"), QVariantList(), options);
     const QVariantMap results = co_await creating;
     m_opening.clear();
     m_path = PortalRequest::sessionIn(results);
@@ -87,10 +87,11 @@ QCoro::Task<QVariantMap> PortalSession::open(QString name, QVariantMap options)
     co_return results;
 }
 
-QCoro::Task<QVariantMap> PortalSession::request(QString method, QVariantList arguments, QVariantMap options)
+QCoro::Task<QVariantMap> PortalSession::request(
+    Answer answer, QString method, QVariantList arguments, QVariantMap options)
 {
     arguments.prepend(handle());
-    return ask(new PortalRequest(m_bus, this), std::move(method), std::move(arguments), std::move(options));
+    return ask(new PortalRequest(m_bus, this), answer, std::move(method), std::move(arguments), std::move(options));
 }
 
 QCoro::Task<QDBusMessage> PortalSession::call(QString method, QVariantList arguments)
@@ -104,7 +105,7 @@ QCoro::Task<QDBusMessage> PortalSession::call(QString method, QVariantList argum
 
 /// Calls `method`, `options` last, and waits for the answer. The request is destroyed in the end.
 QCoro::Task<QVariantMap> PortalSession::ask(
-    PortalRequest* request, QString method, QVariantList arguments, QVariantMap options)
+    PortalRequest* request, Answer answer, QString method, QVariantList arguments, QVariantMap options)
 {
     const QPointer self(this);
     const auto outcome = request->outcome();
@@ -118,28 +119,35 @@ QCoro::Task<QVariantMap> PortalSession::ask(
             request->deleteLater();
         throw;
     }
-    const PortalRequest::Outcome answer = co_await outcome;
+    if (self && answer == Answer::OfPortal)
+        request->giveUpAfter(m_callTimeout);
+    const PortalRequest::Outcome given = co_await outcome;
     if (!self)
         throw PortalError(Reason::Withdrawn);
     request->deleteLater();
-    if (!answer)
+    if (!given)
         throw PortalError(Reason::Gone);
-    if (answer->code != 0)
-        throw PortalError(answer->code == 1 ? Reason::Denied : Reason::Failed);
-    co_return answer->results;
+    if (given->code != 0)
+        throw PortalError(given->code == 1 ? Reason::Denied : Reason::Failed);
+    co_return given->results;
 }
 
 /// Waits for the reply to one call. @throws PortalError  also if this object goes meanwhile
 QCoro::Task<QDBusMessage> PortalSession::send(QDBusMessage message)
 {
     const QPointer self(this);
-    const QDBusPendingCall pending = m_bus.asyncCall(message, m_callTimeout);
+    const QDBusPendingCall pending = m_bus.asyncCall(message, callMilliseconds());
     const QDBusMessage reply = co_await pending;
     if (!self)
         throw PortalError(Reason::Withdrawn);
     if (reply.type() == QDBusMessage::ErrorMessage)
         throw DesktopPortal::errorIn(reply);
     co_return reply;
+}
+
+int PortalSession::callMilliseconds() const
+{
+    return static_cast<int>(m_callTimeout.count());
 }
 
 void PortalSession::noteClosed()

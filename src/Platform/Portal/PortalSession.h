@@ -25,7 +25,7 @@ class PortalSession : public QObject {
     Q_OBJECT
 
 public:
-    static constexpr std::chrono::milliseconds busTimeout{-1}; ///< as long as the bus waits: 25 s
+    static constexpr std::chrono::milliseconds busTimeout{25'000}; ///< as long as the bus waits, too
 
     /// @param interface    One that has sessions, such as "org.freedesktop.portal.ScreenCast".
     /// @param callTimeout  How long the portal may take to answer one call. The user, whom it may ask, takes any time.
@@ -44,10 +44,15 @@ public:
     /// @return what the answer tells. @throws PortalError
     QCoro::Task<QVariantMap> open(QString name = {}, QVariantMap options = {});
 
-    /// Calls a method that the user, or the desktop in their place, answers in time.
+    enum class Answer {
+        OfPortal, ///< without asking anybody: within the call's time
+        OfUser,   ///< whenever the user, or the desktop in their place, gives it
+    };
+
+    /// Calls a method whose answer comes later than its reply.
     /// @param arguments  Those between the session, which comes first, and the options.
     /// @return what the answer tells. @throws PortalError  Closed, Gone: also where the session has ended before.
-    QCoro::Task<QVariantMap> request(QString method, QVariantList arguments, QVariantMap options);
+    QCoro::Task<QVariantMap> request(Answer answer, QString method, QVariantList arguments, QVariantMap options);
 
     /// Calls a method that answers at once.
     /// @param arguments  Those after the session, which comes first.
@@ -64,14 +69,16 @@ Q_SIGNALS:
 private:
     Q_SLOT void noteClosed();
 
-    QCoro::Task<QVariantMap> ask(PortalRequest* request, QString method, QVariantList arguments, QVariantMap options);
+    QCoro::Task<QVariantMap> ask(
+        PortalRequest* request, Answer answer, QString method, QVariantList arguments, QVariantMap options);
     QCoro::Task<QDBusMessage> send(QDBusMessage message);
+    [[nodiscard]] int callMilliseconds() const;
     void end(PortalError::Reason reason);
     [[nodiscard]] QVariant handle() const;
 
     QDBusConnection m_bus;
     QString m_interface;
-    int m_callTimeout; // milliseconds
+    std::chrono::milliseconds m_callTimeout;
     QDBusServiceWatcher m_watcher;
     QPointer<PortalRequest> m_opening; // the question for the session, while it is open
     QString m_path;
