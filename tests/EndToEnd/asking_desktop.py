@@ -4,11 +4,13 @@ import json
 import os
 import pathlib
 
-from application import status, until
+from application import quillbox, run, status, until
 from wayland_application import AREA, WaylandApplicationTest, casts
 
 HISTORY = pathlib.Path(os.environ["XDG_DATA_HOME"], "Quillbox/history.json")
 MONITOR = int(os.environ["CAST_OUTPUT"])
+RECORDINGS = int(os.environ.get("RECORDINGS", "5"))
+SESSIONS = "/org/freedesktop/portal/desktop/session"
 
 
 class AskingDesktopTest(WaylandApplicationTest):
@@ -51,8 +53,38 @@ class AskingDesktopTest(WaylandApplicationTest):
         self.assert_is_the_clip(self.record_and_stop_by_the_button(desktop))
         until(lambda: casts() == 0, "the last cast has ended")
 
+    def assert_leaves_nothing_open(self, desktop):
+        """Makes as many recordings as RECORDINGS says; the overlay of the first comes up."""
+        after = []
+        for number in range(RECORDINGS):
+            if number > 0:
+                desktop.begin()
+            self.drag_area()
+            desktop.wait_for("recording")
+            during = sessions()
+            self.assertEqual(quillbox("stop").returncode, 0)
+            desktop.wait_for("done")
+            until(lambda: casts() == 0 and sessions() < during, "the cast has ended")
+            after.append({"descriptors": len(os.listdir(f"/proc/{desktop.process.pid}/fd")), "nodes": nodes(),
+                          "sessions": sessions()})
+        for kind in after[0]:
+            counts = [each[kind] for each in after]
+            self.assertLessEqual(counts[-1], counts[1], f"{kind}: {counts}")  # a second recording may keep something
+
     def assert_is_in_the_list_and_copied(self, desktop, clip):
         until(lambda: clip.name in desktop.texts(), "the clip is in the list")
         self.assertEqual([entry["outputPath"] for entry in json.loads(HISTORY.read_text())], [str(clip)])
         until(lambda: status()["clipboard"] == "accepted", "the clip is on the clipboard")
         self.assert_is_copied(clip)
+
+
+def nodes():
+    """How many there are in PipeWire's graph, whosever they are."""
+    return sum(each["type"] == "PipeWire:Interface:Node" for each in json.loads(run("pw-dump").stdout))
+
+
+def sessions():
+    """How many sessions programs have with the portal."""
+    tree = run("gdbus", "introspect", "--session", "--dest", "org.freedesktop.portal.Desktop", "--recurse",
+               "--object-path", SESSIONS).stdout
+    return sum(line.count("/") - SESSIONS.count("/") == 2 for line in tree.splitlines() if f"node {SESSIONS}/" in line)

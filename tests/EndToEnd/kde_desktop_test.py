@@ -6,15 +6,20 @@ import os
 import signal
 import unittest
 
+from gi.repository import Gio
+from PIL import Image
+
 import kwin_camera
 import kwin_input
 import kwin_windows
-from application import quillbox, status, until
-from asking_desktop import MONITOR, AskingDesktopTest
+from application import quillbox, run, status, until
+from asking_desktop import MONITOR, RECORDINGS, AskingDesktopTest, sessions
 from canvas import BLOCKS
 from kde_share_dialog import ShareDialog
 from recording import pillow_frames
-from wayland_application import AREA, casts
+from wayland_application import AREA, casts, tray_item
+
+PLASMAS_PANEL = 44  # points, at the bottom
 
 
 class KDEDesktopTest(AskingDesktopTest):
@@ -45,6 +50,50 @@ class KDEDesktopTest(AskingDesktopTest):
         self.assertEqual(quillbox("stop").returncode, 0)
         desktop.wait_for("done")
         self.assert_is_the_clip(shown)
+
+    def test_lives_beside_plasmas_tray_and_clipboard_manager(self):
+        """All of it in one session, which takes its time to come up."""
+        self.canvas.show(0, AREA)
+        desktop = self.start()
+        item = until(tray_item, "the icon is in the tray")
+        activate(item)
+        until(desktop.panel, "the panel is open")
+        self.keep_screenshot("panel-plasma")
+        desktop.press("Record Region")
+        self.permit(self.dialog(bottom_bar=PLASMAS_PANEL))
+        shown = self.record_and_stop_by_the_button(desktop, lambda: activate(item))
+        clip = self.assert_is_the_clip(shown)
+        self.assert_is_in_the_list_and_copied(desktop, clip)
+        until(lambda: clipboard_manager("getClipboardContents") == clip.as_uri(), "it has the clip")
+        self.keep_screenshot("done-plasma")
+        desktop.begin()
+        self.assert_leaves_nothing_open(desktop)
+        self.assertEqual(sessions(), 1, "that of the hotkey")
+        self.assertEqual(len(clipboard_manager("getClipboardHistoryMenu")), min(1 + RECORDINGS, 20))  # its most
+
+    def test_records_the_pixels_of_the_region_at_one_and_a_half_pixels_a_point(self):
+        """A point of the region is a pixel of the clip; what is on the screen is scaled."""
+        left, top, width, height = AREA
+        halves = Image.new("RGB", self.canvas.size, BLOCKS[4])
+        halves.paste(BLOCKS[2], (left + width // 2, top, left + width, top + height))
+        shown = [Image.new("RGB", self.canvas.size, BLOCKS[4]), halves]
+        self.canvas.show_picture(shown[0])
+        desktop = self.start_with_panel()
+        desktop.press("Record Region")
+        self.permit(self.dialog())
+        self.drag_area()
+        desktop.wait_for("recording")
+        for picture in shown:
+            self.canvas.show_picture(picture)
+            desktop.wait_for_frames(status()["frameCount"] + 12)
+        self.assertEqual(quillbox("stop").returncode, 0)
+        desktop.wait_for("done")
+        frames = [picture for picture, _ in pillow_frames(status()["path"])]
+        self.assertEqual({frame.size for frame in frames}, {(width, height)})
+        self.assertEqual({color for _, color in frames[0].getcolors()}, {BLOCKS[4]})
+        row = [frames[-1].getpixel((x, height // 2)) for x in range(width)]
+        edge = width // 2
+        self.assertEqual((set(row[:edge - 2]), set(row[edge + 2:-2])), ({BLOCKS[4]}, {BLOCKS[2]}))
 
     def begin_asked(self):
         """@return the application, while the desktop asks what may be seen"""
@@ -113,13 +162,27 @@ class KDEDesktopTest(AskingDesktopTest):
     def test_makes_the_clip_when_pipewire_dies(self):
         self.assert_makes_a_clip_when("PIPEWIRE_PID")
 
-    def dialog(self):
-        """On the output with the pointer, in the middle."""
+    def dialog(self, bottom_bar=0):
+        """On the output with the pointer, in the middle of what a bar at the bottom leaves."""
         width, height = self.canvas.size
-        return ShareDialog(self.user, (0, 0, width, height))
+        return ShareDialog(self.user, (0, 0, width, height - bottom_bar))
 
     def permit(self, dialog):
         dialog.share()
+
+
+def activate(item):
+    """Clicks on an icon of the tray, as Plasma tells its program."""
+    service, _, path = item.partition("/")
+    run("dbus-send", "--session", f"--dest={service}", "--print-reply", "/" + path,
+        "org.kde.StatusNotifierItem.Activate", "int32:170", "int32:698")
+
+
+def clipboard_manager(method):
+    """What Klipper answers."""
+    return Gio.bus_get_sync(Gio.BusType.SESSION).call_sync(
+        "org.kde.klipper", "/klipper", "org.kde.klipper.klipper", method, None, None, Gio.DBusCallFlags.NONE, -1,
+        None).unpack()[0]
 
 
 if __name__ == "__main__":

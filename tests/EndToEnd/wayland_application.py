@@ -55,12 +55,12 @@ class WaylandApplicationTest(ApplicationTest):
             desktop.wait_for_frames(status()["frameCount"] + 12)
         return shown
 
-    def record_and_stop_by_the_button(self, desktop):
+    def record_and_stop_by_the_button(self, desktop, open_panel=None):
         """@return what was shown"""
         self.drag_area()
         desktop.wait_for("recording")
         shown = self.play(desktop)
-        desktop.open_panel()
+        (open_panel or desktop.open_panel)()
         self.press(desktop, "Stop & Copy")
         desktop.wait_for("done")
         return shown
@@ -98,3 +98,11 @@ def casts():
     nodes = json.loads(run("pw-dump").stdout)
     sources = ("Video/Source", "Stream/Output/Video")  # of xdg-desktop-portal-wlr, and mutter's
     return sum(node.get("info", {}).get("props", {}).get("media.class") in sources for node in nodes)
+
+
+def tray_item():
+    """The first icon that the tray's watcher knows: the bus name of its program and its path; none without one."""
+    answer = run("dbus-send", "--session", "--print-reply=literal", "--dest=org.kde.StatusNotifierWatcher",
+                 "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties.Get",
+                 "string:org.kde.StatusNotifierWatcher", "string:RegisteredStatusNotifierItems")
+    return next((word for word in answer.stdout.split() if "/StatusNotifierItem" in word), None)

@@ -16,7 +16,7 @@ from application import quillbox, run, status, until
 from canvas import BLOCKS
 from recording import pillow_frames
 from running import extents
-from wayland_application import AREA, SCALE, WaylandApplicationTest, casts
+from wayland_application import AREA, SCALE, WaylandApplicationTest, casts, tray_item
 from wayland_input import Devices
 
 
@@ -320,19 +320,12 @@ class WaylandDesktopTest(WaylandApplicationTest):
 
     def test_the_tray_icon_opens_the_panel(self):
         desktop = self.start()
-        item = until(self.tray_item, "the icon is in the tray")
+        item = until(tray_item, "the icon is in the tray")
         service, _, path = item.partition("/")
         run("dbus-send", "--session", f"--dest={service}", "--print-reply", "/" + path,
             "org.kde.StatusNotifierItem.Activate", "int32:0", "int32:0")
         until(desktop.panel, "the panel is open")
         self.keep_screenshot("panel-tray")
-
-    @staticmethod
-    def tray_item():
-        answer = run("dbus-send", "--session", "--print-reply=literal", "--dest=org.kde.StatusNotifierWatcher",
-                     "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties.Get",
-                     "string:org.kde.StatusNotifierWatcher", "string:RegisteredStatusNotifierItems")
-        return next((word for word in answer.stdout.split() if "/StatusNotifierItem" in word), None)
 
     def test_opens_as_a_window_where_there_is_no_tray(self):
         desktop = self.start()
