@@ -22,18 +22,20 @@ std::vector<std::size_t> Division::everyNthMark(std::size_t every) const
 Division whenFull(PictureParser& parser, const FreePicture& picture)
 {
     const CodeWidths widths(picture.minCodeSize);
+    const auto clear = static_cast<PictureParser::Code>(1U << static_cast<unsigned>(picture.minCodeSize));
     const std::size_t count = picture.indices.size();
     Division division{.placement = {.bits = widths.after(0)}, .marks = {0}};
     std::int64_t& bits = division.placement.bits;
     parser.begin(0);
     while (parser.position() < count) {
         bits += widths.after(parser.codeCount());
-        (void)parser.next(count);
+        division.codes.push_back(parser.next(count));
         const bool clears = parser.tableIsFull() && parser.position() < count;
         if (parser.position() < count && (clears || parser.codeCount() % Division::codesAPart == 0))
             division.marks.push_back(parser.position());
         if (clears) {
             bits += widths.after(parser.codeCount());
+            division.codes.push_back(clear);
             division.placement.positions.push_back(parser.position());
             parser.begin(parser.position());
         }

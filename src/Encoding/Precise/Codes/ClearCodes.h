@@ -15,13 +15,14 @@ struct Placement {
     std::int64_t bits = 0;
 };
 
-/// A placement, and positions that divide the picture into parts of at most `codesAPart` codes, the clear codes' among
-/// them.
+/// A placement with its codes, and positions that divide the picture into parts of at most `codesAPart` codes, the
+/// clear codes' among them.
 struct Division {
     static constexpr std::int64_t codesAPart = 60;
 
     Placement placement = {};
-    std::vector<std::size_t> marks = {}; ///< ascending; the first is 0, the last is the picture's end
+    std::vector<std::size_t> marks = {};         ///< ascending; the first is 0, the last is the picture's end
+    std::vector<PictureParser::Code> codes = {}; ///< all but the first clear code and the end code
 
     /// Every so many of the marks, and those of clear codes. @pre `every` is positive.
     [[nodiscard]] std::vector<std::size_t> everyNthMark(std::size_t every) const;

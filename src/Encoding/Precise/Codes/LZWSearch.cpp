@@ -33,28 +33,40 @@ std::optional<std::uint8_t> freeIndex(const Picture& picture)
     return static_cast<std::uint8_t>(free - isTaken.begin());
 }
 
-/// All codes of a picture, with clear codes at `clears`.
-Bytes written(PictureParser& parser, const FreePicture& picture, std::span<const std::size_t> clears,
-    PictureParser::Lookahead lookahead)
+/// All codes of a picture but the first and the last one, with clear codes at `clears`.
+std::vector<PictureParser::Code> parsed(PictureParser& parser, const FreePicture& picture,
+    std::span<const std::size_t> clears, PictureParser::Lookahead lookahead)
 {
-    const CodeWidths widths(picture.minCodeSize);
-    const auto clear = 1U << static_cast<unsigned>(picture.minCodeSize);
+    const auto clear = static_cast<PictureParser::Code>(1U << static_cast<unsigned>(picture.minCodeSize));
     const std::size_t count = picture.indices.size();
-    CodeWriter writer;
-    writer.write(clear, widths.after(0));
+    std::vector<PictureParser::Code> codes;
     parser.setLookahead(lookahead);
     parser.begin(0);
     while (parser.position() < count) {
         if (!clears.empty() && parser.position() == clears.front()) {
-            writer.write(clear, widths.after(parser.codeCount()));
+            codes.push_back(clear);
             parser.begin(parser.position());
             clears = clears.subspan(1);
         }
-        const int bits = widths.after(parser.codeCount());
-        writer.write(parser.next(clears.empty() ? count : clears.front()), bits);
+        codes.push_back(parser.next(clears.empty() ? count : clears.front()));
     }
-    writer.write(clear + 1, widths.after(parser.codeCount()));
     parser.setLookahead({});
+    return codes;
+}
+
+/// The stream of such codes.
+Bytes written(const std::vector<PictureParser::Code>& codes, int minCodeSize)
+{
+    const CodeWidths widths(minCodeSize);
+    const auto clear = 1U << static_cast<unsigned>(minCodeSize);
+    CodeWriter writer;
+    writer.write(clear, widths.after(0));
+    std::int64_t count = 0; // since the clear code
+    for (const PictureParser::Code code : codes) {
+        writer.write(code, widths.after(count));
+        count = code == clear ? 0 : count + 1;
+    }
+    writer.write(clear + 1, widths.after(count));
     return writer.finish();
 }
 
@@ -71,6 +83,12 @@ void keepMixedRunsOpaque(const FreePicture& picture, Bytes& isFree)
             std::fill_n(&isFree[start], end - start, std::uint8_t{0});
         start = end;
     }
+}
+
+/// Whether so many passes are too few for all that may help.
+bool isShort(std::int64_t passes)
+{
+    return passes < 15;
 }
 
 /// One way to write a picture, and how it does with a clear code whenever the table is full.
@@ -142,6 +160,8 @@ Attempt Search::Tables::smallest(Attempt opaque, FreePicture free, Effort effort
                 .transparentIndex = free.transparentIndex,
                 .minCodeSize = minCodeSizeFor(std::ranges::max(transparent))});
     }
+    if (isShort(effort.passes)) // in large pictures it gains less than what else can be done in the time
+        return best;
     keepMixedRunsOpaque(free, consistent);
     free.isFree = consistent;
     consider(Candidate::consistent, free);
@@ -151,30 +171,36 @@ Attempt Search::Tables::smallest(Attempt opaque, FreePicture free, Effort effort
 /// The codes of an attempt; with clear codes where they pay and lookahead if there are passes left for them.
 Bytes Search::Tables::refined(const Attempt& attempt, std::int64_t passes, std::int64_t onePass)
 {
-    parser.setPicture(attempt.picture);
+    const int minCodeSize = attempt.picture.minCodeSize;
     if (passes <= 0)
-        return written(parser, attempt.picture, attempt.division.placement.positions, {});
+        return written(attempt.division.codes, minCodeSize);
+    parser.setPicture(attempt.picture);
 
     // Measured on screen recordings: ways that are 1,500 bits longer than another one hardly ever win, and few that are
-    // 500 bits longer. Up to 64 marks one stands at every 60 codes; then fewer, down to one at every 240 codes, a
-    // sixteenth of a table, and a quarter of it where effort is short.
-    const bool isShort = passes < 15;
-    const std::size_t every = std::clamp<std::size_t>(attempt.division.marks.size() / 64, 1, 4) * (isShort ? 4 : 1);
+    // 800 bits longer. Up to 64 marks one stands at every 60 codes; then fewer, down to one at every 240 codes, a
+    // sixteenth of a table, and an eighth of it where effort is short.
+    const bool hasFewPasses = isShort(passes);
+    const std::size_t every
+        = std::clamp<std::size_t>(attempt.division.marks.size() / 64, 1, 4) * (hasFewPasses ? 2 : 1);
     ClearCodes::Placement placement = ClearCodes::amongMarks(parser, attempt.picture,
-        attempt.division.everyNthMark(every), {.margin = isShort ? 500 : 1500, .steps = passes * onePass});
+        attempt.division.everyNthMark(every), {.margin = hasFewPasses ? 800 : 1500, .steps = passes * onePass});
 
-    if (attempt.division.placement.bits < placement.bits)
+    const bool clearsWhenFull = attempt.division.placement.bits < placement.bits;
+    if (clearsWhenFull)
         placement = attempt.division.placement;
-
+    const auto writtenWith = [&](PictureParser::Lookahead lookahead) {
+        return written(parsed(parser, attempt.picture, placement.positions, lookahead), minCodeSize);
+    };
     // How much looking ahead must gain to be worth more than learning differs from picture to picture.
-    Bytes best = written(parser, attempt.picture, placement.positions, {.pixels = 5, .gain = 2});
+    Bytes best = writtenWith({.pixels = hasFewPasses ? 8U : 5U, .gain = 2});
     const auto keepSmaller = [&](Bytes data) {
         if (data.size() < best.size())
             best = std::move(data);
     };
-    keepSmaller(written(parser, attempt.picture, placement.positions, {.pixels = 5, .gain = 1}));
+    if (!hasFewPasses)
+        keepSmaller(writtenWith({.pixels = 5, .gain = 1}));
     if ((placement.bits + 7) / 8 < std::ssize(best))
-        keepSmaller(written(parser, attempt.picture, placement.positions, {}));
+        keepSmaller(clearsWhenFull ? written(attempt.division.codes, minCodeSize) : writtenWith({}));
     return best;
 }
 

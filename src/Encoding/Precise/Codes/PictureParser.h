@@ -56,7 +56,7 @@ private:
 
     [[nodiscard]] Match longest(std::size_t position, std::size_t limit);
     template <bool hasChoice>
-    void extend(Match& best, std::size_t position, std::size_t limit, std::uint8_t first, std::size_t runLength);
+    void extend(Match& best, std::size_t position, std::size_t limit, std::uint8_t first, std::size_t run);
     [[nodiscard]] bool isFree(std::size_t position) const
     {
         return !m_picture.isFree.empty() && m_picture.isFree[position] != 0;
@@ -71,10 +71,8 @@ private:
 
     FreePicture m_picture;
     CodeTree m_tree;
-    std::vector<std::uint16_t> m_runs;     ///< equal indices from here on, as far as they count
-    std::vector<std::uint16_t> m_freeRuns; ///< free pixels from here on, as far as they count
-    Bytes m_written;                       ///< the indices taken since `begin`, in their places
-    std::vector<std::uint32_t> m_starts;   ///< where a code's sequence was written first
+    Bytes m_written;                     ///< the indices taken since `begin`, in their places
+    std::vector<std::uint32_t> m_starts; ///< where a code's sequence was written first
 
     std::size_t m_position = 0;
     std::int64_t m_codeCount = 0;

@@ -35,7 +35,7 @@ TEST(ClearCodes, WhenFullCountsItsBits)
     const FreePicture picture{.indices = indices, .minCodeSize = 8};
     PictureParser parser;
     parser.setPicture(picture);
-    const auto [placement, marks] = ClearCodes::whenFull(parser, picture);
+    const auto [placement, marks, codes] = ClearCodes::whenFull(parser, picture);
     EXPECT_GT(placement.positions.size(), 0U);
     EXPECT_EQ(placement.bits, reference::greedyBits(indices, 8, placement.positions));
     EXPECT_EQ(marks.front(), 0U);
