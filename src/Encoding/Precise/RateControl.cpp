@@ -80,19 +80,46 @@ double RateControl::aimed() const
     return aim * static_cast<double>(m_bounds.targetBytes);
 }
 
+/// Of a table of so many colours, the mean of a sample.
+double RateControl::errorOf(std::int64_t colors)
+{
+    return ShownError::mean(ShownError::ofTable(m_recording, table(colors)), m_recording);
+}
+
 /// The fewest colours that show the recording with no more error, as far as the steps tell; all if none do.
 std::int64_t RateControl::colorsFor(double error)
 {
-    const auto* const step = std::ranges::partition_point(ColorSteps::all, [&](std::int64_t colors) {
-        return colors < m_bounds.maxColors
-            && ShownError::mean(ShownError::ofTable(m_recording, table(colors)), m_recording) > error;
-    });
-    return step == ColorSteps::all.end() ? m_bounds.maxColors : std::min(*step, m_bounds.maxColors);
+    struct Known {
+        std::int64_t step;
+        double excess; ///< logarithm of the error there ÷ the one allowed; from step to step it falls about evenly
+    };
+    const auto colorsAt = [this](std::int64_t step) {
+        return std::min(ColorSteps::all.at(static_cast<std::size_t>(step)), m_bounds.maxColors);
+    };
+    const auto at = [&](std::int64_t step) {
+        return Known{step, std::log(std::max(errorOf(colorsAt(step)), 1e-9) / error)};
+    };
+    Known most = at(std::ranges::lower_bound(ColorSteps::all, m_bounds.maxColors) - ColorSteps::all.begin());
+    if (most.excess > 0)
+        return m_bounds.maxColors;
+    Known least = at(ColorSteps::of(std::min(fewColors, colorsAt(most.step))));
+    if (least.excess <= 0)
+        most = std::exchange(least, at(0));
+    if (least.excess <= 0)
+        return colorsAt(0);
+    while (most.step - least.step > 1) {
+        const double share = least.excess / (least.excess - most.excess);
+        const std::int64_t between = least.step + std::llround(share * static_cast<double>(most.step - least.step));
+        const Known next = at(std::clamp(between, least.step + 1, most.step - 1));
+        (next.excess <= 0 ? most : least) = next;
+    }
+    return colorsAt(most.step);
 }
 
 std::int64_t RateControl::leastColors()
 {
-    return std::min(fewColors, colorsFor(fairError));
+    const std::int64_t few = std::min(fewColors, m_bounds.maxColors);
+    return errorOf(few) > fairError ? few : colorsFor(fairError);
 }
 
 /// The share of the pictures to leave out so that these colours fit, if that helps: between two shares, sizes fall

@@ -53,6 +53,7 @@ private:
     [[nodiscard]] bool fits() const { return m_best && m_best->byteCount <= m_bounds.targetBytes; }
     [[nodiscard]] bool isBetter(const ClipAttempt& a, const ClipAttempt& b) const;
 
+    [[nodiscard]] double errorOf(std::int64_t colors);
     [[nodiscard]] std::int64_t colorsFor(double error);
     [[nodiscard]] std::int64_t leastColors();
     [[nodiscard]] std::optional<double> leastThinning(std::int64_t colors);
