@@ -4,8 +4,9 @@ import json
 import os
 import pathlib
 
+import pipewire
 from application import quillbox, run, status, until
-from wayland_application import AREA, WaylandApplicationTest, casts
+from wayland_application import AREA, WaylandApplicationTest
 
 HISTORY = pathlib.Path(os.environ["XDG_DATA_HOME"], "Quillbox/history.json")
 MONITOR = int(os.environ["CAST_OUTPUT"])
@@ -51,7 +52,7 @@ class AskingDesktopTest(WaylandApplicationTest):
         desktop.press("Record Region")  # and there is no question
         self.canvas.show(0, AREA)
         self.assert_is_the_clip(self.record_and_stop_by_the_button(desktop))
-        until(lambda: casts() == 0, "the last cast has ended")
+        until(lambda: pipewire.casts() == 0, "the last cast has ended")
 
     def assert_leaves_nothing_open(self, desktop):
         """Makes as many recordings as RECORDINGS says; the overlay of the first comes up."""
@@ -64,8 +65,8 @@ class AskingDesktopTest(WaylandApplicationTest):
             during = sessions()
             self.assertEqual(quillbox("stop").returncode, 0)
             desktop.wait_for("done")
-            until(lambda: casts() == 0 and sessions() < during, "the cast has ended")
-            after.append({"descriptors": len(os.listdir(f"/proc/{desktop.process.pid}/fd")), "nodes": nodes(),
+            until(lambda: pipewire.casts() == 0 and sessions() < during, "the cast has ended")
+            after.append({"descriptors": len(os.listdir(f"/proc/{desktop.process.pid}/fd")), "nodes": len(pipewire.nodes()),
                           "sessions": sessions()})
         for kind in after[0]:
             counts = [each[kind] for each in after]
@@ -76,11 +77,6 @@ class AskingDesktopTest(WaylandApplicationTest):
         self.assertEqual([entry["outputPath"] for entry in json.loads(HISTORY.read_text())], [str(clip)])
         until(lambda: status()["clipboard"] == "accepted", "the clip is on the clipboard")
         self.assert_is_copied(clip)
-
-
-def nodes():
-    """How many there are in PipeWire's graph, whosever they are."""
-    return sum(each["type"] == "PipeWire:Interface:Node" for each in json.loads(run("pw-dump").stdout))
 
 
 def sessions():

@@ -7,7 +7,8 @@ import pathlib
 import subprocess
 import sys
 
-from application import program, quillbox, run, status, until
+import pipewire
+from application import program, quillbox, status, until
 from running import FIRST_USE
 
 AREA = (301, 257, 322, 238)
@@ -35,9 +36,9 @@ def x_resources(pid):
     return held
 
 
-def pipewire_nodes():
+def pipewire_objects():
     """How many objects there are in PipeWire, of all processes."""
-    return len(json.loads(run("pw-dump").stdout))
+    return len(pipewire.objects())
 
 
 def resources(pid):
@@ -46,7 +47,7 @@ def resources(pid):
     if HAS_X11:
         held["X resources"] = x_resources(pid)
     else:
-        held["PipeWire objects"] = pipewire_nodes()
+        held["PipeWire objects"] = pipewire_objects()
     return held
 
 

@@ -16,8 +16,9 @@ from application import quillbox, run, status, until
 from asking_desktop import MONITOR, RECORDINGS, AskingDesktopTest, sessions
 from canvas import BLOCKS
 from kde_share_dialog import ShareDialog
+from pipewire import casts
 from recording import pillow_frames
-from wayland_application import AREA, casts, tray_item
+from wayland_application import AREA, tray_item
 
 PLASMAS_PANEL = 44  # points, at the bottom
 

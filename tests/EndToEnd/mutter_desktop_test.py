@@ -10,10 +10,10 @@ from PIL import ImageChops
 
 import mutter_camera
 import mutter_input
-from application import quillbox, run, status, until
+from application import run, status, until
 from asking_desktop import MONITOR, AskingDesktopTest
 from share_dialog import ShareDialog
-from wayland_application import AREA, SCALE, casts
+from wayland_application import AREA, SCALE
 
 OVERLAY = "Select a region"
 

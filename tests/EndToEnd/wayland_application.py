@@ -1,7 +1,6 @@
 """The desktop application on a Wayland desktop, used as a person uses it: what sway and mutter have in common. CANVAS_SCALE
 is the scale of the session's outputs."""
 
-import json
 import os
 import pathlib
 
@@ -91,13 +90,6 @@ class WaylandApplicationTest(ApplicationTest):
         """Whether a point of the cast output, whose colour on the canvas is known, is under the overlay."""
         seen = self.seen().getpixel((at[0] * SCALE, at[1] * SCALE))
         return all(abs(level - usual * 0.75) <= 2 for level, usual in zip(seen, color))
-
-
-def casts():
-    """How many casts of the screen PipeWire carries."""
-    nodes = json.loads(run("pw-dump").stdout)
-    sources = ("Video/Source", "Stream/Output/Video")  # of xdg-desktop-portal-wlr, and mutter's
-    return sum(node.get("info", {}).get("props", {}).get("media.class") in sources for node in nodes)
 
 
 def tray_item():

@@ -14,9 +14,10 @@ from PIL import Image
 
 from application import quillbox, run, status, until
 from canvas import BLOCKS
+from pipewire import casts
 from recording import pillow_frames
 from running import extents
-from wayland_application import AREA, SCALE, WaylandApplicationTest, casts, tray_item
+from wayland_application import AREA, SCALE, WaylandApplicationTest, tray_item
 from wayland_input import Devices
 
 
