@@ -17,9 +17,9 @@ HAS_X11 = "WAYLAND_DISPLAY" not in os.environ
 
 
 def private_memory(pid):
-    """In kB: what would be free if the process ended."""
+    """In kB: what the process has written. Who else has read the same libraries makes no difference."""
     lines = pathlib.Path(f"/proc/{pid}/smaps_rollup").read_text().splitlines()
-    return sum(int(line.split()[1]) for line in lines if line.startswith(("Private_Clean:", "Private_Dirty:")))
+    return next(int(line.split()[1]) for line in lines if line.startswith("Private_Dirty:"))
 
 
 def x_resources(pid):

@@ -114,7 +114,10 @@ void TrayIcon::redraw()
     m_everyChangeAction->setChecked(m_coordinator.keepsEveryChange());
     if (!m_icon)
         return;
-    m_icon->setIcon(Icons::trayIcon(isRecording));
+    QIcon& look = m_looks.at(isRecording ? 1 : 0);
+    if (look.isNull())
+        look = Icons::trayIcon(isRecording);
+    m_icon->setIcon(look);
     showToolTip();
 }
 

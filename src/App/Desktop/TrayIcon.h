@@ -2,11 +2,13 @@
 
 #include "App/Desktop/TrayHost.h"
 
+#include <QIcon>
 #include <QMenu>
 #include <QObject>
 #include <QRect>
 #include <QSystemTrayIcon>
 
+#include <array>
 #include <memory>
 
 namespace quillbox {
@@ -58,6 +60,7 @@ private:
     QAction* m_recordAction = nullptr; // the menu owns it, and the next
     QAction* m_everyChangeAction = nullptr;
     QAction* m_settingsAction = nullptr;
+    std::array<QIcon, 2> m_looks; // while not recording and while recording; drawn once, as the toolkit keeps every one
     std::unique_ptr<QSystemTrayIcon> m_icon;
 };
 
