@@ -32,6 +32,9 @@ function(add_script_tests prefix script class)
     endif()
     set(environment QUILLBOX_PROGRAM=$<TARGET_FILE:quillbox> QUILLBOX_APP_ID=${QUILLBOX_APP_ID}
         PYTHONPATH=${CMAKE_SOURCE_DIR}/tests/desktop ${ARG_ENVIRONMENT})
+    if(NOT QUILLBOX_SANITIZE)
+        list(APPEND environment EVENT_LOOP_WATCHDOG=$<TARGET_FILE:event_loop_watchdog>)
+    endif()
     foreach(test IN LISTS ARG_TESTS)
         add_test(NAME ${prefix}.${test}
             COMMAND ${ARG_WITHIN} ${session} /usr/bin/python3 -B ${CMAKE_CURRENT_SOURCE_DIR}/${script} ${class}.${test})

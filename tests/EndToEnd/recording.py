@@ -25,11 +25,12 @@ def accept_interrupts():
 class Recording:
     """A running `quillbox record` whose standard error is a terminal, so that it tells how far it is."""
 
-    def __init__(self, *arguments):
+    def __init__(self, *arguments, **environment):
         self.said = b""
         ours, theirs = pty.openpty()
         self.process = subprocess.Popen([program(), "record", *arguments], stdin=subprocess.DEVNULL,
-                                        stdout=subprocess.PIPE, stderr=theirs, preexec_fn=accept_interrupts)
+                                        stdout=subprocess.PIPE, stderr=theirs, preexec_fn=accept_interrupts,
+                                        env={**os.environ, **environment})
         os.close(theirs)
         self.terminal = ours
 

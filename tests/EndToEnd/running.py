@@ -9,6 +9,7 @@ import unittest
 import gi
 
 from application import program, quillbox, status, until
+from event_loop import EventLoopWatch
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi  # noqa: E402
@@ -24,17 +25,20 @@ class Running:
         if not newcomer:
             FIRST_USE.parent.mkdir(parents=True, exist_ok=True)
             FIRST_USE.write_text("introduced\n")
+        self.event_loop = EventLoopWatch()
         self.process = subprocess.Popen([program()], stdin=subprocess.DEVNULL, stderr=stderr,
-                                        env={**os.environ, **environment})
+                                        env={**os.environ, **self.event_loop.environment, **environment})
         until(status, "the application answers")
 
     def __enter__(self):
         return self
 
-    def __exit__(self, *_):
+    def __exit__(self, failure=None, *_):
         if self.process.poll() is None:
             self.process.kill()
         self.process.wait()
+        if failure is None:
+            self.event_loop.check()
 
     def wait_for(self, wanted):
         until(lambda: status()["phase"] == wanted, f"the phase {wanted}")

@@ -39,8 +39,7 @@ public:
     bool opensSessions = true;
 
 public Q_SLOTS:
-    QDBusObjectPath CreateSession(
-        const QVariantMap& options) // NOLINT(readability-identifier-naming): the portal's name
+    QDBusObjectPath CreateSession(const QVariantMap& options)
     {
         const QString sender = message().service().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));
         const QString path = QLatin1String(DesktopPortal::path) + QStringLiteral("/request/") + sender
@@ -53,7 +52,7 @@ public Q_SLOTS:
         }
         return QDBusObjectPath(path);
     }
-    QDBusObjectPath Ask(const QDBusObjectPath&, const QVariantMap&) // NOLINT(readability-identifier-naming): likewise
+    QDBusObjectPath Ask(const QDBusObjectPath&, const QVariantMap&)
     {
         return QDBusObjectPath(QStringLiteral("/request"));
     }
@@ -84,8 +83,8 @@ std::optional<PortalError::Reason> reasonOf(const test::Outcome<QVariantMap>& ou
 TEST_F(PortalSessionTest, DoesNotWaitForeverForASessionThatThePortalPromised)
 {
     portal().opensSessions = false;
-    PortalSession session(interface, 100ms);
     test::Outcome<QVariantMap> opening;
+    PortalSession session(interface, 100ms);
     const auto following = test::follow(session.open(), opening);
     EXPECT_TRUE(test::eventually([&] { return opening.isDone; }));
     EXPECT_EQ(reasonOf(opening), PortalError::Reason::Gone);
@@ -93,10 +92,10 @@ TEST_F(PortalSessionTest, DoesNotWaitForeverForASessionThatThePortalPromised)
 
 TEST_F(PortalSessionTest, WaitsForTheUserButNotForThePortal)
 {
+    test::Outcome<QVariantMap> user; // told even at the session's end
+    test::Outcome<QVariantMap> other;
     PortalSession session(interface, 100ms);
     test::await(session.open());
-    test::Outcome<QVariantMap> user;
-    test::Outcome<QVariantMap> other;
     const auto asking
         = test::follow(session.request(PortalSession::Answer::OfUser, QStringLiteral("Ask"), {}, {}), user);
     const auto next
