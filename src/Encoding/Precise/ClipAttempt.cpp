@@ -74,7 +74,7 @@ private:
         job.area = m_screen.changedArea();
         job.delayCentiseconds = m_delays[static_cast<std::size_t>(m_shown)];
         job.mapping = m_screen.mapping(m_global);
-        if (job.mapping.error > 0 && m_plan.spareBytes > 0 && m_shown > 0)
+        if (job.mapping.error > 0 && m_plan.spareBytes > 0)
             tryLocalTable(job, picture);
         m_colorCount = std::max(m_colorCount, std::ssize(job.localTable));
         m_screen.show(job.mapping, job.localTable.empty() ? m_plan.table : job.localTable);

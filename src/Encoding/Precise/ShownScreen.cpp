@@ -10,6 +10,7 @@ namespace quillbox {
 namespace {
 
 constexpr std::uint32_t colorMask = 0x00FF'FFFF;
+constexpr std::uint32_t nothing = 0xFF00'0000; // no colour equals it, so that the first picture is opaque
 
 std::uint32_t packed(RGBColor color)
 {
@@ -41,7 +42,7 @@ PackedTable packedTable(std::span<const RGBColor> table)
 ShownScreen::ShownScreen(PixelSize size)
     : m_size(size)
     , m_recorded(static_cast<std::size_t>(size.width * size.height), 0)
-    , m_shown(m_recorded.size(), 0)
+    , m_shown(m_recorded.size(), nothing)
 {
 }
 

@@ -51,7 +51,7 @@ public:
 private:
     PixelSize m_size;
     std::vector<std::uint32_t> m_recorded; ///< RGB, red in the low byte; the high byte is `changed` or 0
-    std::vector<std::uint32_t> m_shown;    ///< the same without a high byte
+    std::vector<std::uint32_t> m_shown;    ///< the same without a high byte; no colour before the first picture
     PictureArea m_changedArea;
     std::int64_t m_error = 0; ///< squared differences at present
     double m_errorTicks = 0;

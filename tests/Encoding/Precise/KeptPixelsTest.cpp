@@ -1,6 +1,8 @@
 #include "Encoding/Precise/Codes/LZWSearch.h"
+#include "Encoding/Precise/ShownScreen.h"
 #include "support/GifDecoding.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -41,6 +43,17 @@ TEST(LZWSearchKeptDeathTest, WithoutAnIndexToSpareItCannotBe)
     freedoms[256] = kept;
     EXPECT_DEATH((void)LZWSearch::Search().best({.width = 257, .indices = indices, .freedoms = freedoms}),
         "can be written as transparent");
+}
+
+TEST(ShownScreen, LeavesNoPixelOfTheFirstPictureToWhatIsBehindIt)
+{
+    DistinctFrames frames({});
+    frames.append(RGBAFrame(3, 2, Bytes(24))); // black
+    const DistinctFrames::Recording recording = frames.recording();
+    ShownScreen screen(recording.size);
+    screen.record(recording.pictures.front());
+    NearestColors black({RGBColor(0, 0, 0)});
+    EXPECT_THAT(screen.mapping(black).freedoms, testing::Each(std::uint8_t{changed}));
 }
 
 } // namespace

@@ -3,9 +3,11 @@
 #include "reference/Precise/ColorSearch.h"
 #include "support/ForeignDecoders.h"
 #include "support/Pictures.h"
+#include "support/Random.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numeric>
 #include <vector>
@@ -122,6 +124,24 @@ TEST(PreciseOptimizer, ShowsManyColoursAsItSaysAndEveryDecoderAlike)
     EXPECT_NEAR(decibelsSeen(gif, frames), result.qualityDecibels, 0.001);
     EXPECT_EQ(result.clip.frameCount, 18);
     EXPECT_GT(result.qualityDecibels, 30);
+}
+
+TEST(PreciseOptimizer, ShowsEveryPictureExactlyWhereEachHasFewColoursOfItsOwn)
+{
+    support::Random random(41);
+    std::vector<RGBAFrame> frames;
+    for (int i = 0; i < 3; ++i) {
+        Bytes colors(std::size_t{4} * 200);
+        std::ranges::generate(colors, [&] { return random.byte(); });
+        Bytes pixels;
+        for (int pixel = 0; pixel < 100 * 100; ++pixel) {
+            const auto color = colors.begin() + 4 * random.below(200);
+            pixels.insert(pixels.end(), color, color + 4);
+        }
+        frames.emplace_back(100, 100, std::move(pixels));
+    }
+    const Result result = optimized(frames, {.targetBytes = ample});
+    EXPECT_EQ(result.qualityDecibels, PreciseOptimizer::perfectDecibels) << "the first one, too";
 }
 
 TEST(PreciseOptimizer, GivesTheSameBytesWithAnyNumberOfThreads)
