@@ -174,7 +174,8 @@ class WaylandDesktopTest(WaylandApplicationTest):
         for step in (1, 2):
             run("swaymsg", "focus", "output", f"HEADLESS-{number}")
             desktop.open_panel()
-            self.assertEqual(self.output_of(places("Quillbox")[0]), f"HEADLESS-{number}")
+            (place,) = until(lambda: places("Quillbox"), "the panel is a window")
+            self.assertEqual(self.output_of(place), f"HEADLESS-{number}")
             meanwhile.append(self.canvas.show(step, AREA))
             desktop.wait_for_frames(status()["frameCount"] + 40)
             run("swaymsg", '[title="^Quillbox$"] kill')
@@ -214,6 +215,7 @@ class WaylandDesktopTest(WaylandApplicationTest):
         shown = self.play(desktop, steps=1)
         for step in (1, 2):
             desktop.open_panel()
+            until(lambda: places("Quillbox"), "the panel is a window")
             if step == 1:
                 covered = self.canvas.show(3, AREA)
                 desktop.wait_for_frames(status()["frameCount"] + 12)
