@@ -13,9 +13,9 @@ namespace quillbox {
 namespace {
 
 // Squared errors, summed up over channels, pixels and frames.
-constexpr double gainPerByte = 150;       // what a table of a picture's own must save at least
-constexpr double largeGainPerByte = 1200; // where bytes are scarce
-constexpr double scarce = 0.4;            // of the budget left over by one table for all
+constexpr double gainPerByte = 150;      // what a table of a picture's own must save at least
+constexpr double largeGainPerByte = 300; // where bytes are scarce
+constexpr double scarce = 0.4;           // of the budget left over by one table for all
 
 constexpr std::int64_t leastPicturesPerSecond = 10;
 constexpr double aim = 0.985;    // of the budget: predictions miss by some per cent
