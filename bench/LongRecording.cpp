@@ -5,6 +5,8 @@
 //     long-recording work|motion|noise SECONDS [slack|github|docs [WIDTH HEIGHT]]
 #include "Painters.h"
 
+#include "Capture/Spill/ByteSpill.h"
+#include "Capture/Spill/FrameSpill.h"
 #include "Capture/StreamRecorder.h"
 #include "Encoding/GIFOptimizer.h"
 #include "Platform/ProcessMemory.h"
@@ -14,6 +16,7 @@
 #include <QCoro/QCoroTimer>
 
 #include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -69,7 +72,13 @@ QCoro::Task<> measure(Order order, int& status)
         GIFOptimizer::Config config;
         config.preset = order.preset;
         config.sourceFPS = 30;
-        const auto result = GIFOptimizer::optimize(reducer, config, {});
+        ByteSpill spill(FrameSpill::usualLimits().diskSpaceToLeave, FrameSpill::usualFolder());
+        GIFOptimizer::Execution execution;
+        execution.store = [&spill](std::span<const std::uint8_t> bytes) {
+            return spill.store(bytes);
+        };
+        const auto made = GIFOptimizer::optimizeInPieces(reducer, config, execution);
+        const auto& result = made.clip;
         const auto done = Clock::now();
         std::printf(
             "{\"frames\": %zu, \"recordingPeak\": %.1f, \"wholePeak\": %.1f, \"settle\": %.2f, \"optimize\": %.1f, "

@@ -304,12 +304,16 @@ WidthCap::WidthCap(const RGBAFrame& first, std::optional<std::int64_t> maxWidth)
         m_target = target;
 }
 
+PixelSize WidthCap::size(const RGBAFrame& frame) const
+{
+    const PixelSize own{frame.width(), frame.height()};
+    return m_target ? PixelSize{std::min(own.width, m_target->width), std::min(own.height, m_target->height)} : own;
+}
+
 RGBAFrame WidthCap::applied(const RGBAFrame& frame, ForkJoinThread* side) const
 {
-    if (!m_target || (frame.width() <= m_target->width && frame.height() <= m_target->height))
-        return frame;
-    const PixelSize size{std::min(frame.width(), m_target->width), std::min(frame.height(), m_target->height)};
-    return boxFiltered(frame, size, side);
+    const PixelSize target = size(frame);
+    return target == PixelSize{frame.width(), frame.height()} ? frame : boxFiltered(frame, target, side);
 }
 
 std::vector<RGBAFrame> cappedToWidth(

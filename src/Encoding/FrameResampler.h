@@ -27,6 +27,9 @@ public:
 
     [[nodiscard]] bool isNone() const { return !m_target; }
 
+    /// The size of what applied() makes of `frame`.
+    [[nodiscard]] PixelSize size(const RGBAFrame& frame) const;
+
     /// `frame` no larger than fitted; one that is not is passed on with its pixels shared.
     /// @param side  Does half of the work, if there is one.
     [[nodiscard]] RGBAFrame applied(const RGBAFrame& frame, ForkJoinThread* side = nullptr) const;

@@ -150,16 +150,26 @@ std::int64_t fileSize(std::span<const Bytes> frameParts)
     return size;
 }
 
+void appendFileStart(Bytes& output, std::int64_t width, std::int64_t height, Options options)
+{
+    appendHeader(output, width, height);
+    appendLooping(output, options.loopCount);
+}
+
+void appendFileEnd(Bytes& output)
+{
+    append(output, {0x3B}); // trailer
+}
+
 Bytes fileOf(std::span<const Bytes> frameParts, std::int64_t width, std::int64_t height, Options options)
 {
     Bytes file;
     file.reserve(static_cast<std::size_t>(fileSize(frameParts)));
 
-    appendHeader(file, width, height);
-    appendLooping(file, options.loopCount);
+    appendFileStart(file, width, height, options);
     for (const Bytes& part : frameParts)
         file.insert(file.end(), part.begin(), part.end());
-    append(file, {0x3B}); // trailer
+    appendFileEnd(file);
     return file;
 }
 

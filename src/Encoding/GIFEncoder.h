@@ -57,6 +57,12 @@ struct Options {
 /// The size of the file that `fileOf` makes, in bytes.
 [[nodiscard]] std::int64_t fileSize(std::span<const Bytes> frameParts);
 
+/// Appends what stands before the first frame's part, on a screen of `width` × `height` pixels (0…65535 each).
+void appendFileStart(Bytes& output, std::int64_t width, std::int64_t height, Options options);
+
+/// Appends what follows the last frame's part.
+void appendFileEnd(Bytes& output);
+
 /// The file made of `frameParts`, which is not empty, on a screen of `width` × `height` pixels (0…65535 each).
 [[nodiscard]] Bytes fileOf(std::span<const Bytes> frameParts, std::int64_t width, std::int64_t height, Options options);
 

@@ -1,5 +1,6 @@
 #include "Encoding/GIFOptimizer.h"
 
+#include "Encoding/BytesKeeper.h"
 #include "Encoding/Dithering.h"
 #include "Encoding/FrameDeduplicator.h"
 #include "Encoding/FrameReducer.h"
@@ -10,7 +11,9 @@
 
 #include <algorithm>
 #include <atomic>
+#include <iterator>
 #include <limits>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <utility>
@@ -21,8 +24,8 @@ namespace {
 
 using FrameDeduplicator::Timed;
 
-/// The GIF's frames at their final size. If they had to be shrunk, they stay in memory unless they are too many; then
-/// each is shrunk again whenever it is asked for, so that a long recording that lies elsewhere stays there.
+/// The GIF's frames at their final size. Those that had to be shrunk are kept; where there is no room for one, it is
+/// shrunk again whenever it is asked for.
 class FinalFrames {
 public:
     /// @pre not empty.
@@ -34,40 +37,57 @@ public:
     }
 
     [[nodiscard]] std::int64_t count() const { return std::ssize(m_frames); }
+    /// Of the first.
+    [[nodiscard]] PixelSize size() const { return m_cap.size(m_frames.front().frame); }
     [[nodiscard]] std::int64_t delay(std::int64_t index) const { return at(index).delayCentiseconds; }
     [[nodiscard]] RGBAFrame frame(std::int64_t index) const
     {
-        const auto& kept = m_shrunk[static_cast<std::size_t>(index)];
-        return kept ? *kept : m_cap.applied(at(index).frame);
+        const Shrunk& kept = m_shrunk[static_cast<std::size_t>(index)];
+        return kept.pixels.isThere() ? RGBAFrame::sharing(kept.size.width, kept.size.height, kept.pixels.read())
+                                     : m_cap.applied(at(index).frame);
     }
 
     /// Counts the colours of all of them, and shrinks them on the way.
-    [[nodiscard]] ColorHistogram histogram(Parallelism parallelism)
+    [[nodiscard]] ColorHistogram histogram(const Execution& execution)
     {
         if (m_cap.isNone()) {
             std::vector<RGBAFrame> pictures;
             pictures.reserve(m_frames.size());
             std::ranges::transform(m_frames, std::back_inserter(pictures), &Timed::frame);
-            return PaletteQuantizer::histogram(pictures, parallelism);
+            return PaletteQuantizer::histogram(pictures, execution.parallelism);
         }
-        PaletteQuantizer::Counter counter(workerCount(parallelism, count()));
-        parallelFor(parallelism, count(), [&](std::int64_t index, int worker) {
-            RGBAFrame shrunk = m_cap.applied(at(index).frame);
+        BytesKeeper keeper(memoryFor(execution), execution.store);
+        PaletteQuantizer::Counter counter(workerCount(execution.parallelism, count()));
+        parallelFor(execution.parallelism, count(), [&](std::int64_t index, int worker) {
+            const RGBAFrame& recorded = at(index).frame;
+            const RGBAFrame shrunk = m_cap.applied(recorded);
             counter.add(shrunk, worker);
-            if (shrunk.pixelCount() <= maxShrunkPixels / count())
-                m_shrunk[static_cast<std::size_t>(index)] = std::move(shrunk);
+            if (!shrunk.sharesPixels(recorded))
+                m_shrunk[static_cast<std::size_t>(index)] = {
+                    {shrunk.width(), shrunk.height()}, keeper.keep(shrunk.whole(), BytesKeeper::Otherwise::NotAtAll)};
         });
         return counter.total();
     }
 
 private:
-    static constexpr std::int64_t maxShrunkPixels = 128'000'000; // half a gigabyte
+    struct Shrunk {
+        PixelSize size;
+        KeptBytes pixels;
+    };
+
+    /// All of it where that is enough for all frames. A clip that is larger has to read frames back in any case.
+    [[nodiscard]] std::int64_t memoryFor(const Execution& execution) const
+    {
+        const std::int64_t pixels = checkedMul(checkedMul(size().width, size().height), count());
+        const bool isEnough = checkedMul(pixels, RGBAFrame::bytesPerPixel) <= execution.frameMemory;
+        return isEnough || !execution.store ? execution.frameMemory : execution.frameMemory / 4;
+    }
 
     [[nodiscard]] const Timed& at(std::int64_t index) const { return m_frames[static_cast<std::size_t>(index)]; }
 
     std::vector<Timed> m_frames; ///< as they were taken
     FrameResampler::WidthCap m_cap;
-    std::vector<std::optional<RGBAFrame>> m_shrunk;
+    std::vector<Shrunk> m_shrunk;
 };
 
 /// What all attempts have in common.
@@ -79,14 +99,14 @@ struct Material {
     double durationSeconds = 0;
 };
 
-Material prepare(const FrameReducer& reducer, ExportPreset preset, Parallelism parallelism)
+Material prepare(const FrameReducer& reducer, ExportPreset preset, const Execution& execution)
 {
     FrameReducer::Selection selection = reducer.selection(preset);
     std::int64_t centiseconds = 0;
     for (const Timed& timed : selection.frames)
         centiseconds = checkedAdd(centiseconds, timed.delayCentiseconds);
     FinalFrames frames(std::move(selection.frames), preset.maxWidth());
-    ColorHistogram histogram = frames.histogram(parallelism);
+    ColorHistogram histogram = frames.histogram(execution);
     return {.frames = std::move(frames),
         .histogram = std::move(histogram),
         .sourceFrameCount = reducer.frameCount(),
@@ -107,7 +127,7 @@ struct Attempt {
     std::int64_t colors; ///< asked for
     NearestColorLUT lut; ///< made of those there are
     bool usesDithering;
-    std::vector<Bytes> frameParts; ///< empty where the frame is still to be done
+    std::vector<KeptBytes> frameParts; ///< not there where the frame is still to be done
     std::int64_t framesDone = 0;
     std::int64_t byteCount = GIFEncoder::fileSize({}); ///< of the file as far as it is done
 
@@ -122,6 +142,7 @@ public:
         , m_config(config)
         , m_execution(execution)
         , m_workers(static_cast<std::size_t>(workerCount(execution.parallelism, material.frames.count())))
+        , m_keeper(execution.partMemory, execution.store)
     {
     }
 
@@ -134,7 +155,7 @@ public:
             .colors = colors,
             .lut = std::move(lut),
             .usesDithering = m_config.ditheringOverride.value_or(isCoarse),
-            .frameParts = std::vector<Bytes>(static_cast<std::size_t>(m_material.frames.count()))};
+            .frameParts = std::vector<KeptBytes>(static_cast<std::size_t>(m_material.frames.count()))};
     }
 
     /// Maps and compresses what is still to be done, until all is or the file exceeds `byteLimit` or `stop` asks for
@@ -152,13 +173,16 @@ public:
         parallelFor(m_execution.parallelism, std::ssize(runs), [&](std::int64_t item, int worker) {
             const auto [begin, end] = runs[static_cast<std::size_t>(item)];
             for (std::int64_t i = begin; i < end && !isOver && !stop.stop_requested(); ++i) {
-                Bytes& part = attempt.frameParts[static_cast<std::size_t>(i)];
-                if (!part.empty())
+                KeptBytes& part = attempt.frameParts[static_cast<std::size_t>(i)];
+                if (part.isThere())
                     continue;
-                part = encodedFrame(attempt, m_workers[static_cast<std::size_t>(worker)], i);
+                Bytes encoded = encodedFrame(attempt, m_workers[static_cast<std::size_t>(worker)], i);
+                const auto partSize = std::ssize(encoded);
+                part = m_keeper.keep(
+                    std::make_shared<const Bytes>(std::move(encoded)), BytesKeeper::Otherwise::InMemory);
                 const std::scoped_lock lock(mutex);
                 ++attempt.framesDone;
-                attempt.byteCount = checkedAdd(attempt.byteCount, std::ssize(part));
+                attempt.byteCount = checkedAdd(attempt.byteCount, partSize);
                 isOver = attempt.byteCount > byteLimit;
                 tell(attempt);
             }
@@ -182,7 +206,7 @@ private:
         std::int64_t left = std::ssize(attempt.frameParts) - attempt.framesDone;
         std::int64_t room = 0; // in the last run
         for (std::int64_t i = 0; i < std::ssize(attempt.frameParts); ++i) {
-            if (!attempt.frameParts[static_cast<std::size_t>(i)].empty())
+            if (attempt.frameParts[static_cast<std::size_t>(i)].isThere())
                 continue;
             if (room == 0) {
                 room = std::clamp<std::int64_t>(left / share, 1, maxRun);
@@ -223,6 +247,7 @@ private:
     const Config& m_config;
     const Execution& m_execution;
     std::vector<Worker> m_workers;
+    BytesKeeper m_keeper; // of the attempts' parts
 };
 
 constexpr std::int64_t noLimit = std::numeric_limits<std::int64_t>::max();
@@ -257,10 +282,10 @@ Attempt bestAttempt(Attempts& attempts, const Config& config, const std::stop_to
     return best;
 }
 
+/// @return all but the file
 Result resultOf(const Attempt& attempt, const Material& material)
 {
-    const RGBAFrame first = material.frames.frame(0);
-    return {.data = GIFEncoder::fileOf(attempt.frameParts, first.width(), first.height(), {.loopCount = 0}),
+    return {.data = {},
         .byteCount = attempt.byteCount,
         .frameCount = material.frames.count(),
         .sourceFrameCount = material.sourceFrameCount,
@@ -268,6 +293,18 @@ Result resultOf(const Attempt& attempt, const Material& material)
         .effectiveFPS = material.fps,
         .usedDithering = attempt.usesDithering,
         .durationSeconds = material.durationSeconds};
+}
+
+/// @param size  Of the first frame.
+std::vector<KeptBytes> fileOf(PixelSize size, std::vector<KeptBytes> frameParts)
+{
+    Bytes start;
+    GIFEncoder::appendFileStart(start, size.width, size.height, {.loopCount = 0});
+    frameParts.insert(frameParts.begin(), KeptBytes(std::move(start)));
+    Bytes end;
+    GIFEncoder::appendFileEnd(end);
+    frameParts.emplace_back(std::move(end));
+    return frameParts;
 }
 
 } // namespace
@@ -282,10 +319,23 @@ Result optimize(std::span<const RGBAFrame> frames, const Config& config, const E
 
 Result optimize(const FrameReducer& reducer, const Config& config, const Execution& execution)
 {
+    InPieces made = optimizeInPieces(reducer, config, execution);
+    Bytes& data = made.clip.data;
+    data.reserve(static_cast<std::size_t>(made.clip.byteCount));
+    for (KeptBytes& piece : made.file) {
+        const auto bytes = std::exchange(piece, {}).read(); // its memory is let go of
+        data.insert(data.end(), bytes->begin(), bytes->end());
+    }
+    return std::move(made.clip);
+}
+
+InPieces optimizeInPieces(const FrameReducer& reducer, const Config& config, const Execution& execution)
+{
     precondition(reducer.sourceFPS() == config.sourceFPS, "the frames were taken at the source's rate");
-    const Material material = prepare(reducer, config.preset, execution.parallelism);
+    const Material material = prepare(reducer, config.preset, execution);
     Attempts attempts(material, config, execution);
-    return resultOf(bestAttempt(attempts, config, execution.finishNow), material);
+    Attempt best = bestAttempt(attempts, config, execution.finishNow);
+    return {resultOf(best, material), fileOf(material.frames.size(), std::move(best.frameParts))};
 }
 
 } // namespace quillbox::GIFOptimizer

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Encoding/BytesKeeper.h"
 #include "Encoding/Parallel.h"
 #include "Encoding/Pixels/PixelTypes.h"
 #include "Encoding/Presets.h"
@@ -9,6 +10,7 @@
 #include <optional>
 #include <span>
 #include <stop_token>
+#include <vector>
 
 namespace quillbox {
 
@@ -54,6 +56,12 @@ struct Execution {
     /// A request ends the search for a palette size: the result is the smallest attempt finished so far. Where none is
     /// finished, because all were left when they exceeded the budget, the latest of them is finished first.
     std::stop_token finishNow{};
+    /// Takes bytes out of memory that are wanted again later: frames at their final size, and finished parts of files,
+    /// where they are many. Called by any thread, several at once. Without one more stays in memory. What its results
+    /// throw when they are read comes out of `optimize`.
+    ByteStore store{};
+    std::int64_t frameMemory = 170'000'000; ///< bytes of frames at their final size that stay in memory
+    std::int64_t partMemory = 8'000'000;    ///< and of finished parts
 };
 
 /// @param reducer  The frames, taken at `config.sourceFPS` for `config.preset` (and perhaps others).
@@ -61,6 +69,16 @@ struct Execution {
 /// @return The first attempt within the budget, or the smallest one (of equal ones the first) when none is.
 /// @throws GIFEncodingError  a side of a frame exceeds 65535 pixels; found before any other work.
 [[nodiscard]] Result optimize(const FrameReducer& reducer, const Config& config, const Execution& execution = {});
+
+/// A clip whose file never lies in memory whole.
+struct InPieces {
+    Result clip;                 ///< without `data`
+    std::vector<KeptBytes> file; ///< in order
+};
+
+/// The same in pieces, of which `execution.store` has those that memory should not hold.
+[[nodiscard]] InPieces optimizeInPieces(
+    const FrameReducer& reducer, const Config& config, const Execution& execution = {});
 
 /// The same for frames that are all at hand.
 /// @param frames  Oldest first. @pre not empty.

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
+#include <functional>
 #include <optional>
 #include <string>
 #include <sys/file.h>
@@ -82,11 +83,13 @@ fs::path folderOf(const fs::path& path)
     return path.has_parent_path() ? path.parent_path() : fs::path(".");
 }
 
-/// Puts `bytes` and the permissions of the file that is replaced into an open, still invisible file.
-void fill(
-    int descriptor, std::span<const std::uint8_t> bytes, const fs::path& path, const std::optional<struct stat>& old)
+/// Writes all of the contents to a descriptor.
+using WriteAll = std::function<void(int descriptor)>;
+
+/// Puts the contents and the permissions of the file that is replaced into an open, still invisible file.
+void fill(int descriptor, const WriteAll& writeAll, const fs::path& path, const std::optional<struct stat>& old)
 {
-    OutputFile::write(descriptor, bytes, path);
+    writeAll(descriptor);
     if (old)
         (void)::fchmod(descriptor, old->st_mode & 07777U); // a file system without permissions has none to lose
     if (::fdatasync(descriptor) != 0)
@@ -113,13 +116,13 @@ void moveInto(Leftover& temporary, const fs::path& path, IfExists ifExists)
 /// Saves through a file that has no name until it is whole, so that not even a kill leaves anything.
 /// @return false where the file system has no such files; nothing has happened then.
 bool saveUnnamed(
-    const fs::path& path, std::span<const std::uint8_t> bytes, IfExists ifExists, const std::optional<struct stat>& old)
+    const fs::path& path, const WriteAll& writeAll, IfExists ifExists, const std::optional<struct stat>& old)
 {
     const FileDescriptor file(::open(folderOf(path).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666));
     if (file.number() < 0)
         return false;                      // a true error comes back from the attempt with a name
     (void)::flock(file.number(), LOCK_EX); // for the moment in which it has a second name, see removeLeftovers
-    fill(file.number(), bytes, path, old);
+    fill(file.number(), writeAll, path, old);
 
     const auto self = "/proc/self/fd/" + std::to_string(file.number());
     const SignalsHeld held;
@@ -171,15 +174,14 @@ FileDescriptor makeTemporary(const fs::path& path, std::string& name)
     }
 }
 
-void saveNamed(
-    const fs::path& path, std::span<const std::uint8_t> bytes, IfExists ifExists, const std::optional<struct stat>& old)
+void saveNamed(const fs::path& path, const WriteAll& writeAll, IfExists ifExists, const std::optional<struct stat>& old)
 {
     OutputFile::removeLeftovers(folderOf(path));
     std::string name;
     const FileDescriptor file = makeTemporary(path, name);
     Leftover temporary(name);
     (void)::fchmod(file.number(), (S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH) & ~creationMask());
-    fill(file.number(), bytes, path, old);
+    fill(file.number(), writeAll, path, old);
     const SignalsHeld held;
     moveInto(temporary, path, ifExists);
 }
@@ -209,6 +211,22 @@ fs::path resolved(const fs::path& path)
     return target;
 }
 
+void saveContents(const fs::path& path, const WriteAll& writeAll, IfExists ifExists)
+{
+    OutputFile::check(path, ifExists);
+    const auto target = resolved(path);
+    const auto old = statusOf(target);
+    if (old && !S_ISREG(old->st_mode)) {
+        const FileDescriptor device(::open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
+        if (device.number() < 0)
+            throw failure(path);
+        writeAll(device.number());
+        return;
+    }
+    if (!saveUnnamed(target, writeAll, ifExists, old))
+        saveNamed(target, writeAll, ifExists, old);
+}
+
 } // namespace
 
 void OutputFile::check(const std::filesystem::path& path, IfExists ifExists)
@@ -235,18 +253,17 @@ void OutputFile::check(const std::filesystem::path& path, IfExists ifExists)
 
 void OutputFile::save(const std::filesystem::path& path, std::span<const std::uint8_t> bytes, IfExists ifExists)
 {
-    check(path, ifExists);
-    const auto target = resolved(path);
-    const auto old = statusOf(target);
-    if (old && !S_ISREG(old->st_mode)) {
-        const FileDescriptor device(::open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
-        if (device.number() < 0)
-            throw failure(path);
-        write(device.number(), bytes, path);
-        return;
-    }
-    if (!saveUnnamed(target, bytes, ifExists, old))
-        saveNamed(target, bytes, ifExists, old);
+    saveContents(
+        path, [&](int descriptor) { write(descriptor, bytes, path); }, ifExists);
+}
+
+void OutputFile::saveInPieces(const std::filesystem::path& path, std::span<const KeptBytes> pieces, IfExists ifExists)
+{
+    const auto writeAll = [&](int descriptor) {
+        for (const KeptBytes& piece : pieces)
+            write(descriptor, *piece.read(), path);
+    };
+    saveContents(path, writeAll, ifExists);
 }
 
 void OutputFile::removeLeftovers(const std::filesystem::path& folder)

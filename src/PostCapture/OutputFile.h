@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Encoding/BytesKeeper.h"
+
 #include <cstdint>
 #include <exception>
 #include <filesystem>
@@ -58,6 +60,9 @@ void check(const std::filesystem::path& path, IfExists ifExists);
 /// name. Waits for the disk. Thread: any; other threads that may be killed by those signals should block them.
 /// @throws OutputFileError
 void save(const std::filesystem::path& path, std::span<const std::uint8_t> bytes, IfExists ifExists);
+
+/// The same for bytes in pieces, of which only one is in memory at a time. @throws also what reading them throws
+void saveInPieces(const std::filesystem::path& path, std::span<const KeptBytes> pieces, IfExists ifExists);
 
 /// Removes what ended processes of this user left of their saving in `folder`; what cannot be removed stays. A save
 /// that still goes on is recognised by its lock. Waits for the disk; thread: any.

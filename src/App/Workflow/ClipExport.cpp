@@ -1,6 +1,7 @@
 #include "App/Workflow/ClipExport.h"
 
 #include "Capture/FrameTimeline.h"
+#include "Capture/Spill/ByteSpill.h"
 #include "Capture/Spill/FrameSpill.h"
 #include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/OutputFile.h"
@@ -10,17 +11,73 @@
 #include <QFile>
 
 #include <filesystem>
+#include <functional>
+#include <iterator>
 #include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace quillbox {
+namespace {
+
+GIFOptimizer::Config configFor(ExportPreset preset)
+{
+    return {.preset = preset, .sourceFPS = FrameTimeline::framesPerSecond, .ditheringOverride = std::nullopt};
+}
+
+/// The same execution, which keeps what is large in a file. @param spill  Outlives the result.
+GIFOptimizer::Execution storingIn(ByteSpill& spill, GIFOptimizer::Execution execution)
+{
+    execution.store = [&spill](std::span<const std::uint8_t> bytes) {
+        return spill.store(bytes);
+    };
+    return execution;
+}
+
+ByteSpill usualSpill()
+{
+    return {FrameSpill::usualLimits().diskSpaceToLeave, FrameSpill::usualFolder()};
+}
+
+/// @param write  Writes the file under the name that it is given, unless there is one.
+QString saveUnderFreeName(QDateTime date, const std::function<void(const std::string& path)>& write)
+{
+    const auto folder = ClipboardExporter::clipsDirectory();
+    std::filesystem::create_directories(QFile::encodeName(folder).toStdString());
+    for (;; date = date.addSecs(1)) {
+        const auto name = ClipboardExporter::fileName(date, QStringLiteral("gif"), QCalendar());
+        auto path = QDir(folder).filePath(name);
+        try {
+            write(QFile::encodeName(path).toStdString());
+            return path;
+        } catch (const OutputFileError& error) {
+            using Reason = OutputFileError::Reason;
+            if (error.reason() != Reason::AlreadyExists && error.reason() != Reason::IsFolder)
+                throw;
+        }
+    }
+}
+
+/// The bytes of all pieces; each is let go of.
+QByteArray joined(std::vector<KeptBytes> pieces, std::int64_t byteCount)
+{
+    QByteArray bytes;
+    bytes.reserve(byteCount);
+    for (KeptBytes& piece : pieces) {
+        const auto read = std::exchange(piece, {}).read();
+        bytes.append(reinterpret_cast<const char*>(read->data()), std::ssize(*read));
+    }
+    return bytes;
+}
+
+} // namespace
 
 GIFOptimizer::Result ClipExport::encode(
     const Recording& recording, ExportPreset preset, const GIFOptimizer::Execution& execution)
 {
-    const GIFOptimizer::Config config{
-        .preset = preset, .sourceFPS = FrameTimeline::framesPerSecond, .ditheringOverride = std::nullopt};
-    return GIFOptimizer::optimize(recording.reduced(), config, execution);
+    ByteSpill spill = usualSpill();
+    return GIFOptimizer::optimize(recording.reduced(), configFor(preset), storingIn(spill, execution));
 }
 
 PreciseOptimizer::Result ClipExport::encodePrecisely(
@@ -37,41 +94,42 @@ PreciseOptimizer::Result ClipExport::encodePrecisely(
 
 QString ClipExport::save(std::span<const std::uint8_t> gif, QDateTime date)
 {
-    const auto folder = ClipboardExporter::clipsDirectory();
-    std::filesystem::create_directories(QFile::encodeName(folder).toStdString());
-    for (;; date = date.addSecs(1)) {
-        const auto name = ClipboardExporter::fileName(date, QStringLiteral("gif"), QCalendar());
-        auto path = QDir(folder).filePath(name);
-        try {
-            OutputFile::save(QFile::encodeName(path).toStdString(), gif, OutputFile::IfExists::Refuse);
-            return path;
-        } catch (const OutputFileError& error) {
-            using Reason = OutputFileError::Reason;
-            if (error.reason() != Reason::AlreadyExists && error.reason() != Reason::IsFolder)
-                throw;
-        }
-    }
+    return saveUnderFreeName(
+        std::move(date), [gif](const std::string& path) { OutputFile::save(path, gif, OutputFile::IfExists::Refuse); });
+}
+
+QString ClipExport::saveInPieces(std::span<const KeptBytes> gif, QDateTime date)
+{
+    return saveUnderFreeName(std::move(date),
+        [gif](const std::string& path) { OutputFile::saveInPieces(path, gif, OutputFile::IfExists::Refuse); });
 }
 
 ClipExport::Saved ClipExport::run(
     const Recording& recording, const ClipRequest& request, const GIFOptimizer::Execution& execution)
 {
     Saved saved;
+    std::vector<KeptBytes> pieces;
     if (request.isPrecise) {
         auto precise = encodePrecisely(recording, PreciseOptimizer::Config::of(request.preset), execution);
         saved.result = std::move(precise.clip);
         saved.recordedPictures = saved.result.frameCount + precise.thinnedFrames;
+        pieces.emplace_back(std::exchange(saved.result.data, {}));
     } else {
-        saved.result = encode(recording, request.preset, execution);
+        ByteSpill spill = usualSpill();
+        auto made = GIFOptimizer::optimizeInPieces(
+            recording.reduced(), configFor(request.preset), storingIn(spill, execution));
+        saved.result = std::move(made.clip);
         saved.recordedPictures = recording.distinctCount();
+        pieces = std::move(made.file);
     }
     if (request.path.isEmpty()) {
-        saved.path = save(saved.result.data, QDateTime::currentDateTime());
+        saved.path = saveInPieces(pieces, QDateTime::currentDateTime());
     } else {
         saved.path = request.path;
-        OutputFile::save(QFile::encodeName(saved.path).toStdString(), saved.result.data, OutputFile::IfExists::Replace);
+        OutputFile::saveInPieces(QFile::encodeName(saved.path).toStdString(), pieces, OutputFile::IfExists::Replace);
     }
     recording.settle();
+    saved.gif = joined(std::move(pieces), saved.result.byteCount);
     return saved;
 }
 

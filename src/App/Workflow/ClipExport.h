@@ -19,7 +19,8 @@ namespace quillbox {
 namespace ClipExport {
 
 struct Saved {
-    GIFOptimizer::Result result;
+    GIFOptimizer::Result result;       ///< without its `data`
+    QByteArray gif;                    ///< the file
     QString path;                      ///< absolute
     std::int64_t recordedPictures = 0; ///< those that differ from the one before
 };
@@ -42,6 +43,8 @@ struct Saved {
 /// @throws std::filesystem::filesystem_error  the clips folder can't be made.
 /// @throws OutputFileError  the file can't be written; nothing of it is left.
 [[nodiscard]] QString save(std::span<const std::uint8_t> gif, QDateTime date);
+/// The same for a file in pieces. @throws also what reading them throws
+[[nodiscard]] QString saveInPieces(std::span<const KeptBytes> gif, QDateTime date);
 
 /// Encodes the recording, saves it, unless `request` names a path as a clip that was made now, and settles it.
 /// @pre the recording has a frame; a violation ends the process.

@@ -82,7 +82,7 @@ QCoro::Task<std::optional<ExportJob::Outcome>> ExportJob::make(
         auto work = start(std::move(recording), request);
         const auto saved = co_await work;
         if (self) {
-            ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(saved.path), ClipExport::bytes(saved.result));
+            ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(saved.path), saved.gif);
             history->record(entryFor(saved, request.preset, width, height));
             outcome = finished(saved, request);
         }

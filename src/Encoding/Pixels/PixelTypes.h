@@ -69,6 +69,9 @@ public:
     /// All pixels in one piece. Those of a frame that is made of bands are put together for it: prefer band().
     [[nodiscard]] PixelView pixels() const;
 
+    /// The pixels if they are in one piece; null if the frame is made of bands.
+    [[nodiscard]] const std::shared_ptr<const Bytes>& whole() const { return m_storage->whole; }
+
     [[nodiscard]] std::int64_t bandCount() const { return (m_height + rowsPerBand - 1) / rowsPerBand; }
     [[nodiscard]] std::int64_t rowsOfBand(std::int64_t index) const
     {

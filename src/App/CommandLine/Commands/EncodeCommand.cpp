@@ -13,6 +13,7 @@
 #include "App/FrameSources/ClipTimeline.h"
 #include "App/FrameSources/FrameReadError.h"
 #include "App/FrameSources/ReadingThreads.h"
+#include "Capture/Spill/ByteSpill.h"
 #include "Capture/Spill/FrameSpill.h"
 #include "Encoding/FrameReducer.h"
 #include "Encoding/GIFOptimizer.h"
@@ -22,8 +23,10 @@
 #include "Translation/Translate.h"
 
 #include <cerrno>
+#include <cstdint>
 #include <iterator>
 #include <optional>
+#include <span>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -106,8 +109,13 @@ void encodeByPreset(const EncodeOptions& options, const ClipOutput& output, Prog
     const FrameReducer& frames = intake.finished();
     const GIFOptimizer::Config config{
         .preset = options.out.preset, .sourceFPS = frames.sourceFPS(), .ditheringOverride = options.dithering};
-    auto result = GIFOptimizer::optimize(
-        frames, config, {.parallelism = {options.threads}, .progress = progressOn(line, options.out.preset)});
+    ByteSpill store(spill.limits().diskSpaceToLeave, FrameSpill::usualFolder());
+    auto result = GIFOptimizer::optimize(frames, config,
+        {.parallelism = {options.threads},
+            .progress = progressOn(line, options.out.preset),
+            .store = [&store](std::span<const std::uint8_t> bytes) {
+                return store.store(bytes);
+            }});
     setPlays(result, options.plays);
     const FrameRate rate = timeline.rate();
     const ResultReport::Clip clip{.result = result,
