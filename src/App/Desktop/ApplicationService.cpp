@@ -5,18 +5,14 @@
 #include "Capture/RecorderControlling.h"
 #include "Platform/DBus/SessionBus.h"
 #include "PostCapture/Clipboard/Clipboard.h"
-#include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/SavedClip.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusError>
 #include <QMetaClassInfo>
-#include <QtConcurrent/QtConcurrentRun>
 #include <QTimer>
-#include <QUrl>
 
-#include <optional>
 #include <utility>
 
 namespace quillbox {
@@ -201,10 +197,8 @@ bool ApplicationService::Copy(const QString& path)
 {
     setDelayedReply(true);
     const auto call = message();
-    QtConcurrent::run(&SavedClip::read, path).then(this, [path, call](const std::optional<QByteArray>& gif) {
-        if (gif)
-            ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(path), gif);
-        SessionBus::connection().send(call.createReply(gif.has_value()));
+    SavedClip::copy(path, *this).then(this, [call](bool isCopied) {
+        SessionBus::connection().send(call.createReply(isCopied));
     });
     return false; // nobody gets this answer
 }

@@ -1,6 +1,5 @@
 #include "Views/History/ClipActions.h"
 
-#include "PostCapture/ClipboardExporter.h"
 #include "PostCapture/FileReveal.h"
 #include "PostCapture/HistoryStore.h"
 #include "PostCapture/SavedClip.h"
@@ -10,7 +9,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
-#include <QtConcurrent/QtConcurrentRun>
 #include <QUrl>
 
 namespace quillbox {
@@ -45,10 +43,8 @@ void ClipActions::carryOut(ClipAction action, const ClipEntry& entry)
 
 void ClipActions::copy(const QString& path)
 {
-    QtConcurrent::run(&SavedClip::read, path).then(this, [this, path](const std::optional<QByteArray>& gif) {
-        if (gif)
-            ClipboardExporter::copyToPasteboard(QUrl::fromLocalFile(path), gif);
-        else
+    SavedClip::copy(path, *this).then(this, [this](bool isCopied) {
+        if (!isCopied)
             Q_EMIT failed(tr("The clip can't be read."));
     });
 }
