@@ -48,14 +48,14 @@ class X11Test(DoctorTest):
         from desktop import take_hotkey
         other = take_hotkey()
         hotkey = self.services(0)["Hotkey"]
-        self.assertEqual((hotkey["health"], hotkey["used"]), ("limited", "Another program holds Super+Shift+2"))
+        self.assertEqual((hotkey["health"], hotkey["used"]), ("limited", "Another program holds Super + Shift + 2"))
         del other
 
     def test_asks_the_running_application_for_the_hotkey(self):
         from desktop import Desktop, take_hotkey
         other = take_hotkey()
         with Desktop():
-            self.assertEqual(self.services(0)["Hotkey"]["used"], "Another program holds Super+Shift+2")
+            self.assertEqual(self.services(0)["Hotkey"]["used"], "Another program holds Super + Shift + 2")
             other.close()
             until(lambda: self.services(0)["Hotkey"]["found"] == ["it is held, as Quillbox runs"], "it is had")
 

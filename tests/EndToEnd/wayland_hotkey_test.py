@@ -72,7 +72,7 @@ class WaylandHotkeyTest(unittest.TestCase):
             service = next(each for each in services if each["service"] == "Hotkey")
             return service["health"], service["used"]
 
-        self.assertEqual(hotkey(), ("limited", "the desktop portal, once it has been asked for Super+Shift+2"))
+        self.assertEqual(hotkey(), ("limited", "the desktop portal, once it has been asked for Super + Shift + 2"))
         run(*TELL, f"{SERVICE}.Answer", "string:nothing")
         self.run_beside(program(), stderr=subprocess.DEVNULL)
         until(lambda: hotkey() == ("limited", "The desktop has bound no key for Quillbox"), "it is told")

@@ -3,6 +3,7 @@
 #include "App/Desktop/ApplicationService.h"
 #include "App/Hotkey/HotkeyChoice.h"
 #include "App/Hotkey/HotkeyMath.h"
+#include "App/Hotkey/HotkeyNotice.h"
 #include "App/Hotkey/HotkeyRefusal.h"
 #include "App/Hotkey/ShortcutsPortal.h"
 #include "App/Hotkey/X11Hotkey.h"
@@ -79,11 +80,9 @@ HotkeyState tryOutDefault()
     }
 }
 
-/// "Super+Shift+2", as this keyboard calls the key.
 std::string combination(const HotkeyState& state)
 {
-    const std::string key = state.key.isEmpty() ? "2" : state.key.toStdString();
-    return withArguments(translate("Doctor", "Super+Shift+%1"), {key});
+    return HotkeyNotice::combination(state).toStdString();
 }
 
 /// The running application knows; without one, a look tells what it would have.
@@ -122,7 +121,8 @@ void reportBinding(ServiceReport& report, const std::optional<HotkeyState>& stat
             ? translate("Doctor", "the desktop portal; the desktop's settings tell the keys")
             : withArguments(translate("Doctor", "the desktop portal: %1"), {state->trigger.toStdString()});
     } else if (status == HotkeyStatus::NotRegistered || status == HotkeyStatus::Asking) {
-        report.used = translate("Doctor", "the desktop portal, once it has been asked for Super+Shift+2");
+        report.used = withArguments(
+            translate("Doctor", "the desktop portal, once it has been asked for %1"), {combination(HotkeyState())});
         report.advice.emplace_back(
             translate("Doctor", "start Quillbox and look again: only then the desktop tells what it has bound"));
     } else {
