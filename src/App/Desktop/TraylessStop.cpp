@@ -1,5 +1,6 @@
 #include "App/Desktop/TraylessStop.h"
 
+#include "App/Desktop/EdgeStop.h"
 #include "App/Desktop/LastingNotification.h"
 #include "App/Desktop/LayerStop.h"
 #include "App/Desktop/RegionPlace.h"
@@ -11,12 +12,13 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include <utility>
 #include <vector>
 
 namespace quillbox {
 
 TraylessStop::TraylessStop(
-    CurrentCoordinator& coordinator, const ScreenRecorder& recorder, const ScreenSession& screen, QObject* parent)
+    CurrentCoordinator& coordinator, ScreenRecorder& recorder, const ScreenSession& screen, QObject* parent)
     : QObject(parent)
     , m_coordinator(coordinator)
     , m_recorder(recorder)
@@ -41,7 +43,7 @@ void TraylessStop::follow()
         remove();
         return;
     }
-    if (m_control || m_layerStop || m_message)
+    if (m_control || m_edgeStop || m_layerStop || m_message)
         return;
     const auto windowSystem = toolkitWindowSystem();
     if (windowSystem == WindowSystem::X11)
@@ -59,8 +61,11 @@ void TraylessStop::showOnX11()
     for (const auto* const screen : QGuiApplication::screens())
         if (screen != primary)
             screens.push_back(screen->availableGeometry());
-    m_control = std::make_unique<StopControl>(m_coordinator);
-    m_control->appear(placeOf(*m_recorder.region()), screens);
+    auto control = std::make_unique<StopControl>(m_coordinator);
+    if (control->appear(placeOf(*m_recorder.region()), screens))
+        m_control = std::move(control);
+    else
+        m_edgeStop = std::make_unique<EdgeStop>(m_coordinator, m_recorder, m_screen, primary->geometry());
 }
 
 void TraylessStop::showOnWayland()
@@ -78,6 +83,10 @@ void TraylessStop::remove()
     if (m_control) {
         m_control->hide();
         m_control.release()->deleteLater();
+    }
+    if (m_edgeStop) {
+        m_edgeStop->remove();
+        m_edgeStop.release()->deleteLater();
     }
     if (m_layerStop) {
         m_layerStop->remove();

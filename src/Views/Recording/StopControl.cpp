@@ -3,10 +3,12 @@
 #include "App/Workflow/CurrentCoordinator.h"
 #include "Views/Controls/FlatButton.h"
 #include "Views/Controls/SymbolLabel.h"
+#include "Views/Controls/TextLabel.h"
 #include "Views/Recording/TimeLabel.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <array>
@@ -21,8 +23,11 @@ StopControl::StopControl(CurrentCoordinator& coordinator, QWidget* parent)
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_QuitOnClose, false);
     setWindowTitle(tr("Recording — Quillbox"));
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(Theme::spacing, Theme::tightSpacing, Theme::tightSpacing, Theme::tightSpacing);
+    m_lines = new QVBoxLayout(this);
+    m_lines->setContentsMargins(Theme::spacing, Theme::tightSpacing, Theme::tightSpacing, Theme::tightSpacing);
+    m_lines->setSpacing(Theme::tightSpacing);
+    auto* row = new QHBoxLayout;
+    m_lines->addLayout(row);
     row->setSpacing(Theme::spacing);
     auto* stop = new FlatButton(FlatButton::Kind::Prominent, tr("Stop & Copy"), Symbol::StopCircleFill, this);
     stop->setFocusPolicy(Qt::NoFocus); // the keyboard belongs to what is recorded
@@ -34,14 +39,20 @@ StopControl::StopControl(CurrentCoordinator& coordinator, QWidget* parent)
     row->addWidget(stop);
 }
 
-void StopControl::appear(const QRect& region, const std::vector<QRect>& screens)
+void StopControl::setHint(const QString& text)
+{
+    m_lines->addWidget(new TextLabel(text, TextStyle::Caption, Role::Secondary, TextLabel::Overflow::None, this));
+}
+
+bool StopControl::appear(const QRect& region, const std::vector<QRect>& screens)
 {
     const auto corner = place(sizeHint(), region, screens);
     if (!corner)
-        return;
+        return false;
     setFixedSize(sizeHint());
     move(*corner);
     show();
+    return true;
 }
 
 std::optional<QPoint> StopControl::place(const QSize& size, const QRect& region, const std::vector<QRect>& screens)

@@ -2,10 +2,13 @@
 
 #include <QPoint>
 #include <QRect>
+#include <QString>
 #include <QWidget>
 
 #include <optional>
 #include <vector>
+
+class QVBoxLayout;
 
 namespace quillbox {
 
@@ -23,9 +26,12 @@ public:
     /// @pre `coordinator` outlives the view.
     explicit StopControl(CurrentCoordinator& coordinator, QWidget* parent = nullptr);
 
-    /// Shows it beside `region`, where there is room.
+    /// Adds a line below.
+    void setHint(const QString& text);
+
+    /// Shows it beside `region`, where there is room. @return whether there is
     /// @param screens  The one that is recorded first. Global coordinates, as the region.
-    void appear(const QRect& region, const std::vector<QRect>& screens);
+    [[nodiscard]] bool appear(const QRect& region, const std::vector<QRect>& screens);
 
     /// The corner of something of that size that lies on one screen and outside the region: below it, above it, beside
     /// it, or on another screen. None where the region leaves no room.
@@ -34,6 +40,9 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    QVBoxLayout* m_lines;
 };
 
 } // namespace quillbox

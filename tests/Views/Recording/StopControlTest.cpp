@@ -57,7 +57,7 @@ void StopControlTest::showsTheTimeAndStops()
     ViewsFixture fixture;
     StopControl control(fixture.coordinator);
     fixture.record();
-    control.appear(QRect(100, 100, 200, 100), {wholeScreen});
+    QVERIFY(control.appear(QRect(100, 100, 200, 100), {wholeScreen}));
     QVERIFY(control.isVisible());
     QCOMPARE(control.pos(), QPoint(300 - control.width(), 212));
     QCOMPARE(control.findChild<TimeLabel*>()->text(), QString("0:00"));
@@ -70,7 +70,7 @@ void StopControlTest::staysAwayWhereThereIsNoRoom()
 {
     ViewsFixture fixture;
     StopControl control(fixture.coordinator);
-    control.appear(wholeScreen, {wholeScreen});
+    QVERIFY(!control.appear(wholeScreen, {wholeScreen}));
     QVERIFY(!control.isVisible());
 }
 
