@@ -8,6 +8,7 @@
 #include "App/Desktop/HotkeyReport.h"
 #include "App/Desktop/PanelGuard.h"
 #include "App/Desktop/RegionFrame.h"
+#include "App/Desktop/RunningInstance.h"
 #include "App/Desktop/SoftwareCenter.h"
 #include "App/Desktop/TrayIcon.h"
 #include "App/Desktop/TraylessStop.h"
@@ -154,10 +155,30 @@ void QuillboxApp::followBus()
 {
     m_bus = std::make_unique<SessionBus>();
     QObject::connect(m_bus.get(), &SessionBus::restored, m_bus.get(), [this] {
-        (void)m_service->claimName(); // another instance that was faster does not end this one
+        m_isOneTooMany = m_service->claimName() == ApplicationService::Claim::Taken;
         m_hotkey->reconnect();
         m_tray->reconnect();
+        giveWay();
     });
+    QObject::connect(
+        m_coordinator.get(), &CurrentCoordinator::phaseChanged, m_bus.get(), [this] { giveWay(); },
+        Qt::QueuedConnection);
+}
+
+/// Where another instance has taken the name while there was no bus, this one ends, once it has finished what it is at.
+void QuillboxApp::giveWay()
+{
+    if (!m_isOneTooMany || m_coordinator->isBusy())
+        return;
+    m_isOneTooMany = false;
+    DesktopNotification::show(Text::tr("Quillbox was running twice"),
+        Text::tr(
+            "The desktop's session bus had been restarted. The one that was started first has ended; its clips are "
+            "saved."));
+    if (const auto* const clip = m_coordinator->finishedClip();
+        clip != nullptr && Clipboard::general().state() == Clipboard::State::Accepted)
+        RunningInstance::passOn(clip->path);
+    quit();
 }
 
 /// The choice outlives the program.

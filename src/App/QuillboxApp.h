@@ -61,6 +61,7 @@ public:
 
 private:
     void followBus();
+    void giveWay();
     void rememberPrecision();
     void tellOfClips();
     Panel& panel();
@@ -99,6 +100,7 @@ private:
     bool m_hasUpdateNews = false; // which wait until nothing is being recorded
     std::unique_ptr<ClipboardHandOver> m_handOver;
     bool m_hasTray = true;
+    bool m_isOneTooMany = false; // another instance has the name
 };
 
 } // namespace quillbox

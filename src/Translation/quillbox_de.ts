@@ -489,10 +489,6 @@
         <translation>das Desktop-Portal: %1</translation>
     </message>
     <message>
-        <source>the desktop portal, once it has been asked for Super+Shift+2</source>
-        <translation>das Desktop-Portal, sobald es um Super+Umschalt+2 gebeten wurde</translation>
-    </message>
-    <message>
         <source>start Quillbox and look again: only then the desktop tells what it has bound</source>
         <translation>starten Sie Quillbox und sehen Sie noch einmal nach: erst dann sagt die Arbeitsumgebung, welche Tasten sie vergeben hat</translation>
     </message>
@@ -540,16 +536,16 @@
         <translation>quillbox recover macht Clips daraus, quillbox recover --discard entfernt sie</translation>
     </message>
     <message>
-        <source>Super+Shift+%1</source>
-        <translation>Super+Umschalt+%1</translation>
-    </message>
-    <message>
         <source>%1 of the X server</source>
         <translation>%1 beim X-Server</translation>
     </message>
     <message>
         <source>Another program holds %1</source>
         <translation>Ein anderes Programm belegt %1</translation>
+    </message>
+    <message>
+        <source>the desktop portal, once it has been asked for %1</source>
+        <translation>das Desktop-Portal, sobald es um %1 gebeten wurde</translation>
     </message>
 </context>
 <context>
@@ -1226,6 +1222,14 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
         <source>Notifications</source>
         <translation>Benachrichtigungen</translation>
     </message>
+    <message>
+        <source>Quillbox was running twice</source>
+        <translation>Quillbox lief doppelt</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s session bus had been restarted. The one that was started first has ended; its clips are saved.</source>
+        <translation>Der Sitzungsbus war neu gestartet worden. Das zuerst gestartete Quillbox hat sich beendet; seine Clips sind gespeichert.</translation>
+    </message>
 </context>
 <context>
     <name>RecordCommand</name>
@@ -1836,6 +1840,13 @@ Die Befehle unten haben weitere Beispiele: quillbox encode --help</translation>
     <message>
         <source>Keep it</source>
         <translation>Behalten</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::EdgeStop</name>
+    <message>
+        <source>Rest the pointer at the upper edge of the screen to see this again.</source>
+        <translation>Ruht der Zeiger am oberen Bildschirmrand, erscheint dies wieder.</translation>
     </message>
 </context>
 <context>

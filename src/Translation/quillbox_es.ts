@@ -489,10 +489,6 @@
         <translation>el portal de escritorio: %1</translation>
     </message>
     <message>
-        <source>the desktop portal, once it has been asked for Super+Shift+2</source>
-        <translation>el portal de escritorio, en cuanto se le haya pedido Super+Mayús+2</translation>
-    </message>
-    <message>
         <source>start Quillbox and look again: only then the desktop tells what it has bound</source>
         <translation>inicie Quillbox y vuelva a mirar: solo entonces el escritorio dice qué teclas ha asignado</translation>
     </message>
@@ -540,16 +536,16 @@
         <translation>quillbox recover hace clips con ellas, quillbox recover --discard las elimina</translation>
     </message>
     <message>
-        <source>Super+Shift+%1</source>
-        <translation>Super+Mayús+%1</translation>
-    </message>
-    <message>
         <source>%1 of the X server</source>
         <translation>%1 del servidor X</translation>
     </message>
     <message>
         <source>Another program holds %1</source>
         <translation>Otro programa ocupa %1</translation>
+    </message>
+    <message>
+        <source>the desktop portal, once it has been asked for %1</source>
+        <translation>el portal de escritorio, en cuanto se le haya pedido %1</translation>
     </message>
 </context>
 <context>
@@ -1226,6 +1222,14 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
         <source>Notifications</source>
         <translation>Notificaciones</translation>
     </message>
+    <message>
+        <source>Quillbox was running twice</source>
+        <translation>Quillbox estaba abierto dos veces</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s session bus had been restarted. The one that was started first has ended; its clips are saved.</source>
+        <translation>El bus de sesión del escritorio se había reiniciado. El que se abrió primero ha terminado; sus clips están guardados.</translation>
+    </message>
 </context>
 <context>
     <name>RecordCommand</name>
@@ -1836,6 +1840,13 @@ Las órdenes de abajo tienen más ejemplos: quillbox encode --help</translation>
     <message>
         <source>Keep it</source>
         <translation>Conservar</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::EdgeStop</name>
+    <message>
+        <source>Rest the pointer at the upper edge of the screen to see this again.</source>
+        <translation>Deja el puntero en el borde superior de la pantalla para volver a ver esto.</translation>
     </message>
 </context>
 <context>

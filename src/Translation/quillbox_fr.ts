@@ -489,10 +489,6 @@
         <translation>le portail de bureau&#xa0;: %1</translation>
     </message>
     <message>
-        <source>the desktop portal, once it has been asked for Super+Shift+2</source>
-        <translation>le portail de bureau, une fois que Super+Maj+2 lui a été demandé</translation>
-    </message>
-    <message>
         <source>start Quillbox and look again: only then the desktop tells what it has bound</source>
         <translation>démarrez Quillbox et regardez de nouveau&#xa0;: le bureau ne dit qu&apos;alors quelles touches il a associées</translation>
     </message>
@@ -540,16 +536,16 @@
         <translation>quillbox recover en fait des clips, quillbox recover --discard les supprime</translation>
     </message>
     <message>
-        <source>Super+Shift+%1</source>
-        <translation>Super+Maj+%1</translation>
-    </message>
-    <message>
         <source>%1 of the X server</source>
         <translation>%1 du serveur X</translation>
     </message>
     <message>
         <source>Another program holds %1</source>
         <translation>Un autre programme occupe %1</translation>
+    </message>
+    <message>
+        <source>the desktop portal, once it has been asked for %1</source>
+        <translation>le portail de bureau, une fois que %1 lui a été demandé</translation>
     </message>
 </context>
 <context>
@@ -1226,6 +1222,14 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
         <source>Notifications</source>
         <translation>Notifications</translation>
     </message>
+    <message>
+        <source>Quillbox was running twice</source>
+        <translation>Quillbox était lancé deux fois</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s session bus had been restarted. The one that was started first has ended; its clips are saved.</source>
+        <translation>Le bus de session du bureau avait été redémarré. Celui qui a été lancé en premier s&apos;est arrêté ; ses clips sont enregistrés.</translation>
+    </message>
 </context>
 <context>
     <name>RecordCommand</name>
@@ -1836,6 +1840,13 @@ Les commandes ci-dessous ont d&apos;autres exemples&#xa0;: quillbox encode --hel
     <message>
         <source>Keep it</source>
         <translation>Conserver</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::EdgeStop</name>
+    <message>
+        <source>Rest the pointer at the upper edge of the screen to see this again.</source>
+        <translation>Laissez le pointeur au bord supérieur de l&apos;écran pour revoir ceci.</translation>
     </message>
 </context>
 <context>

@@ -489,10 +489,6 @@
         <translation>デスクトップポータル: %1</translation>
     </message>
     <message>
-        <source>the desktop portal, once it has been asked for Super+Shift+2</source>
-        <translation>デスクトップポータル(Super+Shift+2 を要求した後)</translation>
-    </message>
-    <message>
         <source>start Quillbox and look again: only then the desktop tells what it has bound</source>
         <translation>Quillbox を起動してからもう一度確認してください。割り当てられたキーはそのときにわかります</translation>
     </message>
@@ -539,16 +535,16 @@
         <translation>quillbox recover でクリップにし、quillbox recover --discard で削除します</translation>
     </message>
     <message>
-        <source>Super+Shift+%1</source>
-        <translation>Super+Shift+%1</translation>
-    </message>
-    <message>
         <source>%1 of the X server</source>
         <translation>X サーバーの %1</translation>
     </message>
     <message>
         <source>Another program holds %1</source>
         <translation>別のプログラムが %1 を使用しています</translation>
+    </message>
+    <message>
+        <source>the desktop portal, once it has been asked for %1</source>
+        <translation>デスクトップポータル(%1 を要求した後)</translation>
     </message>
 </context>
 <context>
@@ -1220,6 +1216,14 @@ The commands below have more examples: quillbox encode --help</source>
         <source>Notifications</source>
         <translation>通知</translation>
     </message>
+    <message>
+        <source>Quillbox was running twice</source>
+        <translation>Quillbox が二重に起動していました</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s session bus had been restarted. The one that was started first has ended; its clips are saved.</source>
+        <translation>デスクトップのセッションバスが再起動されていました。先に起動した方は終了しました。そのクリップは保存されています。</translation>
+    </message>
 </context>
 <context>
     <name>RecordCommand</name>
@@ -1821,6 +1825,13 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>Keep it</source>
         <translation>残す</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::EdgeStop</name>
+    <message>
+        <source>Rest the pointer at the upper edge of the screen to see this again.</source>
+        <translation>ポインターを画面の上端に置くと、もう一度表示されます。</translation>
     </message>
 </context>
 <context>

@@ -489,10 +489,6 @@
         <translation>桌面门户：%1</translation>
     </message>
     <message>
-        <source>the desktop portal, once it has been asked for Super+Shift+2</source>
-        <translation>桌面门户（在向其请求 Super+Shift+2 之后）</translation>
-    </message>
-    <message>
         <source>start Quillbox and look again: only then the desktop tells what it has bound</source>
         <translation>请启动 Quillbox 后再次查看：那时桌面才会告知绑定了哪些按键</translation>
     </message>
@@ -539,16 +535,16 @@
         <translation>quillbox recover 将其制成片段，quillbox recover --discard 将其删除</translation>
     </message>
     <message>
-        <source>Super+Shift+%1</source>
-        <translation>Super+Shift+%1</translation>
-    </message>
-    <message>
         <source>%1 of the X server</source>
         <translation>X 服务器的 %1</translation>
     </message>
     <message>
         <source>Another program holds %1</source>
         <translation>另一个程序占用了 %1</translation>
+    </message>
+    <message>
+        <source>the desktop portal, once it has been asked for %1</source>
+        <translation>桌面门户（在向其请求 %1 之后）</translation>
     </message>
 </context>
 <context>
@@ -1220,6 +1216,14 @@ The commands below have more examples: quillbox encode --help</source>
         <source>Notifications</source>
         <translation>通知</translation>
     </message>
+    <message>
+        <source>Quillbox was running twice</source>
+        <translation>Quillbox 曾同时运行了两个</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s session bus had been restarted. The one that was started first has ended; its clips are saved.</source>
+        <translation>桌面的会话总线已重新启动。先启动的那个已退出；其剪辑均已保存。</translation>
+    </message>
 </context>
 <context>
     <name>RecordCommand</name>
@@ -1821,6 +1825,13 @@ The commands below have more examples: quillbox encode --help</source>
     <message>
         <source>Keep it</source>
         <translation>保留</translation>
+    </message>
+</context>
+<context>
+    <name>quillbox::EdgeStop</name>
+    <message>
+        <source>Rest the pointer at the upper edge of the screen to see this again.</source>
+        <translation>将指针停在屏幕上边缘即可再次看到此控件。</translation>
     </message>
 </context>
 <context>

@@ -2,12 +2,14 @@
 """The application while the session bus is restarted. Run by CTest inside tests/desktop/x11-session with a tray."""
 
 import os
+import pathlib
+import re
 import signal
 import subprocess
 import unittest
 
-from application import has_ended, process, program, quillbox, run, until, windows, xdo
-from desktop import Desktop, tray_icon
+from application import has_ended, process, program, quillbox, run, status, until, windows, xdo
+from desktop import Desktop, clipboard, tray_icon
 
 
 class BusRestartTest(unittest.TestCase):
@@ -53,6 +55,36 @@ class BusRestartTest(unittest.TestCase):
             xdo("mousemove", *tray_icon(), "click", 1)
             until(lambda: windows("Quillbox"), "the panel is open")
             self.assertIsNone(desktop.process.poll())
+
+    def start_another_on_a_new_bus(self, desktop):
+        """As when the session's programs are started anew, and ours is slow to see that there is a bus again."""
+        desktop.process.send_signal(signal.SIGSTOP)
+        self.restart_bus()
+        self.start(program())
+        other = until(process, "another instance has the name")
+        desktop.process.send_signal(signal.SIGCONT)
+        return other
+
+    def test_it_gives_way_to_another_that_was_faster(self):
+        with Desktop() as desktop:
+            other = self.start_another_on_a_new_bus(desktop)
+            self.assertEqual(desktop.process.wait(60), 0)
+            self.assertEqual(process(), other)
+
+    def test_it_makes_its_clip_before_it_gives_way_to_another(self):
+        with Desktop() as desktop:
+            desktop.record(301, 257, 322, 238)
+            desktop.wait_for_frames(10)
+            other = self.start_another_on_a_new_bus(desktop)
+            until(lambda: status()["phase"] == "idle", "the other answers")
+            self.assertIsNone(desktop.process.poll())
+            (control,) = until(lambda: windows("Recording — Quillbox"), "the first one's control is there still")
+            place = run("xdotool", "getwindowgeometry", "--shell", control).stdout
+            xdo("mousemove", "--window", control, int(re.search(r"WIDTH=(\d+)", place)[1]) - 40, 20, "click", 1)
+            self.assertEqual(desktop.process.wait(60), 0)
+            (clip,) = pathlib.Path(os.environ["HOME"], "Videos/Quillbox").glob("*.gif")
+            until(lambda: clipboard("image/gif") == clip.read_bytes(), "the other has the clip on the clipboard")
+            self.assertEqual(process(), other)
 
 
 if __name__ == "__main__":

@@ -1,6 +1,7 @@
 #include "App/Desktop/RunningInstance.h"
 
 #include "App/Desktop/ApplicationService.h"
+#include "Platform/DBus/SessionBus.h"
 
 #include <QDBusArgument>
 #include <QDBusConnection>
@@ -24,15 +25,20 @@ QDBusConnection bus()
     return QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("running instance"));
 }
 
-/// The answer's arguments.
-QVariantList ask(const QString& interface, const QString& method, const QVariantList& arguments = {},
-    int patienceMilliseconds = defaultPatience)
+QDBusMessage callOf(const QString& interface, const QString& method, const QVariantList& arguments)
 {
     auto call = QDBusMessage::createMethodCall(
         ApplicationService::busName(), ApplicationService::objectPath(), interface, method);
     call.setAutoStartService(false);
     call.setArguments(arguments);
-    const auto answer = bus().call(call, QDBus::Block, patienceMilliseconds);
+    return call;
+}
+
+/// The answer's arguments.
+QVariantList ask(const QString& interface, const QString& method, const QVariantList& arguments = {},
+    int patienceMilliseconds = defaultPatience)
+{
+    const auto answer = bus().call(callOf(interface, method, arguments), QDBus::Block, patienceMilliseconds);
     if (answer.type() == QDBusMessage::ErrorMessage)
         throw InstanceError(answer.errorMessage().toStdString());
     return answer.arguments();
@@ -103,6 +109,11 @@ void RunningInstance::quit()
 bool RunningInstance::copy(const QString& absolutePath)
 {
     return ask(ApplicationService::interfaceName(), QStringLiteral("Copy"), {absolutePath}).value(0).toBool();
+}
+
+void RunningInstance::passOn(const QString& absolutePath)
+{
+    SessionBus::connection().send(callOf(ApplicationService::interfaceName(), QStringLiteral("Copy"), {absolutePath}));
 }
 
 void RunningInstance::activate()

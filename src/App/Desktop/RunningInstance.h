@@ -31,6 +31,9 @@ namespace RunningInstance {
 void show();
 void quit();
 [[nodiscard]] bool copy(const QString& absolutePath);
+/// Has another process's application put a clip on the clipboard, whatever comes of it. Waits for nothing. Thread:
+/// main.
+void passOn(const QString& absolutePath);
 /// As a desktop would start it a second time.
 void activate();
 
