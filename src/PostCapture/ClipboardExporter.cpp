@@ -30,7 +30,7 @@ QString ClipboardExporter::fileName(const QDateTime& date, const QString& ext, Q
     return QStringLiteral("Quillbox ") + moment + QLatin1Char('.') + ext;
 }
 
-void ClipboardExporter::copyToPasteboard(const QUrl& fileURL, const std::optional<QByteArray>& gifData)
+void ClipboardExporter::copyToPasteboard(const QUrl& fileURL, const std::optional<ClipboardBytes>& gifData)
 {
     Clipboard::general().setClip(fileURL, gifData);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QByteArray>
+#include "PostCapture/Clipboard/ClipboardBytes.h"
+
 #include <QCalendar>
 #include <QDateTime>
 #include <QString>
@@ -28,7 +29,7 @@ namespace ClipboardExporter {
 
 /// Puts a saved clip on the clipboard in place of what was there: exactly the file's URL and then, if given, its bytes
 /// as image/gif, so that it can be pasted as a file and as an animation. Thread: main, of a program with a display.
-void copyToPasteboard(const QUrl& fileURL, const std::optional<QByteArray>& gifData);
+void copyToPasteboard(const QUrl& fileURL, const std::optional<ClipboardBytes>& gifData);
 
 } // namespace ClipboardExporter
 } // namespace quillbox

@@ -10,9 +10,11 @@
 #include <QDir>
 #include <QFile>
 
+#include <exception>
 #include <filesystem>
 #include <functional>
 #include <iterator>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -59,16 +61,23 @@ QString saveUnderFreeName(QDateTime date, const std::function<void(const std::st
     }
 }
 
-/// The bytes of all pieces; each is let go of.
-QByteArray joined(std::vector<KeptBytes> pieces, std::int64_t byteCount)
+/// All pieces as one, which stay where they are.
+ClipboardBytes joined(std::vector<KeptBytes> pieces, std::int64_t byteCount)
 {
-    QByteArray bytes;
-    bytes.reserve(byteCount);
-    for (KeptBytes& piece : pieces) {
-        const auto read = std::exchange(piece, {}).read();
-        bytes.append(reinterpret_cast<const char*>(read->data()), std::ssize(*read));
-    }
-    return bytes;
+    return ClipboardBytes(
+        [pieces = std::make_shared<const std::vector<KeptBytes>>(std::move(pieces)), byteCount]() -> QByteArray {
+            QByteArray bytes;
+            try {
+                bytes.reserve(byteCount);
+                for (const KeptBytes& piece : *pieces) {
+                    const auto read = piece.read();
+                    bytes.append(reinterpret_cast<const char*>(read->data()), std::ssize(*read));
+                }
+            } catch (const std::exception&) { // a disk that fails, or no memory: the file is there all the same
+                return {};
+            }
+            return bytes;
+        });
 }
 
 } // namespace
@@ -107,7 +116,7 @@ QString ClipExport::saveInPieces(std::span<const KeptBytes> gif, QDateTime date)
 ClipExport::Saved ClipExport::run(
     const Recording& recording, const ClipRequest& request, const GIFOptimizer::Execution& execution)
 {
-    Saved saved;
+    Saved saved{.result = {}, .gif = QByteArray(), .path = {}};
     std::vector<KeptBytes> pieces;
     if (request.isPrecise) {
         auto precise = encodePrecisely(recording, PreciseOptimizer::Config::of(request.preset), execution);

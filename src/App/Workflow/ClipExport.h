@@ -5,6 +5,7 @@
 #include "Encoding/GIFOptimizer.h"
 #include "Encoding/Precise/PreciseOptimizer.h"
 #include "Encoding/Presets.h"
+#include "PostCapture/Clipboard/ClipboardBytes.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -20,7 +21,7 @@ namespace ClipExport {
 
 struct Saved {
     GIFOptimizer::Result result;       ///< without its `data`
-    QByteArray gif;                    ///< the file
+    ClipboardBytes gif;                ///< the file
     QString path;                      ///< absolute
     std::int64_t recordedPictures = 0; ///< those that differ from the one before
 };

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QByteArray>
+#include "PostCapture/Clipboard/ClipboardBytes.h"
+
 #include <QObject>
 #include <QUrl>
 
@@ -27,7 +28,7 @@ public:
 
     /// Replaces what is on it by a list of exactly one file URL and, if given, the bytes as image/gif, in that order.
     /// They stay until another program puts something there, or this one ends and no clipboard manager takes them over.
-    virtual void setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData) = 0;
+    virtual void setClip(const QUrl& fileURL, const std::optional<ClipboardBytes>& gifData) = 0;
     /// Sets what is pending again: after a click, which is what desktops want to see. Ignored in the other states.
     virtual void retry() { }
     /// Empties it, if what is there is this program's, and forgets what is pending.

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QByteArray>
+#include "PostCapture/Clipboard/ClipboardBytes.h"
+
 #include <QObject>
 
 #include <string>
@@ -10,8 +11,8 @@ namespace quillbox {
 
 /// One form of what is on the clipboard; a program that pastes picks one of several.
 struct MimeItem {
-    std::string type; ///< MIME
-    QByteArray data;  ///< as that type has it
+    std::string type;    ///< MIME
+    ClipboardBytes data; ///< as that type has it
 };
 
 /// Owns the clipboard of a window system on a connection of its own: a back end, without the state of a clip. What was

@@ -19,9 +19,9 @@ namespace quillbox {
 namespace {
 
 /// A clip in the order in which it is offered.
-std::vector<MimeItem> itemsOf(const QUrl& fileURL, const std::optional<QByteArray>& gifData)
+std::vector<MimeItem> itemsOf(const QUrl& fileURL, const std::optional<ClipboardBytes>& gifData)
 {
-    std::vector<MimeItem> items{{"text/uri-list", fileURL.toEncoded() + "\r\n"}};
+    std::vector<MimeItem> items{{"text/uri-list", QByteArray(fileURL.toEncoded() + "\r\n")}};
     if (gifData)
         items.push_back({"image/gif", *gifData});
     return items;
@@ -51,7 +51,7 @@ public:
                 retry();
         });
     }
-    void setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData) override
+    void setClip(const QUrl& fileURL, const std::optional<ClipboardBytes>& gifData) override
     {
         m_items = itemsOf(fileURL, gifData);
         offer();
@@ -94,7 +94,7 @@ private:
 /// Where there is no clipboard.
 class NoClipboard : public Clipboard {
 public:
-    void setClip(const QUrl& /*fileURL*/, const std::optional<QByteArray>& /*gifData*/) override { }
+    void setClip(const QUrl& /*fileURL*/, const std::optional<ClipboardBytes>& /*gifData*/) override { }
     void clear() override { }
 };
 

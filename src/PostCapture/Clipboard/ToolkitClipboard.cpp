@@ -3,16 +3,42 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QStringList>
+#include <QVariant>
 #include <QWindow>
 
-namespace quillbox {
+#include <utility>
 
-QMimeData* makeMimeData(const QUrl& fileURL, const std::optional<QByteArray>& gifData)
+namespace quillbox {
+namespace {
+
+const auto gifType = QStringLiteral("image/gif");
+
+/// Reads the picture only when somebody wants it.
+class GIFMimeData : public QMimeData {
+public:
+    explicit GIFMimeData(ClipboardBytes gif)
+        : m_gif(std::move(gif))
+    {
+    }
+    [[nodiscard]] QStringList formats() const override { return QMimeData::formats() << gifType; }
+
+protected:
+    [[nodiscard]] QVariant retrieveData(const QString& mimeType, QMetaType type) const override
+    {
+        return mimeType == gifType ? QVariant(m_gif.read()) : QMimeData::retrieveData(mimeType, type);
+    }
+
+private:
+    ClipboardBytes m_gif;
+};
+
+} // namespace
+
+QMimeData* makeMimeData(const QUrl& fileURL, const std::optional<ClipboardBytes>& gifData)
 {
-    auto* const content = new QMimeData;
+    auto* const content = gifData ? new GIFMimeData(*gifData) : new QMimeData;
     content->setUrls({fileURL});
-    if (gifData)
-        content->setData(QStringLiteral("image/gif"), *gifData);
     return content;
 }
 
@@ -35,7 +61,7 @@ ToolkitClipboard::ToolkitClipboard()
     });
 }
 
-void ToolkitClipboard::setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData)
+void ToolkitClipboard::setClip(const QUrl& fileURL, const std::optional<ClipboardBytes>& gifData)
 {
     QGuiApplication::clipboard()->setMimeData(makeMimeData(fileURL, gifData));
     setState(toolkitOwnsClipboard() ? State::Accepted : State::Empty);
@@ -59,7 +85,7 @@ FocusClipboard::FocusClipboard()
     });
 }
 
-void FocusClipboard::setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData)
+void FocusClipboard::setClip(const QUrl& fileURL, const std::optional<ClipboardBytes>& gifData)
 {
     m_clip = Clip{fileURL, gifData};
     m_isOffered = false;

@@ -8,7 +8,7 @@ namespace quillbox {
 
 /// A clip as the toolkit's clipboard takes it, which then owns it: exactly the file's URL and, if given, its bytes as
 /// image/gif.
-[[nodiscard]] QMimeData* makeMimeData(const QUrl& fileURL, const std::optional<QByteArray>& gifData);
+[[nodiscard]] QMimeData* makeMimeData(const QUrl& fileURL, const std::optional<ClipboardBytes>& gifData);
 
 /// The toolkit's clipboard, on any desktop. On X11 it adds the URL as text, of its own accord. Thread: main.
 class ToolkitClipboard : public Clipboard {
@@ -17,7 +17,7 @@ class ToolkitClipboard : public Clipboard {
 public:
     ToolkitClipboard();
 
-    void setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData) override;
+    void setClip(const QUrl& fileURL, const std::optional<ClipboardBytes>& gifData) override;
     void clear() override;
 };
 
@@ -30,14 +30,14 @@ class FocusClipboard : public Clipboard {
 public:
     FocusClipboard();
 
-    void setClip(const QUrl& fileURL, const std::optional<QByteArray>& gifData) override;
+    void setClip(const QUrl& fileURL, const std::optional<ClipboardBytes>& gifData) override;
     void retry() override { offer(); }
     void clear() override;
 
 private:
     struct Clip {
         QUrl fileURL;
-        std::optional<QByteArray> gifData;
+        std::optional<ClipboardBytes> gifData;
     };
 
     void offer();

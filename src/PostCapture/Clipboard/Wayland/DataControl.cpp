@@ -82,7 +82,7 @@ void DataControl::State::give(const char* type, FileDescriptor pipe)
 {
     const auto item = std::ranges::find(items, type, &MimeItem::type);
     if (item != items.end())
-        new PipeWriter(std::move(pipe), item->data, &transfers); // which owns it
+        new PipeWriter(std::move(pipe), item->data.read(), &transfers); // which owns it
 }
 
 void DataControl::State::leave()

@@ -39,7 +39,7 @@ struct SelectionOwner::State {
     };
     struct Form {
         xcb_atom_t target;
-        QByteArray data;
+        ClipboardBytes data;
     };
 
     explicit State(std::string_view selection)
@@ -152,7 +152,7 @@ bool SelectionOwner::State::convert(xcb_window_t requestor, xcb_atom_t target, x
     const auto form = std::ranges::find(forms, target, &Form::target);
     if (form == forms.end())
         return false;
-    transfers.send(requestor, property, target, form->data);
+    transfers.send(requestor, property, target, form->data.read());
     return true;
 }
 
