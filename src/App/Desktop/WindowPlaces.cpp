@@ -1,23 +1,3 @@
 #include "App/Desktop/WindowPlaces.h"
 
-#include "App/Desktop/KWinWindows.h"
-#include "App/Desktop/SwayWindows.h"
-#include "App/Hotkey/KDEShortcuts.h"
-#include "Platform/WindowSystem.h"
-
-namespace quillbox {
-
-std::unique_ptr<WindowPlaces> makeWindowPlaces()
-{
-    if (toolkitWindowSystem() != WindowSystem::Wayland)
-        return nullptr;
-    if (const QByteArray socket = qgetenv("SWAYSOCK"); !socket.isEmpty())
-        return std::make_unique<SwayWindows>(socket);
-    if (KDEShortcuts::isDesktop())
-        return std::make_unique<KWinWindows>();
-    return nullptr;
-}
-
-} // namespace quillbox
-
 #include "moc_WindowPlaces.cpp"
