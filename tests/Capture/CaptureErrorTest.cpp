@@ -43,7 +43,7 @@ TEST(CaptureError, KeepsTheSentenceOfADisplayThatCannotBeUsed)
 
 TEST(CaptureError, IsWhatTheSourceOfACastThrowsWithoutAFreeFileDescriptor)
 {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef QUILLBOX_ADDRESS_SANITIZER
     GTEST_SKIP()
         << "the sanitizer that comes with it looks at an object's type through a pipe, which needs descriptors";
 #endif

@@ -4,6 +4,7 @@
 #include "App/Workflow/CurrentCoordinator.h"
 #include "CoordinatorFixture.h"
 #include "PostCapture/Clipboard/Clipboard.h"
+#include "PostCapture/Clipboard/Pasting.h"
 #include "support/BusyWorkers.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +14,6 @@
 #include <QDBusPendingCall>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
-#include <QProcess>
 #include <QUrl>
 
 #include <memory>
@@ -237,23 +237,14 @@ TEST_F(ApplicationServiceTest, ShowsThePanel)
     EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "another token") << "none was given";
 }
 
-/// What another program reads from the clipboard.
-QByteArray pasted(const char* target)
-{
-    QProcess reader;
-    reader.start("xclip", {"-selection", "clipboard", "-o", "-t", target});
-    EXPECT_TRUE(test::eventually([&] { return reader.state() == QProcess::NotRunning; }));
-    return reader.readAllStandardOutput();
-}
-
 TEST_F(ApplicationServiceTest, CopiesASavedClip)
 {
     const auto path = m_fixture.home() + "/a clip.gif";
     support::writeFile(path.toStdString(), std::vector<std::uint8_t>{'G', 'I', 'F', '8', '9', 'a'});
     EXPECT_EQ(ask("Copy", {path}).arguments(), QVariantList{true});
     EXPECT_EQ(status().value("clipboard").toString(), "accepted");
-    EXPECT_EQ(pasted("text/uri-list"), QUrl::fromLocalFile(path).toEncoded() + "\r\n");
-    EXPECT_EQ(pasted("image/gif"), "GIF89a");
+    EXPECT_EQ(test::pasted("text/uri-list"), QUrl::fromLocalFile(path).toEncoded() + "\r\n");
+    EXPECT_EQ(test::pasted("image/gif"), "GIF89a");
     Clipboard::general().clear();
 }
 

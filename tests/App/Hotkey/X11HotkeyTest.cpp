@@ -5,22 +5,25 @@
 #include "App/Hotkey/KeyboardMap.h"
 #include "Platform/X11/X11Display.h"
 #include "support/Await.h"
+#include "support/Subprocess.h"
 
 #include <gtest/gtest.h>
 
 #include <QObject>
-#include <QProcess>
 #include <QStringList>
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 namespace quillbox {
 namespace {
 
 /// Has another program do something with the keyboard, while this one looks at nothing.
-void type(const QStringList& what)
+void type(std::vector<std::string> what)
 {
-    ASSERT_EQ(QProcess::execute("xdotool", what), 0);
+    what.insert(what.begin(), "xdotool");
+    ASSERT_EQ(support::runProcess(what).exitStatus, 0);
 }
 
 class X11HotkeyTest : public testing::Test {
@@ -124,9 +127,9 @@ TEST_F(X11HotkeyTest, NamesTheKeyAsTheKeyboardDoes)
     m_hotkey.grab(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
     EXPECT_EQ(m_hotkey.state().key, "2");
     EXPECT_EQ(X11Hotkey::tryOut(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers).key, "2");
-    ASSERT_EQ(QProcess::execute("xmodmap", {"-e", "keycode 11 = bracketleft 7"}), 0);
+    ASSERT_EQ(support::runProcess({"xmodmap", "-e", "keycode 11 = bracketleft 7"}).exitStatus, 0);
     EXPECT_TRUE(test::eventually([&] { return m_hotkey.state().key == "["; })) << "a changed keyboard is noticed";
-    ASSERT_EQ(QProcess::execute("xmodmap", {"-e", "keycode 11 = 2 at"}), 0);
+    ASSERT_EQ(support::runProcess({"xmodmap", "-e", "keycode 11 = 2 at"}).exitStatus, 0);
     EXPECT_TRUE(test::eventually([&] { return m_hotkey.state().key == "2"; }));
 }
 

@@ -2,14 +2,16 @@
 #include "Platform/DBus/SessionBus.h"
 
 #include "support/Await.h"
+#include "support/Subprocess.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <QDBusConnectionInterface>
-#include <QProcess>
 
-#include <memory>
+#include <csignal>
+#include <string>
+#include <sys/types.h>
 
 namespace quillbox {
 namespace {
@@ -28,17 +30,12 @@ public:
 
     void start()
     {
-        m_daemon = std::make_unique<QProcess>();
-        m_daemon->setProgram("dbus-daemon");
-        m_daemon->setArguments({"--session", "--nofork", "--nopidfile", "--print-address=1", "--address=" + address()});
-        m_daemon->start();
-        ASSERT_TRUE(m_daemon->waitForReadyRead()) << "it listens once it has printed its address";
+        const auto daemon = support::runProcess({"dbus-daemon", "--session", "--fork", "--nopidfile", "--print-pid=1",
+            "--address=" + address().toStdString()});
+        ASSERT_EQ(daemon.exitStatus, 0) << daemon.errors; // it listens once its parent has ended
+        m_daemon = std::stoi(daemon.output);
     }
-    void end()
-    {
-        m_daemon->kill();
-        m_daemon->waitForFinished();
-    }
+    void end() const { ASSERT_EQ(::kill(m_daemon, SIGKILL), 0); }
 
 private:
     [[nodiscard]] QString address() const
@@ -47,7 +44,7 @@ private:
     }
 
     support::TemporaryFolder m_folder;
-    std::unique_ptr<QProcess> m_daemon;
+    pid_t m_daemon = 0;
 };
 
 const auto name = QStringLiteral("org.quillbox.test");

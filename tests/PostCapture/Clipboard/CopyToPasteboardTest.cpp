@@ -21,8 +21,8 @@ const QStringList conventions{"TARGETS", "MULTIPLE", "TIMESTAMP", "SAVE_TARGETS"
 QStringList offeredTypes()
 {
     const auto answer = test::isOnWayland()
-        ? test::outputOf("wl-paste", {"--list-types"})
-        : test::outputOf("xclip", {"-selection", "clipboard", "-o", "-t", "TARGETS"});
+        ? test::outputOf({"wl-paste", "--list-types"})
+        : test::outputOf({"xclip", "-selection", "clipboard", "-o", "-t", "TARGETS"});
     QStringList types = QString::fromUtf8(answer).split('\n', Qt::SkipEmptyParts);
     for (const auto& convention : conventions)
         types.removeAll(convention);

@@ -91,7 +91,7 @@ TEST_F(EncodeCommand, MakesTheSameFileWithAnyNumberOfThreads)
 
 TEST_F(EncodeCommand, ReadsWithNoMoreThreadsThanAllowed)
 {
-#ifdef __SANITIZE_THREAD__
+#ifdef QUILLBOX_THREAD_SANITIZER
     GTEST_SKIP() << "the sanitizer has threads of its own";
 #endif
     for (const std::string mode : {"", "--precise"}) {

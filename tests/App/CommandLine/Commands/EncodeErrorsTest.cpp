@@ -282,7 +282,7 @@ TEST_F(EncodeErrors, SayThatFramesBeyondTheMemoryNeedAFile)
 
 TEST_F(EncodeErrors, ExplainALackOfMemory)
 {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if defined(QUILLBOX_ADDRESS_SANITIZER) || defined(QUILLBOX_THREAD_SANITIZER)
     GTEST_SKIP() << "a sanitizer needs more address space than the limit leaves";
 #endif
     expectError(1, "ulimit -v 400000; head -c 1600000000 /dev/zero | quillbox encode --raw 20000x20000 -o x.gif -",
