@@ -2,6 +2,7 @@
 
 #include "reference/Precise/ColorSearch.h"
 #include "support/ForeignDecoders.h"
+#include "support/Iterations.h"
 #include "support/Pictures.h"
 #include "support/Random.h"
 
@@ -147,7 +148,7 @@ TEST(PreciseOptimizer, ShowsEveryPictureExactlyWhereEachHasFewColoursOfItsOwn)
 TEST(PreciseOptimizer, GivesTheSameBytesWithAnyNumberOfThreads)
 {
     for (const std::int64_t budget : {ample, std::int64_t{4'000}}) {
-        const auto frames = colorful(40, 30, 18);
+        const auto frames = colorful(40, 30, static_cast<int>(4 + support::iterations(14)));
         const Result one = optimized(frames, {.targetBytes = budget}, 1);
         EXPECT_EQ(optimized(frames, {.targetBytes = budget}, 2), one);
         EXPECT_EQ(optimized(frames, {.targetBytes = budget}, 8), one);
