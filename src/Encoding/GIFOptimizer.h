@@ -60,7 +60,7 @@ struct Execution {
     /// where they are many. Called by any thread, several at once. Without one more stays in memory. What its results
     /// throw when they are read comes out of `optimize`.
     ByteStore store{};
-    std::int64_t frameMemory = 170'000'000; ///< bytes of frames at their final size that stay in memory
+    std::int64_t frameMemory = 512'000'000; ///< bytes of frames at their final size that stay in memory
     std::int64_t partMemory = 8'000'000;    ///< and of finished parts
 };
 

@@ -15,12 +15,15 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto lookInterval = 100ms;
-constexpr std::chrono::milliseconds restBeforeShown
-    = 300ms; // a pointer that is on its way to a menu does not bring it up
+/// A pointer that is on its way to a menu does not bring it up.
+constexpr std::chrono::milliseconds restBeforeShown = 300ms;
 constexpr std::chrono::milliseconds leaveBeforeHidden = 600ms;
-constexpr std::chrono::milliseconds introduction = 2500ms;                // to read a line
-constexpr PanelGuard::Times guardTimes{.repaint = 400ms, .fade = 1500ms}; // nobody waits for the picture to go on
-constexpr int reach = 24;                                                 // points around the control that count as it
+/// Long enough to read a line.
+constexpr std::chrono::milliseconds introduction = 2500ms;
+/// Longer than the panel's: nobody waits for the picture to go on.
+constexpr PanelGuard::Times guardTimes{.repaint = 400ms, .fade = 1500ms};
+/// Points around the control that count as it.
+constexpr int reach = 24;
 
 } // namespace
 
