@@ -139,6 +139,8 @@ class KDEDesktopTest(AskingDesktopTest):
         self.permit(self.dialog())
         self.drag_area()
         desktop.wait_for("recording")
+        until(self.shows_frame, "the region's frame is on the screen", limit=20)
+        self.keep_screenshot("recording")
         shown = self.play(desktop, steps=1)
         desktop.open_panel()  # in the middle of the monitor
         covered = self.canvas.show(3, AREA)

@@ -12,6 +12,7 @@ from wayland_clipboard import offered, paste
 
 AREA = (301, 257, 322, 238)
 AWAY = (5, 520)  # where the pointer is in no picture
+FRAME = (224, 52, 60)  # around what is recorded
 COLORS = {PAPER, INK, *BLOCKS}
 CLIPS = pathlib.Path(os.environ["HOME"], "Videos/Quillbox")
 SCALE = int(os.environ.get("CANVAS_SCALE", "1"))
@@ -42,6 +43,14 @@ class WaylandApplicationTest(ApplicationTest):
         self.user.move(x + left + width, y + top + height)
         self.user.release()
         self.user.move(x + AWAY[0], y + AWAY[1])
+
+    def shows_frame(self):
+        """Whether there is the frame, on the pixels just outside of the area."""
+        left, top, right, bottom = (AREA[0] * SCALE, AREA[1] * SCALE, (AREA[0] + AREA[2]) * SCALE,
+                                    (AREA[1] + AREA[3]) * SCALE)
+        picture = self.seen()
+        return {picture.getpixel(point) for point in ((left - 1, top), (right, bottom - 1), (left, top - 1),
+                                                      (right - 1, bottom))} == {FRAME}
 
     def wait_for_rest(self):
         """Until what is new stays where it is, for compositors that move it there."""

@@ -17,7 +17,7 @@ from canvas import BLOCKS
 from pipewire import casts
 from recording import pillow_frames
 from running import extents
-from wayland_application import AREA, SCALE, WaylandApplicationTest, tray_item
+from wayland_application import AREA, FRAME, SCALE, WaylandApplicationTest, tray_item
 from wayland_input import Devices
 
 
@@ -49,7 +49,6 @@ def overlays():
     return places("Select a region — Quillbox")
 
 
-FRAME = (224, 52, 60)
 CONTROL = "Recording — Quillbox"  # as assistive technologies know it
 
 
@@ -85,14 +84,6 @@ class WaylandDesktopTest(WaylandApplicationTest):
         self.assert_is_copied(path)
         until(lambda: path.name in desktop.texts(), "the clip is in the list")
         self.keep_screenshot("panel-done")
-
-    def shows_frame(self):
-        """Whether there is the frame, on the pixels just outside of the area."""
-        left, top, right, bottom = (AREA[0] * SCALE, AREA[1] * SCALE, (AREA[0] + AREA[2]) * SCALE,
-                                    (AREA[1] + AREA[3]) * SCALE)
-        picture = self.seen()
-        return {picture.getpixel(point) for point in ((left - 1, top), (right, bottom - 1), (left, top - 1),
-                                                      (right - 1, bottom))} == {FRAME}
 
     def test_frames_the_region_while_it_records_and_keeps_the_frame_out_of_the_clip(self):
         self.canvas.show(0, AREA)
