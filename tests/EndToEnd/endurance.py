@@ -51,7 +51,7 @@ def resources(pid):
     return held
 
 
-class Desk:
+class Fixture:
     """A screen that moves, and a hand that drags out a region."""
 
     def __init__(self):
@@ -82,11 +82,11 @@ class Desk:
             self.user.release()
 
 
-def record(desk, number):
+def record(fixture, number):
     assert quillbox("begin").returncode == 0
-    desk.drag()
+    fixture.drag()
     until(lambda: status()["phase"] == "recording", "it records")
-    desk.move(number)
+    fixture.move(number)
     until(lambda: status().get("frameCount", 0) >= 9, "it has recorded for 0.3 s")
     quillbox("stop")
     until(lambda: status()["phase"] in ("done", "failed"), "it ends")
@@ -96,19 +96,19 @@ def record(desk, number):
 
 
 def run_endurance(count):
-    """Prints as JSON what was held after the first tenth of the recordings, when everything has been used that is loaded
+    """Prints as JSON what was held after the first fifth of the recordings, when everything has been used that is loaded
     at its first use, and what at the end."""
     FIRST_USE.parent.mkdir(parents=True, exist_ok=True)
     FIRST_USE.write_text("introduced\n")
     application = subprocess.Popen([program()], stdin=subprocess.DEVNULL)
     until(status, "the application answers")
-    desk, tenth = Desk(), max(1, count // 10)
+    fixture, tenth = Fixture(), max(1, count // 10)
     for number in range(1, count + 1):
-        record(desk, number)
+        record(fixture, number)
         if number % tenth == 0:
             held = resources(application.pid)
-            before = held if number == tenth else before
+            before = held if number <= 2 * tenth else before
             print(number, json.dumps(held), file=sys.stderr, flush=True)
     quillbox("quit")
     application.wait(60)
-    print(json.dumps({"recordings": count, "after": tenth, "then": before, "now": held}))
+    print(json.dumps({"recordings": count, "after": 2 * tenth, "then": before, "now": held}))
