@@ -19,11 +19,11 @@ StopControl::StopControl(CurrentCoordinator& coordinator, QWidget* parent)
     : QWidget(parent,
         Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::X11BypassWindowManagerHint
             | Qt::WindowDoesNotAcceptFocus)
+    , m_lines(new QVBoxLayout(this))
 {
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_QuitOnClose, false);
     setWindowTitle(tr("Recording — Quillbox"));
-    m_lines = new QVBoxLayout(this);
     m_lines->setContentsMargins(Theme::spacing, Theme::tightSpacing, Theme::tightSpacing, Theme::tightSpacing);
     m_lines->setSpacing(Theme::tightSpacing);
     auto* row = new QHBoxLayout;
