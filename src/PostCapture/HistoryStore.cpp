@@ -74,8 +74,6 @@ HistoryStore::HistoryStore(std::optional<QString> fileURL, QObject* parent)
 void HistoryStore::load()
 {
     const QFileInfo info(m_fileURL);
-    if (!info.isFile())
-        return;
     const auto aside = info.dir().filePath(info.completeBaseName() + QStringLiteral(".corrupt.json"));
     const auto bytes = RegularFile::read(m_fileURL, maxBytes);
     if (!bytes) {

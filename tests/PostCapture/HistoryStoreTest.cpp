@@ -179,6 +179,7 @@ TEST_F(HistoryStoreTest, DoesNotReadAFileOfAnAbsurdSizeButKeepsIt)
 {
     write("{}");
     fs::resize_file(file(), 100 << 20);
+    std::ofstream(corruptFile()) << "an earlier one";
     HistoryStore store(url());
     EXPECT_TRUE(store.entries().empty());
     store.record(clip(1));

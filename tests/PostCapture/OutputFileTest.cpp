@@ -7,12 +7,14 @@
 
 #include <array>
 #include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
 #include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -151,6 +153,37 @@ TEST_F(OutputFileTest, ReportsAFullDevice)
 {
     EXPECT_EQ(reasonOf([&] { OutputFile::save("/dev/full", bytes("new"), IfExists::Refuse); }),
         OutputFileError::Reason::NoSpace);
+}
+
+TEST_F(OutputFileTest, ReportsADiskThatTakesAPartOnly)
+{
+    put("old", "precious");
+    const pid_t child = ::fork(); // the limit holds for a whole process
+    if (child == 0) {
+        (void)std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{1000, 1000};
+        if (::setrlimit(RLIMIT_FSIZE, &limit) != 0)
+            std::_Exit(3);
+        const auto large = bytes(std::string(1500, 'x'));
+        const bool isReported = reasonOf([&] { OutputFile::save(path("new"), large, IfExists::Refuse); })
+            && reasonOf([&] { OutputFile::save(path("old"), large, IfExists::Replace); });
+        std::_Exit(isReported ? 0 : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(contents("old"), "precious");
+    EXPECT_EQ(fileCount(), 1);
+}
+
+TEST_F(OutputFileTest, WritesPiecesOneBehindTheOther)
+{
+    std::vector<KeptBytes> pieces;
+    for (const std::string text : {"GIF", "", "89", "a"})
+        pieces.emplace_back(Bytes(text.begin(), text.end()));
+    OutputFile::saveInPieces(path("a"), pieces, IfExists::Refuse);
+    EXPECT_EQ(contents("a"), "GIF89a");
+    EXPECT_EQ(fileCount(), 1);
 }
 
 TEST_F(OutputFileTest, CheckingCreatesNothing)
