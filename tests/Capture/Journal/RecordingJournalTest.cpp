@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
+#include <fstream>
 #include <limits>
 #include <string>
 #include <sys/resource.h>
@@ -316,6 +317,34 @@ TEST_F(RecordingJournalTest, WithoutAnythingToSpendItKeepsTheNewestPicture)
     ASSERT_EQ(frames.size(), 50U);
     EXPECT_EQ(frames.back(), picture(50));
     EXPECT_NE(frames.front(), frames.back()) << "the first one is due";
+}
+
+TEST_F(RecordingJournalTest, LeavesOutWhatWouldTakeTooMuchOfTheDisk)
+{
+    {
+        auto poor = options();
+        poor.bytesPerSecond = 1;
+        poor.longestPause = std::chrono::hours(1);
+        RecordingJournal journal(poor);
+        recordThree(journal);
+    }
+    EXPECT_EQ(CutOffRecordings::take(found().front()).frames(), (std::vector{picture(1), picture(1), picture(3)}));
+}
+
+TEST_F(RecordingJournalTest, TriesOnceMoreAtTheEnd)
+{
+    auto hopeful = options();
+    for (useconds_t round = 0; round < 20; ++round) {
+        hopeful.folder = m_folder.path() / std::to_string(round);
+        std::ofstream(hopeful.folder) << "in the way";
+        {
+            RecordingJournal journal(hopeful);
+            recordThree(journal);
+            ::usleep(100 * round); // so that in some rounds it has failed by now
+            std::filesystem::remove(hopeful.folder);
+        }
+        EXPECT_EQ(CutOffRecordings::find(hopeful.folder).size(), 1U) << round;
+    }
 }
 
 TEST_F(RecordingJournalTest, SurvivesTheEndOfItsProcess)
