@@ -1,5 +1,6 @@
 #include "Capture/Journal/RecordingJournal.h"
 #include "Capture/Journal/CutOffRecordings.h"
+#include "Capture/Journal/JournalFormat.h"
 #include "Capture/Journal/JournalReader.h"
 #include "support/Pictures.h"
 #include "support/TemporaryFolder.h"
@@ -261,6 +262,23 @@ TEST_F(RecordingJournalTest, ADamagedOneIsFoundButCanOnlyBeDiscarded)
     EXPECT_THROW((void)CutOffRecordings::take(all.front()), CutOffError);
     CutOffRecordings::discard(all.front());
     EXPECT_EQ(fileCount(), 3U);
+}
+
+TEST_F(RecordingJournalTest, OneWithoutAPictureComesLastAndGivesNothing)
+{
+    const auto header = JournalFormat::encodedHeader(JournalFormat::WallClock::time_point());
+    std::filesystem::create_directories(options().folder);
+    support::writeFile(options().folder / "recording-1-2.journal", Bytes(header.begin(), header.end()));
+    {
+        RecordingJournal journal(options());
+        recordThree(journal);
+    }
+    const auto all = found();
+    ASSERT_EQ(all.size(), 2U);
+    EXPECT_EQ(all[0].frameCount, 3);
+    EXPECT_EQ(all[1].frameCount, 0);
+    EXPECT_LT(all[1].began, all[0].began);
+    EXPECT_THROW((void)CutOffRecordings::take(all[1]), CutOffError);
 }
 
 TEST_F(RecordingJournalTest, WithoutAFolderTheRecordingGoesOn)
