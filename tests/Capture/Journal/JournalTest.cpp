@@ -252,24 +252,86 @@ TEST(Journal, DamagedAnywhereGivesTheFramesBefore)
     }
 }
 
-TEST(Journal, ABandThatIsNoPixelsIsDamage)
-{
-    const auto write = [](const std::shared_ptr<SpillFile>& file, const Bytes& payload, std::int64_t value) {
-        Bytes bytes;
-        JournalFormat::append(bytes,
-            {.kind = JournalFormat::Kind::Band,
-                .number = 0,
+/// Writes a journal record by record, with checksums that fit.
+class Records {
+public:
+    Records()
+    {
+        const auto header = JournalFormat::encodedHeader(aMoment);
+        m_bytes.assign(header.begin(), header.end());
+    }
+    Records& add(JournalFormat::Kind kind, std::int64_t value, const Bytes& payload = {})
+    {
+        JournalFormat::append(m_bytes,
+            {.kind = kind,
+                .number = m_next++,
                 .value = value,
                 .payloadBytes = static_cast<std::uint32_t>(payload.size()),
                 .payloadChecksum = JournalFormat::checksum(payload)});
-        bytes.insert(bytes.end(), payload.begin(), payload.end());
-        (void)file->append(bytes);
-    };
-    for (const std::int64_t value : {std::int64_t{-1}, std::int64_t{0}, std::int64_t{1}, std::int64_t{1} << 40}) {
-        const auto file = fileOf(JournalFormat::encodedHeader(aMoment));
-        write(file, {0xFF, 0xFF}, value);
-        EXPECT_TRUE(JournalReader::read(file)->frames.empty()) << value;
+        m_bytes.insert(m_bytes.end(), payload.begin(), payload.end());
+        return *this;
     }
+    Records& addBand(std::int64_t byteCount)
+    {
+        Bytes payload;
+        (void)CompressedBand::append(payload, Bytes(static_cast<std::size_t>(byteCount), 9));
+        return add(JournalFormat::Kind::Band, byteCount, payload);
+    }
+    /// @param bands  Which of a picture's bands is which record of one, two numbers each.
+    Records& addPicture(
+        std::int64_t firstFrame, std::uint32_t width, std::uint32_t height, const std::vector<std::uint32_t>& bands)
+    {
+        Bytes payload;
+        JournalFormat::append32(payload, width);
+        JournalFormat::append32(payload, height);
+        for (const std::uint32_t number : bands)
+            JournalFormat::append32(payload, number);
+        return add(JournalFormat::Kind::Picture, firstFrame, payload);
+    }
+    Records& leaveOutANumber()
+    {
+        ++m_next;
+        return *this;
+    }
+    /// The frames that are read, with a Still up to frame 50 behind.
+    [[nodiscard]] std::size_t frameCount()
+    {
+        add(JournalFormat::Kind::Still, 50);
+        return JournalReader::read(fileOf(m_bytes))->frames.size();
+    }
+
+private:
+    Bytes m_bytes;
+    std::uint32_t m_next = 0;
+};
+
+TEST(Journal, ABandThatIsNoPixelsIsDamage)
+{
+    for (const std::int64_t value : {std::int64_t{-1}, std::int64_t{0}, std::int64_t{1}, std::int64_t{1} << 40}) {
+        Records records;
+        records.add(JournalFormat::Kind::Band, value, {0xFF, 0xFF}).addPicture(0, 1, 1, {0, 0});
+        EXPECT_EQ(records.frameCount(), 0U) << value;
+    }
+}
+
+TEST(Journal, ARecordThatCannotFollowIsDamage)
+{
+    constexpr std::int64_t upper = 3 * 32 * 4; // a picture of 3 × 40 pixels has two bands
+    constexpr std::int64_t lower = 3 * 8 * 4;
+    const auto begun = [] {
+        Records records;
+        records.addBand(upper).addBand(lower).addPicture(0, 3, 40, {0, 0, 1, 1}).addPicture(9, 3, 40, {1, 1});
+        return records;
+    };
+    EXPECT_EQ(begun().frameCount(), 50U);
+    EXPECT_EQ(begun().leaveOutANumber().frameCount(), 10U);
+    EXPECT_EQ(begun().addPicture(8, 3, 40, {}).frameCount(), 10U) << "before the one before";
+    EXPECT_EQ(begun().addPicture(12, 3, 40, {0, 2}).frameCount(), 10U) << "a band that is not there";
+    EXPECT_EQ(begun().addPicture(12, 3, 40, {2, 1}).frameCount(), 10U) << "more bands than it has";
+    EXPECT_EQ(begun().addPicture(12, 3, 40, {1, 1, 0, 0}).frameCount(), 10U) << "in another order";
+    EXPECT_EQ(begun().addPicture(12, 3, 40, {1, 0}).frameCount(), 10U) << "of another size";
+    EXPECT_EQ(begun().addPicture(12, 3, 8, {}).frameCount(), 10U) << "the first of a size without its bands";
+    EXPECT_EQ(Records().addBand(lower).addPicture(1, 3, 8, {0, 0}).frameCount(), 0U) << "nothing from the start on";
 }
 
 TEST(Journal, IsNoJournalOfAnotherVersion)
