@@ -154,6 +154,27 @@ TEST(Journal, GoesOnShowingTheLastPictureWhileTheScreenIsStill)
     EXPECT_EQ(JournalReader::summary(*file)->frameCount, 31);
 }
 
+TEST(Journal, BeginsWithItsFirstPictureWheneverThatCame)
+{
+    const auto contents = JournalReader::read(journalOf({{5, picture(1)}, {7, picture(2)}}));
+    EXPECT_EQ(contents->frames, framesOf({{0, picture(1)}, {7, picture(2)}}, 8));
+}
+
+TEST(Journal, DoesNotTakeOneBandForAnotherOfTheSameChecksum)
+{
+    Random random(3);
+    const RGBAFrame first = support::noise(8, 32, random); // which is written as it is
+    Bytes pixels(first.pixels());
+    // A multiple of the polynomial, its highest coefficient first, in the order in which the bits are taken.
+    constexpr std::uint64_t polynomial = 0x104C11DB7;
+    for (std::size_t bit = 0; bit <= 32; ++bit)
+        pixels[100 + bit / 8] ^= static_cast<std::uint8_t>((polynomial >> (32 - bit) & 1U) << bit % 8);
+    ASSERT_EQ(JournalFormat::checksum(pixels), JournalFormat::checksum(Bytes(first.pixels())));
+    const std::vector<Shown> shown{{0, first}, {1, RGBAFrame(8, 32, pixels)}};
+    ASSERT_NE(shown[0].picture, shown[1].picture);
+    EXPECT_EQ(JournalReader::read(journalOf(shown))->frames, framesOf(shown, 2));
+}
+
 TEST(Journal, EndsWhereTheRecordingEnded)
 {
     Random random(2);
