@@ -1,4 +1,4 @@
-#include "App/Desktop/LayerPlacement.h"
+#include "App/Desktop/Recording/LayerPlacement.h"
 
 #include <cmath>
 #include <utility>

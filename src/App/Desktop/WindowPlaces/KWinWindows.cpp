@@ -1,4 +1,4 @@
-#include "App/Desktop/KWinWindows.h"
+#include "App/Desktop/WindowPlaces/KWinWindows.h"
 
 #include "Platform/DBus/SessionBus.h"
 #include "Platform/ServiceReport.h"

@@ -1,4 +1,4 @@
-#include "App/Desktop/RegionFrame.h"
+#include "App/Desktop/Recording/RegionFrame.h"
 
 #include "Capture/ScreenSession.h"
 #include "Platform/X11/X11Bars.h"

@@ -1,5 +1,5 @@
-#include "App/Desktop/KWinWindows.h"
-#include "App/Desktop/SwayWindows.h"
+#include "App/Desktop/WindowPlaces/KWinWindows.h"
+#include "App/Desktop/WindowPlaces/SwayWindows.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "App/Desktop/RegionFrame.h"
+#include "App/Desktop/Recording/RegionFrame.h"
 
-#include "App/Desktop/LayerPlacement.h"
+#include "App/Desktop/Recording/LayerPlacement.h"
 #include "Capture/CaptureBackEnd.h"
 #include "Capture/CaptureGeometry.h"
 #include "Capture/ScreenRecorder.h"

@@ -1,6 +1,6 @@
-#include "App/Desktop/PanelGuard.h"
+#include "App/Desktop/Recording/PanelGuard.h"
 
-#include "App/Desktop/RegionPlace.h"
+#include "App/Desktop/Recording/RegionPlace.h"
 #include "Capture/ScreenRecorder.h"
 #include "Capture/ScreenSession.h"
 #include "Platform/WindowSystem.h"

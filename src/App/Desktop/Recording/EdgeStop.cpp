@@ -1,6 +1,6 @@
-#include "App/Desktop/EdgeStop.h"
+#include "App/Desktop/Recording/EdgeStop.h"
 
-#include "App/Desktop/PanelGuard.h"
+#include "App/Desktop/Recording/PanelGuard.h"
 #include "Capture/ScreenRecorder.h"
 #include "Views/Recording/StopControl.h"
 

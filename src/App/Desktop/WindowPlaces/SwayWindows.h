@@ -1,6 +1,6 @@
 #pragma once
 
-#include "App/Desktop/WindowPlaces.h"
+#include "App/Desktop/WindowPlaces/WindowPlaces.h"
 #include "Platform/FileDescriptor.h"
 
 #include <QByteArray>

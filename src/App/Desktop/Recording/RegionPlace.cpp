@@ -1,6 +1,6 @@
-#include "App/Desktop/RegionPlace.h"
+#include "App/Desktop/Recording/RegionPlace.h"
 
-#include "App/Desktop/LayerPlacement.h"
+#include "App/Desktop/Recording/LayerPlacement.h"
 #include "Platform/Wayland/LayerSurface.h"
 
 #include <QGuiApplication>

@@ -1,4 +1,4 @@
-#include "App/Desktop/PanelGuard.h"
+#include "App/Desktop/Recording/PanelGuard.h"
 
 #include "Capture/ScreenSession.h"
 #include "RecorderFixture.h"

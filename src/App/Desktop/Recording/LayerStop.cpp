@@ -1,6 +1,6 @@
-#include "App/Desktop/LayerStop.h"
+#include "App/Desktop/Recording/LayerStop.h"
 
-#include "App/Desktop/LayerPlacement.h"
+#include "App/Desktop/Recording/LayerPlacement.h"
 #include "App/Workflow/CurrentCoordinator.h"
 #include "Platform/Wayland/LayerSurface.h"
 

@@ -1,9 +1,9 @@
-#include "App/Desktop/TraylessStop.h"
+#include "App/Desktop/Recording/TraylessStop.h"
 
-#include "App/Desktop/EdgeStop.h"
 #include "App/Desktop/LastingNotification.h"
-#include "App/Desktop/LayerStop.h"
-#include "App/Desktop/RegionPlace.h"
+#include "App/Desktop/Recording/EdgeStop.h"
+#include "App/Desktop/Recording/LayerStop.h"
+#include "App/Desktop/Recording/RegionPlace.h"
 #include "App/Workflow/CurrentCoordinator.h"
 #include "Capture/ScreenRecorder.h"
 #include "Capture/ScreenSession.h"

@@ -1,7 +1,7 @@
-#include "App/Desktop/WindowPlaces.h"
+#include "App/Desktop/WindowPlaces/WindowPlaces.h"
 
-#include "App/Desktop/KWinWindows.h"
-#include "App/Desktop/SwayWindows.h"
+#include "App/Desktop/WindowPlaces/KWinWindows.h"
+#include "App/Desktop/WindowPlaces/SwayWindows.h"
 #include "App/Hotkey/KDEShortcuts.h"
 #include "Platform/WindowSystem.h"
 

@@ -1,4 +1,4 @@
-#include "App/Desktop/SwayWindows.h"
+#include "App/Desktop/WindowPlaces/SwayWindows.h"
 
 #include <QCoreApplication>
 #include <QJsonArray>

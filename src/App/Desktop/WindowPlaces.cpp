@@ -1,3 +1,0 @@
-#include "App/Desktop/WindowPlaces.h"
-
-#include "moc_WindowPlaces.cpp"

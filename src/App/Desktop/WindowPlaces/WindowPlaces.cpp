@@ -1,0 +1,3 @@
+#include "App/Desktop/WindowPlaces/WindowPlaces.h"
+
+#include "moc_WindowPlaces.cpp"
