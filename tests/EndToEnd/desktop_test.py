@@ -103,7 +103,7 @@ class DesktopTest(ApplicationTest):
         self.assertTrue([t for t in desktop.texts() if t.startswith("Copied — ") and t.endswith(path.name)])
         self.keep_screenshot("panel-done")
 
-    def test_heeds_the_hotkey_whatever_is_locked(self):
+    def test_follows_the_hotkey_whatever_is_locked(self):
         desktop = self.start()
         for locks in ([], ["Num_Lock"], ["Caps_Lock"], ["Num_Lock", "Caps_Lock"]):
             for lock in locks:
@@ -115,7 +115,7 @@ class DesktopTest(ApplicationTest):
             for lock in locks:
                 xdo("key", lock)
 
-    def test_heeds_the_physical_key_under_another_layout(self):
+    def test_follows_the_physical_key_under_another_layout(self):
         desktop = self.start()
         subprocess.run(["setxkbmap", "fr"], check=True, timeout=60)
         xdo("keydown", 133, "keydown", 50, "key", 11, "keyup", 50, "keyup", 133)
