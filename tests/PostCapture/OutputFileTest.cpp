@@ -1,20 +1,19 @@
 #include "PostCapture/OutputFile.h"
 
 #include "Platform/FileDescriptor.h"
+#include "support/ChildProcess.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <csignal>
-#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -158,20 +157,14 @@ TEST_F(OutputFileTest, ReportsAFullDevice)
 TEST_F(OutputFileTest, ReportsADiskThatTakesAPartOnly)
 {
     put("old", "precious");
-    const pid_t child = ::fork(); // the limit holds for a whole process
-    if (child == 0) {
-        (void)std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{1000, 1000};
-        if (::setrlimit(RLIMIT_FSIZE, &limit) != 0)
-            std::_Exit(3);
+    EXPECT_EQ(support::statusInAProcess([this] {
+        support::limitFileSize(1000);
         const auto large = bytes(std::string(1500, 'x'));
         const bool isReported = reasonOf([&] { OutputFile::save(path("new"), large, IfExists::Refuse); })
             && reasonOf([&] { OutputFile::save(path("old"), large, IfExists::Replace); });
-        std::_Exit(isReported ? 0 : 1);
-    }
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
+        return isReported ? 0 : 1;
+    }),
+        0);
     EXPECT_EQ(contents("old"), "precious");
     EXPECT_EQ(fileCount(), 1);
 }

@@ -2,6 +2,7 @@
 #include "Capture/Journal/CutOffRecordings.h"
 #include "Capture/Journal/JournalFormat.h"
 #include "Capture/Journal/JournalReader.h"
+#include "support/ChildProcess.h"
 #include "support/Pictures.h"
 #include "support/TemporaryFolder.h"
 
@@ -14,8 +15,6 @@
 #include <fstream>
 #include <limits>
 #include <string>
-#include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace quillbox {
@@ -58,17 +57,6 @@ protected:
             journal.take(picture(number), number - 1);
     }
     static std::vector<RGBAFrame> three() { return {picture(1), picture(2), picture(3)}; }
-
-    /// Runs `work` in a process of its own that ends without a word, as by SIGKILL. @return its exit status
-    template <typename Work> static int inAProcess(const Work& work)
-    {
-        const pid_t child = ::fork();
-        if (child == 0)
-            std::_Exit(work());
-        int status = 0;
-        EXPECT_EQ(::waitpid(child, &status, 0), child);
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
 
     support::TemporaryFolder m_folder;
 };
@@ -303,11 +291,8 @@ TEST_F(RecordingJournalTest, LeavesTheDisksLastSpaceToOthers)
 
 TEST_F(RecordingJournalTest, AFullDiskKeepsWhatItTook)
 {
-    EXPECT_EQ(inAProcess([this] {
-        (void)std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{20'000, 20'000};
-        if (::setrlimit(RLIMIT_FSIZE, &limit) != 0)
-            return 1;
+    EXPECT_EQ(support::statusInAProcess([this] {
+        support::limitFileSize(20'000);
         support::Random random(7);
         RecordingJournal journal(options());
         journal.take(support::noise(8, 32, random), 0);    // a kilobyte
@@ -367,7 +352,7 @@ TEST_F(RecordingJournalTest, TriesOnceMoreAtTheEnd)
 
 TEST_F(RecordingJournalTest, SurvivesTheEndOfItsProcess)
 {
-    EXPECT_EQ(inAProcess([this] {
+    EXPECT_EQ(support::statusInAProcess([this] {
         auto* const journal = new RecordingJournal(options()); // never destroyed
         recordThree(*journal);
         while (writtenFrames() < 3) // until all of it is in the file

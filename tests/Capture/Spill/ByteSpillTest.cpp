@@ -1,32 +1,21 @@
 #include "Capture/Spill/ByteSpill.h"
 
+#include "support/TemporaryFolder.h"
+
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <limits>
 #include <memory>
-#include <stdexcept>
-#include <string>
 #include <thread>
 #include <vector>
 
 namespace quillbox {
 namespace {
 
-/// A folder of the test's own.
 class ByteSpillTest : public testing::Test {
 protected:
-    ByteSpillTest()
-    {
-        std::string name = testing::TempDir() + "bytes-XXXXXX";
-        if (::mkdtemp(name.data()) == nullptr)
-            throw std::runtime_error("no folder for the test");
-        m_folder = name;
-    }
-    ~ByteSpillTest() override { std::filesystem::remove_all(m_folder); }
-
-    std::filesystem::path m_folder;
+    support::TemporaryFolder m_folder;
 };
 
 TEST_F(ByteSpillTest, GivesBackWhatItTookAlsoWhenItIsGone)
@@ -34,7 +23,7 @@ TEST_F(ByteSpillTest, GivesBackWhatItTookAlsoWhenItIsGone)
     std::unique_ptr<const BackingStore> first;
     std::unique_ptr<const BackingStore> second;
     {
-        ByteSpill spill(0, m_folder);
+        ByteSpill spill(0, m_folder.path());
         first = spill.store(Bytes(1000, 7));
         second = spill.store(Bytes{1, 2, 3});
     }
@@ -45,21 +34,21 @@ TEST_F(ByteSpillTest, GivesBackWhatItTookAlsoWhenItIsGone)
 
 TEST_F(ByteSpillTest, CompressesWhatCanBe)
 {
-    ByteSpill spill(0, m_folder);
+    ByteSpill spill(0, m_folder.path());
     (void)spill.store(Bytes(100'000, 7));
     EXPECT_LT(spill.fileBytes(), 1000);
 }
 
 TEST_F(ByteSpillTest, MakesNoFileBeforeThereIsSomethingToStore)
 {
-    const ByteSpill spill(0, m_folder / "made");
-    EXPECT_FALSE(std::filesystem::exists(m_folder / "made"));
+    const ByteSpill spill(0, m_folder.path() / "made");
+    EXPECT_FALSE(std::filesystem::exists(m_folder.path() / "made"));
     EXPECT_EQ(spill.fileBytes(), 0);
 }
 
 TEST_F(ByteSpillTest, RefusesWhereThereIsNoRoom)
 {
-    ByteSpill spill(std::numeric_limits<std::uint64_t>::max(), m_folder);
+    ByteSpill spill(std::numeric_limits<std::uint64_t>::max(), m_folder.path());
     EXPECT_EQ(spill.store(Bytes(10, 1)), nullptr);
     EXPECT_EQ(spill.store(Bytes(10, 1)), nullptr);
 }
@@ -72,7 +61,7 @@ TEST_F(ByteSpillTest, RefusesWhereThereCanBeNoFile)
 
 TEST_F(ByteSpillTest, TakesFromSeveralThreads)
 {
-    ByteSpill spill(0, m_folder);
+    ByteSpill spill(0, m_folder.path());
     constexpr std::size_t count = 4;
     std::vector<std::unique_ptr<const BackingStore>> stored(count);
     std::vector<std::thread> threads;
