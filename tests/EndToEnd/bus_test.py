@@ -8,25 +8,22 @@ import signal
 import subprocess
 import unittest
 
-from application import has_ended, process, program, quillbox, run, status, until, windows, xdo
+import machine_faults
+from application import process, program, quillbox, run, status, until, windows, xdo
 from desktop import Desktop, clipboard, tray_icon
 
 
 class BusRestartTest(unittest.TestCase):
     def start(self, *command):
         """Another program of the desktop, which ends with the test."""
-        child = subprocess.Popen(command, stdin=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.end_with_the_test(subprocess.Popen(command, stdin=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
+
+    def end_with_the_test(self, child):
         self.addCleanup(child.wait)
         self.addCleanup(child.kill)
 
     def restart_bus(self):
-        bus = int(os.environ["BUS_PID"])
-        os.kill(bus, signal.SIGKILL)
-        until(lambda: has_ended(bus), "the bus has ended")
-        self.start("dbus-daemon", "--session", "--nofork", "--nopidfile",
-                   f"--address={os.environ['DBUS_SESSION_BUS_ADDRESS']}")
-        until(lambda: run("dbus-send", "--session", "--print-reply", "--dest=org.freedesktop.DBus", "/",
-                          "org.freedesktop.DBus.GetId").returncode == 0, "there is a bus again")
+        self.end_with_the_test(machine_faults.restart_bus())
 
     def assert_is_the_only_one(self, desktop):
         until(lambda: process() == desktop.process.pid, "it has its name again")

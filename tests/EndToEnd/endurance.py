@@ -107,7 +107,8 @@ def run_endurance(count):
         record(fixture, number)
         if number % tenth == 0:
             held = resources(application.pid)
-            before = held if number <= 2 * tenth else before
+            if number <= 2 * tenth:
+                before = held
             print(number, json.dumps(held), file=sys.stderr, flush=True)
     quillbox("quit")
     application.wait(60)
