@@ -49,7 +49,6 @@ private Q_SLOTS:
     void passesOnTheWishToQuit();
     void showsANoticeBelowTheStatus();
     void showsNoNoticeWhenItIsEmpty();
-    void showsNoNoticeOfWhatToBeginWithWhileAFlowIsUnderWay();
     void saysWhileTheClipIsPendingAndOffersToCopyIt();
     void hasASwitchForAnActionThatHasNoMenu();
     void showsTheIntroductionAboveEverything();
@@ -258,16 +257,6 @@ void PanelTest::showsNoNoticeWhenItIsEmpty()
     QTRY_VERIFY(m_panel->height() > before);
     m_panel->setNotice(QString());
     QTRY_COMPARE(m_panel->height(), before);
-}
-
-void PanelTest::showsNoNoticeOfWhatToBeginWithWhileAFlowIsUnderWay()
-{
-    m_panel->setNotice("A notice.");
-    m_fixture->record();
-    open();
-    QVERIFY(!texts(*m_panel).contains("A notice."));
-    m_fixture->coordinator.stop();
-    QTRY_VERIFY(texts(*m_panel).contains("A notice."));
 }
 
 void PanelTest::saysWhileTheClipIsPendingAndOffersToCopyIt()

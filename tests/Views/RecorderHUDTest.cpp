@@ -44,6 +44,7 @@ private Q_SLOTS:
     void keepsThePickerEnabledInEveryPhase();
     void offersToKeepEveryChange();
     void tellsHowToStartWhileIdle();
+    void showsNoNoticeOfWhatToBeginWithWhileAFlowIsUnderWay();
     void asksForADragWhileSelecting();
     void saysInRedThatItRecords();
     void showsBesideItHowLongItHasRecorded();
@@ -225,6 +226,16 @@ void RecorderHUDTest::tellsHowToStartWhileIdle()
 {
     COMPARE_STATUS("Press ⌘⇧2 or Record to capture a region.", Symbol::InfoCircle, Role::Secondary);
     QCOMPARE(statusText()->textStyle(), TextStyle::Caption);
+}
+
+void RecorderHUDTest::showsNoNoticeOfWhatToBeginWithWhileAFlowIsUnderWay()
+{
+    m_hud->setNotice("A notice.");
+    QTRY_VERIFY(texts(*m_hud).contains("A notice."));
+    m_fixture->record();
+    QTRY_VERIFY(!texts(*m_hud).contains("A notice."));
+    m_fixture->coordinator.stop();
+    QTRY_VERIFY(texts(*m_hud).contains("A notice."));
 }
 
 void RecorderHUDTest::asksForADragWhileSelecting()

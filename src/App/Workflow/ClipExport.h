@@ -50,7 +50,8 @@ struct Saved {
 /// Encodes the recording, saves it, unless `request` names a path as a clip that was made now, and settles it.
 /// @pre the recording has a frame; a violation ends the process.
 /// @throws GIFEncodingError  a side of a frame is too large.
-/// @throws SpillError  there is no room for what a precise clip is made from.
+/// @throws SpillError  there is no room for what a precise clip is made from, or what was put into a file can't be
+/// read.
 /// @throws std::filesystem::filesystem_error, OutputFileError  as `save`.
 [[nodiscard]] Saved run(
     const Recording& recording, const ClipRequest& request, const GIFOptimizer::Execution& execution = {});

@@ -39,7 +39,6 @@ inline constexpr std::size_t headerBytes = 32;
 inline constexpr std::size_t recordHeaderBytes = 28;
 inline constexpr std::int64_t maxSide = 65535;      ///< of a picture, pixels
 inline constexpr std::int64_t maxFrames = 1 << 22;  ///< more than 38 hours
-inline constexpr std::int64_t maxHeldTail = 9;      ///< of these frames at the end, where the recording was cut off
 inline constexpr std::int64_t maxPayload = 1 << 24; ///< more than any band or list of bands
 
 enum class Kind : std::uint32_t { Band = 1, Picture = 2, Still = 3, End = 4, Held = 5, Resumed = 6 };

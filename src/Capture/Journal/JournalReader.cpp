@@ -1,9 +1,11 @@
 #include "Capture/Journal/JournalReader.h"
 
+#include "Capture/ScreenRecorder.h"
 #include "Capture/Spill/CompressedBand.h"
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <utility>
 
@@ -65,8 +67,12 @@ private:
     std::uint32_t m_count = 0;
 };
 
+/// As many frames of a hold are left at the end of a recording that was cut off, as of one that was stopped.
+constexpr std::int64_t heldTail
+    = ScreenRecorder::heldTail / std::chrono::milliseconds(1) * FrameTimeline::framesPerSecond / 1000;
+
 /// How many frames there are, and which of them are held, as one record after the other tells.
-class FrameCount {
+class FrameTally {
 public:
     /// @return false if the record can't follow those before it
     bool take(const RecordHeader& header)
@@ -106,8 +112,7 @@ public:
     {
         if (!m_hasPicture)
             return 0;
-        return m_heldFrom ? std::min(m_count, std::max(m_lastBegin + 1, *m_heldFrom + JournalFormat::maxHeldTail))
-                          : m_count;
+        return m_heldFrom ? std::min(m_count, std::max(m_lastBegin + 1, *m_heldFrom + heldTail)) : m_count;
     }
     [[nodiscard]] bool isWhole() const { return m_isWhole; }
 
@@ -234,7 +239,7 @@ std::optional<JournalReader::Summary> JournalReader::summary(const SpillFile& fi
     if (!began)
         return std::nullopt;
     Records records(file);
-    FrameCount count;
+    FrameTally count;
     while (const auto header = records.next())
         if (!count.take(*header) || count.isWhole())
             break;
@@ -247,11 +252,11 @@ std::optional<JournalReader::Contents> JournalReader::read(const std::shared_ptr
     if (!began)
         return std::nullopt;
     Records records(*file);
-    FrameCount count;
+    FrameTally count;
     Pictures pictures(file);
     std::vector<FrameRange> holds;
     while (const auto header = records.next()) {
-        FrameCount next = count;
+        FrameTally next = count;
         const auto payload = records.payload(*header);
         if (!payload || !next.take(*header)
             || (header->kind == Kind::Band && !pictures.takeBand(*header, records.payloadOffset(), *payload))

@@ -80,12 +80,12 @@ void RecordingJournal::resume(std::int64_t firstFrame)
     add({.isHeld = false, .firstFrame = firstFrame});
 }
 
-void RecordingJournal::add(Turn turn)
+void RecordingJournal::add(HoldChange change)
 {
     const std::scoped_lock lock(m_mutex);
-    if (m_isEnding || m_isRemoved || turn.firstFrame >= m_options.maxFrames)
+    if (m_isEnding || m_isRemoved || change.firstFrame >= m_options.maxFrames)
         return;
-    m_turns.push_back(turn);
+    m_holdChanges.push_back(change);
     m_changed.notify_all();
 }
 
@@ -119,18 +119,18 @@ void RecordingJournal::work()
         std::unique_lock lock(m_mutex);
         for (;;) {
             m_changed.wait_for(lock, m_leftOut ? m_options.batchInterval : m_options.longestPause,
-                [this] { return !m_waiting.empty() || !m_turns.empty() || m_isEnding; });
+                [this] { return !m_waiting.empty() || !m_holdChanges.empty() || m_isEnding; });
             const bool isLast = m_isEnding;
             const auto frameCount = m_frameCount;
             if (m_isRemoved)
                 return;
             auto batch = std::exchange(m_waiting, {});
-            m_unwrittenTurns.insert(m_unwrittenTurns.end(), m_turns.begin(), m_turns.end());
-            m_turns.clear();
+            m_unwrittenHoldChanges.insert(m_unwrittenHoldChanges.end(), m_holdChanges.begin(), m_holdChanges.end());
+            m_holdChanges.clear();
             lock.unlock();
-            writeTurns(); // before pictures that come later: without its end, a hold would cut them off
+            writeHoldChanges(); // before pictures that come later: without its end, a hold would cut them off
             write(std::move(batch), isLast);
-            writeTurns();
+            writeHoldChanges();
             if (isLast && frameCount)
                 writeEnd(*frameCount);
             else
@@ -147,7 +147,7 @@ void RecordingJournal::work()
         const std::scoped_lock lock(m_mutex);
         m_isEnding = true;
         m_waiting.clear();
-        m_turns.clear();
+        m_holdChanges.clear();
     }
 }
 
@@ -195,16 +195,16 @@ bool RecordingJournal::writePicture(const Picture& next)
     return isWritten;
 }
 
-void RecordingJournal::writeTurns()
+void RecordingJournal::writeHoldChanges()
 {
     try {
-        while (m_writer && !m_unwrittenTurns.empty()) {
-            const Turn turn = m_unwrittenTurns.front();
-            if (turn.isHeld)
-                m_writer->addHeld(turn.firstFrame);
+        while (m_writer && !m_unwrittenHoldChanges.empty()) {
+            const HoldChange change = m_unwrittenHoldChanges.front();
+            if (change.isHeld)
+                m_writer->addHeld(change.firstFrame);
             else
-                m_writer->addResumed(turn.firstFrame);
-            m_unwrittenTurns.pop_front();
+                m_writer->addResumed(change.firstFrame);
+            m_unwrittenHoldChanges.pop_front();
             m_isSynced = false;
         }
     } catch (const SpillError&) { // the next attempt begins with this one

@@ -62,7 +62,7 @@ private:
         std::int64_t firstFrame;
     };
     /// That frames are held from there on, or no longer.
-    struct Turn {
+    struct HoldChange {
         bool isHeld;
         std::int64_t firstFrame;
     };
@@ -75,8 +75,8 @@ private:
 
     void work();
     void write(std::deque<Picture> batch, bool isLast);
-    void writeTurns();
-    void add(Turn turn);
+    void writeHoldChanges();
+    void add(HoldChange change);
     [[nodiscard]] bool writePicture(const Picture& next);
     void writeStill();
     void writeEnd(std::int64_t frameCount);
@@ -90,7 +90,7 @@ private:
     std::mutex m_mutex; ///< guards what follows
     std::condition_variable m_changed;
     std::deque<Picture> m_waiting;
-    std::deque<Turn> m_turns;
+    std::deque<HoldChange> m_holdChanges;
     std::int64_t m_latestBegin = 0; ///< of the last picture taken
     Clock::time_point m_latestCame;
     std::optional<std::int64_t> m_frameCount; ///< once finished
@@ -100,8 +100,8 @@ private:
 
     // The thread's.
     std::optional<JournalWriter> m_writer;
-    std::optional<Picture> m_leftOut;  ///< the latest, if it was not written
-    std::deque<Turn> m_unwrittenTurns; ///< oldest first
+    std::optional<Picture> m_leftOut;              ///< the latest, if it was not written
+    std::deque<HoldChange> m_unwrittenHoldChanges; ///< oldest first
     Allowance m_allowance;
     Clock::time_point m_pictureAt; ///< when one was written
     Clock::time_point m_recordAt;  ///< when anything was

@@ -86,7 +86,7 @@ void keepMixedRunsOpaque(const FreePicture& picture, Bytes& isFree)
 }
 
 /// Whether so many passes are too few for all that may help.
-bool isShort(std::int64_t passes)
+bool areFew(std::int64_t passes)
 {
     return passes < 15;
 }
@@ -160,7 +160,7 @@ Attempt Search::Tables::smallest(Attempt opaque, FreePicture free, Effort effort
                 .transparentIndex = free.transparentIndex,
                 .minCodeSize = minCodeSizeFor(std::ranges::max(transparent))});
     }
-    if (isShort(effort.passes)) // in large pictures it gains less than what else can be done in the time
+    if (areFew(effort.passes)) // in large pictures it gains less than what else can be done in the time
         return best;
     keepMixedRunsOpaque(free, consistent);
     free.isFree = consistent;
@@ -179,7 +179,7 @@ Bytes Search::Tables::refined(const Attempt& attempt, std::int64_t passes, std::
     // Measured on screen recordings: ways that are 1,500 bits longer than another one hardly ever win, and few that are
     // 800 bits longer. Up to 64 marks one stands at every 60 codes; then fewer, down to one at every 240 codes, a
     // sixteenth of a table, and an eighth of it where effort is short.
-    const bool hasFewPasses = isShort(passes);
+    const bool hasFewPasses = areFew(passes);
     const std::size_t every
         = std::clamp<std::size_t>(attempt.division.marks.size() / 64, 1, 4) * (hasFewPasses ? 2 : 1);
     ClearCodes::Placement placement = ClearCodes::amongMarks(parser, attempt.picture,
