@@ -41,7 +41,7 @@ class KDEDesktopTest(AskingDesktopTest):
         self.dialog().share(0)
         desktop.wait_for("failed")
         self.assertIn("choose a single monitor", status()["message"])
-        self.assertEqual(casts(), 0)
+        until(lambda: casts() == 0, "the cast has ended")
         desktop.open_panel()
         desktop.press("Record Region")
         self.dialog().share(MONITOR - 1 - 2)  # of the last two
