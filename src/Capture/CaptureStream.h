@@ -38,10 +38,20 @@ public:
     /// @throws CaptureError  nothing runs then.
     virtual QCoro::Task<> start(CaptureRegion region, FrameSink sink) = 0;
 
+    /// Asks for a picture of what is on the screen at `moment` or later, also if it is the one before. Comes after
+    /// start() has succeeded; a later call replaces an earlier one that was not answered.
+    /// @return whether this source has pictures on demand; else none is to be expected.
+    virtual bool requestPicture(CaptureClock::time_point moment);
+
     /// Ends the capture and finishes when the sink has been called for the last time. May be called more than once, and
     /// without a start.
     /// @throws CaptureError  the platform refused; the sink is not called any more even so.
     virtual QCoro::Task<> stop() = 0;
 };
+
+inline bool CaptureStream::requestPicture(CaptureClock::time_point /*moment*/)
+{
+    return false;
+}
 
 } // namespace quillbox

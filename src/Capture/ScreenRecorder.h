@@ -35,10 +35,14 @@ public:
     /// From now on the clip goes on showing the latest picture, whatever the screen shows: something of our own is
     /// about to cover a part of the region. Where there was no picture yet, the first one is taken. Ignored while not
     /// recording; a stop() ends it, and then no more than `heldTail` of it is in the clip.
-    virtual void holdPicture() = 0;
-    /// What covered the region has left the screen and the programs below have repainted it: the clip shows the latest
-    /// picture that arrived meanwhile, and follows the screen again.
-    virtual void releasePicture() = 0;
+    /// @param holder  Who has to release it: several may hold it at a time.
+    virtual void holdPicture(const void* holder) = 0;
+    /// What `holder` covered the region with has left the screen, and the programs below have repainted it. Once that
+    /// is so for all who held it, the clip shows the latest picture that arrived meanwhile, and follows the screen
+    /// again; ignored from others. Where the screen's picture can be asked for, it does so with the first one that was
+    /// taken after this call: those before may show what covered it, however late they arrive. Until then holdPicture()
+    /// takes it back.
+    virtual void releasePicture(const void* holder) = 0;
 
     /// For how long nothing new has arrived while a picture is held; zero where none is.
     [[nodiscard]] virtual std::chrono::nanoseconds restWhileHeld() const = 0;

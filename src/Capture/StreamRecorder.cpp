@@ -106,7 +106,8 @@ QCoro::Task<Recording> StreamRecorder::stop()
     if (!m_isRecording)
         co_return recordingOf(*session);
     const QPointer self(this);
-    const auto stoppedAt = m_hold ? std::min(m_now(), m_hold->since + heldTail) : m_now();
+    const bool isHeld = m_hold && !m_hold->releasedAt;
+    const auto stoppedAt = isHeld ? std::min(m_now(), m_hold->since + heldTail) : m_now();
     try {
         auto stopping = m_stream->stop();
         co_await stopping;
@@ -133,13 +134,17 @@ std::optional<CaptureRegion> StreamRecorder::region() const
     return m_isRecording ? std::optional(m_session->region) : std::nullopt;
 }
 
-void StreamRecorder::holdPicture()
+void StreamRecorder::holdPicture(const void* holder)
 {
     takeDeliveries(); // taken before anything covered it
+    if (m_hold) {
+        m_hold->holders.insert(holder);
+        m_hold->releasedAt.reset();
+    }
     if (!m_isRecording || m_hold)
         return;
     const auto now = m_now();
-    m_hold.emplace(Hold{.since = now, .changedAt = now});
+    m_hold.emplace(Hold{.since = now, .changedAt = now, .holders = {holder}});
     m_session->timeline.hold(now);
     noteHold();
 }
@@ -155,18 +160,26 @@ void StreamRecorder::noteHold()
     }
 }
 
-void StreamRecorder::releasePicture()
+void StreamRecorder::releasePicture(const void* holder)
 {
     takeDeliveries();
-    const auto hold = std::exchange(m_hold, std::nullopt);
-    if (!hold)
+    if (!m_hold || m_hold->holders.erase(holder) == 0 || !m_hold->holders.empty())
         return;
     const auto now = m_now();
+    if (m_session->timeline.hasPicture() && m_stream->requestPicture(now))
+        m_hold->releasedAt = now;
+    else
+        resume(now);
+}
+
+void StreamRecorder::resume(CaptureClock::time_point time)
+{
+    const auto hold = std::exchange(m_hold, std::nullopt);
     if (hold->isInJournal)
-        m_session->journal->resume(m_session->timeline.frameAt(now));
-    m_session->timeline.resume(now);
+        m_session->journal->resume(m_session->timeline.frameAt(time));
+    m_session->timeline.resume(time);
     if (hold->latest)
-        deliver(*m_session, *hold->latest, now);
+        deliver(*m_session, *hold->latest, time);
 }
 
 std::chrono::nanoseconds StreamRecorder::restWhileHeld() const
@@ -174,10 +187,12 @@ std::chrono::nanoseconds StreamRecorder::restWhileHeld() const
     return m_hold ? m_now() - m_hold->changedAt : std::chrono::nanoseconds::zero();
 }
 
-void StreamRecorder::noteWhileHeld(RGBAFrame frame)
+void StreamRecorder::noteWhileHeld(RGBAFrame frame, CaptureClock::time_point time)
 {
     m_hold->latest = std::move(frame);
     m_hold->changedAt = m_now();
+    if (m_hold->releasedAt && time >= *m_hold->releasedAt)
+        resume(time);
 }
 
 std::unique_ptr<CaptureStream> StreamRecorder::takeStarting(const CaptureStream* stream)
@@ -229,7 +244,7 @@ void StreamRecorder::takeDeliveries()
     for (Delivery& delivery : m_deliveries.take()) {
         auto* const frame = std::get_if<RGBAFrame>(&delivery.content);
         if (frame != nullptr && m_hold && delivery.session == m_session && m_session->timeline.hasPicture())
-            noteWhileHeld(std::move(*frame));
+            noteWhileHeld(std::move(*frame), delivery.time);
         else if (frame != nullptr)
             deliver(*delivery.session, std::move(*frame), delivery.time);
         else

@@ -15,6 +15,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -75,8 +76,8 @@ public:
     void giveUpStart() override;
     [[nodiscard]] std::int64_t frameCount() const override;
     [[nodiscard]] std::optional<CaptureRegion> region() const override;
-    void holdPicture() override;
-    void releasePicture() override;
+    void holdPicture(const void* holder) override;
+    void releasePicture(const void* holder) override;
     [[nodiscard]] std::chrono::nanoseconds restWhileHeld() const override;
 
 private:
@@ -103,7 +104,8 @@ private:
     FrameSink sinkFor(const std::shared_ptr<Session>& session);
     void takeDeliveries();
     void noteHold();
-    void noteWhileHeld(RGBAFrame frame);
+    void noteWhileHeld(RGBAFrame frame, CaptureClock::time_point time);
+    void resume(CaptureClock::time_point time);
     [[nodiscard]] std::shared_ptr<RecordingJournal> makeJournal() const;
     static void removeJournal(const Session& session);
     static void show(Session& session, const RGBAFrame& frame, CaptureClock::time_point time);
@@ -119,7 +121,9 @@ private:
     struct Hold {
         CaptureClock::time_point since;
         CaptureClock::time_point changedAt;
+        std::set<const void*> holders;
         std::optional<RGBAFrame> latest{};
+        std::optional<CaptureClock::time_point> releasedAt{}; // by all; a picture of that moment or later ends it
         bool isInJournal = false;
     };
 

@@ -22,6 +22,7 @@ public:
     ~UncoveredStream() override;
 
     QCoro::Task<> start(CaptureRegion region, FrameSink sink) override;
+    bool requestPicture(CaptureClock::time_point moment) override { return m_stream->requestPicture(moment); }
     QCoro::Task<> stop() override;
 
 private:

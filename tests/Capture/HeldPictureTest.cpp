@@ -23,6 +23,10 @@ class HeldPictureTest : public QObject {
 private Q_SLOTS:
     void aHeldPictureStaysUntilItIsReleased();
     void aReleaseShowsTheLatestPictureThatArrivedMeanwhile();
+    void aPictureThatSeveralHoldStaysUntilTheLastReleasesIt();
+    void aReleaseAwaitsAPictureThatWasTakenAfterIt();
+    void aHoldTakesAReleaseBackThatAwaitsItsPicture();
+    void aClipThatEndsWhileAReleaseAwaitsItsPictureIsNotCutShort();
     void aHoldBeforeTheFirstPictureTakesThatOne();
     void aHoldEndsWithTheRecording();
     void aClipThatEndsHeldHasThreeTenthsOfASecondOfIt();
@@ -38,7 +42,7 @@ void HeldPictureTest::aHeldPictureStaysUntilItIsReleased()
 {
     Fixture fixture;
     fixture.recordTwo();
-    fixture.recorder->holdPicture();
+    fixture.recorder->holdPicture(&fixture);
     fixture.deliver(3); // something of our own covers the region
     fixture.tick();
     QCOMPARE(numbers(fixture.stop()), (std::vector{1, 2, 2}));
@@ -48,23 +52,97 @@ void HeldPictureTest::aReleaseShowsTheLatestPictureThatArrivedMeanwhile()
 {
     Fixture fixture;
     fixture.recordTwo();
-    fixture.recorder->holdPicture();
+    fixture.recorder->holdPicture(&fixture);
     fixture.deliver(3);
     fixture.tick();
     fixture.deliver(4); // uncovered again
     fixture.tick();
-    fixture.recorder->releasePicture();
+    fixture.recorder->releasePicture(&fixture);
     fixture.tick();
     fixture.deliver(5);
     fixture.tick();
     QCOMPARE(numbers(fixture.stop()), (std::vector{1, 2, 2, 2, 4, 5}));
 }
 
+void HeldPictureTest::aPictureThatSeveralHoldStaysUntilTheLastReleasesIt()
+{
+    Fixture fixture;
+    const int other = 0;
+    fixture.recordTwo();
+    fixture.recorder->holdPicture(&fixture);
+    fixture.recorder->holdPicture(&other);
+    fixture.recorder->holdPicture(&other); // which is no other one
+    fixture.deliver(3);
+    fixture.tick();
+    fixture.recorder->releasePicture(&fixture);
+    fixture.recorder->releasePicture(&fixture); // and who does not hold it
+    fixture.tick();
+    fixture.recorder->releasePicture(&other);
+    fixture.tick();
+    QCOMPARE(numbers(fixture.stop()), (std::vector{1, 2, 2, 2, 3}));
+}
+
+namespace {
+
+/// A recorder whose stream has pictures on demand, after two frames; it was held, and then covered and released.
+struct ReleasedFixture : Fixture {
+    CaptureClock::time_point covered;
+
+    ReleasedFixture()
+    {
+        script->hasPicturesOnDemand = true;
+        recordTwo();
+        recorder->holdPicture(this);
+        covered = *now;
+        tick();
+        recorder->releasePicture(this);
+    }
+    void deliverLate(std::uint8_t number) const
+    {
+        std::thread([&] { script->sink.frame(test::frame(number), covered); }).join();
+    }
+};
+
+} // namespace
+
+void HeldPictureTest::aReleaseAwaitsAPictureThatWasTakenAfterIt()
+{
+    ReleasedFixture fixture;
+    QCOMPARE(fixture.script->requested, *fixture.now);
+    fixture.deliverLate(3);
+    QCoreApplication::processEvents(); // it is taken
+    fixture.tick();
+    fixture.deliverLate(4);
+    QCoreApplication::processEvents();
+    fixture.deliver(5);
+    fixture.tick();
+    fixture.deliver(6);
+    fixture.tick();
+    QCOMPARE(numbers(fixture.stop()), (std::vector{1, 2, 2, 2, 5, 6}));
+}
+
+void HeldPictureTest::aHoldTakesAReleaseBackThatAwaitsItsPicture()
+{
+    ReleasedFixture fixture;
+    fixture.recorder->holdPicture(&fixture);
+    fixture.deliver(3);
+    fixture.tick();
+    QCOMPARE(numbers(fixture.stop()), (std::vector{1, 2, 2, 2}));
+}
+
+void HeldPictureTest::aClipThatEndsWhileAReleaseAwaitsItsPictureIsNotCutShort()
+{
+    ReleasedFixture fixture;
+    for (int tick = 0; tick < 60; ++tick)
+        fixture.tick();
+    QCOMPARE(numbers(fixture.stop()).size(), std::size_t{2 + 1 + 60});
+}
+
 void HeldPictureTest::aHoldBeforeTheFirstPictureTakesThatOne()
 {
     Fixture fixture;
     fixture.start();
-    fixture.recorder->holdPicture();
+    fixture.recorder->holdPicture(&fixture);
     fixture.deliver(1);
     fixture.tick();
     fixture.deliver(2);
@@ -76,7 +154,7 @@ void HeldPictureTest::aHoldEndsWithTheRecording()
 {
     Fixture fixture;
     fixture.recordTwo();
-    fixture.recorder->holdPicture();
+    fixture.recorder->holdPicture(&fixture);
     (void)fixture.stop();
     fixture.recordTwo();
     QCOMPARE(numbers(fixture.stop()), (std::vector{1, 2}));
@@ -86,7 +164,7 @@ void HeldPictureTest::aClipThatEndsHeldHasThreeTenthsOfASecondOfIt()
 {
     Fixture fixture;
     fixture.recordTwo(); // two frames
-    fixture.recorder->holdPicture();
+    fixture.recorder->holdPicture(&fixture);
     for (int tick = 0; tick < 60; ++tick) {
         fixture.deliver(3);
         fixture.tick();
@@ -101,10 +179,10 @@ void HeldPictureTest::aHoldThatEndsBeforeTheClipIsInItWhole()
 {
     Fixture fixture;
     fixture.recordTwo();
-    fixture.recorder->holdPicture();
+    fixture.recorder->holdPicture(&fixture);
     for (int tick = 0; tick < 60; ++tick)
         fixture.tick();
-    fixture.recorder->releasePicture();
+    fixture.recorder->releasePicture(&fixture);
     fixture.tick();
     QCOMPARE(numbers(fixture.stop()).size(), std::size_t{2 + 60 + 1});
 }
@@ -112,10 +190,10 @@ void HeldPictureTest::aHoldThatEndsBeforeTheClipIsInItWhole()
 void HeldPictureTest::holdingWhileIdleHoldsNothing()
 {
     Fixture fixture;
-    fixture.recorder->holdPicture();
+    fixture.recorder->holdPicture(&fixture);
     fixture.recordTwo();
     QCOMPARE(numbers(fixture.stop()), (std::vector{1, 2}));
-    fixture.recorder->releasePicture();
+    fixture.recorder->releasePicture(&fixture);
 }
 
 namespace {
@@ -152,9 +230,9 @@ void HeldPictureTest::aHeldPictureDoesNotLowerTheFrameRate()
     Fixture fixture;
     fixture.start();
     showMoving(fixture, 32);
-    fixture.recorder->holdPicture();
+    fixture.recorder->holdPicture(&fixture);
     showStill(fixture, 60);
-    fixture.recorder->releasePicture();
+    fixture.recorder->releasePicture(&fixture);
     showMoving(fixture, 28);
     const auto recording = fixture.stopRecording();
     QCOMPARE(recording.frames().size(), std::size_t{120});
@@ -172,7 +250,7 @@ void HeldPictureTest::aHeldTailDoesNotLowerTheFrameRate()
     Fixture fixture;
     fixture.start();
     showMoving(fixture, 33);
-    fixture.recorder->holdPicture();
+    fixture.recorder->holdPicture(&fixture);
     showStill(fixture, 60);
     const auto recording = fixture.stopRecording();
     QCOMPARE(recording.frames().size(), std::size_t{33 + 9});
@@ -185,9 +263,9 @@ void HeldPictureTest::framesAfterAHoldCountAgain()
     Fixture fixture;
     fixture.start();
     showMoving(fixture, 32);
-    fixture.recorder->holdPicture();
+    fixture.recorder->holdPicture(&fixture);
     showStill(fixture, 4);
-    fixture.recorder->releasePicture();
+    fixture.recorder->releasePicture(&fixture);
     showStill(fixture, 200);
     const auto recording = fixture.stopRecording();
     QCOMPARE(chosenRate(recording), chosenRate(Recording(recording.frames())));
@@ -204,13 +282,13 @@ void HeldPictureTest::heldFramesOfARecordingThatWasCutOffDoNotLowerTheFrameRate(
         Fixture fixture(
             std::nullopt, RecordingJournal::Options{.folder = folder.path(), .diskSpaceToLeave = 0, .coreShare = 1e9});
         fixture.start();
-        fixture.recorder->holdPicture(); // before there is a picture
+        fixture.recorder->holdPicture(&fixture); // before there is a picture
         showMoving(fixture, 1);
-        fixture.recorder->releasePicture();
+        fixture.recorder->releasePicture(&fixture);
         showMoving(fixture, 32);
-        fixture.recorder->holdPicture();
+        fixture.recorder->holdPicture(&fixture);
         showStill(fixture, 60);
-        fixture.recorder->releasePicture();
+        fixture.recorder->releasePicture(&fixture);
         showMoving(fixture, 28);
         QCoreApplication::processEvents(); // what was delivered is taken
     }                                      // and nobody has stopped it

@@ -176,13 +176,13 @@ void RecorderTroubleTest::theJournalHasTheLatePicture()
 {
     Journaled journaled;
     journaled.fixture.start();
-    journaled.fixture.recorder->holdPicture(); // the first one is taken, those after it when it is released
+    journaled.fixture.recorder->holdPicture(&journaled); // the first one is taken, those after it when it is released
     for (const auto number : {std::uint8_t{1}, std::uint8_t{2}, std::uint8_t{3}}) {
         journaled.fixture.deliver(number);
         QCoreApplication::processEvents();
         journaled.fixture.tick();
     }
-    journaled.fixture.recorder->releasePicture();
+    journaled.fixture.recorder->releasePicture(&journaled);
     journaled.fixture.tick();
     (void)journaled.fixture.stopRecording();
     journaled.dropRecorder();

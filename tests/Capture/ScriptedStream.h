@@ -20,11 +20,14 @@ struct Script {
     std::optional<QPromise<void>> startGate; ///< start() waits until it is finished
     std::optional<QPromise<void>> stopGate;  ///< stop() waits until it is finished
 
+    bool hasPicturesOnDemand = false;
+
     int starts = 0;
     int stops = 0;
     bool isAlive = true;
     CaptureRegion region;
     FrameSink sink; ///< of the latest start()
+    std::optional<CaptureClock::time_point> requested;
 
     static QFuture<void> close(std::optional<QPromise<void>>& gate)
     {
@@ -55,6 +58,12 @@ public:
         }
         if (script->startError)
             std::rethrow_exception(script->startError);
+    }
+
+    bool requestPicture(CaptureClock::time_point moment) override
+    {
+        m_script->requested = moment;
+        return m_script->hasPicturesOnDemand;
     }
 
     QCoro::Task<> stop() override

@@ -105,6 +105,7 @@ private:
     Q_SLOT void momentsDoNotGoBack();
     Q_SLOT void aSourceThatEndsBeforeIsAFailure();
     Q_SLOT void aSourceThatEndsAfterwardsIsTold();
+    Q_SLOT void isAskedForPicturesAsItsSourceIs();
     Q_SLOT void isStoppedWhileItWaits();
     Q_SLOT void mayGoWhileItWaits();
 };
@@ -192,6 +193,15 @@ void UncoveredStreamTest::aSourceThatEndsAfterwardsIsTold()
     QVERIFY(fixture.hasStarted());
     fixture.script->sink.ended(CaptureError(CaptureError::Reason::DisplayGone, "gone"));
     QVERIFY(fixture.ended && fixture.ended->reason() == CaptureError::Reason::DisplayGone);
+}
+
+void UncoveredStreamTest::isAskedForPicturesAsItsSourceIs()
+{
+    GateFixture fixture;
+    QVERIFY(!fixture.stream->requestPicture(*fixture.now + 5ms));
+    QCOMPARE(fixture.script->requested, *fixture.now + 5ms);
+    fixture.script->hasPicturesOnDemand = true;
+    QVERIFY(fixture.stream->requestPicture(*fixture.now));
 }
 
 void UncoveredStreamTest::isStoppedWhileItWaits()

@@ -57,6 +57,12 @@ std::optional<RGBAFrame> ScreenGrabber::grab()
     return compose();
 }
 
+void ScreenGrabber::fetchAnew()
+{
+    m_stale = m_plan.source;
+    m_mustDeliver = true;
+}
+
 void ScreenGrabber::readEvents()
 {
     while (const XCBPointer<xcb_generic_event_t> event{xcb_poll_for_event(m_display.connection())}) {

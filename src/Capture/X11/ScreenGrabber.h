@@ -26,6 +26,10 @@ public:
     /// @throws DisplayError  Gone.
     [[nodiscard]] std::optional<RGBAFrame> grab();
 
+    /// The next call of grab() that the server does not refuse fetches the whole region and gives its picture, whatever
+    /// has been reported as changed.
+    void fetchAnew();
+
 private:
     /// The pointer as drawn into the picture.
     struct PointerState {

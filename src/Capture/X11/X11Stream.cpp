@@ -17,6 +17,7 @@
 #include <sys/socket.h>
 
 #include <atomic>
+#include <limits>
 #include <optional>
 #include <system_error>
 #include <thread>
@@ -70,6 +71,8 @@ public:
     [[nodiscard]] QFuture<StartOutcome> started() { return m_started.future(); }
     [[nodiscard]] QFuture<void> ended() { return m_ended.future(); }
 
+    void requestPicture(CaptureClock::time_point moment) { m_requested = moment.time_since_epoch().count(); }
+
     void requestStop()
     {
         m_stop.raise();
@@ -81,6 +84,7 @@ public:
 private:
     void run();
     void capture();
+    [[nodiscard]] bool takeRequest(CaptureClock::time_point time);
     void reportStart(StartOutcome outcome);
 
     CaptureRegion m_region;
@@ -88,6 +92,8 @@ private:
     FrameSink m_sink;
     CancelEvent m_stop;
     std::atomic<int> m_socket = -1;
+    static constexpr CaptureClock::rep noRequest = std::numeric_limits<CaptureClock::rep>::max();
+    std::atomic<CaptureClock::rep> m_requested = noRequest; // the moment of a picture that is to come in any case
     std::optional<X11Display> m_display;
     QPromise<StartOutcome> m_started;
     QPromise<void> m_ended;
@@ -136,9 +142,18 @@ void X11Stream::Worker::capture()
     for (std::int64_t tick = 1; m_stop.waitUntil(tickTime(start, tick)); ++tick) {
         while (tickTime(start, tick + 1) <= CaptureClock::now())
             ++tick; // held up: those are lost
+        if (takeRequest(tickTime(start, tick)))
+            grabber.fetchAnew();
         if (auto frame = grabber.grab())
             m_sink.frame(std::move(*frame), tickTime(start, tick));
     }
+}
+
+/// Whether the picture of the tick at `time`, which is taken after that, answers a request; then it is taken back.
+bool X11Stream::Worker::takeRequest(CaptureClock::time_point time)
+{
+    CaptureClock::rep requested = m_requested;
+    return requested <= time.time_since_epoch().count() && m_requested.compare_exchange_strong(requested, noRequest);
 }
 
 void X11Stream::Worker::reportStart(StartOutcome outcome)
@@ -162,6 +177,12 @@ QCoro::Task<> X11Stream::start(CaptureRegion region, FrameSink sink)
     const Worker::StartOutcome outcome = co_await started; // this object may be gone from here on
     if (outcome)
         throw CaptureError(*outcome);
+}
+
+bool X11Stream::requestPicture(CaptureClock::time_point moment)
+{
+    m_worker->requestPicture(moment);
+    return true;
 }
 
 QCoro::Task<> X11Stream::stop()

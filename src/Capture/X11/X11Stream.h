@@ -17,6 +17,7 @@ public:
     ~X11Stream() override;
 
     QCoro::Task<> start(CaptureRegion region, FrameSink sink) override;
+    bool requestPicture(CaptureClock::time_point moment) override;
     QCoro::Task<> stop() override;
 
 private:

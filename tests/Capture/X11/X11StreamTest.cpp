@@ -91,6 +91,20 @@ TEST_F(AnyServer, AStillScreenDeliversNothing)
     EXPECT_EQ(m_gallery.frames().size(), 2U);
 }
 
+TEST_F(AnyServer, DeliversAPictureOnDemandThoughNothingHasChanged)
+{
+    constexpr CaptureRegion region{100, 100, 50, 50};
+    start(region);
+    for (std::size_t count = 1; count < 4; ++count) {
+        const auto moment = CaptureClock::now();
+        ASSERT_TRUE(m_stream.requestPicture(moment));
+        ASSERT_TRUE(test::eventually([&] { return m_gallery.frames().size() > count; }));
+        EXPECT_GE(m_gallery.times().back(), moment);
+    }
+    stop();
+    EXPECT_EQ(m_gallery.frames().size(), 4U) << "one each";
+}
+
 TEST_F(AnyServer, MomentsLieOnTicksAndNeverGoBack)
 {
     constexpr CaptureRegion region{0, 0, 20, 20};

@@ -20,7 +20,7 @@ constexpr std::chrono::milliseconds restBeforeShown = 300ms;
 constexpr std::chrono::milliseconds leaveBeforeHidden = 600ms;
 /// Long enough to read a line.
 constexpr std::chrono::milliseconds introduction = 2500ms;
-/// Longer than the panel's: nobody waits for the picture to go on.
+/// Longer than the panel's: nobody waits for the picture to go on, and a program that is slow has the time to repaint.
 constexpr PanelGuard::Times guardTimes{.repaint = 400ms, .fade = 1500ms};
 /// Points around the control that count as it.
 constexpr int reach = 24;

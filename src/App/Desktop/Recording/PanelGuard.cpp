@@ -4,6 +4,7 @@
 #include "Capture/ScreenRecorder.h"
 #include "Capture/ScreenSession.h"
 #include "Platform/WindowSystem.h"
+#include "Platform/X11/X11Queries.h"
 
 #include <QEvent>
 #include <QScreen>
@@ -53,12 +54,17 @@ PanelGuard::PanelGuard(ScreenRecorder& recorder, const ScreenSession& screen, QW
     panel.installEventFilter(this);
 }
 
+PanelGuard::~PanelGuard()
+{
+    release();
+}
+
 bool PanelGuard::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::Show: // comes before the window is on the screen, and perhaps before it is known where
         if (!isWhereItWasPut() || isInTheWay()) {
-            m_recorder.holdPicture();
+            m_recorder.holdPicture(this);
             awaitRepaint();
         }
         followScreen();
@@ -145,7 +151,7 @@ void PanelGuard::notePlace(const std::optional<QRect>& place)
     const bool isNowInTheWay = isInTheWay();
     m_wasAbove = m_wasAbove || (place && isNowInTheWay);
     if (isNowInTheWay)
-        m_recorder.holdPicture();
+        m_recorder.holdPicture(this);
     else if (!m_wasAbove)
         release(); // nothing needs repainting
     else if (wasInTheWay)
@@ -155,7 +161,7 @@ void PanelGuard::notePlace(const std::optional<QRect>& place)
 void PanelGuard::check()
 {
     if (isInTheWay())
-        m_recorder.holdPicture();
+        m_recorder.holdPicture(this);
     else
         awaitRepaint();
 }
@@ -182,7 +188,9 @@ void PanelGuard::release()
 {
     m_repainting.stop();
     m_wasAbove = false;
-    m_recorder.releasePicture();
+    if (m_recorder.isRecording())
+        X11Queries::finishRequests(); // of which one took the panel off the screen
+    m_recorder.releasePicture(this);
 }
 
 } // namespace quillbox

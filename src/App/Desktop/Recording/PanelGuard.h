@@ -38,6 +38,7 @@ public:
     /// @pre `recorder` and `screen` outlive the panel, which owns this object.
     PanelGuard(ScreenRecorder& recorder, const ScreenSession& screen, QWidget& panel, Times times = usualTimes(),
         std::unique_ptr<WindowPlaces> places = makeWindowPlaces());
+    ~PanelGuard() override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
