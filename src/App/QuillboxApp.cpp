@@ -12,6 +12,7 @@
 #include "App/Desktop/RunningInstance.h"
 #include "App/Desktop/SoftwareCenter.h"
 #include "App/Desktop/TrayIcon.h"
+#include "App/Desktop/WindowPlaces/PointerPlacement.h"
 #include "App/Hotkey/GlobalHotkey.h"
 #include "App/Hotkey/HotkeyMath.h"
 #include "App/Hotkey/HotkeyNotice.h"
@@ -88,6 +89,7 @@ QuillboxApp::QuillboxApp(SystemServices services)
     m_hotkey->registerKey(HotkeyMath::defaultKeyCode, HotkeyMath::defaultModifiers);
     rememberPrecision();
     m_tray = std::make_unique<TrayIcon>(*m_coordinator);
+    m_placement = makePointerPlacement();
     m_traylessStop = std::make_unique<TraylessStop>(*m_coordinator, *m_recorder, *m_screen);
     tellOfClips();
     new RegionFrame(*m_recorder, *m_screen, m_recorder.get()); // the recorder owns it
@@ -104,7 +106,9 @@ QuillboxApp::QuillboxApp(SystemServices services)
 
     followBus();
     QObject::connect(m_tray.get(), &TrayIcon::clicked, m_tray.get(), [this] { toggleForIcon(); });
-    QObject::connect(m_tray.get(), &TrayIcon::openRequested, m_tray.get(), [this] { showPanel(); });
+    QObject::connect(m_tray.get(), &TrayIcon::openRequested, m_tray.get(), [this] { openForIcon(); });
+    if (m_placement)
+        QObject::connect(m_placement.get(), &PointerPlacement::ready, m_tray.get(), [this] { showPanel(); });
     QObject::connect(m_tray.get(), &TrayIcon::settingsRequested, m_tray.get(), [this] { showSettings(); });
     QObject::connect(m_tray.get(), &TrayIcon::quitRequested, m_tray.get(), [this] { quit(); });
     QObject::connect(m_tray.get(), &TrayIcon::missing, m_tray.get(), [this] { showWithoutTray(); });
@@ -318,6 +322,14 @@ void QuillboxApp::toggleForIcon()
     if (m_panel && m_panel->isVisible())
         m_panel->hide();
     else if (!m_panel || !m_panel->wasJustClosed())
+        openForIcon();
+}
+
+void QuillboxApp::openForIcon()
+{
+    if (m_placement)
+        m_placement->prepare(panel().windowTitle());
+    else
         showPanel();
 }
 

@@ -22,6 +22,7 @@ class FirstUse;
 class GlobalHotkey;
 class HistoryStore;
 class Panel;
+class PointerPlacement;
 class ScreenRecorder;
 class ScreenSession;
 class SessionBus;
@@ -71,6 +72,7 @@ private:
     void openUpdateView(bool isWished);
     void restart();
     void toggleForIcon();
+    void openForIcon();
     void showWithoutTray();
     void showClipboard();
     void saveElsewhere();
@@ -90,6 +92,7 @@ private:
     std::unique_ptr<ApplicationService> m_service;
     std::unique_ptr<SessionBus> m_bus;
     std::unique_ptr<TrayIcon> m_tray;
+    std::unique_ptr<PointerPlacement> m_placement; // none where the panel places itself, or nobody does
     std::unique_ptr<TraylessStop> m_traylessStop;
     std::unique_ptr<ClipNotices> m_notices;
     QAction* m_noticesChoice = nullptr; // the tray icon's

@@ -12,13 +12,13 @@ from PIL import Image
 import kwin_camera
 import kwin_input
 import kwin_windows
-from application import quillbox, run, status, until
+from application import quillbox, status, until
 from asking_desktop import MONITOR, RECORDINGS, AskingDesktopTest, sessions
 from canvas import BLOCKS
 from kde_share_dialog import ShareDialog
 from pipewire import casts
 from recording import pillow_frames
-from wayland_application import AREA, tray_item
+from wayland_application import AREA, GAP, icon_in
 
 PLASMAS_PANEL = 44  # points, at the bottom
 
@@ -56,14 +56,15 @@ class KDEDesktopTest(AskingDesktopTest):
         """All of it in one session, which takes its time to come up."""
         self.canvas.show(0, AREA)
         desktop = self.start()
-        item = until(tray_item, "the icon is in the tray")
-        activate(item)
+        self.click_on_icon()
+        self.assert_panel_is_beside_icon()
         until(desktop.panel, "the panel is open")
         self.keep_screenshot("panel-plasma")
         desktop.press("Record Region")
         self.permit(self.dialog(bottom_bar=PLASMAS_PANEL))
-        shown = self.record_and_stop_by_the_button(desktop, lambda: activate(item))
+        shown = self.record_and_stop_by_the_button(desktop, self.click_on_icon)
         clip = self.assert_is_the_clip(shown)
+        self.assert_panel_is_beside_icon()  # though it has grown
         self.assert_is_in_the_list_and_copied(desktop, clip)
         until(lambda: clipboard_manager("getClipboardContents") == clip.as_uri(), "it has the clip")
         self.keep_screenshot("done-plasma")
@@ -95,6 +96,28 @@ class KDEDesktopTest(AskingDesktopTest):
         row = [frames[-1].getpixel((x, height // 2)) for x in range(width)]
         edge = width // 2
         self.assertEqual((set(row[:edge - 2]), set(row[edge + 2:-2])), ({BLOCKS[4]}, {BLOCKS[2]}))
+
+    def icon(self):
+        """Where our icon is on Plasma's panel."""
+        height = self.canvas.size[1]
+        return icon_in(self.seen(), height - PLASMAS_PANEL, height)
+
+    def click_on_icon(self):
+        self.clicked = until(lambda: (found := self.icon()) == self.icon() and found, "the icon is in the tray")
+        self.user.click(*self.clicked)
+
+    def assert_panel_is_beside_icon(self):
+        """That was clicked on."""
+        width, height = self.canvas.size
+
+        def is_beside():
+            place = kwin_windows.place("Quillbox")
+            if place is None:
+                return False
+            right, bottom = place[0] + place[2], place[1] + place[3]
+            return bottom == height - PLASMAS_PANEL - GAP and place[0] < self.clicked[0] < right <= width - GAP
+
+        until(is_beside, "the panel is beside the icon", limit=20)
 
     def begin_asked(self):
         """@return the application, while the desktop asks what may be seen"""
@@ -172,13 +195,6 @@ class KDEDesktopTest(AskingDesktopTest):
 
     def permit(self, dialog):
         dialog.share()
-
-
-def activate(item):
-    """Clicks on an icon of the tray, as Plasma tells its program."""
-    service, _, path = item.partition("/")
-    run("dbus-send", "--session", f"--dest={service}", "--print-reply", "/" + path,
-        "org.kde.StatusNotifierItem.Activate", "int32:170", "int32:698")
 
 
 def clipboard_manager(method):

@@ -4,7 +4,7 @@ is the scale of the session's outputs."""
 import os
 import pathlib
 
-from application import run, status, until
+from application import status, until
 from canvas import BLOCKS, INK, PAPER, Canvas
 from recording import ffmpeg_frames, pillow_frames
 from running import ApplicationTest
@@ -15,6 +15,7 @@ AWAY = (5, 520)  # where the pointer is in no picture
 FRAME = (224, 52, 60)  # around what is recorded
 COLORS = {PAPER, INK, *BLOCKS}
 CLIPS = pathlib.Path(os.environ["HOME"], "Videos/Quillbox")
+GAP = 8  # points, between the panel and what is around it
 SCALE = int(os.environ.get("CANVAS_SCALE", "1"))
 
 
@@ -101,9 +102,15 @@ class WaylandApplicationTest(ApplicationTest):
         return all(abs(level - usual * 0.75) <= 2 for level, usual in zip(seen, color))
 
 
-def tray_item():
-    """The first icon that the tray's watcher knows: the bus name of its program and its path; none without one."""
-    answer = run("dbus-send", "--session", "--print-reply=literal", "--dest=org.kde.StatusNotifierWatcher",
-                 "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties.Get",
-                 "string:org.kde.StatusNotifierWatcher", "string:RegisteredStatusNotifierItems")
-    return next((word for word in answer.stdout.split() if "/StatusNotifierItem" in word), None)
+def icon_in(picture, top, bottom):
+    """The middle of our icon in the part of a picture from `top` to `bottom`, in its pixels: what is blue there. Or none."""
+    strip = picture.crop((0, top, picture.width, bottom))
+    pixels = strip.load()
+    found = [(x, y) for x in range(strip.width) for y in range(strip.height) if is_icons(*pixels[x, y])]
+    if len(found) < 40:
+        return None
+    return sum(x for x, _ in found) // len(found), top + sum(y for _, y in found) // len(found)
+
+
+def is_icons(red, green, blue):
+    return blue > 180 and red < 130 and green < 120 and blue > red + 60

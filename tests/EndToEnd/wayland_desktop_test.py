@@ -17,7 +17,7 @@ from canvas import BLOCKS
 from pipewire import casts
 from recording import pillow_frames
 from running import extents
-from wayland_application import AREA, FRAME, SCALE, WaylandApplicationTest, tray_item
+from wayland_application import AREA, FRAME, GAP, SCALE, WaylandApplicationTest, icon_in
 from wayland_input import Devices
 
 
@@ -43,6 +43,18 @@ def colors_of(picture):
 
 def places(title):
     return [place for name, place in windows() if name == title]
+
+
+def corner_of(place):
+    """Right and top."""
+    return place[0] + place[2], place[1]
+
+
+def bar_height():
+    """Of the bar along the upper edge of the first output."""
+    tree = json.loads(run("swaymsg", "-r", "-t", "get_tree").stdout)
+    output = next(node for node in tree["nodes"] if node["name"] == "HEADLESS-1")
+    return output["nodes"][0]["rect"]["y"]
 
 
 def overlays():
@@ -169,9 +181,9 @@ class WaylandDesktopTest(WaylandApplicationTest):
             self.assertEqual(self.output_of(place), f"HEADLESS-{number}")
             meanwhile.append(self.canvas.show(step, AREA))
             desktop.wait_for_frames(status()["frameCount"] + 40)
+            self.canvas.show(0, AREA)
             run("swaymsg", '[title="^Quillbox$"] kill')
             until(lambda: not places("Quillbox"), "the panel has gone")
-            self.canvas.show(0, AREA)
             desktop.wait_for_frames(status()["frameCount"] + 12)
         self.assertEqual(quillbox("stop").returncode, 0)
         return before, meanwhile
@@ -312,14 +324,21 @@ class WaylandDesktopTest(WaylandApplicationTest):
         self.assertEqual(message, "Couldn't start recording: The desktop no longer delivers the screen's pictures")
         until(lambda: message in desktop.texts(), "the panel says it")
 
-    def test_the_tray_icon_opens_the_panel(self):
+    def test_the_tray_icon_opens_the_panel_beside_it(self):
         desktop = self.start()
-        item = until(tray_item, "the icon is in the tray")
-        service, _, path = item.partition("/")
-        run("dbus-send", "--session", f"--dest={service}", "--print-reply", "/" + path,
-            "org.kde.StatusNotifierItem.Activate", "int32:0", "int32:0")
-        until(desktop.panel, "the panel is open")
-        self.keep_screenshot("panel-tray")
+        icon = until(lambda: icon_in(self.seen(), 0, bar_height()), "the icon is in the tray")
+        beside = 1280 - GAP, bar_height() + GAP
+        for _ in range(2):
+            self.user.click(*icon)
+            until(lambda: [corner_of(place) for place in places("Quillbox")] == [beside], "the panel is beside the icon",
+                  limit=20)
+            until(desktop.panel, "its widgets are there")
+            self.keep_screenshot("panel-tray")
+            self.user.click(*icon)
+            until(lambda: not places("Quillbox"), "the panel has gone")
+        desktop.open_panel()
+        (place,) = until(lambda: places("Quillbox"), "the panel is a window")
+        self.assertLess(corner_of(place)[0], 1000, "nobody clicked on the icon")
 
     def test_opens_as_a_window_where_there_is_no_tray(self):
         desktop = self.start()

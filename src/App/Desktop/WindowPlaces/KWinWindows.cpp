@@ -1,11 +1,10 @@
 #include "App/Desktop/WindowPlaces/KWinWindows.h"
 
-#include "Platform/DBus/SessionBus.h"
+#include "App/Desktop/WindowPlaces/KWinBus.h"
 #include "Platform/ServiceReport.h"
 
 #include <QDBusArgument>
-#include <QDBusPendingCall>
-#include <QDBusPendingCallWatcher>
+#include <QDBusMessage>
 #include <QStringList>
 #include <QVariantMap>
 
@@ -14,14 +13,6 @@
 
 namespace quillbox {
 namespace {
-
-QDBusMessage question(const QString& path, const QString& interface, const QString& method, const QString& argument)
-{
-    auto message = QDBusMessage::createMethodCall(QStringLiteral("org.kde.KWin"), path, interface, method);
-    message.setArguments({argument});
-    message.setAutoStartService(false);
-    return message;
-}
 
 /// The windows that a search of KWin's found, by its names for them.
 /// @param matches  a(sssida{sv}): what choosing it would do and the window's name, joined by "_"; then what is shown.
@@ -59,28 +50,18 @@ void KWinWindows::ask(const QString& title)
         look({m_window});
 }
 
-/// @param take  Gets the answer, also if that is an error.
-void KWinWindows::call(const QDBusMessage& question, const std::function<void(const QDBusMessage&)>& take)
-{
-    const auto bus = SessionBus::connection();
-    auto* const watcher
-        = new QDBusPendingCallWatcher(bus.asyncCall(question, static_cast<int>(reportPatience.count())), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, take] {
-        watcher->deleteLater();
-        take(watcher->reply());
-    });
-}
-
 void KWinWindows::find()
 {
-    call(question(
-             QStringLiteral("/WindowsRunner"), QStringLiteral("org.kde.krunner1"), QStringLiteral("Match"), m_title),
-        [this](const QDBusMessage& reply) {
-            if (reply.signature() == QLatin1String("a(sssida{sv})"))
-                look(windowsIn(reply.arguments().constFirst().value<QDBusArgument>()));
-            else
-                tell(std::nullopt);
-        });
+    const KWinBus::Question search{.path = QStringLiteral("/WindowsRunner"),
+        .interface = QStringLiteral("org.kde.krunner1"),
+        .method = QStringLiteral("Match"),
+        .arguments = {m_title}};
+    KWinBus::ask(*this, search, reportPatience, [this](const QDBusMessage& reply) {
+        if (reply.signature() == QLatin1String("a(sssida{sv})"))
+            look(windowsIn(reply.arguments().constFirst().value<QDBusArgument>()));
+        else
+            tell(std::nullopt);
+    });
 }
 
 /// Tells the place of the first of these that is ours.
@@ -92,8 +73,12 @@ void KWinWindows::look(const QStringList& windows)
         return;
     }
     const QString& window = windows.constFirst();
-    call(question(QStringLiteral("/KWin"), QStringLiteral("org.kde.KWin"), QStringLiteral("getWindowInfo"), window),
-        [this, window, others = windows.mid(1)](const QDBusMessage& reply) {
+    const KWinBus::Question description{.path = QStringLiteral("/KWin"),
+        .interface = QStringLiteral("org.kde.KWin"),
+        .method = QStringLiteral("getWindowInfo"),
+        .arguments = {window}};
+    KWinBus::ask(
+        *this, description, reportPatience, [this, window, others = windows.mid(1)](const QDBusMessage& reply) {
             const auto described = qdbus_cast<QVariantMap>(reply.arguments().value(0));
             if (described.value(QStringLiteral("desktopFile")).toString() != QLatin1String(QUILLBOX_APP_ID)
                 || described.value(QStringLiteral("caption")).toString() != m_title) {

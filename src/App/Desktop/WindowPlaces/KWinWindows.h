@@ -2,10 +2,6 @@
 
 #include "App/Desktop/WindowPlaces/WindowPlaces.h"
 
-#include <QDBusMessage>
-
-#include <functional>
-
 namespace quillbox {
 
 /// Asks KWin over the session bus: its search for windows knows which there are, and its main object where each is.
@@ -21,7 +17,6 @@ public:
     [[nodiscard]] static std::optional<QRect> placeIn(const QVariantMap& window);
 
 private:
-    void call(const QDBusMessage& question, const std::function<void(const QDBusMessage&)>& take);
     void find();
     void look(const QStringList& windows);
     void tell(const std::optional<QRect>& place);

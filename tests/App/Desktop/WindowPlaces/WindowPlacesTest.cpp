@@ -1,10 +1,12 @@
 #include "App/Desktop/WindowPlaces/KWinWindows.h"
+#include "App/Desktop/WindowPlaces/SwayPlacement.h"
 #include "App/Desktop/WindowPlaces/SwayWindows.h"
 
 #include <gtest/gtest.h>
 
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QPoint>
 #include <QVariantMap>
 
 #include <optional>
@@ -38,6 +40,41 @@ TEST(WindowPlaces, AWindowOnAWorkspaceThatIsNotShownIsNowhere)
     const QByteArray window = R"({"name": "Quillbox", "pid": 77, "visible": false,
         "rect": {"x": 4, "y": 2, "width": 384, "height": 500}})";
     EXPECT_EQ(SwayWindows::placeIn(desktopWith("floating_nodes", window), "Quillbox", ours), QRect());
+}
+
+/// The second of two outputs, with bars along its upper and lower edges, and a window of 400 × 300 on it.
+QJsonObject outputWithWindowAt(int x, int y)
+{
+    return QJsonDocument::fromJson(
+        QStringLiteral(R"({"nodes": [{"rect": {"x": 0, "y": 0, "width": 1000, "height": 900}, "nodes": []},
+            {"rect": {"x": 1000, "y": 0, "width": 1280, "height": 720}, "nodes": [
+                {"rect": {"x": 1000, "y": 24, "width": 1280, "height": 666}, "floating_nodes": [
+                    {"id": 5, "rect": {"x": 1, "y": 1, "width": 9, "height": 9}},
+                    {"id": 6, "rect": {"x": %1, "y": %2, "width": 400, "height": 300}}]}]}]})")
+            .arg(x)
+            .arg(y)
+            .toUtf8())
+        .object();
+}
+
+TEST(PointerPlacement, PutsAWindowNextToTheBarThatThePointerIsOn)
+{
+    EXPECT_EQ(SwayPlacement::cornerIn(outputWithWindowAt(1200, 0), 6), QPoint(1200, 24 + 8));
+    EXPECT_EQ(SwayPlacement::cornerIn(outputWithWindowAt(1200, 420), 6), QPoint(1200, 690 - 8 - 300));
+    EXPECT_EQ(SwayPlacement::cornerIn(outputWithWindowAt(1880, 420), 6), QPoint(2280 - 8 - 400, 690 - 8 - 300));
+    EXPECT_EQ(SwayPlacement::cornerIn(outputWithWindowAt(1000, 0), 6), QPoint(1000 + 8, 24 + 8));
+}
+
+TEST(PointerPlacement, PutsAWindowBesideAPointerThatIsOnNoBar)
+{
+    EXPECT_EQ(SwayPlacement::cornerIn(outputWithWindowAt(1300, 100), 6), QPoint(1300, 250 + 1 + 8)) << "upper half";
+    EXPECT_EQ(SwayPlacement::cornerIn(outputWithWindowAt(1300, 300), 6), QPoint(1300, 450 - 8 - 300)) << "lower half";
+}
+
+TEST(PointerPlacement, KnowsNoPlaceForAWindowThatIsNotThere)
+{
+    EXPECT_EQ(SwayPlacement::cornerIn(outputWithWindowAt(1300, 100), 7), std::nullopt);
+    EXPECT_EQ(SwayPlacement::cornerIn({}, 6), std::nullopt);
 }
 
 TEST(WindowPlaces, ReadsWhatKWinSaysOfAWindow)
