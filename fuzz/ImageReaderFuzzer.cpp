@@ -32,6 +32,14 @@ void startToolkit()
     static const QCoreApplication application(count, arguments.data());
 }
 
+/// Whether the reader refuses it without having it decoded, whatever size it announces.
+bool isRefusedAtSight(std::span<const std::uint8_t> file)
+{
+    const auto kind = ImageFile::kindOf(file);
+    const auto extent = ImageFile::extentOf(file, kind);
+    return kind == ImageFile::Kind::video || (extent.isCutOff && extent.wholeFrames == 0);
+}
+
 /// Whether a header announces a picture that would take long: they are decoded by others, in a loop over its pixels.
 /// @param file  At least 32 bytes.
 bool isLarge(std::span<const std::uint8_t> file)
@@ -97,7 +105,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::size_t count = std::min(size, maxBytes);
     std::vector<std::uint8_t> looked(data, data + count);
     looked.resize(std::max<std::size_t>(count, 32), 0); // shorter ones can announce a large picture, too
-    if (isLarge(looked))
+    if (isLarge(looked) && !isRefusedAtSight(std::span(data, count)))
         return 0;
     precondition(::ftruncate(file, 0) == 0 && ::pwrite(file, data, count, 0) == static_cast<ssize_t>(count),
         "memory can be written");

@@ -1,7 +1,10 @@
 #include "App/FrameSources/Images/ImageFile.h"
 
+#include "App/FrameSources/Images/CompressionBounds.h"
+
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <optional>
 #include <string_view>
 
@@ -20,6 +23,10 @@ bool hasAt(Span file, std::size_t offset, std::string_view word)
 }
 
 /// @pre the bytes are there.
+std::uint32_t bigEndian16(Span file, std::size_t offset)
+{
+    return std::uint32_t{file[offset]} << 8U | file[offset + 1];
+}
 std::uint32_t bigEndian32(Span file, std::size_t offset)
 {
     return std::uint32_t{file[offset]} << 24U | std::uint32_t{file[offset + 1]} << 16U
@@ -34,18 +41,38 @@ std::uint32_t littleEndian32(Span file, std::size_t offset)
 constexpr std::string_view pngSignature = "\x89PNG\r\n\x1a\n";
 constexpr std::size_t pngOverhead = 12; ///< of a chunk: length, name, checksum
 
+/// Whether so many bytes of IDAT can be inflated to the picture that the IHDR announces, which is the canvas: sections
+/// 7.2 and 11.2.1.
+bool canHoldPNG(Span file, std::int64_t dataBytes)
+{
+    constexpr std::size_t ihdr = 16; // where its data begins
+    if (file.size() < ihdr + 10)
+        return false;
+    constexpr std::array<std::int64_t, 7> samplesOfType{1, 1, 3, 1, 2, 1, 4};
+    const std::int64_t samples = samplesOfType.at(std::min<std::size_t>(file[ihdr + 9], samplesOfType.size() - 1));
+    const std::int64_t rowBits = std::int64_t{bigEndian32(file, ihdr)} * samples * std::min<int>(file[ihdr + 8], 16);
+    const std::int64_t rowBytes = 1 + rowBits / 8; // the number of its filter comes first
+    return CompressionBounds::maxBytesOfDeflate(dataBytes) / rowBytes >= bigEndian32(file, ihdr + 4);
+}
+
 /// PNG, section 5.3. Each picture is the run of IDAT, or of fdAT behind its fcTL.
 Extent extentOfPNG(Span file, bool isAnimated)
 {
     Extent extent{.isCutOff = true};
     bool isInPicture = false;
+    std::int64_t idatBytes = 0;
     std::size_t offset = pngSignature.size();
     while (file.size() - offset >= pngOverhead) {
         const std::size_t length = bigEndian32(file, offset);
         if (file.size() - offset - pngOverhead < length)
             break;
-        const bool isData = hasAt(file, offset + 4, "IDAT") || hasAt(file, offset + 4, "fdAT");
+        const bool isCanvas = hasAt(file, offset + 4, "IDAT");
+        const bool isData = isCanvas || hasAt(file, offset + 4, "fdAT");
+        if (isCanvas)
+            idatBytes += static_cast<std::int64_t>(length);
         if (isInPicture && !isData) {
+            if (isAnimated && extent.wholeFrames == 0 && !canHoldPNG(file, idatBytes))
+                break;
             ++extent.wholeFrames;
             extent.wholeBytes = offset;
         }
@@ -79,10 +106,37 @@ std::size_t colorTableBytes(std::uint8_t flags)
     return (flags & 0x80U) != 0 ? std::size_t{3} << ((flags & 7U) + 1U) : 0;
 }
 
+/// What a GIF's picture has from its descriptor to the end of its data. Section 20.
+struct GIFPicture {
+    std::int64_t pixelCount = 0;
+    std::size_t behind = 0; ///< the place of the next block
+    bool isHeld = true;     ///< by its data; small ones are whatever the decoder makes of them
+};
+
+/// None where it is cut off.
+std::optional<GIFPicture> gifPictureAt(Span file, std::size_t offset)
+{
+    constexpr std::size_t descriptorBytes = 10;
+    if (file.size() - offset <= descriptorBytes)
+        return std::nullopt;
+    const std::size_t data = offset + descriptorBytes + colorTableBytes(file[offset + 9]);
+    const auto behind = behindSubBlocks(file, data + 1);
+    if (!behind)
+        return std::nullopt;
+    const auto side = [&](std::size_t place) {
+        return unsigned{file[offset + place + 1]} << 8U | file[offset + place];
+    };
+    const std::int64_t pixelCount = std::int64_t{side(5)} * side(7);
+    constexpr std::int64_t smallPixels = 1 << 20;
+    const auto dataBytes = static_cast<std::int64_t>(*behind - data);
+    const bool isHeld
+        = pixelCount <= smallPixels || pixelCount <= CompressionBounds::maxPixelsOfLZW(dataBytes, file[data]);
+    return GIFPicture{.pixelCount = pixelCount, .behind = *behind, .isHeld = isHeld};
+}
+
 Extent extentOfGIF(Span file)
 {
     constexpr std::size_t headerBytes = 13;
-    constexpr std::size_t descriptorBytes = 10;
     Extent extent{.isCutOff = true};
     if (file.size() < headerBytes)
         return extent;
@@ -92,11 +146,13 @@ Extent extentOfGIF(Span file)
         const std::uint8_t introducer = file[offset];
         if (introducer == 0x21) {
             next = behindSubBlocks(file, offset + 2);
-        } else if (introducer == 0x2C && file.size() - offset > descriptorBytes) {
-            next = behindSubBlocks(file, offset + descriptorBytes + colorTableBytes(file[offset + 9]) + 1);
-            if (next) {
-                ++extent.wholeFrames;
-                extent.wholeBytes = *next;
+        } else if (introducer == 0x2C) {
+            const auto picture = gifPictureAt(file, offset);
+            if (picture && picture->isHeld) {
+                next = picture->behind;
+                extent.wholeBytes = picture->behind;
+                if (picture->pixelCount > 0 || extent.wholeFrames > 0) // nothing alone is no reason for a canvas
+                    ++extent.wholeFrames;
             }
         } else if (introducer == 0x3B) {
             extent.isCutOff = false;
@@ -108,22 +164,28 @@ Extent extentOfGIF(Span file)
     return extent;
 }
 
-/// ITU-T T.81, section B.1.1: markers with a length, and behind a start of scan, data up to the next marker.
-bool hasEndOfJPEG(Span file)
+/// ITU-T T.81, section B.1.1: markers with a length, and behind a start of scan, data up to the next marker. Whether
+/// its end is there, and what lies before it can hold the picture.
+bool isWholeJPEG(Span file)
 {
+    std::int64_t pixelCount = 0;
     std::size_t offset = 2;
     while (file.size() >= offset + 2) {
         const std::uint8_t marker = file[offset + 1];
-        if (file[offset] != 0xFF || marker == 0xFF)
+        if (file[offset] != 0xFF || marker == 0xFF) {
             ++offset; // a scan's data, or a fill byte
-        else if (marker == 0xD9)
-            return true;
-        else if (marker == 0 || marker == 1 || (marker >= 0xD0 && marker <= 0xD8))
+        } else if (marker == 0xD9) {
+            return pixelCount <= CompressionBounds::maxPixelsOfHuffmanJPEG(std::ssize(file));
+        } else if (marker == 0 || marker == 1 || (marker >= 0xD0 && marker <= 0xD8)) {
             offset += 2; // a stuffed byte, or a marker that stands alone
-        else if (file.size() >= offset + 4)
-            offset += 2 + (std::size_t{file[offset + 2]} << 8U | file[offset + 3]);
-        else
+        } else if (file.size() >= offset + 4) {
+            constexpr std::size_t sides = 5; // where the header of a frame coded by Huffman has them
+            if (marker >= 0xC0 && marker <= 0xC2 && file.size() >= offset + sides + 4)
+                pixelCount = std::int64_t{bigEndian16(file, offset + sides)} * bigEndian16(file, offset + sides + 2);
+            offset += 2 + bigEndian16(file, offset + 2);
+        } else {
             return false;
+        }
     }
     return false;
 }
@@ -231,7 +293,7 @@ Extent ImageFile::extentOf(Span file, Kind kind)
     case Kind::webp:
         return extentOfWebP(file);
     case Kind::jpeg:
-        return single(hasEndOfJPEG(file));
+        return single(isWholeJPEG(file));
     case Kind::bmp:
         return single(littleEndian32(file, 2) <= file.size());
     case Kind::video:

@@ -29,7 +29,7 @@ enum class Kind : std::uint8_t {
 [[nodiscard]] bool isPNGWithoutProfile(std::span<const std::uint8_t> file);
 
 struct Extent {
-    bool isCutOff = false;        ///< the file ends before its format says so
+    bool isCutOff = false;        ///< the file ends before its format says so, or what it has can't be its pictures
     std::int64_t wholeFrames = 0; ///< pictures that are there from their first to their last byte
     std::size_t wholeBytes = 0;   ///< the end of the last of them
 };

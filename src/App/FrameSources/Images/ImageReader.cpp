@@ -138,8 +138,8 @@ public:
         m_reader.setAutoTransform(true);
     }
 
-    /// The next picture in sRGB, RGBA, not premultiplied. @param frame  Its number, for messages.
-    QImage read(std::int64_t frame)
+    /// The next picture, as its decoder gives it. @param frame  Its number, for messages.
+    [[nodiscard]] QImage read(std::int64_t frame)
     {
         std::optional<AllocationLimitRaised> raised;
         if (const QSize size = announcedSize(); size.isValid()) {
@@ -150,6 +150,28 @@ public:
         if (image.isNull())
             throw FrameReadError(m_name, FrameReadError::CannotDecode{frame, m_reader.errorString().toStdString()});
         (void)checkedByteCount(m_name, frame, {image.width(), image.height()});
+        return image;
+    }
+
+    /// The pixels of one of its pictures in sRGB, RGBA, not premultiplied. @pre `pixels` has room for them.
+    /// A part at a time: decoders keep what they gave, and a conversion of the whole would be a third of it.
+    void copyPixels(const QImage& image, Bytes& pixels) const
+    {
+        constexpr int partPixels = 1 << 20; // enough for the toolkit to convert colours on all processors
+        const int partRows = std::max(partPixels / image.width(), 1);
+        auto target = pixels.begin();
+        for (int top = 0; top < image.height(); top += partRows) {
+            const QImage part = converted(image.copy(0, top, image.width(), std::min(partRows, image.height() - top)));
+            for (int row = 0; row < part.height(); ++row)
+                target = std::copy_n(part.constScanLine(row), std::int64_t{part.width()} * 4, target);
+        }
+    }
+
+    [[nodiscard]] QImageReader& reader() { return m_reader; }
+
+private:
+    [[nodiscard]] QImage converted(QImage image) const
+    {
         const QColorSpace sRGB(QColorSpace::SRgb);
         const QColorSpace space = image.colorSpace();
         // PNG, section 11.3.2.2: the gAMA chunk of most sRGB images stands for sRGB's curve, which is no power of 2.2.
@@ -165,10 +187,6 @@ public:
             throw std::bad_alloc();
         return image;
     }
-
-    [[nodiscard]] QImageReader& reader() { return m_reader; }
-
-private:
     [[nodiscard]] QSize announcedSize() const
     {
         const StandardErrorSilenced silenced;
@@ -187,19 +205,13 @@ private:
     QImageReader m_reader;
 };
 
-/// The rows of an RGBA picture, one behind another.
-void copyPixels(const QImage& image, Bytes& pixels)
+/// The next frame. @param number  Its own, for messages.
+RGBAFrame nextFrame(OpenImage& file, std::int64_t number, RGBColor background, FrameMaker& maker)
 {
-    const auto rowBytes = std::int64_t{image.width()} * 4;
-    for (int row = 0; row < image.height(); ++row)
-        std::copy_n(image.constScanLine(row), rowBytes, pixels.begin() + row * rowBytes);
-}
-
-RGBAFrame frameOf(const QImage& image, RGBColor background, FrameMaker& maker)
-{
+    const QImage image = file.read(number);
     const PixelSize size{image.width(), image.height()};
     Bytes pixels = maker.takeBuffer(size.width * size.height * 4);
-    copyPixels(image, pixels);
+    file.copyPixels(image, pixels);
     Transparency::layOn(background, pixels);
     return maker.frame(size, std::move(pixels));
 }
@@ -241,6 +253,18 @@ private:
     ImageReader::Animation m_animation;
 };
 
+/// @param frame  The part's number, for messages.
+Bytes pixelsOf(const std::string& name, const AnimatedPNG::Part& part, std::int64_t frame)
+{
+    OpenImage file(name, part.png);
+    const QImage image = file.read(frame);
+    if (PixelSize{image.width(), image.height()} != part.size) // turned by metadata, which holds for no part
+        throw FrameReadError(name, FrameReadError::CannotDecode{frame, "EXIF"});
+    Bytes pixels(static_cast<std::size_t>(part.size.width * part.size.height * 4));
+    file.copyPixels(image, pixels);
+    return pixels;
+}
+
 ImageReader::Animation readAnimatedPNG(
     const std::string& name, std::span<const std::uint8_t> bytes, bool isCutOff, RGBColor background)
 {
@@ -253,12 +277,7 @@ ImageReader::Animation readAnimatedPNG(
     Frames frames(name);
     const auto read = [&](std::int64_t frame) -> AnimationTimeline::TimedFrame {
         const auto& part = taken.parts[static_cast<std::size_t>(frame - 1)];
-        const QImage image = OpenImage(name, part.png).read(frame);
-        Bytes drawn(static_cast<std::size_t>(std::int64_t{image.width()} * image.height() * 4));
-        copyPixels(image, drawn);
-        if (PixelSize{image.width(), image.height()} != part.size) // turned by metadata, which holds for no part
-            throw FrameReadError(name, FrameReadError::CannotDecode{frame, "EXIF"});
-        Bytes pixels = canvas.draw(part, drawn);
+        Bytes pixels = canvas.draw(part, pixelsOf(name, part, frame));
         Transparency::layOn(background, pixels);
         return {maker.frame(taken.size, std::move(pixels)), part.milliseconds};
     };
@@ -280,7 +299,7 @@ RGBAFrame ImageReader::readOne(FileByteSource& source, RGBColor background, std:
         throw FrameReadError(source.name(), FrameReadError::CutOff{0});
     OpenImage image(source.name(), bytes);
     FrameMaker maker;
-    return frameOf(image.read(frame), background, maker);
+    return nextFrame(image, frame, background, maker);
 }
 
 ImageReader::Animation ImageReader::readAll(FileByteSource& source, RGBColor background)
@@ -290,10 +309,10 @@ ImageReader::Animation ImageReader::readAll(FileByteSource& source, RGBColor bac
     if (kind == ImageFile::Kind::video)
         throw FrameReadError(source.name(), FrameReadError::IsVideo{});
     const auto extent = ImageFile::extentOf(bytes, kind);
-    if (kind == ImageFile::Kind::animatedPNG)
-        return readAnimatedPNG(source.name(), bytes, extent.isCutOff, background);
     if (extent.isCutOff && extent.wholeFrames == 0)
         throw FrameReadError(source.name(), FrameReadError::CutOff{0});
+    if (kind == ImageFile::Kind::animatedPNG)
+        return readAnimatedPNG(source.name(), bytes, extent.isCutOff, background);
     if (extent.isCutOff)
         bytes = ImageFile::withoutCutFrame(bytes, kind, extent);
 
@@ -303,7 +322,7 @@ ImageReader::Animation ImageReader::readAll(FileByteSource& source, RGBColor bac
     FrameMaker maker;
     Frames frames(source.name());
     const auto read = [&](std::int64_t frame) -> AnimationTimeline::TimedFrame {
-        auto picture = frameOf(image.read(frame), background, maker);
+        auto picture = nextFrame(image, frame, background, maker);
         return {std::move(picture), image.reader().nextImageDelay()}; // of the picture just read
     };
     frames.readAll(announced, read, [&] { return image.reader().canRead(); });

@@ -1,6 +1,7 @@
 #include "App/FrameSources/Images/ImageFile.h"
 
 #include "App/FrameSources/Images/AnimatedPNG.h"
+#include "App/FrameSources/Images/CompressionBounds.h"
 #include "Encoding/GIFEncoder.h"
 #include "support/Subprocess.h"
 #include "support/TemporaryFolder.h"
@@ -105,6 +106,66 @@ TEST(ImageFile, CountsTheWholeFramesOfAGIFThatIsCutOff)
     EXPECT_EQ(ImageFile::extentOf(std::span(file).first(file.size() - 1), Kind::gif).wholeFrames, 5);
 }
 
+/// A GIF of one picture that covers the canvas, which these bytes stand for.
+Bytes gifWith(unsigned width, unsigned height, const Bytes& lzw)
+{
+    Bytes file = gif(1);
+    const auto descriptor = static_cast<std::size_t>(std::ranges::find(file, 0x2C) - file.begin());
+    for (const std::size_t place : {std::size_t{6}, descriptor + 5})
+        for (const auto& [offset, side] : {std::pair{place, width}, {place + 2, height}}) {
+            file[offset] = static_cast<std::uint8_t>(side);
+            file[offset + 1] = static_cast<std::uint8_t>(side >> 8U);
+        }
+    const bool hasColors = (file[descriptor + 9] & 0x80U) != 0;
+    file.resize(descriptor + 10 + (hasColors ? std::size_t{3} << ((file[descriptor + 9] & 7U) + 1U) : 0));
+    file.insert(file.end(), lzw.begin(), lzw.end());
+    file.push_back(0x3B);
+    return file;
+}
+
+TEST(ImageFile, TakesAGIFsPictureForCutOffThatItsDataCannotHold)
+{
+    const Bytes one{2, 2, 0x44, 0x01, 0}; // clear, index 0, end
+    const auto extentOf = [](const Bytes& file) {
+        return ImageFile::extentOf(file, Kind::gif);
+    };
+    EXPECT_EQ(extentOf(gifWith(1, 1, one)).wholeFrames, 1);
+    EXPECT_EQ(extentOf(gifWith(1024, 1024, one)).wholeFrames, 1) << "small ones are the decoder's affair";
+    EXPECT_EQ(extentOf(gifWith(1024, 1025, one)).wholeFrames, 0);
+    EXPECT_TRUE(extentOf(gifWith(1024, 1025, one)).isCutOff);
+    EXPECT_EQ(extentOf(gifWith(26, 0, one)).wholeFrames, 0) << "a picture of nothing is no reason for a canvas";
+    EXPECT_FALSE(extentOf(gifWith(26, 0, one)).isCutOff);
+    const Bytes all(std::size_t{1100} * 1000, 0); // the pixels that need the fewest codes
+    const auto real = GIFEncoder::encode(std::vector{IndexedFrame{1100, 1000, {RGBColor(0, 0, 0)}, all, 10}});
+    EXPECT_EQ(extentOf(real).wholeFrames, 1);
+}
+
+TEST(ImageFile, TakesAJPEGForCutOffThatCannotHoldItsPicture)
+{
+    for (const std::vector<std::string>& kind : {std::vector<std::string>{}, {"-interlace", "JPEG"}}) {
+        std::vector<std::string> command{"convert", "-size", "4000x3000", "xc:gray"};
+        command.insert(command.end(), kind.begin(), kind.end());
+        Bytes file = made(command, "a.jpg");
+        EXPECT_FALSE(ImageFile::extentOf(file, Kind::jpeg).isCutOff) << "nothing takes fewer bytes than one gray";
+        const Bytes header{0xFF, static_cast<std::uint8_t>(kind.empty() ? 0xC0 : 0xC2), 0, 11, 8};
+        const auto sides = std::search(file.begin(), file.end(), header.begin(), header.end()) + 5;
+        ASSERT_LT(sides, file.end());
+        std::fill_n(sides, 4, 0xFF);
+        EXPECT_TRUE(ImageFile::extentOf(file, Kind::jpeg).isCutOff);
+    }
+}
+
+TEST(ImageFile, TakesAnAnimatedPNGForCutOffWhoseDataCannotHoldItsCanvas)
+{
+    Bytes file = animatedPNG();
+    constexpr std::size_t width = 16;
+    file[width + 2] = 0x04; // 1056 × 24 × 3 bytes
+    EXPECT_FALSE(ImageFile::extentOf(file, Kind::animatedPNG).isCutOff);
+    file[width + 6] = 0x40; // by 16408
+    EXPECT_EQ(ImageFile::extentOf(file, Kind::animatedPNG).wholeFrames, 0);
+    EXPECT_TRUE(ImageFile::extentOf(file, Kind::animatedPNG).isCutOff);
+}
+
 TEST(AnimatedPNG, GivesEachPartAFileOfItsOwn)
 {
     const auto animation = AnimatedPNG::taken(animatedPNG());
@@ -116,6 +177,17 @@ TEST(AnimatedPNG, GivesEachPartAFileOfItsOwn)
         EXPECT_EQ(ImageFile::kindOf(part.png), Kind::png);
         EXPECT_FALSE(ImageFile::extentOf(part.png, Kind::png).isCutOff);
     }
+}
+
+TEST(CompressionBounds, AreWhatTheBestEncoderWouldReach)
+{
+    using namespace CompressionBounds;
+    EXPECT_EQ(maxPixelsOfLZW(0, 2), 0);
+    EXPECT_EQ(maxPixelsOfLZW(3, 2), 36) << "eight codes, for 1 to 8 pixels";
+    EXPECT_EQ(maxPixelsOfLZW(2048 * 2, 7), 4096 * 4097 / 2) << "the table is full";
+    EXPECT_EQ(maxPixelsOfLZW(2048 * 2 + 1, 7), 4096 * 4097 / 2 + 4096);
+    EXPECT_EQ(maxPixelsOfHuffmanJPEG(10), 80 * 64);
+    EXPECT_EQ(maxBytesOfDeflate(10), 10320);
 }
 
 /// The place of the second part's control data: the size, place, time and disposal.

@@ -18,6 +18,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <sys/resource.h>
 #include <vector>
 
 namespace quillbox {
@@ -256,6 +257,41 @@ TEST_F(ImageReaderTest, SaysWhichPictureItsDecoderGaveUp)
     std::ofstream(path("a.png"), std::ios::binary) << file;
     EXPECT_EQ(complaintAbout("a.png").find("a.png: frame 7 can't be decoded: "), 0U) << complaintAbout("a.png");
 }
+
+/// The most memory that this process has had so far, bytes.
+std::int64_t peakMemory()
+{
+    rusage usage{};
+    EXPECT_EQ(::getrusage(RUSAGE_SELF, &usage), 0);
+    return std::int64_t{usage.ru_maxrss} * 1024;
+}
+
+TEST_F(ImageReaderTest, MakesNoRoomForTheCanvasOfAGifThatIsCutOff)
+{
+    // A picture of 26 × 0 on 8452 × 25832, and no end.
+    support::writeFile(path("a.gif"),
+        Bytes{'G', 'I', 'F', '8', '9', 'a', 0x04, 0x21, 0xE8, 0x64, 0x41, 0x54, 0x89, 0x2C, 0, 0x21, 0, 0x04, 0x1A, 0,
+            0, 0, 0, 0, 0, 0x2A});
+    const auto before = peakMemory();
+    EXPECT_EQ(complaintAbout("a.gif"), "a.gif: is cut off: not even its first frame is whole; get the file again");
+    EXPECT_THROW((void)readAll("a.gif"), FrameReadError);
+    EXPECT_LT(peakMemory() - before, 16 << 20);
+}
+
+#if !defined(QUILLBOX_ADDRESS_SANITIZER) && !defined(QUILLBOX_THREAD_SANITIZER) // they hold back what is freed
+TEST_F(ImageReaderTest, NeedsMemoryForTheDecodersPictureAndTheFrameOnly)
+{
+    // A picture of 1 × 1 on 3000 × 2000.
+    constexpr std::int64_t canvasBytes = std::int64_t{3000} * 2000 * 4;
+    support::writeFile(path("a.gif"),
+        Bytes{'G', 'I', 'F', '8', '9', 'a', 0xB8, 0x0B, 0xD0, 0x07, 0x80, 0, 0, //
+            0, 0, 0, 255, 255, 255, 0x2C, 0, 0, 0, 0, 1, 0, 1, 0, 0,            //
+            2, 2, 0x44, 0x01, 0, 0x3B});
+    const auto before = peakMemory();
+    EXPECT_EQ(read("a.gif").width(), 3000);
+    EXPECT_LT(peakMemory() - before, canvasBytes * 27 / 10);
+}
+#endif
 
 TEST_F(ImageReaderTest, ReadsOnlyTheFirstFrameWhereOneIsAskedFor)
 {
