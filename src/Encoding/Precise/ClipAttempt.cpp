@@ -1,6 +1,7 @@
 #include "Encoding/Precise/ClipAttempt.h"
 
 #include "Encoding/LZW.h"
+#include "Encoding/OrderedPipeline.h"
 #include "Encoding/Precise/Codes/LZWSearch.h"
 #include "Encoding/Precise/Colors/NearestColors.h"
 #include "Encoding/Precise/Colors/ScreenPalette.h"
@@ -10,12 +11,13 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace quillbox {
 namespace {
 
-constexpr std::int64_t batchPixels = 4'000'000; // mapped and not yet compressed
+constexpr std::int64_t mostWaiting = 4'000'000; // pixels mapped and not yet compressed
 constexpr double atOnce = 0.25;                 // of the bytes for tables of single pictures: the rest comes with time
 
 /// A picture that is mapped and waits to be compressed.
@@ -24,6 +26,7 @@ struct Job {
     ShownScreen::Mapping mapping;
     std::vector<RGBColor> localTable; ///< empty for the global one
     std::int64_t delayCentiseconds = 0;
+    std::int64_t ownTableBytes = 0; ///< that tables of single pictures cost up to here, this one's included
 };
 
 /// Maps a recording's pictures in order, each with the table that suits it.
@@ -43,16 +46,15 @@ public:
         m_delays = PictureDelays::of(ticks, recording.frameCount, recording.sourceFPS);
     }
 
-    /// The next pictures, few enough to lie in memory; none after the last.
-    [[nodiscard]] std::vector<Job> nextBatch()
+    /// The next picture that is shown; none after the last. @pre it has not returned none before.
+    [[nodiscard]] std::optional<Job> next()
     {
-        std::vector<Job> jobs;
-        for (std::int64_t pixels = 0; m_next < m_recording.pictures.size() && pixels < batchPixels;) {
+        std::optional<Job> job;
+        while (!job && m_next < m_recording.pictures.size()) {
             const auto& picture = m_recording.pictures[m_next];
             m_screen.record(picture);
             if (!m_plan.leavesOut[m_next]) {
-                jobs.push_back(mapped(picture));
-                pixels += jobs.back().area.pixelCount();
+                job = mapped(picture);
                 ++m_shown;
             }
             ++m_next;
@@ -60,10 +62,9 @@ public:
                 = m_next < m_recording.pictures.size() ? m_recording.pictures[m_next].tick : m_recording.frameCount;
             m_screen.pass(end - picture.tick);
         }
-        return jobs;
+        return job;
     }
 
-    [[nodiscard]] std::int64_t ownTableBytes() const { return m_ownTableBytes; }
     [[nodiscard]] double errorTicks() const { return m_screen.errorTicks(); }
     [[nodiscard]] std::int64_t colorCount() const { return m_colorCount; }
 
@@ -76,6 +77,7 @@ private:
         job.mapping = m_screen.mapping(m_global);
         if (job.mapping.error > 0 && m_plan.spareBytes > 0)
             tryLocalTable(job, picture);
+        job.ownTableBytes = m_ownTableBytes;
         m_colorCount = std::max(m_colorCount, std::ssize(job.localTable));
         m_screen.show(job.mapping, job.localTable.empty() ? m_plan.table : job.localTable);
         return job;
@@ -159,35 +161,28 @@ ClipAttempt ClipAttempt::make(const DistinctFrames::Recording& recording, const 
     attempt.screen = {.width = recording.size.width, .height = recording.size.height, .colorTable = plan.table};
     attempt.byteCount = DeltaGIF::fileSize(attempt.screen, {});
     Mapper mapper(recording, plan);
-    std::vector<LZWSearch::Search> searches(static_cast<std::size_t>(workerCount(parallelism, 256)));
-    std::vector<Job> jobs = mapper.nextBatch();
-    while (!jobs.empty()) {
-        const std::size_t done = attempt.parts.size();
-        attempt.parts.resize(done + jobs.size());
-        std::vector<Job> next;
-        // One worker maps the next batch while the others compress this one.
-        parallelFor(parallelism, std::ssize(jobs) + 1, [&](std::int64_t item, int worker) {
-            if (item == 0) {
-                next = mapper.nextBatch();
-                return;
-            }
-            const auto place = static_cast<std::size_t>(item - 1);
-            attempt.parts[done + place]
-                = compressed(jobs[place], searches[static_cast<std::size_t>(worker)], {.passes = plan.passes});
-        });
-        for (std::size_t i = done; i < attempt.parts.size(); ++i) {
-            attempt.byteCount += std::ssize(attempt.parts[i]);
-            attempt.madePixels += jobs[i - done].area.pixelCount();
-        }
+    const std::int64_t count = std::ranges::count(plan.leavesOut, false);
+    std::vector<LZWSearch::Search> searches(static_cast<std::size_t>(workerCount(parallelism, count)));
+    const auto compress = [&](const Job& job, int worker) {
+        return compressed(job, searches[static_cast<std::size_t>(worker)], {.passes = plan.passes});
+    };
+    const auto take = [&](const Job& job, Bytes&& part) {
+        attempt.byteCount += std::ssize(part);
+        attempt.madePixels += job.area.pixelCount();
+        attempt.ownTableBytes = job.ownTableBytes;
+        attempt.parts.push_back(std::move(part));
         if (report)
             report(std::ssize(attempt.parts));
-        if (attempt.byteCount > limits.byteCount || limits.stop.stop_requested()) {
-            attempt.isWhole = next.empty();
-            break;
-        }
-        jobs = std::move(next);
-    }
-    attempt.ownTableBytes = mapper.ownTableBytes();
+        attempt.isWhole = std::ssize(attempt.parts) == count;
+        const bool goesOn = attempt.byteCount <= limits.byteCount && !limits.stop.stop_requested();
+        return attempt.isWhole || goesOn;
+    };
+    OrderedPipeline<Job, Bytes>({.make = [&mapper] { return mapper.next(); },
+                                    .size = [](const Job& job) { return job.area.pixelCount(); },
+                                    .work = compress,
+                                    .takesFurther = take},
+        mostWaiting)
+        .run(parallelism, count);
     attempt.errorTicks = mapper.errorTicks();
     attempt.colorCount = std::max(std::ssize(plan.table), mapper.colorCount());
     return attempt;

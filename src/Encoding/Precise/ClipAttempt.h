@@ -31,7 +31,7 @@ struct ClipAttempt {
     std::int64_t colorCount = 0;    ///< of the largest table
     double errorTicks = 0;          ///< squared errors summed up over pixels, channels and frames of the recording
     std::int64_t ownTableBytes = 0; ///< about as many more as without tables of single pictures
-    bool isWhole = true;            ///< false if it was left before its end
+    bool isWhole = true;            ///< false if it was left before its end: then errors and colours mean nothing
     std::int64_t madePixels = 0;    ///< of the areas that the pictures made overwrite
 
     /// What limits an attempt.

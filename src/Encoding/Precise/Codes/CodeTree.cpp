@@ -9,6 +9,7 @@ void CodeTree::reset(int minCodeSize)
         m_runCodes = Codes(slots);
     m_entries.fill(0);
     m_longestRun.fill(1);
+    std::fill_n(m_children.begin(), std::size_t{1} << static_cast<unsigned>(minCodeSize), 0U);
     m_next = (1 << minCodeSize) + 2;
 }
 

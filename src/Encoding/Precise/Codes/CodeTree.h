@@ -30,6 +30,8 @@ public:
     /// The code of `prefix`'s sequence and then `index`; 0 if it has none.
     [[nodiscard]] Code child(Code prefix, std::uint8_t index) const
     {
+        if ((m_children[prefix] >> classOf(index) & 1U) == 0)
+            return 0;
         const std::uint32_t key = keyOf(prefix, index);
         for (std::uint32_t place = placeOf(key);; place = (place + 1) % placeCount) {
             const std::uint32_t entry = m_entries[place];
@@ -52,6 +54,8 @@ public:
                 return 0;
         }
         m_entries[place] = key << codeBits | code;
+        m_children[prefix] |= 1U << classOf(index);
+        m_children[code] = 0;
         const std::uint16_t run = m_longestRun[index];
         if (prefix == runCode(index, run)) {
             m_longestRun[index] = static_cast<std::uint16_t>(run + 1);
@@ -78,6 +82,7 @@ private:
     {
         return key * 0x9E3779B1U >> (32 - placeBits); // Fibonacci hashing
     }
+    static unsigned classOf(std::uint8_t index) { return index % 32U; }
     static std::size_t slotOf(std::uint8_t index, std::uint32_t length)
     {
         return std::size_t{index} << codeBits | length;
@@ -87,6 +92,8 @@ private:
 
     std::array<std::uint32_t, placeCount> m_entries{}; ///< prefix, index, code; zero where free
     Codes m_runCodes; ///< by index, then length from 2 on; valid up to `m_longestRun`. As large as the most bits so far
+    std::array<std::uint32_t, maxCodes> m_children{}; ///< for each code, the classes of the indices that follow it:
+                                                      ///< most sequences end where none does
     std::array<std::uint16_t, 256> m_longestRun{};
     int m_next = 0;
 };

@@ -222,10 +222,15 @@ void PictureParser::write(const Match& match)
         // That is there already.
     } else if (match.length == 1) {
         m_written[m_position] = match.first;
-    } else { // forward, byte by byte: the sequence may reach into its own copy
+    } else {
         const std::size_t start = m_starts[match.code];
-        for (std::size_t i = 0; i < match.length; ++i)
-            m_written[m_position + i] = m_written[start + i];
+        std::uint8_t* const to = &m_written[m_position];
+        if (start + match.length <= m_position) {
+            std::memcpy(to, &m_written[start], match.length);
+        } else { // forward, byte by byte: the sequence reaches into its own copy
+            for (std::size_t i = 0; i < match.length; ++i)
+                to[i] = m_written[start + i];
+        }
     }
     m_position += match.length;
     ++m_codeCount;
