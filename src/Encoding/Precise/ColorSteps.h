@@ -28,32 +28,42 @@ public:
     /// @param sizeOfFew   bytes with `few` colours
     /// @param sizeOfMany  bytes with `many`
     SizeByColors(std::int64_t few, double sizeOfFew, std::int64_t many, double sizeOfMany)
-        : m_few(ColorSteps::of(few))
+        : m_few(placeOf(few))
         , m_size(sizeOfFew)
     {
-        const std::int64_t steps = ColorSteps::of(many) - m_few;
+        const double steps = placeOf(many) - m_few;
         if (steps > 0 && sizeOfMany > sizeOfFew)
-            m_growth = (sizeOfMany - sizeOfFew) / static_cast<double>(steps);
+            m_growth = (sizeOfMany - sizeOfFew) / steps;
     }
 
     /// The most colours whose file is no larger; the fewest of all steps if all are.
     [[nodiscard]] std::int64_t colorsFor(double size) const
     {
-        const auto sizeOf = [this](std::size_t step) {
-            return m_size + m_growth * static_cast<double>(static_cast<std::int64_t>(step) - m_few);
-        };
-        std::size_t step = 0;
-        while (step + 1 < ColorSteps::all.size() && sizeOf(step + 1) <= size)
-            ++step;
+        constexpr auto last = static_cast<double>(ColorSteps::all.size() - 1);
+        constexpr double rounding = 1e-9;
+        const double wanted = m_growth > 0 ? m_few + (size - m_size) / m_growth : (size >= m_size ? last : 0);
+        const double place = std::clamp(wanted + rounding, 0.0, last);
+        const auto step = static_cast<std::size_t>(place);
         const std::int64_t colors = ColorSteps::all[step];
-        if (step + 1 == ColorSteps::all.size() || sizeOf(step) > size)
+        if (step + 1 == ColorSteps::all.size())
             return colors;
-        const double share = (size - sizeOf(step)) / m_growth;
+        const double share = place - static_cast<double>(step);
         return colors + static_cast<std::int64_t>(share * static_cast<double>(ColorSteps::all[step + 1] - colors));
     }
 
 private:
-    std::int64_t m_few; ///< a step
+    /// The step that so many colours are, or the place between two of them.
+    static double placeOf(std::int64_t colors)
+    {
+        const auto step = static_cast<std::size_t>(ColorSteps::of(colors));
+        if (step + 1 == ColorSteps::all.size())
+            return static_cast<double>(step);
+        const std::int64_t more = std::max<std::int64_t>(colors - ColorSteps::all[step], 0);
+        return static_cast<double>(step)
+            + static_cast<double>(more) / static_cast<double>(ColorSteps::all[step + 1] - ColorSteps::all[step]);
+    }
+
+    double m_few; ///< a place
     double m_size;
     double m_growth = 0; ///< with each step
 };

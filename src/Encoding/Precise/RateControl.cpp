@@ -59,6 +59,7 @@ bool RateControl::run()
 bool RateControl::keepAll()
 {
     const Means all{.colors = m_bounds.maxColors};
+    (void)table(m_bounds.maxColors); // what it loses is told at the end
     if (predicted(all) > aimed() / doubt && predicted(all) < aimed() * doubt)
         correct(all);
     for (int trial = 0; trial < 2 && predicted(all) <= aimed() && !isEnough(); ++trial) {
@@ -83,7 +84,7 @@ double RateControl::aimed() const
 /// Of a table of so many colours, the mean of a sample.
 double RateControl::errorOf(std::int64_t colors)
 {
-    return ShownError::mean(ShownError::ofTable(m_recording, table(colors)), m_recording);
+    return ShownError::mean(ShownError::ofTable(m_recording, roughTable(colors)), m_recording);
 }
 
 /// The fewest colours that show the recording with no more error, as far as the steps tell; all if none do.
@@ -210,6 +211,17 @@ const std::vector<RGBColor>& RateControl::table(std::int64_t colors)
     return known->second;
 }
 
+/// One that is about as good, for predictions.
+const std::vector<RGBColor>& RateControl::roughTable(std::int64_t colors)
+{
+    if (const auto exact = m_tables.find(colors); exact != m_tables.end())
+        return exact->second;
+    auto known = m_roughTables.find(colors);
+    if (known == m_roughTables.end())
+        known = m_roughTables.emplace(colors, ScreenPalette::makeQuickly(m_recording.colors, colors)).first;
+    return known->second;
+}
+
 std::vector<bool> RateControl::leavesOut(double thinned) const
 {
     std::vector<bool> result(m_recording.pictures.size(), false);
@@ -240,17 +252,18 @@ double RateControl::predicted(const Means& means)
     const std::pair key(means.colors, means.thinned);
     auto known = m_roughSizes.find(key);
     if (known == m_roughSizes.end())
-        known = m_roughSizes
-                    .emplace(key, prediction(means.thinned).roughSize(table(means.colors), m_execution.parallelism))
-                    .first;
+        known
+            = m_roughSizes
+                  .emplace(key, prediction(means.thinned).roughSize(roughTable(means.colors), m_execution.parallelism))
+                  .first;
     return m_correction * known->second;
 }
 
 /// Lets predictions be about right near these means.
 void RateControl::correct(const Means& means)
 {
-    m_correction
-        = prediction(means.thinned).correction(table(means.colors), passes(means.thinned), m_execution.parallelism);
+    m_correction = prediction(means.thinned)
+                       .correction(roughTable(means.colors), passes(means.thinned), m_execution.parallelism);
 }
 
 /// Makes a file; keeps it if it is the best so far.

@@ -49,6 +49,7 @@ private:
         double thinned = 0; ///< share of the pictures that may be left out
     };
 
+    [[nodiscard]] const std::vector<RGBColor>& roughTable(std::int64_t colors);
     [[nodiscard]] double aimed() const;
     [[nodiscard]] bool fits() const { return m_best && m_best->byteCount <= m_bounds.targetBytes; }
     [[nodiscard]] bool isBetter(const ClipAttempt& a, const ClipAttempt& b) const;
@@ -74,6 +75,7 @@ private:
     const GIFOptimizer::Execution& m_execution;
     std::vector<std::size_t> m_thinningOrder;
     std::map<std::int64_t, std::vector<RGBColor>> m_tables; ///< made so far, by size asked for
+    std::map<std::int64_t, std::vector<RGBColor>> m_roughTables;
     std::optional<SizePrediction> m_prediction;
     double m_predictionThinned = 0;                                 ///< the share left out that it is for
     std::map<std::pair<std::int64_t, double>, double> m_roughSizes; ///< by colours and share left out
