@@ -13,7 +13,7 @@ using Recording = DistinctFrames::Recording;
 
 constexpr std::int64_t passes = 12;
 
-Recording recorded(const std::vector<RGBAFrame>& frames)
+Recording recordingOf(const std::vector<RGBAFrame>& frames)
 {
     DistinctFrames distinct(DistinctFrames::Options{});
     for (const RGBAFrame& frame : frames)
@@ -42,7 +42,7 @@ double made(const Recording& recording, const std::vector<bool>& leavesOut, cons
 
 TEST(SizePrediction, TellsWhatAFileComesToFromASampleOfIt)
 {
-    const Recording recording = recorded(halfNoisy(640, 400, 24)); // six million pixels
+    const Recording recording = recordingOf(halfNoisy(640, 400, 24)); // six million pixels
     const std::vector<bool> all(recording.pictures.size(), false);
     const SizePrediction prediction(recording, all);
     EXPECT_EQ(prediction.pixelCount(), std::int64_t{640} * 400 * 24);
@@ -56,7 +56,7 @@ TEST(SizePrediction, TellsWhatAFileComesToFromASampleOfIt)
 
 TEST(SizePrediction, CountsWhatIsLeftOutWithThePictureAfterIt)
 {
-    const Recording recording = recorded(halfNoisy(100, 60, 12));
+    const Recording recording = recordingOf(halfNoisy(100, 60, 12));
     std::vector<bool> some(recording.pictures.size(), false);
     for (const std::size_t i : {2U, 3U, 7U})
         some[i] = true;
@@ -70,7 +70,7 @@ TEST(SizePrediction, CountsWhatIsLeftOutWithThePictureAfterIt)
 
 TEST(SizePrediction, DoesNotDependOnTheNumberOfThreads)
 {
-    const Recording recording = recorded(halfNoisy(90, 70, 9));
+    const Recording recording = recordingOf(halfNoisy(90, 70, 9));
     const SizePrediction prediction(recording, std::vector<bool>(recording.pictures.size(), false));
     const auto table = ScreenPalette::make(recording.colors, 20, {1});
     for (const int threads : {2, 5}) {
@@ -81,7 +81,7 @@ TEST(SizePrediction, DoesNotDependOnTheNumberOfThreads)
 
 TEST(SizePrediction, TakesARecordingOfOnePixel)
 {
-    const Recording recording = recorded({support::solid(1, 1, support::gray(9))});
+    const Recording recording = recordingOf({support::solid(1, 1, support::gray(9))});
     const SizePrediction prediction(recording, {false});
     EXPECT_EQ(prediction.pixelCount(), 1);
     EXPECT_GT(prediction.roughSize({RGBColor(9, 9, 9)}, {1}), 0);
