@@ -21,6 +21,7 @@ constexpr std::int64_t leastPicturesPerSecond = 10;
 constexpr double aim = 0.985;    // of the budget: predictions miss by some per cent
 constexpr double goodUse = 0.93; // of the budget: it is not worth another attempt to make use of more
 constexpr double usualCorrection = 0.93;
+constexpr double farOver = 2; // times the budget; fewer colours make a file smaller by less than that
 constexpr double doubt = 1.4; // a prediction so near to the budget wants to be exact
 
 // Of the search for codes: more passes make a smaller file and take longer.
@@ -50,16 +51,27 @@ RateControl::RateControl(const DistinctFrames::Recording& recording, Bounds boun
 
 bool RateControl::run()
 {
+    prepare();
     if (keepAll() || isEnough())
         return fits();
     return giveUpMore();
+}
+
+/// Makes what every search asks for first.
+void RateControl::prepare()
+{
+    parallelFor(m_execution.parallelism, 2, [this](std::int64_t item, int) {
+        if (item == 0)
+            (void)prediction(0);
+        else
+            (void)table(m_bounds.maxColors, {.threads = 1}); // what it loses is told at the end, too
+    });
 }
 
 /// Gives up nothing if that fits. @return whether it does
 bool RateControl::keepAll()
 {
     const Means all{.colors = m_bounds.maxColors};
-    (void)table(m_bounds.maxColors); // what it loses is told at the end
     if (predicted(all) > aimed() / doubt && predicted(all) < aimed() * doubt)
         correct(all);
     for (int trial = 0; trial < 2 && predicted(all) <= aimed() && !isEnough(); ++trial) {
@@ -131,8 +143,7 @@ std::optional<double> RateControl::leastThinning(std::int64_t colors)
     const auto sizeWith = [&](double thinned) {
         return predicted({.colors = colors, .thinned = thinned});
     };
-    // Fewer colours make a file smaller by less than that.
-    if (predicted({.colors = m_bounds.maxColors}) <= 2 * aimed() && sizeWith(0) <= aimed())
+    if (predicted({.colors = m_bounds.maxColors}) <= farOver * aimed() && sizeWith(0) <= aimed())
         return 0;
     double least = 1;
     double size = sizeWith(least);
@@ -153,7 +164,14 @@ std::optional<double> RateControl::leastThinning(std::int64_t colors)
 /// Fewer colours as long as that is hardly seen, then fewer pictures, then the fewest colours.
 bool RateControl::giveUpMore()
 {
-    const std::int64_t fine = colorsFor(fineError);
+    std::int64_t fine = 0;
+    const bool isFarOver = predicted({.colors = m_bounds.maxColors}) > farOver * aimed();
+    parallelFor(m_execution.parallelism, isFarOver ? 2 : 1, [&](std::int64_t item, int) {
+        if (item == 0)
+            fine = colorsFor(fineError);
+        else
+            (void)prediction(1); // is asked for next
+    });
     const std::optional<double> thinned = leastThinning(fine);
     const std::int64_t least = thinned ? fine : leastColors();
     const std::int64_t most = std::max(thinned ? m_bounds.maxColors : fine, least);
@@ -202,12 +220,11 @@ bool RateControl::fillBudget(double thinned, std::int64_t least, std::int64_t mo
     return fits();
 }
 
-const std::vector<RGBColor>& RateControl::table(std::int64_t colors)
+const std::vector<RGBColor>& RateControl::table(std::int64_t colors, Parallelism parallelism)
 {
     auto known = m_tables.find(colors);
     if (known == m_tables.end())
-        known
-            = m_tables.emplace(colors, ScreenPalette::make(m_recording.colors, colors, m_execution.parallelism)).first;
+        known = m_tables.emplace(colors, ScreenPalette::make(m_recording.colors, colors, parallelism)).first;
     return known->second;
 }
 

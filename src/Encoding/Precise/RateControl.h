@@ -40,7 +40,10 @@ public:
     [[nodiscard]] std::int64_t attemptCount() const { return m_attemptCount; }
 
     /// The table that would be global if it had so many colours.
-    [[nodiscard]] const std::vector<RGBColor>& table(std::int64_t colors);
+    [[nodiscard]] const std::vector<RGBColor>& table(std::int64_t colors)
+    {
+        return table(colors, m_execution.parallelism);
+    }
 
 private:
     /// What a plan is made of.
@@ -49,6 +52,7 @@ private:
         double thinned = 0; ///< share of the pictures that may be left out
     };
 
+    [[nodiscard]] const std::vector<RGBColor>& table(std::int64_t colors, Parallelism parallelism);
     [[nodiscard]] const std::vector<RGBColor>& roughTable(std::int64_t colors);
     [[nodiscard]] double aimed() const;
     [[nodiscard]] bool fits() const { return m_best && m_best->byteCount <= m_bounds.targetBytes; }
@@ -58,6 +62,7 @@ private:
     [[nodiscard]] std::int64_t colorsFor(double error);
     [[nodiscard]] std::int64_t leastColors();
     [[nodiscard]] std::optional<double> leastThinning(std::int64_t colors);
+    void prepare();
     bool keepAll();
     bool giveUpMore();
     [[nodiscard]] std::int64_t promisedColors(double thinned, std::int64_t least, std::int64_t most, int trials);

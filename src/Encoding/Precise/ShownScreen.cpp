@@ -1,10 +1,10 @@
 #include "Encoding/Precise/ShownScreen.h"
 
+#include "Encoding/Multiversion.h"
 #include "Encoding/Precondition.h"
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 
 namespace quillbox {
 namespace {
@@ -17,7 +17,9 @@ std::uint32_t packed(RGBColor color)
     return std::uint32_t{color.r} | std::uint32_t{color.g} << 8U | std::uint32_t{color.b} << 16U;
 }
 
-std::int64_t squaredDifference(std::uint32_t a, std::uint32_t b)
+constexpr std::size_t blockSize = 4096; // pixels whose squared differences sum up to less than 2^31
+
+std::int32_t squaredDifference(std::uint32_t a, std::uint32_t b)
 {
     const auto difference = [a, b](unsigned shift) {
         return static_cast<std::int32_t>(a >> shift & 255U) - static_cast<std::int32_t>(b >> shift & 255U);
@@ -37,6 +39,74 @@ PackedTable packedTable(std::span<const RGBColor> table)
     return colors;
 }
 
+/// What has changed of `count` pixels, at most `blockSize`, is recorded. @return how much more they differ from `shown`
+QUILLBOX_MULTIVERSION std::int32_t recordBlock(
+    const std::uint32_t* changes, const std::uint32_t* shown, std::uint32_t* recorded, std::size_t count)
+{
+    std::int32_t more = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::uint32_t after = changes[i] > colorMask ? changes[i] : recorded[i];
+        more += squaredDifference(after, shown[i]) - squaredDifference(recorded[i], shown[i]);
+        recorded[i] = after;
+    }
+    return more;
+}
+
+struct MappedBlock {
+    std::int32_t error = 0; ///< of pixels that have changed
+    std::uint32_t freedoms = 0;
+};
+
+/// How each of `count` pixels, at most `blockSize`, may be written. `freedoms` has a bit for each that occurs.
+QUILLBOX_MULTIVERSION MappedBlock mapBlock(const std::uint32_t* recorded, const std::uint32_t* shown,
+    const std::uint8_t* indices, const std::uint32_t* colors, std::uint8_t* freedoms, std::size_t count)
+{
+    MappedBlock block;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::uint32_t color = colors[indices[i]];
+        const bool isChanged = recorded[i] > colorMask;
+        const std::uint32_t unlessShown = isChanged ? LZWSearch::changed : LZWSearch::kept;
+        const std::uint32_t freedom = shown[i] == color ? std::uint32_t{LZWSearch::unchanged} : unlessShown;
+        freedoms[i] = static_cast<std::uint8_t>(freedom);
+        block.freedoms |= 1U << freedom;
+        block.error += isChanged ? squaredDifference(recorded[i], color) : 0;
+    }
+    return block;
+}
+
+/// Of `count` pixels, at most `blockSize`, those that are written are shown, and none counts as changed any more.
+/// @return how much more what was recorded differs from `shown`
+QUILLBOX_MULTIVERSION std::int32_t showBlock(const std::uint8_t* indices, const std::uint8_t* freedoms,
+    const std::uint32_t* colors, std::uint32_t* recorded, std::uint32_t* shown, std::size_t count)
+{
+    std::int32_t more = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::uint32_t color = freedoms[i] == LZWSearch::changed ? colors[indices[i]] : shown[i];
+        more += squaredDifference(recorded[i], color) - squaredDifference(recorded[i], shown[i]);
+        shown[i] = color;
+        recorded[i] &= colorMask;
+    }
+    return more;
+}
+
+/// Whether not all 256 indices are those of written pixels.
+bool hasRoomForTransparency(const ShownScreen::Mapping& mapping)
+{
+    std::array<bool, 256> isTaken{};
+    for (std::size_t i = 0; i < mapping.indices.size(); ++i) {
+        if (mapping.freedoms[i] == LZWSearch::changed)
+            isTaken[mapping.indices[i]] = true;
+    }
+    return std::ranges::find(isTaken, false) != isTaken.end();
+}
+
+/// Calls `work(begin, count)` for parts of `count` pixels.
+template <typename Work> void inBlocks(std::size_t count, const Work& work)
+{
+    for (std::size_t begin = 0; begin < count; begin += blockSize)
+        work(begin, std::min(blockSize, count - begin));
+}
+
 } // namespace
 
 ShownScreen::ShownScreen(PixelSize size)
@@ -52,18 +122,13 @@ void ShownScreen::record(const DistinctFrames::Picture& picture)
     std::int64_t row = area.top;
     for (std::int64_t band = 0; band < picture.pixels.bandCount(); ++band) {
         const PixelView pixels = picture.pixels.band(band);
-        const std::uint8_t* source = pixels.data();
+        const auto* source = reinterpret_cast<const std::uint32_t*>(pixels.data());
         for (const std::int64_t end = row + picture.pixels.rowsOfBand(band); row < end; ++row) {
             const auto first = static_cast<std::size_t>(row * m_size.width + area.left);
-            for (std::size_t i = first; i < first + static_cast<std::size_t>(area.width); ++i) {
-                std::uint32_t pixel = 0;
-                std::memcpy(&pixel, source, sizeof pixel);
-                source += sizeof pixel;
-                if (pixel <= colorMask) // it has not changed
-                    continue;
-                m_error += squaredDifference(pixel, m_shown[i]) - squaredDifference(m_recorded[i], m_shown[i]);
-                m_recorded[i] = pixel;
-            }
+            inBlocks(static_cast<std::size_t>(area.width), [&](std::size_t begin, std::size_t count) {
+                m_error += recordBlock(source + begin, &m_shown[first + begin], &m_recorded[first + begin], count);
+            });
+            source += area.width;
         }
     }
     m_changedArea = m_changedArea.united(area);
@@ -75,32 +140,22 @@ ShownScreen::Mapping ShownScreen::mapping(NearestColors& table) const
     const auto count = static_cast<std::size_t>(m_changedArea.pixelCount());
     const auto width = static_cast<std::size_t>(m_changedArea.width);
     Mapping result{.indices = Bytes(count), .freedoms = Bytes(count)};
-    std::array<bool, 256> isTaken{};
-    bool hasKept = false;
+    std::uint32_t freedoms = 0;
     std::size_t output = 0;
     for (std::int64_t y = m_changedArea.top; y < m_changedArea.top + m_changedArea.height; ++y) {
         const auto first = static_cast<std::size_t>(y * m_size.width + m_changedArea.left);
         table.map({reinterpret_cast<const std::uint8_t*>(m_recorded.data() + first), width * sizeof(std::uint32_t)},
             std::span(result.indices).subspan(output, width));
-        for (std::size_t i = first; i < first + width; ++i, ++output) {
-            const std::uint8_t index = result.indices[output];
-            const std::uint32_t color = colors[index];
-            const bool isChanged = m_recorded[i] > colorMask;
-            LZWSearch::Freedom freedom = isChanged ? LZWSearch::changed : LZWSearch::kept;
-            if (m_shown[i] == color)
-                freedom = LZWSearch::unchanged;
-            result.freedoms[output] = freedom;
-            if (freedom == LZWSearch::changed) {
-                isTaken[index] = true;
-                ++result.writtenPixels;
-            }
-            hasKept = hasKept || freedom == LZWSearch::kept;
-            if (isChanged)
-                result.error += squaredDifference(m_recorded[i], color);
-        }
+        inBlocks(width, [&](std::size_t begin, std::size_t pixels) {
+            const MappedBlock block = mapBlock(&m_recorded[first + begin], &m_shown[first + begin],
+                &result.indices[output + begin], colors.data(), &result.freedoms[output + begin], pixels);
+            result.error += block.error;
+            freedoms |= block.freedoms;
+        });
+        output += width;
     }
-    result.hasRoomForTransparency = std::ranges::find(isTaken, false) != isTaken.end();
-    if (hasKept && !result.hasRoomForTransparency)
+    const bool hasKept = (freedoms >> LZWSearch::kept & 1U) != 0;
+    if (hasKept && !hasRoomForTransparency(result))
         std::ranges::replace(result.freedoms, std::uint8_t{LZWSearch::kept}, std::uint8_t{LZWSearch::changed});
     return result;
 }
@@ -137,17 +192,15 @@ void ShownScreen::show(const Mapping& mapping, std::span<const RGBColor> table)
 {
     precondition(std::ssize(mapping.indices) == m_changedArea.pixelCount(), "the mapping is of the changed area");
     const PackedTable colors = packedTable(table);
+    const auto width = static_cast<std::size_t>(m_changedArea.width);
     std::size_t input = 0;
     for (std::int64_t y = m_changedArea.top; y < m_changedArea.top + m_changedArea.height; ++y) {
         const auto first = static_cast<std::size_t>(y * m_size.width + m_changedArea.left);
-        for (std::size_t i = first; i < first + static_cast<std::size_t>(m_changedArea.width); ++i, ++input) {
-            if (mapping.freedoms[input] == LZWSearch::changed) {
-                const std::uint32_t color = colors[mapping.indices[input]];
-                m_error += squaredDifference(m_recorded[i], color) - squaredDifference(m_recorded[i], m_shown[i]);
-                m_shown[i] = color;
-            }
-            m_recorded[i] &= colorMask;
-        }
+        inBlocks(width, [&](std::size_t begin, std::size_t pixels) {
+            m_error += showBlock(&mapping.indices[input + begin], &mapping.freedoms[input + begin], colors.data(),
+                &m_recorded[first + begin], &m_shown[first + begin], pixels);
+        });
+        input += width;
     }
     m_changedArea = {};
 }

@@ -33,9 +33,7 @@ public:
     struct Mapping {
         Bytes indices;  ///< one a pixel, rows top-down
         Bytes freedoms; ///< likewise, an `LZWSearch::Freedom` each: kept where the recording has not changed since
-        bool hasRoomForTransparency = false; ///< not all 256 indices are those of written pixels
-        std::int64_t error = 0;              ///< of the written pixels: squared differences, summed up over channels
-        std::int64_t writtenPixels = 0;
+        std::int64_t error = 0; ///< of the written pixels: squared differences, summed up over channels
     };
     [[nodiscard]] Mapping mapping(NearestColors& table) const;
 
