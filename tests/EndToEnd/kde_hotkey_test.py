@@ -53,6 +53,7 @@ class KDEHotkeyTest(unittest.TestCase):
         set_keys(COMPONENT, META | ord("J"))
         self.assert_has("Meta+J")
         self.quit(application)
+        self.assertEqual(doctors_words(), ("works", "the desktop portal: Meta+J"), "also while nothing runs")
         application = self.start()
         self.assert_has("Meta+J")
         self.assert_begins_a_flow("Logo+j")

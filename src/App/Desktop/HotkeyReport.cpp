@@ -5,6 +5,7 @@
 #include "App/Hotkey/HotkeyMath.h"
 #include "App/Hotkey/HotkeyNotice.h"
 #include "App/Hotkey/HotkeyRefusal.h"
+#include "App/Hotkey/KDEShortcuts.h"
 #include "App/Hotkey/ShortcutsPortal.h"
 #include "App/Hotkey/X11Hotkey.h"
 #include "Platform/DBus/BusQueries.h"
@@ -111,7 +112,15 @@ QCoro::Task<ServiceReport> x11Report()
     co_return report;
 }
 
-/// What the portal's shortcuts come to: only who has asked for them knows.
+/// What the next start will get, where KDE keeps these keys from the last one; none where it keeps none.
+std::optional<HotkeyState> stateOf(const std::optional<QString>& keys)
+{
+    if (!keys)
+        return std::nullopt;
+    return HotkeyState{.status = keys->isEmpty() ? HotkeyStatus::Unassigned : HotkeyStatus::Active, .trigger = *keys};
+}
+
+/// What the portal's shortcuts come to: who has asked for them knows, and KDE.
 void reportBinding(ServiceReport& report, const std::optional<HotkeyState>& state)
 {
     const auto status = state ? state->status : HotkeyStatus::NotRegistered;
@@ -169,7 +178,13 @@ QCoro::Task<ServiceReport> portalReport()
         co_return report;
     }
     auto asking = toldState();
-    const auto state = co_await asking;
+    std::optional<HotkeyState> state = co_await asking;
+    if (!state) {
+        auto looking = KDEShortcuts::keysInForce(SessionBus::connection(), QLatin1String(ShortcutsPortal::sessionName),
+            QLatin1String(ShortcutsPortal::shortcutID));
+        const std::optional<QString> keys = co_await looking;
+        state = stateOf(keys);
+    }
     reportBinding(report, state);
     co_return report;
 }

@@ -14,6 +14,8 @@ QString HotkeyNotice::instead(const HotkeyState& state)
 
 QString HotkeyNotice::problem(const HotkeyState& state)
 {
+    if (state.status == HotkeyStatus::Active && state.isOther)
+        return otherKeys(state);
     const QString what = reason(state);
     return what.isEmpty() ? instead(state) : tr("%1 %2", "two sentences").arg(instead(state), what);
 }
@@ -42,6 +44,11 @@ QString HotkeyNotice::explanation(const HotkeyState& state)
         return tr("⌘ is the Super key: press %1 in any program.").arg(combination(state));
     if (state.trigger.isEmpty())
         return tr("The desktop's settings tell the keys, and can change them.");
+    return otherKeys(state);
+}
+
+QString HotkeyNotice::otherKeys(const HotkeyState& state)
+{
     return tr("The desktop has set the keys to: %1. Its settings can change them.").arg(state.trigger);
 }
 

@@ -17,7 +17,8 @@ public:
     /// What to press instead of the combination; empty where it works, or may.
     [[nodiscard]] static QString instead(const HotkeyState& state);
     /// What the panel should point out below the sentence that names the combination: first what to press instead, then
-    /// what can be done. Empty where the combination works, or may. A user who refused knows why.
+    /// what can be done; which keys they are where the desktop has set others. Empty where the combination works, or
+    /// may. A user who refused knows why.
     [[nodiscard]] static QString problem(const HotkeyState& state);
     /// What a newcomer should know of the keys, beside instead(); empty where it is that the combination works.
     [[nodiscard]] static QString introduction(const HotkeyState& state);
@@ -26,6 +27,7 @@ public:
 
 private:
     [[nodiscard]] static bool isUsable(HotkeyStatus status);
+    [[nodiscard]] static QString otherKeys(const HotkeyState& state);
     [[nodiscard]] static QString reason(const HotkeyState& state);
 };
 

@@ -24,6 +24,7 @@ struct HotkeyState {
     /// combination that was asked for, or where the desktop doesn't tell.
     QString trigger{};
     bool isDesktops = false; ///< the desktop's settings say which keys they are
+    bool isOther = false;    ///< they are others than those that were asked for, as far as the words tell
     QString key{};           ///< what this keyboard calls the key, without its modifiers; empty where nobody tells
 
     friend bool operator==(const HotkeyState&, const HotkeyState&) = default;

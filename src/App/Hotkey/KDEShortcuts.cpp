@@ -38,6 +38,12 @@ bool isDesktop()
     return qgetenv("XDG_CURRENT_DESKTOP").split(':').contains("KDE");
 }
 
+QStringList componentNames(const QString& session)
+{
+    const auto id = QStringLiteral(QUILLBOX_APP_ID);
+    return {id, QLatin1String("token_") + session, id + session, session};
+}
+
 QCoro::Task<std::optional<QString>> keysInForce(QDBusConnection bus, QString session, QString action)
 {
     if (!bus.isConnected())
@@ -46,17 +52,16 @@ QCoro::Task<std::optional<QString>> keysInForce(QDBusConnection bus, QString ses
     const std::optional<QList<QStringList>> components = co_await listing;
     if (!components)
         co_return std::nullopt;
-    // Its portal calls a component by the program's id and the session's name; the id is empty where it knows none.
     QStringList names;
     for (const QStringList& component : *components)
         names << component.value(0);
-    const QString ofOurs = QStringLiteral(QUILLBOX_APP_ID) + session;
-    const QString component = names.contains(ofOurs) ? ofOurs : session;
-    if (!names.contains(component))
+    const QStringList ours = componentNames(session);
+    const auto component = std::ranges::find_if(ours, [&names](const QString& name) { return names.contains(name); });
+    if (component == ours.end())
         co_return std::nullopt;
 
     QStringList identity;
-    identity << component << action << QString() << QString(); // the last two are for people
+    identity << *component << action << QString() << QString(); // the last two are for people
     QVariantList arguments;
     arguments << identity;
     auto asking = ask<QList<int>>(bus, QStringLiteral("shortcut"), arguments, "ai");

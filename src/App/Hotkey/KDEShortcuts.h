@@ -3,6 +3,7 @@
 #include <QCoro/QCoroTask>
 #include <QDBusConnection>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -14,6 +15,10 @@ namespace KDEShortcuts {
 
 /// Whether this session says that it is KDE's.
 [[nodiscard]] bool isDesktop();
+
+/// What its portal calls our shortcuts there, the latest first. Plasma 6: the program's id, or the session's name where
+/// it knows no id; Plasma 5: both, or the name.
+[[nodiscard]] QStringList componentNames(const QString& session);
 
 /// The keys that trigger an action of ours, as KDE's settings name them ("Meta+@"); empty where there are none. None
 /// where the service doesn't run or doesn't know us.

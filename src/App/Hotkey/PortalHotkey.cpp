@@ -27,12 +27,13 @@ namespace {
 
 using ShortcutsPortal::Shortcut;
 
-const auto shortcutID = QStringLiteral("record-region");
-
-/// Constant, as KDE keeps the user's keys under it. KDE 5.27 takes none that is a UUID.
-const auto sessionName = QStringLiteral("quillbox_shortcuts");
+const auto shortcutID = QString::fromLatin1(ShortcutsPortal::shortcutID);
+const auto sessionName = QString::fromLatin1(ShortcutsPortal::sessionName);
 
 constexpr std::chrono::seconds keymapPatience{10}; // nobody waits for a hotkey of a desktop that is just starting
+
+/// What Shift and the "2" give on a US keyboard: for want of the true one.
+const auto usualSymbol = QStringLiteral("at");
 
 /// What a list of shortcuts, which holds those that are bound, means for ours.
 HotkeyState stateIn(const QVariant& shortcuts)
@@ -42,15 +43,12 @@ HotkeyState stateIn(const QVariant& shortcuts)
     if (ours == bound.end())
         return {.status = HotkeyStatus::Unassigned, .isDesktops = true};
     const auto trigger = ours->properties.value(QStringLiteral("trigger_description")).toString().simplified();
-    return {.status = HotkeyStatus::Active, .trigger = trigger, .isDesktops = true};
+    return {.status = HotkeyStatus::Active, .trigger = ShortcutsPortal::readable(trigger), .isDesktops = true};
 }
 
-/// The keys to propose, as this desktop wants them named. @pre The key has a name.
-QCoro::Task<QString> proposal(std::uint32_t keyCode, std::uint32_t modifiers)
+/// What a key gives with Shift, as xkbcommon names it.
+QCoro::Task<QString> shiftedSymbol(std::uint32_t keyCode)
 {
-    const QString usual = *ShortcutsPortal::triggerFor(keyCode, modifiers);
-    if (!KDEShortcuts::isDesktop() || (modifiers & HotkeyMath::shift) == 0)
-        co_return usual;
     using Symbol = std::optional<std::string>;
     const std::uint32_t key = *KeyboardMap::x11KeyCode(keyCode); // keymaps of Wayland count as X does
     const std::function<Symbol()> look = [key] {
@@ -59,8 +57,7 @@ QCoro::Task<QString> proposal(std::uint32_t keyCode, std::uint32_t modifiers)
     const auto looking = runWithTimeout<Symbol>(keymapPatience, look); // it waits for the compositor
     const std::optional<Symbol> symbol = co_await looking;
     const bool isKnown = symbol && *symbol;
-    const auto name = isKnown ? QString::fromStdString(**symbol) : QStringLiteral("at"); // else a US keyboard's
-    co_return ShortcutsPortal::triggerForSymbol(name, modifiers);
+    co_return isKnown ? QString::fromStdString(**symbol) : usualSymbol;
 }
 
 /// Begins a session that the desktop may know from an earlier start.
@@ -82,15 +79,17 @@ QCoro::Task<QVariantMap> openSession(QPointer<PortalSession> session, QVariantMa
     co_return opened;
 }
 
-/// What is in force, where the portal has told `told`. `session` is its path.
-QCoro::Task<HotkeyState> checked(QDBusConnection bus, QString session, HotkeyState told)
+/// What is in force, where the portal has told `told`. `session` is its path, `symbol` what Shift and the key give.
+QCoro::Task<HotkeyState> checked(QDBusConnection bus, QString session, HotkeyState told, QString symbol)
 {
     auto asking = KDEShortcuts::keysInForce(bus, session.section(QLatin1Char('/'), -1), shortcutID);
     const std::optional<QString> keys = co_await asking;
-    if (!keys)
-        co_return told;
-    told.status = keys->isEmpty() ? HotkeyStatus::Unassigned : HotkeyStatus::Active;
-    told.trigger = *keys;
+    if (keys) {
+        told.status = keys->isEmpty() ? HotkeyStatus::Unassigned : HotkeyStatus::Active;
+        told.trigger = *keys;
+    }
+    const auto text = QString::fromStdString(KeyboardLayout::textOf(symbol.toStdString()));
+    told.isOther = !told.trigger.isEmpty() && !ShortcutsPortal::isUsual(told.trigger, text);
     co_return told;
 }
 
@@ -99,6 +98,7 @@ QCoro::Task<HotkeyState> checked(QDBusConnection bus, QString session, HotkeySta
 PortalHotkey::PortalHotkey()
     : m_bus(SessionBus::connection())
     , m_watcher(QLatin1String(DesktopPortal::service), m_bus, QDBusServiceWatcher::WatchForOwnerChange)
+    , m_symbol(usualSymbol)
 {
     ShortcutsPortal::registerTypes();
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
@@ -187,10 +187,15 @@ QCoro::Task<HotkeyState> PortalHotkey::bind()
         co_return refused;
     setState({.status = HotkeyStatus::Asking, .isDesktops = true});
     const QPointer session(m_session.get());
-    auto proposing = proposal(m_wish->keyCode, m_wish->modifiers);
-    const QString trigger = co_await proposing;
-    if (!session)
-        throw PortalError(PortalError::Reason::Withdrawn);
+    QString trigger = *ShortcutsPortal::triggerFor(m_wish->keyCode, m_wish->modifiers);
+    if (KDEShortcuts::isDesktop() && (m_wish->modifiers & HotkeyMath::shift) != 0) {
+        auto naming = shiftedSymbol(m_wish->keyCode);
+        const QString symbol = co_await naming;
+        if (!session)
+            throw PortalError(PortalError::Reason::Withdrawn);
+        m_symbol = symbol;
+        trigger = ShortcutsPortal::triggerForSymbol(symbol, m_wish->modifiers);
+    }
 
     Shortcut wish;
     wish.id = shortcutID;
@@ -210,9 +215,10 @@ QCoro::Task<HotkeyState> PortalHotkey::bind()
         auto binding = session->request(
             PortalSession::Answer::OfUser, QStringLiteral("BindShortcuts"), arguments, QVariantMap());
         bool isDenied = false;
+        QVariant list;
         try {
             const QVariantMap bound = co_await binding;
-            told = stateIn(bound.value(QStringLiteral("shortcuts")));
+            list = bound.value(QStringLiteral("shortcuts"));
         } catch (const PortalError& error) {
             isDenied = error.reason() == PortalError::Reason::Denied;
             if (!isDenied)
@@ -222,8 +228,15 @@ QCoro::Task<HotkeyState> PortalHotkey::bind()
             HotkeyRefusal::remember();
             co_return refused;
         }
+        if (!list.isValid()) { // Plasma 6 says only that there is an answer, where the user was asked for it
+            auto listing = session->request(
+                PortalSession::Answer::OfPortal, QStringLiteral("ListShortcuts"), QVariantList(), QVariantMap());
+            const QVariantMap listed = co_await listing;
+            list = listed.value(QStringLiteral("shortcuts"));
+        }
+        told = stateIn(list);
     }
-    auto checking = checked(m_bus, session->path(), told);
+    auto checking = checked(m_bus, session->path(), told, m_symbol);
     const HotkeyState state = co_await checking;
     if (!session)
         throw PortalError(PortalError::Reason::Withdrawn);
@@ -234,7 +247,7 @@ QCoro::Task<HotkeyState> PortalHotkey::bind()
 QCoro::Task<> PortalHotkey::follow(HotkeyState told)
 {
     const QPointer session(m_session.get());
-    auto checking = checked(m_bus, session->path(), std::move(told));
+    auto checking = checked(m_bus, session->path(), std::move(told), m_symbol);
     const HotkeyState state = co_await checking;
     if (session && !m_isBinding)
         setState(state);

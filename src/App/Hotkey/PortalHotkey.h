@@ -7,6 +7,7 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusServiceWatcher>
+#include <QString>
 
 #include <cstdint>
 #include <memory>
@@ -48,6 +49,7 @@ private:
         std::uint32_t modifiers;
     };
     std::optional<Wish> m_wish;
+    QString m_symbol;                         // what Shift and the key give, as xkbcommon names it
     std::unique_ptr<PortalSession> m_session; // null before a wish, and while there is no portal
     bool m_isBinding = false;
 };

@@ -4,6 +4,10 @@
 #include "App/Hotkey/KeyboardMap.h"
 
 #include <QDBusMetaType>
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <algorithm>
 
 namespace quillbox {
 
@@ -71,6 +75,34 @@ std::optional<QString> triggerFor(std::uint32_t keyCode, std::uint32_t modifiers
 QString triggerForSymbol(const QString& symbol, std::uint32_t modifiers)
 {
     return modifierNames(modifiers & ~HotkeyMath::shift) + symbol; // Shift is what makes the key give it
+}
+
+QString readable(const QString& description)
+{
+    static const QRegularExpression modifier(QStringLiteral("<(\\w)(\\w*)>"));
+    QString text;
+    qsizetype end = 0;
+    auto found = modifier.globalMatch(description);
+    while (found.hasNext()) {
+        const auto match = found.next();
+        text += description.mid(end, match.capturedStart() - end) + match.captured(1).toUpper() + match.captured(2)
+            + QLatin1Char('+');
+        end = match.capturedEnd();
+    }
+    return text + description.mid(end);
+}
+
+bool isUsual(const QString& description, const QString& symbol)
+{
+    static const QRegularExpression between(QStringLiteral("[\\s+<>,]+"));
+    const QStringList words = description.toLower().split(between, Qt::SkipEmptyParts);
+    const auto has = [&words](const QStringList& names) {
+        return std::ranges::any_of(names, [&words](const QString& name) { return words.contains(name); });
+    };
+    const bool isWithSuper = has({QStringLiteral("super"), QStringLiteral("meta"), QStringLiteral("logo")});
+    const bool isWithMore = has({QStringLiteral("ctrl"), QStringLiteral("control"), QStringLiteral("alt")});
+    const bool isKey = has({symbol.toLower()}) || (has({QStringLiteral("shift")}) && has({QStringLiteral("2")}));
+    return isWithSuper && !isWithMore && isKey;
 }
 
 } // namespace ShortcutsPortal

@@ -17,6 +17,11 @@ namespace ShortcutsPortal {
 
 inline constexpr auto interface = "org.freedesktop.portal.GlobalShortcuts";
 
+inline constexpr auto shortcutID = "record-region"; ///< our only one
+
+/// Of our session. Constant, as KDE keeps the user's keys under it. KDE 5.27 takes none that is a UUID.
+inline constexpr auto sessionName = "quillbox_shortcuts";
+
 /// One shortcut, as the portal is told of it, and tells of it.
 struct Shortcut {
     QString id;
@@ -40,6 +45,14 @@ void registerTypes();
 /// "@", and wants "LOGO+at".
 /// @param symbol  What the key gives with Shift, as xkbcommon names it.
 [[nodiscard]] QString triggerForSymbol(const QString& symbol, std::uint32_t modifiers);
+
+/// The words of a portal for a person: GNOME's are written as its settings keep them, "Press <super><shift>2".
+[[nodiscard]] QString readable(const QString& description);
+
+/// Whether the words of a portal can be for Super, Shift and the "2": they are made of names that desktops have for
+/// them.
+/// @param symbol  What Shift and that key give on the keyboard.
+[[nodiscard]] bool isUsual(const QString& description, const QString& symbol);
 
 } // namespace ShortcutsPortal
 } // namespace quillbox

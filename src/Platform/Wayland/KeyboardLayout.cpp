@@ -100,4 +100,12 @@ std::optional<std::string> shiftedSymbol(std::uint32_t keyCode)
     return keymap.empty() ? std::nullopt : shiftedSymbolIn(keymap, keyCode);
 }
 
+std::string textOf(const std::string& symbol)
+{
+    std::array<char, 8> text{}; // xkbcommon wants room for seven bytes
+    if (xkb_keysym_to_utf8(xkb_keysym_from_name(symbol.c_str(), XKB_KEYSYM_NO_FLAGS), text.data(), text.size()) <= 0)
+        return {};
+    return text.data();
+}
+
 } // namespace quillbox::KeyboardLayout

@@ -18,5 +18,8 @@ namespace KeyboardLayout {
 /// The same for a keymap in the text format of xkbcommon, version 1. Thread: any.
 [[nodiscard]] std::optional<std::string> shiftedSymbolIn(const std::string& keymap, std::uint32_t keyCode);
 
+/// What xkbcommon's name of a key's symbol stands for, UTF-8: "@" for "at"; empty where that is no text. Thread: any.
+[[nodiscard]] std::string textOf(const std::string& symbol);
+
 } // namespace KeyboardLayout
 } // namespace quillbox

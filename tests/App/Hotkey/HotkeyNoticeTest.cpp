@@ -25,6 +25,12 @@ TEST(HotkeyNotice, TellsThePanelNothingWhereTheKeysWorkOrMayWork)
     }
 }
 
+TEST(HotkeyNotice, TellsThePanelTheKeysWhereTheyAreOthers)
+{
+    const HotkeyState state{.status = HotkeyStatus::Active, .trigger = "Meta+J", .isDesktops = true, .isOther = true};
+    EXPECT_EQ(HotkeyNotice::problem(state), "The desktop has set the keys to: Meta+J. Its settings can change them.");
+}
+
 TEST(HotkeyNotice, TellsNewcomersOfTheKeysWhatIsTrue)
 {
     for (const auto status : {HotkeyStatus::NotRegistered, HotkeyStatus::Asking, HotkeyStatus::Active})

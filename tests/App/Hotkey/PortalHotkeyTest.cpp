@@ -133,6 +133,48 @@ TEST_F(PortalHotkeyTest, FollowsTheKeysThatTheUserSets)
     EXPECT_TRUE(test::eventually([&] { return hotkey.service.state().trigger == "Press F9"; }));
 }
 
+TEST_F(PortalHotkeyTest, AsksForTheListThatPlasmasAnswerLacks)
+{
+    m_portal.tell("Answer", {"like Plasma"});
+    Hotkey hotkey;
+    ASSERT_TRUE(hotkey.becomes(HotkeyStatus::Active));
+    EXPECT_EQ(hotkey.service.state().trigger, "Press Super+@");
+    EXPECT_EQ(m_portal.questions(), 1U);
+}
+
+TEST_F(PortalHotkeyTest, BelievesKDEsOwnServiceMoreThanItsPortal)
+{
+    constexpr int metaJ = 0x1000004A;
+    const QList<int> keys{metaJ};
+    m_portal.tell("HaveKeys", {"org.quillbox.quillbox", QVariant::fromValue(keys)});
+    m_portal.tell("Answer", {"like Plasma"});
+    Hotkey hotkey;
+    ASSERT_TRUE(hotkey.becomes(HotkeyStatus::Active));
+    EXPECT_EQ(hotkey.service.state().trigger, "Meta+J");
+    EXPECT_TRUE(hotkey.service.state().isOther);
+}
+
+TEST_F(PortalHotkeyTest, ReadsTheWordsOfGNOMEAndWhetherTheyAreForOtherKeys)
+{
+    m_portal.tell("Answer", {"like GNOME"});
+    Hotkey hotkey;
+    ASSERT_TRUE(hotkey.becomes(HotkeyStatus::Active));
+    EXPECT_EQ(hotkey.service.state().trigger, "Press Super+Shift+2");
+    EXPECT_FALSE(hotkey.service.state().isOther);
+    m_portal.tell("Change", {"Press <super>j"});
+    EXPECT_TRUE(test::eventually([&] { return hotkey.service.state().trigger == "Press Super+j"; }));
+    EXPECT_TRUE(hotkey.service.state().isOther);
+}
+
+TEST_F(PortalHotkeyTest, SaysWhoItIsToAPortalThatOtherwiseBeginsNothing)
+{
+    m_portal.tell("StopPortal");
+    m_portal.tell("StartNewPortal");
+    Hotkey hotkey;
+    ASSERT_TRUE(hotkey.becomes(HotkeyStatus::Active));
+    EXPECT_EQ(hotkey.service.state().trigger, "Press F9");
+}
+
 TEST_F(PortalHotkeyTest, DoesNotAskAgainAfterARefusal)
 {
     m_portal.tell("Answer", {"refuse"});

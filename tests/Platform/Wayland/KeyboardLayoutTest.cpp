@@ -8,6 +8,7 @@ namespace quillbox {
 namespace {
 
 using KeyboardLayout::shiftedSymbolIn;
+using KeyboardLayout::textOf;
 
 /// A keymap whose key 11 has these symbols in its layouts.
 std::string keymapWith(const std::string& symbols)
@@ -46,6 +47,15 @@ TEST(KeyboardLayout, KnowsNoneInATextThatIsNoKeymap)
 {
     EXPECT_EQ(shiftedSymbolIn("", 11), std::nullopt);
     EXPECT_EQ(shiftedSymbolIn("xkb_keymap {", 11), std::nullopt);
+}
+
+TEST(KeyboardLayout, TellsWhatASymbolsNameStandsFor)
+{
+    EXPECT_EQ(textOf("at"), "@");
+    EXPECT_EQ(textOf("Eacute"), "É");
+    EXPECT_EQ(textOf("2"), "2");
+    EXPECT_EQ(textOf("Shift_L"), "");
+    EXPECT_EQ(textOf("none such"), "");
 }
 
 } // namespace
