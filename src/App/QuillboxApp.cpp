@@ -23,6 +23,7 @@
 #include "Capture/Region/ScreenBackdrop.h"
 #include "Capture/StreamRecorder.h"
 #include "Platform/DBus/SessionBus.h"
+#include "Platform/RunWithTimeout.h"
 #include "Platform/StateFile.h"
 #include "PostCapture/Clipboard/Clipboard.h"
 #include "PostCapture/ClipboardExporter.h"
@@ -42,7 +43,6 @@
 #include <QFileInfo>
 #include <QFontMetrics>
 #include <QScreen>
-#include <QThreadPool>
 #include <QTimer>
 
 #include <chrono>
@@ -217,8 +217,7 @@ void QuillboxApp::start()
     m_tray->show();
     m_cutOff->look();
     for (const auto& folder : {ClipboardExporter::clipsPath(), QFileInfo(HistoryStore::defaultURL()).path()})
-        QThreadPool::globalInstance()->start(
-            [path = QFile::encodeName(folder).toStdString()] { OutputFile::removeLeftovers(path); });
+        patientWorkers().start([path = QFile::encodeName(folder).toStdString()] { OutputFile::removeLeftovers(path); });
 }
 
 Panel& QuillboxApp::panel()

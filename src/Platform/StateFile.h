@@ -15,7 +15,8 @@ namespace StateFile {
 /// What it holds; empty if there is none.
 [[nodiscard]] QString read(const QString& name);
 
-/// Keeps `text` in its place; empty: there is none any more. One that can't be kept is forgotten.
+/// Keeps `text` in its place; empty: there is none any more. One that can't be kept is forgotten. By `FileWorker`: it
+/// is usually there when this returns.
 void replace(const QString& name, const QString& text);
 
 } // namespace StateFile

@@ -1,54 +1,24 @@
 #include "PostCapture/HistoryStore.h"
 
 #include "Encoding/Precondition.h"
-#include "Platform/FolderLock.h"
-#include "Platform/RegularFile.h"
-#include "PostCapture/HistoryFile.h"
-#include "PostCapture/OutputFile.h"
+#include "Platform/FileWorker.h"
 
 #include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QStandardPaths>
 
-#include <algorithm>
-#include <cstddef>
-#include <exception>
-#include <filesystem>
-#include <iterator>
-#include <unistd.h>
+#include <chrono>
 #include <utility>
 
 namespace quillbox {
 namespace {
 
-constexpr qint64 maxBytes = 4 << 20; // twenty clips make some ten thousand
+using Entries = HistoryMirror::Entries;
 
-/// Nobody is told of a failure, as nobody could do anything about it here. @return whether it was saved
-bool saveIfPossible(const QString& path, const QByteArray& bytes)
+Entries firstOnes(Entries entries)
 {
-    try {
-        const auto* const first = reinterpret_cast<const std::uint8_t*>(bytes.constData());
-        OutputFile::save(QFile::encodeName(path).toStdString(),
-            std::span(first, static_cast<std::size_t>(bytes.size())), OutputFile::IfExists::Replace);
-        return true;
-    } catch (const std::exception&) {
-        return false;
-    }
-}
-
-std::filesystem::path folderOf(const QString& path)
-{
-    return QFile::encodeName(QFileInfo(path).absolutePath()).toStdString();
-}
-
-/// Gives a file that is too large to be copied a second name, so that it is still there once the first has been given
-/// to another.
-void keepAside(const QString& path, const QString& aside)
-{
-    (void)QFile::remove(aside); // the older one, if there is one
-    const auto target = QFileInfo(path).canonicalFilePath();
-    (void)::link(QFile::encodeName(target).constData(), QFile::encodeName(aside).constData()); // see saveIfPossible
+    if (std::ssize(entries) > HistoryStore::cap)
+        entries.erase(entries.begin() + HistoryStore::cap, entries.end());
+    return entries;
 }
 
 } // namespace
@@ -66,95 +36,79 @@ QString HistoryStore::defaultURL()
 
 HistoryStore::HistoryStore(std::optional<QString> fileURL, QObject* parent)
     : QObject(parent)
-    , m_fileURL(fileURL ? *std::move(fileURL) : defaultURL())
+    , m_mirror(std::make_shared<HistoryMirror>(fileURL ? *std::move(fileURL) : defaultURL()))
+    , m_fileURL(m_mirror->path())
+    , m_entries(m_mirror->entries())
+    , m_written(*this, [this] { takeWritten(); })
 {
-    load();
 }
 
-void HistoryStore::load()
+HistoryStore::~HistoryStore()
 {
-    const QFileInfo info(m_fileURL);
-    const auto aside = info.dir().filePath(info.completeBaseName() + QStringLiteral(".corrupt.json"));
-    const auto bytes = RegularFile::read(m_fileURL, maxBytes);
-    if (!bytes) {
-        if (info.size() > maxBytes && info.isReadable())
-            keepAside(m_fileURL, aside);
-        return;
-    }
-    if (auto entries = HistoryFile::decode(*bytes))
-        m_entries = *std::move(entries);
-    else
-        (void)saveIfPossible(aside, *bytes); // the clips are there all the same
-    rememberFile();
-}
-
-void HistoryStore::rememberFile()
-{
-    m_onFile.clear();
-    for (const ClipEntry& entry : m_entries)
-        m_onFile.insert(entry.id);
-}
-
-/// The list with what other processes have done to the file since it was read or written here: what they added comes
-/// in, what they removed goes. What could not be written stays, in front.
-std::vector<ClipEntry> HistoryStore::merged() const
-{
-    const auto bytes = RegularFile::read(m_fileURL, maxBytes);
-    const auto theirs = bytes ? HistoryFile::decode(*bytes) : std::nullopt;
-    if (!theirs)
-        return m_entries; // no file any more, or none that anybody could read: it is written anew
-    const auto withId = [](const std::vector<ClipEntry>& entries, const QUuid& id) {
-        return std::ranges::find(entries, id, &ClipEntry::id);
-    };
-    std::vector<ClipEntry> all;
-    std::ranges::copy_if(m_entries, std::back_inserter(all), [&](const ClipEntry& entry) {
-        return !m_onFile.contains(entry.id) && withId(*theirs, entry.id) == theirs->end();
-    });
-    for (const ClipEntry& entry : *theirs) {
-        const auto ours = withId(m_entries, entry.id); // the same, but for fractions of a second
-        all.push_back(ours == m_entries.end() ? entry : *ours);
-    }
-    return all;
+    constexpr std::chrono::seconds lastPatience{5}; // whoever ends the program waits for it
+    (void)FileWorker::finish(lastPatience);         // a file that can't be written by then is left as it is
 }
 
 void HistoryStore::record(ClipEntry entry)
 {
-    const FolderLock lock(folderOf(m_fileURL));
-    auto next = merged();
-    next.insert(next.begin(), std::move(entry));
+    auto next = m_entries;
+    next.insert(next.begin(), entry);
     setEntries(next);
-    if (std::ssize(next) > cap) {
-        next.erase(next.begin() + cap, next.end());
-        setEntries(std::move(next));
-    }
-    save();
+    if (std::ssize(next) > cap)
+        setEntries(firstOnes(std::move(next)));
+    write([entry = std::move(entry)](Entries entries) {
+        entries.insert(entries.begin(), entry);
+        return firstOnes(std::move(entries));
+    });
 }
 
 void HistoryStore::clear()
 {
-    const FolderLock lock(folderOf(m_fileURL));
     setEntries({});
-    save();
+    write([](const Entries& /*entries*/) { return Entries(); });
 }
 
 void HistoryStore::remove(const QUuid& id)
 {
-    const FolderLock lock(folderOf(m_fileURL));
-    auto next = merged();
-    std::erase_if(next, [&id](const ClipEntry& entry) { return entry.id == id; });
-    setEntries(std::move(next));
-    save();
+    change([id](Entries entries) {
+        std::erase_if(entries, [&id](const ClipEntry& entry) { return entry.id == id; });
+        return entries;
+    });
 }
 
 void HistoryStore::restore(const std::vector<ClipEntry>& older)
 {
-    const FolderLock lock(folderOf(m_fileURL));
-    auto next = merged();
-    next.insert(next.end(), older.begin(), older.end());
-    if (std::ssize(next) > cap)
-        next.erase(next.begin() + cap, next.end());
-    setEntries(std::move(next));
-    save();
+    change([older](Entries entries) {
+        entries.insert(entries.end(), older.begin(), older.end());
+        return firstOnes(std::move(entries));
+    });
+}
+
+/// Makes a change here, and in the file.
+void HistoryStore::change(HistoryMirror::Change change)
+{
+    setEntries(change(m_entries));
+    write(std::move(change));
+}
+
+/// Makes a change that has been made here in the file, too.
+void HistoryStore::write(HistoryMirror::Change change)
+{
+    ++m_unwritten;
+    FileWorker::run([mirror = m_mirror, change = std::move(change), sender = m_written.sender()] {
+        mirror->apply(change);
+        sender.send(mirror->entries());
+    });
+    takeWritten();
+}
+
+/// Takes the list as it is on file, with what other processes have done, once nothing is on its way there any more.
+void HistoryStore::takeWritten()
+{
+    auto lists = m_written.take();
+    m_unwritten -= std::ssize(lists);
+    if (m_unwritten == 0 && !lists.empty() && lists.back() != m_entries)
+        setEntries(std::move(lists.back()));
 }
 
 void HistoryStore::setEntries(std::vector<ClipEntry> next)
@@ -162,14 +116,6 @@ void HistoryStore::setEntries(std::vector<ClipEntry> next)
     Q_EMIT entriesAboutToChange(next);
     m_entries = std::move(next);
     Q_EMIT entriesChanged();
-}
-
-void HistoryStore::save()
-{
-    const QFileInfo info(m_fileURL);
-    const bool isWritable = info.isFile() || !info.exists(); // a pipe would be waited for
-    if (isWritable && saveIfPossible(m_fileURL, HistoryFile::encode(m_entries)))
-        rememberFile();
 }
 
 } // namespace quillbox

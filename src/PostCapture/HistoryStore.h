@@ -1,12 +1,14 @@
 #pragma once
 
+#include "Platform/Mailbox.h"
 #include "PostCapture/ClipEntry.h"
+#include "PostCapture/HistoryMirror.h"
 
 #include <QObject>
-#include <QSet>
 #include <QString>
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -14,7 +16,9 @@ namespace quillbox {
 
 /// The clips made lately, newest first, mirrored to a file. Never touches the clips themselves. Nothing here reports an
 /// error: a list that can't be written is still the list. Several processes may have the same file: what one records,
-/// the others keep. Reads and writes in the caller's thread. Thread: main.
+/// the others keep. The file is read in the caller's thread when this is made. It is written by `FileWorker`: usually
+/// it has been once a change returns, and what others have done meanwhile is in the list; where it takes longer, that
+/// follows. Thread: main.
 class HistoryStore : public QObject {
     Q_OBJECT
 
@@ -30,6 +34,8 @@ public:
     /// be understood; its bytes are then kept beside it as "history.corrupt.json".
     /// @param fileURL  A path; none for `defaultURL()`.
     explicit HistoryStore(std::optional<QString> fileURL = std::nullopt, QObject* parent = nullptr);
+    /// Waits until the file is written, for five seconds at most.
+    ~HistoryStore() override;
 
     [[nodiscard]] const std::vector<ClipEntry>& entries() const { return m_entries; }
     [[nodiscard]] const QString& fileURL() const { return m_fileURL; }
@@ -50,15 +56,16 @@ Q_SIGNALS:
     void entriesChanged();
 
 private:
-    void load();
-    void save();
-    void rememberFile();
-    [[nodiscard]] std::vector<ClipEntry> merged() const;
+    void change(HistoryMirror::Change change);
+    void write(HistoryMirror::Change change);
+    void takeWritten();
     void setEntries(std::vector<ClipEntry> next);
 
-    std::vector<ClipEntry> m_entries;
-    QSet<QUuid> m_onFile; // those of them that were in the file when it was last read or written
+    std::shared_ptr<HistoryMirror> m_mirror; // the worker's
     QString m_fileURL;
+    std::vector<ClipEntry> m_entries;
+    Mailbox<std::vector<ClipEntry>> m_written;
+    std::int64_t m_unwritten = 0; // changes that are on their way to the file
 };
 
 } // namespace quillbox

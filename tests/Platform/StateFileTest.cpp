@@ -1,5 +1,6 @@
 #include "Platform/StateFile.h"
 
+#include "Platform/FileWorker.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -7,6 +8,7 @@
 #include <QFileInfo>
 #include <QtGlobal>
 
+#include <chrono>
 #include <sys/stat.h>
 
 namespace quillbox {
@@ -16,6 +18,13 @@ class StateFileTest : public testing::Test {
 protected:
     void SetUp() override { qputenv("XDG_STATE_HOME", QByteArray::fromStdString(m_folder.path().string())); }
     void TearDown() override { qunsetenv("XDG_STATE_HOME"); }
+
+    /// However long the disk takes.
+    static void replace(const QString& name, const QString& text)
+    {
+        StateFile::replace(name, text);
+        ASSERT_TRUE(FileWorker::finish(std::chrono::minutes(1)));
+    }
 
     support::TemporaryFolder m_folder;
 };
@@ -27,8 +36,8 @@ TEST_F(StateFileTest, HoldsNothingAtFirst)
 
 TEST_F(StateFileTest, HoldsTheLastTextForItsUserOnly)
 {
-    StateFile::replace("answer", "yes");
-    StateFile::replace("answer", "nö");
+    replace("answer", "yes");
+    replace("answer", "nö");
     EXPECT_EQ(StateFile::read("answer"), "nö");
     EXPECT_EQ(StateFile::path("answer"), QString::fromStdString((m_folder.path() / "quillbox/answer").string()));
     struct stat facts { };
@@ -38,8 +47,8 @@ TEST_F(StateFileTest, HoldsTheLastTextForItsUserOnly)
 
 TEST_F(StateFileTest, VanishesWithItsText)
 {
-    StateFile::replace("answer", "yes");
-    StateFile::replace("answer", "");
+    replace("answer", "yes");
+    replace("answer", "");
     EXPECT_FALSE(QFileInfo::exists(StateFile::path("answer")));
     EXPECT_EQ(StateFile::read("answer"), "");
 }
@@ -47,7 +56,7 @@ TEST_F(StateFileTest, VanishesWithItsText)
 TEST_F(StateFileTest, IsForgottenWhereThereIsNoFolder)
 {
     qputenv("XDG_STATE_HOME", "/proc");
-    StateFile::replace("answer", "yes");
+    replace("answer", "yes");
     EXPECT_EQ(StateFile::read("answer"), "");
 }
 

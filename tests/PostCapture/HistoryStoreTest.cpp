@@ -1,19 +1,27 @@
 #include "PostCapture/HistoryStore.h"
 
+#include "Platform/FileWorker.h"
 #include "Platform/FolderLock.h"
 #include "PostCapture/HistoryFile.h"
+#include "support/FileCalls.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QTimeZone>
 
+#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <semaphore>
+#include <string>
 #include <sys/stat.h>
+#include <thread>
+#include <utility>
 
 namespace quillbox {
 namespace {
@@ -36,8 +44,47 @@ std::vector<ClipEntry> clips(int count)
     return result;
 }
 
+/// The list, once the disk has it, however long it takes.
+class Store : public HistoryStore {
+public:
+    using HistoryStore::HistoryStore;
+
+    void record(ClipEntry entry)
+    {
+        HistoryStore::record(std::move(entry));
+        finish();
+    }
+    void clear()
+    {
+        HistoryStore::clear();
+        finish();
+    }
+    void remove(const QUuid& id)
+    {
+        HistoryStore::remove(id);
+        finish();
+    }
+    void restore(const std::vector<ClipEntry>& older)
+    {
+        HistoryStore::restore(older);
+        finish();
+    }
+
+    void finish()
+    {
+        EXPECT_TRUE(FileWorker::finish(std::chrono::minutes(1)));
+        QCoreApplication::sendPostedEvents(this); // where it took long, what is on file comes by one
+    }
+};
+
 class HistoryStoreTest : public testing::Test {
 protected:
+    void TearDown() override
+    {
+        ASSERT_TRUE(FileWorker::finish(std::chrono::minutes(1)));
+        support::fileCalls() = {};
+    }
+
     [[nodiscard]] fs::path folder() const { return m_folder.path(); }
     [[nodiscard]] fs::path file() const { return m_folder.path() / "history.json"; }
     [[nodiscard]] fs::path corruptFile() const { return m_folder.path() / "history.corrupt.json"; }
@@ -47,6 +94,10 @@ protected:
     [[nodiscard]] QByteArray written() const { return QByteArray::fromStdString(support::readFile(file())); }
 
 private:
+    int m_argumentCount = 1;
+    std::string m_name = "test";
+    char* m_arguments[2]{m_name.data(), nullptr};
+    QCoreApplication m_application{m_argumentCount, m_arguments}; // has the event loop
     support::TemporaryFolder m_folder;
 };
 
@@ -59,7 +110,7 @@ TEST_F(HistoryStoreTest, StartsEmptyAndWritesNothingWithoutAFile)
 
 TEST_F(HistoryStoreTest, PutsTheNewestInFront)
 {
-    HistoryStore store(url());
+    Store store(url());
     store.record(clip(1));
     store.record(clip(2));
     ASSERT_EQ(store.entries().size(), 2U);
@@ -69,13 +120,13 @@ TEST_F(HistoryStoreTest, PutsTheNewestInFront)
 
 TEST_F(HistoryStoreTest, LoadsWhatAnotherWrote)
 {
-    HistoryStore(url()).record(clip(7));
+    Store(url()).record(clip(7));
     EXPECT_EQ(HistoryStore(url()).entries().front().outputPath, "/clips/7.gif");
 }
 
 TEST_F(HistoryStoreTest, DropsTheOldestWhenTheTwentyFirstComes)
 {
-    HistoryStore store(url());
+    Store store(url());
     for (int i = 0; i < 21; ++i)
         store.record(clip(i));
     EXPECT_EQ(store.entries().size(), 20U);
@@ -86,7 +137,7 @@ TEST_F(HistoryStoreTest, DropsTheOldestWhenTheTwentyFirstComes)
 TEST_F(HistoryStoreTest, LoadsALongerFileWholeAndCutsItAtTheNextRecord)
 {
     write(HistoryFile::encode(clips(25)));
-    HistoryStore store(url());
+    Store store(url());
     EXPECT_EQ(store.entries().size(), 25U);
     store.record(clip(59));
     EXPECT_EQ(store.entries().size(), 20U);
@@ -95,7 +146,7 @@ TEST_F(HistoryStoreTest, LoadsALongerFileWholeAndCutsItAtTheNextRecord)
 
 TEST_F(HistoryStoreTest, ClearsTheListAndTheFile)
 {
-    HistoryStore store(url());
+    Store store(url());
     store.record(clip(1));
     store.clear();
     EXPECT_TRUE(store.entries().empty());
@@ -104,7 +155,7 @@ TEST_F(HistoryStoreTest, ClearsTheListAndTheFile)
 
 TEST_F(HistoryStoreTest, ForgetsASingleClip)
 {
-    HistoryStore store(url());
+    Store store(url());
     for (const auto& each : clips(3))
         store.record(each);
     store.remove(store.entries()[1].id);
@@ -118,7 +169,7 @@ TEST_F(HistoryStoreTest, ForgetsASingleClip)
 
 TEST_F(HistoryStoreTest, PutsWhatWasClearedBehindWhatCameSince)
 {
-    HistoryStore store(url());
+    Store store(url());
     for (const auto& each : clips(20))
         store.record(each);
     const auto before = store.entries();
@@ -134,7 +185,7 @@ TEST_F(HistoryStoreTest, PutsWhatWasClearedBehindWhatCameSince)
 
 TEST_F(HistoryStoreTest, AnnouncesEachChangeBeforeAndAfterIt)
 {
-    HistoryStore store(url());
+    Store store(url());
     std::vector<std::pair<std::size_t, std::size_t>> before; // the sizes then and announced
     int after = 0;
     QObject::connect(&store, &HistoryStore::entriesAboutToChange, &store,
@@ -149,7 +200,7 @@ TEST_F(HistoryStoreTest, AnnouncesEachChangeBeforeAndAfterIt)
 TEST_F(HistoryStoreTest, CuttingTheListIsAChangeOfItsOwn)
 {
     write(HistoryFile::encode(clips(20)));
-    HistoryStore store(url());
+    Store store(url());
     std::vector<std::size_t> sizes;
     QObject::connect(&store, &HistoryStore::entriesChanged, &store, [&] { sizes.push_back(store.entries().size()); });
     store.record(clip(30));
@@ -160,7 +211,7 @@ TEST_F(HistoryStoreTest, KeepsTheBytesOfAnUnreadableFileAside)
 {
     write("not \xFF json");
     std::ofstream(corruptFile()) << "an earlier one";
-    HistoryStore store(url());
+    Store store(url());
     EXPECT_TRUE(store.entries().empty());
     EXPECT_EQ(support::readFile(corruptFile()), "not \xFF json");
     EXPECT_EQ(written(), "not \xFF json") << "left in place until it is overwritten";
@@ -180,7 +231,7 @@ TEST_F(HistoryStoreTest, DoesNotReadAFileOfAnAbsurdSizeButKeepsIt)
     write("{}");
     fs::resize_file(file(), 100 << 20);
     std::ofstream(corruptFile()) << "an earlier one";
-    HistoryStore store(url());
+    Store store(url());
     EXPECT_TRUE(store.entries().empty());
     store.record(clip(1));
     EXPECT_EQ(HistoryFile::decode(written()), store.entries());
@@ -190,7 +241,7 @@ TEST_F(HistoryStoreTest, DoesNotReadAFileOfAnAbsurdSizeButKeepsIt)
 TEST_F(HistoryStoreTest, WaitsForNoPipe)
 {
     ASSERT_EQ(::mkfifo(file().c_str(), 0600), 0);
-    HistoryStore store(url());
+    Store store(url());
     store.record(clip(1));
     EXPECT_EQ(store.entries().size(), 1U);
     EXPECT_TRUE(fs::is_fifo(file()));
@@ -199,7 +250,7 @@ TEST_F(HistoryStoreTest, WaitsForNoPipe)
 TEST_F(HistoryStoreTest, KeepsTheEntryInMemoryWhenItCannotBeWritten)
 {
     fs::create_directory(file());
-    HistoryStore store(url());
+    Store store(url());
     store.record(clip(1));
     EXPECT_EQ(store.entries().size(), 1U);
     EXPECT_TRUE(fs::is_directory(file()));
@@ -207,7 +258,7 @@ TEST_F(HistoryStoreTest, KeepsTheEntryInMemoryWhenItCannotBeWritten)
 
 TEST_F(HistoryStoreTest, ReplacesTheFileInOneStep)
 {
-    HistoryStore store(url());
+    Store store(url());
     store.record(clip(1));
     const auto before = fs::path(folder() / "hard link to the old list");
     fs::create_hard_link(file(), before);
@@ -226,8 +277,8 @@ std::vector<QString> paths(const std::vector<ClipEntry>& entries)
 
 TEST_F(HistoryStoreTest, KeepsWhatAnotherProcessRecordedMeanwhile)
 {
-    HistoryStore one(url());
-    HistoryStore other(url());
+    Store one(url());
+    Store other(url());
     one.record(clip(1));
     other.record(clip(2));
     one.record(clip(3));
@@ -237,16 +288,16 @@ TEST_F(HistoryStoreTest, KeepsWhatAnotherProcessRecordedMeanwhile)
 
 TEST_F(HistoryStoreTest, ForgetsWhatAnotherProcessCleared)
 {
-    HistoryStore one(url());
+    Store one(url());
     one.record(clip(1));
-    HistoryStore(url()).clear();
+    Store(url()).clear();
     one.record(clip(2));
     EXPECT_EQ(paths(one.entries()), std::vector<QString>{"/clips/2.gif"});
 }
 
 TEST_F(HistoryStoreTest, WritesLaterWhatCouldNotBeWritten)
 {
-    HistoryStore store(url());
+    Store store(url());
     store.record(clip(1));
     const auto before = written();
     fs::remove(file());
@@ -261,7 +312,7 @@ TEST_F(HistoryStoreTest, WritesLaterWhatCouldNotBeWritten)
 
 TEST_F(HistoryStoreTest, WritesTheWholeListAgainWhereTheFileIsGone)
 {
-    HistoryStore store(url());
+    Store store(url());
     store.record(clip(1));
     fs::remove(file());
     store.record(clip(2));
@@ -273,7 +324,7 @@ TEST_F(HistoryStoreTest, IsAsSmallAfterManyClipsAsAfterTwenty)
     const auto openFiles = [] {
         return std::distance(fs::directory_iterator("/proc/self/fd"), {});
     };
-    HistoryStore store(url());
+    Store store(url());
     for (int number = 1; number <= 20; ++number)
         store.record(clip(number));
     const auto bytes = written().size();
@@ -289,7 +340,7 @@ TEST_F(HistoryStoreTest, IsAsSmallAfterManyClipsAsAfterTwenty)
 
 TEST_F(HistoryStoreTest, KeepsTheFractionsOfASecondThatAFileHasNot)
 {
-    HistoryStore store(url());
+    Store store(url());
     auto entry = clip(1);
     entry.date = entry.date.addMSecs(250);
     store.record(entry);
@@ -299,23 +350,111 @@ TEST_F(HistoryStoreTest, KeepsTheFractionsOfASecondThatAFileHasNot)
 
 TEST_F(HistoryStoreTest, HasOtherProcessesWaitFromReadingToWriting)
 {
-    HistoryStore store(url());
+    Store store(url());
     int looks = 0;
-    QObject::connect(&store, &HistoryStore::entriesChanged, &store, [&] {
+    const auto look = [&] {
         EXPECT_FALSE(FolderLock(folder(), std::chrono::milliseconds(0)).isHeld());
         ++looks;
-    });
+    };
+    support::fileCalls().open = [&](const char* path, int flags, mode_t mode) {
+        if (path == file())
+            look();
+        return support::realFileCalls().open(path, flags, mode);
+    };
+    support::fileCalls().fdatasync = [&](int descriptor) {
+        look();
+        return support::realFileCalls().fdatasync(descriptor);
+    };
     store.record(clip(1));
     store.record(clip(2));
     store.remove(store.entries().front().id);
+    store.restore({clip(2)});
     store.clear();
-    EXPECT_EQ(looks, 4);
+    EXPECT_EQ(looks, 10);
     EXPECT_TRUE(FolderLock(folder(), std::chrono::milliseconds(0)).isHeld());
+}
+
+/// A disk that answers no fdatasync() until it is told to.
+class HangingDisk {
+public:
+    HangingDisk()
+    {
+        support::fileCalls().fdatasync = [this](int descriptor) {
+            ++m_count;
+            m_isAsked.release();
+            // Where the caller is the one who ends it, it waits in vain.
+            EXPECT_TRUE(m_answers.try_acquire_for(std::chrono::seconds(20))) << "nobody else goes on meanwhile";
+            return support::realFileCalls().fdatasync(descriptor);
+        };
+    }
+    void awaitCall() { m_isAsked.acquire(); }
+    void answer(int count) { m_answers.release(count); }
+    [[nodiscard]] int count() const { return m_count; }
+
+private:
+    std::counting_semaphore<> m_isAsked{0};
+    std::counting_semaphore<> m_answers{0};
+    std::atomic<int> m_count{0};
+};
+
+TEST_F(HistoryStoreTest, DoesNotHoldUpTheEventLoopWhileTheDiskHangs)
+{
+    HangingDisk disk;
+    HistoryStore store(url());
+    store.record(clip(1));
+    disk.awaitCall();
+    store.record(clip(2));
+    store.remove(store.entries().back().id);
+    store.record(clip(3));
+    EXPECT_EQ(paths(store.entries()), (std::vector<QString>{"/clips/3.gif", "/clips/2.gif"}));
+    EXPECT_FALSE(fs::exists(file()));
+    EXPECT_EQ(disk.count(), 1) << "one behind the other";
+    disk.answer(4);
+    ASSERT_TRUE(FileWorker::finish(std::chrono::minutes(1)));
+    EXPECT_EQ(disk.count(), 4);
+    EXPECT_EQ(HistoryFile::decode(written()), store.entries());
+}
+
+TEST_F(HistoryStoreTest, IsWrittenBeforeTheProgramEnds)
+{
+    HangingDisk disk;
+    std::jthread someTime;
+    {
+        HistoryStore store(url());
+        store.record(clip(1));
+        someTime = std::jthread([&disk] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            disk.answer(1);
+        });
+    }
+    EXPECT_EQ(HistoryFile::decode(written()).value().size(), 1U);
+}
+
+TEST_F(HistoryStoreTest, TellsWhatOthersHaveRecordedOnceTheDiskAnswers)
+{
+    HistoryStore store(url());
+    Store(url()).record(clip(1));
+    HangingDisk disk;
+    store.record(clip(2));
+    disk.awaitCall();
+    store.record(clip(3));
+    EXPECT_EQ(paths(store.entries()), (std::vector<QString>{"/clips/3.gif", "/clips/2.gif"}));
+    int changes = 0;
+    QObject::connect(&store, &HistoryStore::entriesChanged, &store, [&] { ++changes; });
+    disk.answer(1);
+    disk.awaitCall(); // the first is written
+    QCoreApplication::sendPostedEvents(&store);
+    EXPECT_EQ(changes, 0);
+    disk.answer(1);
+    ASSERT_TRUE(FileWorker::finish(std::chrono::minutes(1)));
+    QCoreApplication::sendPostedEvents(&store);
+    EXPECT_EQ(paths(store.entries()), (std::vector<QString>{"/clips/3.gif", "/clips/2.gif", "/clips/1.gif"}));
+    EXPECT_EQ(changes, 1);
 }
 
 TEST_F(HistoryStoreTest, DoesNotWaitForAProcessThatHangs)
 {
-    HistoryStore store(url());
+    Store store(url());
     const FolderLock hanging(folder());
     store.record(clip(1));
     EXPECT_EQ(HistoryFile::decode(written()), store.entries());
@@ -353,7 +492,7 @@ TEST_F(DefaultHistory, IsNamedEvenWhereItsFolderCannotBeMade)
 {
     qputenv("XDG_DATA_HOME", QByteArray::fromStdString((folder() / "data").string()));
     std::ofstream(folder() / "data") << "a file in the way";
-    HistoryStore store;
+    Store store;
     store.record(clip(1));
     EXPECT_EQ(store.entries().size(), 1U);
 }

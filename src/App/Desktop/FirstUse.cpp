@@ -1,5 +1,6 @@
 #include "App/Desktop/FirstUse.h"
 
+#include "Platform/FileWorker.h"
 #include "Platform/RegularFile.h"
 #include "PostCapture/HistoryStore.h"
 #include "PostCapture/OutputFile.h"
@@ -55,12 +56,14 @@ void FirstUse::end()
 
 void FirstUse::remember(const QByteArray& state) const
 {
-    try {
-        const auto* const bytes = reinterpret_cast<const std::uint8_t*>(state.constData());
-        OutputFile::save(QFile::encodeName(m_path).toStdString(),
-            std::span(bytes, static_cast<std::size_t>(state.size())), OutputFile::IfExists::Replace);
-    } catch (const std::exception&) { // NOLINT(bugprone-empty-catch): it is told once more at the next start, no harm
-    }
+    FileWorker::run([path = QFile::encodeName(m_path).toStdString(), state] {
+        try {
+            const auto* const bytes = reinterpret_cast<const std::uint8_t*>(state.constData());
+            OutputFile::save(
+                path, std::span(bytes, static_cast<std::size_t>(state.size())), OutputFile::IfExists::Replace);
+        } catch (const std::exception&) { // NOLINT(bugprone-empty-catch): it is told once more at the next start
+        }
+    });
 }
 
 } // namespace quillbox

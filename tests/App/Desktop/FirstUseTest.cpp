@@ -1,9 +1,11 @@
 #include "App/Desktop/FirstUse.h"
 
+#include "Platform/FileWorker.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <iterator>
@@ -19,6 +21,7 @@ protected:
     [[nodiscard]] std::filesystem::path path() const { return m_folder.path() / "first-use"; }
     [[nodiscard]] std::unique_ptr<FirstUse> start() const
     {
+        EXPECT_TRUE(FileWorker::finish(std::chrono::minutes(1))); // what the one before has written is there
         auto use = std::make_unique<FirstUse>(QString::fromStdString(path().string()));
         use->begin();
         return use;
