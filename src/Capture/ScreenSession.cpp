@@ -5,6 +5,7 @@
 #include "Capture/Portal/RestoreToken.h"
 #include "Capture/Portal/ScreenCastPortal.h"
 #include "Capture/UncoveredStream.h"
+#include "Capture/Wayland/HiddenPointer.h"
 #include "Capture/X11/X11Stream.h"
 #include "Encoding/Precondition.h"
 
@@ -26,6 +27,7 @@ QCoro::Task<CastPicture> ScreenSession::openCast()
         auto opening = portal->open();
         const auto cast = co_await opening;
         m_cast->cast = cast;
+        const HiddenPointer withoutPointer; // until the picture has come
         auto looking = firstPicture(*portal, cast);
         auto first = co_await looking;
         m_cast->points = first.points;

@@ -150,6 +150,9 @@ class KDEDesktopTest(AskingDesktopTest):
         desktop = self.begin_asked()
         self.permit(self.dialog())
         until(lambda: self.shows_dimmed(BLOCKS[4], (20, 400)), "the overlay is on the screen")
+        width, height = self.canvas.size
+        until(lambda: self.shows_dimmed_picture(self.canvas.step(0, AREA), (0, height // 4, width, height)),
+              "the picture behind it is without the pointer, which is where the dialog was", limit=20)
         self.assertEqual(casts(), 1)
         self.user.key("a")
         self.assertEqual(status()["phase"], "selecting")

@@ -4,6 +4,8 @@ is the scale of the session's outputs."""
 import os
 import pathlib
 
+from PIL import ImageChops
+
 from application import status, until
 from canvas import BLOCKS, INK, PAPER, Canvas
 from recording import ffmpeg_frames, pillow_frames
@@ -100,6 +102,12 @@ class WaylandApplicationTest(ApplicationTest):
         """Whether a point of the cast output, whose colour on the canvas is known, is under the overlay."""
         seen = self.seen().getpixel((at[0] * SCALE, at[1] * SCALE))
         return all(abs(level - usual * 0.75) <= 2 for level, usual in zip(seen, color))
+
+    def shows_dimmed_picture(self, picture, box):
+        """Whether that part of the screen, points, shows the canvas under the overlay, and nothing else."""
+        box = [side * SCALE for side in box]
+        shown, dimmed = self.seen().crop(box), picture.crop(box).point(lambda level: round(level * 0.75))
+        return max(high for _, high in ImageChops.difference(shown, dimmed).getextrema()) <= 2
 
 
 def icon_in(picture, top, bottom):

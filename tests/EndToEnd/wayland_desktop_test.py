@@ -17,7 +17,7 @@ from canvas import BLOCKS
 from pipewire import casts
 from recording import pillow_frames
 from running import extents
-from wayland_application import AREA, FRAME, GAP, SCALE, WaylandApplicationTest, icon_in
+from wayland_application import AREA, AWAY, FRAME, GAP, SCALE, WaylandApplicationTest, icon_in
 from wayland_input import Devices
 
 
@@ -272,8 +272,11 @@ class WaylandDesktopTest(WaylandApplicationTest):
         picture = self.canvas.step(0, AREA)
         self.canvas.show_picture(picture)
         desktop = self.start()
+        self.user.move(660, 330)  # and the picture behind the overlay is without the pointer
         desktop.begin()
         until(overlays, "the overlay is on the screen")
+        self.user.move(*AWAY)
+        until(lambda: self.shows_dimmed_picture(picture, (620, 290, 720, 390)), "there is no pointer on it", limit=20)
         for x, y in ((600, 300), (20, 400), AREA[:2]):
             color = picture.getpixel((x * SCALE, y * SCALE))
             until(lambda: self.shows_dimmed(color, (x, y)), "the pixel is three quarters as bright")

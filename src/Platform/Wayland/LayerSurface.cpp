@@ -61,6 +61,7 @@ struct LayerOutput::Connection {
     /// @return whether there is such an output, and it has layers
     bool find(const QString& name);
     void takePointer();
+    void showPointer(wl_pointer* entered, std::uint32_t serial);
 
     // Destroyed from the last to the first.
     WaylandDisplay display;
@@ -105,6 +106,18 @@ bool LayerOutput::Connection::find(const QString& name)
     return true;
 }
 
+/// Gives the pointer the look that it has on what it is on.
+void LayerOutput::Connection::showPointer(wl_pointer* entered, std::uint32_t serial)
+{
+    if (under != nullptr && under->hidesPointer()) {
+        wl_pointer_set_cursor(entered, serial, nullptr, 0, 0);
+        return;
+    }
+    if (!cursor)
+        cursor.emplace(compositor.get(), memory.get(), output.front().scale);
+    cursor->show(entered, serial);
+}
+
 /// Once there is one: it may be plugged in later.
 void LayerOutput::Connection::takePointer()
 {
@@ -117,9 +130,7 @@ void LayerOutput::Connection::takePointer()
                 ? nullptr
                 : static_cast<LayerSurface*>(wl_surface_get_user_data(surface));
             self->position = QPointF(wl_fixed_to_double(x), wl_fixed_to_double(y));
-            if (!self->cursor)
-                self->cursor.emplace(self->compositor.get(), self->memory.get(), self->output.front().scale);
-            self->cursor->show(entered, serial);
+            self->showPointer(entered, serial);
             if (self->under != nullptr)
                 Q_EMIT self->under->pointerMoved(self->position);
         };
@@ -303,6 +314,7 @@ void LayerSurface::State::attach()
 LayerSurface::LayerSurface(std::shared_ptr<LayerOutput> output, const QRect& place, Pointer pointer, QObject* parent)
     : QObject(parent)
     , m_output(std::move(output))
+    , m_pointer(pointer)
     , m_state(std::make_unique<State>(*this, *m_output, place, pointer))
 {
 }

@@ -47,6 +47,7 @@ public:
     enum class Pointer {
         Passed, ///< to what lies below
         Taken,  ///< and told by the signals
+        Hidden, ///< likewise, and not to be seen
     };
 
     /// @param place  Points of the output, from its top left corner; not empty, and on the output.
@@ -57,6 +58,8 @@ public:
     void show(const QImage& picture);
     /// From now on shows what lies below; the pointer is taken all the same.
     void showNothing();
+    /// Whether the pointer is not to be seen while it is there.
+    [[nodiscard]] bool hidesPointer() const { return m_pointer == Pointer::Hidden; }
     /// Takes it off the screen for good. A slot of the signals may do so, but not destroy the object.
     void remove();
 
@@ -72,6 +75,7 @@ private:
     struct State;
 
     std::shared_ptr<LayerOutput> m_output;
+    Pointer m_pointer;
     std::unique_ptr<State> m_state; // null once removed
 };
 
