@@ -13,9 +13,11 @@ namespace quillbox {
 namespace {
 
 // Squared errors, summed up over channels, pixels and frames.
-constexpr double gainPerByte = 150;      // what a table of a picture's own must save at least
-constexpr double largeGainPerByte = 300; // where bytes are scarce
-constexpr double scarce = 0.4;           // of the budget left over by one table for all
+constexpr double gainPerByte = 150; // what a table of a picture's own must save at least
+// A table of its own makes the pictures after it larger, too, where noise changes pixels by less than a table for all
+// tells apart: as much again in recordings that have so many colours, hardly in others.
+constexpr std::size_t manyColors = 32768;
+constexpr double shareAgain = 0.9; // of what such tables may take for all that is known, after they took too much
 
 constexpr std::int64_t leastPicturesPerSecond = 10;
 constexpr double aim = 0.985;    // of the budget: predictions miss by some per cent
@@ -27,6 +29,8 @@ constexpr double doubt = 1.4; // a prediction so near to the budget wants to be 
 // Of the search for codes: more passes make a smaller file and take longer.
 constexpr std::int64_t mostPasses = 30;
 constexpr std::int64_t leastPasses = 4;
+constexpr std::int64_t manyPasses = 10;            // where they may save all colours,
+constexpr double nearMiss = 1.04;                  // since they make files smaller by no more than that
 constexpr std::int64_t passedPixels = 300'000'000; // pixels times passes of an attempt
 
 // Errors of colours are less visible than pictures that are missing down to the first of these, and less than those of
@@ -71,20 +75,35 @@ void RateControl::prepare()
 /// Gives up nothing if that fits. @return whether it does
 bool RateControl::keepAll()
 {
-    const Means all{.colors = m_bounds.maxColors};
+    Means all{.colors = m_bounds.maxColors};
     if (predicted(all) > aimed() / doubt && predicted(all) < aimed() * doubt)
         correct(all);
-    for (int trial = 0; trial < 2 && predicted(all) <= aimed() && !isEnough(); ++trial) {
-        attempt(all, trial == 0 ? aimed() - predicted(all) : 0);
+    const double usual = m_correction;
+    if (predicted(all) > aimed() && predicted(all) < aimed() * nearMiss && passes(all) < manyPasses) {
+        all.passes = manyPasses;
+        correct(all);
+    }
+    const double corrected = m_correction;
+    const double rest = aimed() - predicted(all);
+    double spare = m_recording.colors.size() > manyColors ? rest / 2 : rest;
+    for (int trial = 0; trial < 3 && rest >= 0 && !isEnough(); ++trial) {
+        const double base = predicted(all);
+        const Made made = attempt(all, spare);
         if (fits())
             return true;
+        if (made.ownTableBytes == 0)
+            break;
+        // Fewer of them, and then none.
+        const double share = rest / (static_cast<double>(made.byteCount) - base);
+        spare = trial == 0 ? shareAgain * share * static_cast<double>(made.ownTableBytes) : 0;
     }
+    m_correction *= usual / corrected;
     return false;
 }
 
 bool RateControl::giveUpMost()
 {
-    attempt({.colors = leastColors(), .thinned = 1});
+    (void)attempt({.colors = leastColors(), .thinned = 1});
     return fits();
 }
 
@@ -203,7 +222,7 @@ bool RateControl::fillBudget(double thinned, std::int64_t least, std::int64_t mo
     std::int64_t colors = promisedColors(thinned, least, most, trials);
     for (int number = 1;; ++number) {
         const bool hadFit = fits();
-        attempt({.colors = colors, .thinned = thinned});
+        (void)attempt({.colors = colors, .thinned = thinned});
         const bool isFull
             = fits() && static_cast<double>(m_best->byteCount) >= goodUse * static_cast<double>(m_bounds.targetBytes);
         if (isFull || isEnough() || hadFit || number == mostAttempts)
@@ -257,10 +276,11 @@ const SizePrediction& RateControl::prediction(double thinned)
     return *m_prediction;
 }
 
-/// As many as an attempt has the time for.
-std::int64_t RateControl::passes(double thinned)
+/// As many as an attempt has the time for, unless the means say otherwise.
+std::int64_t RateControl::passes(const Means& means)
 {
-    return std::clamp(passedPixels / prediction(thinned).pixelCount(), leastPasses, mostPasses);
+    return means.passes.value_or(
+        std::clamp(passedPixels / prediction(means.thinned).pixelCount(), leastPasses, mostPasses));
 }
 
 /// The size that a file would have.
@@ -279,21 +299,20 @@ double RateControl::predicted(const Means& means)
 /// Lets predictions be about right near these means.
 void RateControl::correct(const Means& means)
 {
-    m_correction = prediction(means.thinned)
-                       .correction(roughTable(means.colors), passes(means.thinned), m_execution.parallelism);
+    m_correction
+        = prediction(means.thinned).correction(roughTable(means.colors), passes(means), m_execution.parallelism);
 }
 
 /// Makes a file; keeps it if it is the best so far.
 /// @param spareBytes  what tables of single pictures may add
-void RateControl::attempt(const Means& means, double spareBytes)
+RateControl::Made RateControl::attempt(const Means& means, double spareBytes)
 {
-    const bool isScarce = spareBytes < scarce * static_cast<double>(m_bounds.targetBytes);
     const ClipPlan plan{.table = table(means.colors),
         .leavesOut = leavesOut(means.thinned),
         .maxColors = means.colors,
         .spareBytes = spareBytes,
-        .gainPerByte = isScarce ? largeGainPerByte : gainPerByte,
-        .passes = passes(means.thinned)};
+        .gainPerByte = gainPerByte,
+        .passes = passes(means)};
     const auto pictures = std::ranges::count(plan.leavesOut, false);
     const std::int64_t number = ++m_attemptCount;
     const auto report = [&](std::int64_t done) {
@@ -308,9 +327,12 @@ void RateControl::attempt(const Means& means, double spareBytes)
         = ClipAttempt::make(m_recording, plan, m_execution.parallelism, {.byteCount = limit, .stop = {}}, report);
     const double share
         = static_cast<double>(made.madePixels) / static_cast<double>(prediction(means.thinned).pixelCount());
-    m_correction *= static_cast<double>(made.byteCount - made.ownTableBytes) / share / predicted(means);
+    if (made.ownTableBytes == 0)
+        m_correction *= static_cast<double>(made.byteCount) / share / predicted(means);
+    const Made result{.byteCount = made.byteCount, .ownTableBytes = made.ownTableBytes};
     if (made.isWhole && (!m_best || isBetter(made, *m_best)))
         m_best = std::move(made);
+    return result;
 }
 
 /// One that fits is better than one that does not, then one with less error; if none fits, the smaller one.

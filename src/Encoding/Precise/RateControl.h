@@ -49,7 +49,13 @@ private:
     /// What a plan is made of.
     struct Means {
         std::int64_t colors = 256;
-        double thinned = 0; ///< share of the pictures that may be left out
+        double thinned = 0;                   ///< share of the pictures that may be left out
+        std::optional<std::int64_t> passes{}; ///< of the search for codes; none: the usual ones
+    };
+    /// What an attempt came to, as `ClipAttempt`.
+    struct Made {
+        std::int64_t byteCount = 0;
+        std::int64_t ownTableBytes = 0;
     };
 
     [[nodiscard]] const std::vector<RGBColor>& table(std::int64_t colors, Parallelism parallelism);
@@ -70,10 +76,10 @@ private:
 
     [[nodiscard]] std::vector<bool> leavesOut(double thinned) const;
     [[nodiscard]] const SizePrediction& prediction(double thinned);
-    [[nodiscard]] std::int64_t passes(double thinned);
+    [[nodiscard]] std::int64_t passes(const Means& means);
     [[nodiscard]] double predicted(const Means& means);
     void correct(const Means& means);
-    void attempt(const Means& means, double spareBytes = 0);
+    Made attempt(const Means& means, double spareBytes = 0);
 
     const DistinctFrames::Recording& m_recording;
     Bounds m_bounds;
