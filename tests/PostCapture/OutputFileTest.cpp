@@ -2,11 +2,14 @@
 
 #include "Platform/FileDescriptor.h"
 #include "support/ChildProcess.h"
+#include "support/FileCalls.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <filesystem>
@@ -27,6 +30,19 @@ using OutputFile::IfExists;
 
 class OutputFileTest : public testing::Test {
 protected:
+    void TearDown() override { support::fileCalls() = {}; }
+
+    /// The file system has no files without a name.
+    static void refuseUnnamedFiles()
+    {
+        support::fileCalls().open = [](const char* path, int flags, mode_t mode) {
+            if ((flags & O_TMPFILE) != O_TMPFILE)
+                return support::realFileCalls().open(path, flags, mode);
+            errno = EOPNOTSUPP;
+            return -1;
+        };
+    }
+
     [[nodiscard]] fs::path path(const std::string& name) const { return m_folder.path() / name; }
     [[nodiscard]] std::string contents(const std::string& name) const { return support::readFile(path(name)); }
     [[nodiscard]] std::ptrdiff_t fileCount() const
@@ -264,6 +280,106 @@ TEST_F(OutputFileTest, RemovesWhatAnEndedProcessLeftButNotWhatIsBeingWritten)
     EXPECT_TRUE(fs::is_symlink(path(".quillbox-link")));
     EXPECT_EQ(contents(".other"), "whole");
     EXPECT_NO_THROW(OutputFile::removeLeftovers(path("none")));
+}
+
+TEST_F(OutputFileTest, LeavesWhatBelongsToAnotherUser)
+{
+    put(".quillbox-ended", "half");
+    support::fileCalls().geteuid = [] {
+        return support::realFileCalls().geteuid() + 1;
+    };
+    OutputFile::removeLeftovers(path(""));
+    EXPECT_TRUE(fs::exists(path(".quillbox-ended")));
+}
+
+TEST_F(OutputFileTest, GoesOnWritingAfterASignal)
+{
+    int count = 0;
+    support::fileCalls().write = [&](int descriptor, const void* buffer, std::size_t size) -> ssize_t {
+        if (++count % 2 != 0) {
+            errno = EINTR;
+            return -1;
+        }
+        return support::realFileCalls().write(descriptor, buffer, std::min<std::size_t>(size, 2));
+    };
+    OutputFile::save(path("a"), bytes("hello"), IfExists::Refuse);
+    EXPECT_EQ(contents("a"), "hello");
+    EXPECT_EQ(count, 6);
+}
+
+TEST_F(OutputFileTest, IsNotTakenForALeftoverWhileItReplacesAFile)
+{
+    put("a", "old");
+    int names = 0; // beside the one that the file gets
+    support::fileCalls().linkat = [&](int folder, const char* from, int newFolder, const char* to, int flags) {
+        const int result = support::realFileCalls().linkat(folder, from, newFolder, to, flags);
+        if (result == 0)
+            ++names;
+        OutputFile::removeLeftovers(path("")); // as another process that starts
+        return result;
+    };
+    OutputFile::save(path("a"), bytes("new"), IfExists::Replace);
+    EXPECT_EQ(contents("a"), "new");
+    EXPECT_EQ(names, 1);
+}
+
+TEST_F(OutputFileTest, IsNotTakenForALeftoverWhereItHasANameWhileItIsWritten)
+{
+    refuseUnnamedFiles();
+    support::fileCalls().fdatasync = [&](int descriptor) {
+        EXPECT_EQ(fileCount(), 1);
+        OutputFile::removeLeftovers(path(""));
+        return support::realFileCalls().fdatasync(descriptor);
+    };
+    OutputFile::save(path("a"), bytes("new"), IfExists::Refuse);
+    EXPECT_EQ(contents("a"), "new");
+    EXPECT_EQ(fileCount(), 1);
+}
+
+TEST_F(OutputFileTest, BeginsAnewWhereItWasTakenForALeftoverBeforeItWasLocked)
+{
+    refuseUnnamedFiles();
+    int locks = 0;
+    support::fileCalls().flock = [&](int descriptor, int operation) {
+        if (operation == LOCK_EX && ++locks == 1)
+            fs::remove(fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor)));
+        return support::realFileCalls().flock(descriptor, operation);
+    };
+    OutputFile::save(path("a"), bytes("new"), IfExists::Refuse);
+    EXPECT_EQ(contents("a"), "new");
+    EXPECT_EQ(locks, 2);
+}
+
+TEST_F(OutputFileTest, RemovesWhatOthersLeftWhereItHasToLeaveSomethingItself)
+{
+    refuseUnnamedFiles();
+    put(".quillbox-ended", "half");
+    OutputFile::save(path("a"), bytes("new"), IfExists::Refuse);
+    EXPECT_EQ(fileCount(), 1);
+}
+
+TEST_F(OutputFileTest, HoldsSignalsWhileTheFileGetsItsNameAndNotBefore)
+{
+    const auto held = [] {
+        sigset_t mask;
+        ::pthread_sigmask(SIG_BLOCK, nullptr, &mask);
+        return sigismember(&mask, SIGINT) + sigismember(&mask, SIGTERM) + sigismember(&mask, SIGHUP);
+    };
+    std::vector<int> whileSyncing;
+    std::vector<int> whileNaming;
+    support::fileCalls().fdatasync = [&](int descriptor) {
+        whileSyncing.push_back(held());
+        return support::realFileCalls().fdatasync(descriptor);
+    };
+    support::fileCalls().linkat = [&](int folder, const char* from, int newFolder, const char* to, int flags) {
+        whileNaming.push_back(held());
+        return support::realFileCalls().linkat(folder, from, newFolder, to, flags);
+    };
+    OutputFile::save(path("a"), bytes("old"), IfExists::Refuse);
+    OutputFile::save(path("a"), bytes("new"), IfExists::Replace);
+    EXPECT_EQ(whileSyncing, (std::vector{0, 0}));
+    EXPECT_EQ(whileNaming, (std::vector{3, 3, 3}));
+    EXPECT_EQ(held(), 0);
 }
 
 TEST(OutputFileError, SaysWhatToDo)
