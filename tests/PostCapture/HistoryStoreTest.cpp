@@ -3,7 +3,7 @@
 #include "Platform/FileWorker.h"
 #include "Platform/FolderLock.h"
 #include "PostCapture/HistoryFile.h"
-#include "support/FileCalls.h"
+#include "support/SystemCalls.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -82,7 +82,7 @@ protected:
     void TearDown() override
     {
         ASSERT_TRUE(FileWorker::finish(std::chrono::minutes(1)));
-        support::fileCalls() = {};
+        support::systemCalls() = {};
     }
 
     [[nodiscard]] fs::path folder() const { return m_folder.path(); }
@@ -356,14 +356,14 @@ TEST_F(HistoryStoreTest, HasOtherProcessesWaitFromReadingToWriting)
         EXPECT_FALSE(FolderLock(folder(), std::chrono::milliseconds(0)).isHeld());
         ++looks;
     };
-    support::fileCalls().open = [&](const char* path, int flags, mode_t mode) {
+    support::systemCalls().open = [&](const char* path, int flags, mode_t mode) {
         if (path == file())
             look();
-        return support::realFileCalls().open(path, flags, mode);
+        return support::realSystemCalls().open(path, flags, mode);
     };
-    support::fileCalls().fdatasync = [&](int descriptor) {
+    support::systemCalls().fdatasync = [&](int descriptor) {
         look();
-        return support::realFileCalls().fdatasync(descriptor);
+        return support::realSystemCalls().fdatasync(descriptor);
     };
     store.record(clip(1));
     store.record(clip(2));
@@ -379,12 +379,12 @@ class HangingDisk {
 public:
     HangingDisk()
     {
-        support::fileCalls().fdatasync = [this](int descriptor) {
+        support::systemCalls().fdatasync = [this](int descriptor) {
             ++m_count;
             m_isAsked.release();
             // Where the caller is the one who ends it, it waits in vain.
             EXPECT_TRUE(m_answers.try_acquire_for(std::chrono::seconds(20))) << "nobody else goes on meanwhile";
-            return support::realFileCalls().fdatasync(descriptor);
+            return support::realSystemCalls().fdatasync(descriptor);
         };
     }
     void awaitCall() { m_isAsked.acquire(); }

@@ -2,7 +2,7 @@
 
 #include "Platform/FileDescriptor.h"
 #include "support/ChildProcess.h"
-#include "support/FileCalls.h"
+#include "support/SystemCalls.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -30,14 +30,14 @@ using OutputFile::IfExists;
 
 class OutputFileTest : public testing::Test {
 protected:
-    void TearDown() override { support::fileCalls() = {}; }
+    void TearDown() override { support::systemCalls() = {}; }
 
     /// The file system has no files without a name.
     static void refuseUnnamedFiles()
     {
-        support::fileCalls().open = [](const char* path, int flags, mode_t mode) {
+        support::systemCalls().open = [](const char* path, int flags, mode_t mode) {
             if ((flags & O_TMPFILE) != O_TMPFILE)
-                return support::realFileCalls().open(path, flags, mode);
+                return support::realSystemCalls().open(path, flags, mode);
             errno = EOPNOTSUPP;
             return -1;
         };
@@ -285,8 +285,8 @@ TEST_F(OutputFileTest, RemovesWhatAnEndedProcessLeftButNotWhatIsBeingWritten)
 TEST_F(OutputFileTest, LeavesWhatBelongsToAnotherUser)
 {
     put(".quillbox-ended", "half");
-    support::fileCalls().geteuid = [] {
-        return support::realFileCalls().geteuid() + 1;
+    support::systemCalls().geteuid = [] {
+        return support::realSystemCalls().geteuid() + 1;
     };
     OutputFile::removeLeftovers(path(""));
     EXPECT_TRUE(fs::exists(path(".quillbox-ended")));
@@ -295,12 +295,12 @@ TEST_F(OutputFileTest, LeavesWhatBelongsToAnotherUser)
 TEST_F(OutputFileTest, GoesOnWritingAfterASignal)
 {
     int count = 0;
-    support::fileCalls().write = [&](int descriptor, const void* buffer, std::size_t size) -> ssize_t {
+    support::systemCalls().write = [&](int descriptor, const void* buffer, std::size_t size) -> ssize_t {
         if (++count % 2 != 0) {
             errno = EINTR;
             return -1;
         }
-        return support::realFileCalls().write(descriptor, buffer, std::min<std::size_t>(size, 2));
+        return support::realSystemCalls().write(descriptor, buffer, std::min<std::size_t>(size, 2));
     };
     OutputFile::save(path("a"), bytes("hello"), IfExists::Refuse);
     EXPECT_EQ(contents("a"), "hello");
@@ -311,8 +311,8 @@ TEST_F(OutputFileTest, IsNotTakenForALeftoverWhileItReplacesAFile)
 {
     put("a", "old");
     int names = 0; // beside the one that the file gets
-    support::fileCalls().linkat = [&](int folder, const char* from, int newFolder, const char* to, int flags) {
-        const int result = support::realFileCalls().linkat(folder, from, newFolder, to, flags);
+    support::systemCalls().linkat = [&](int folder, const char* from, int newFolder, const char* to, int flags) {
+        const int result = support::realSystemCalls().linkat(folder, from, newFolder, to, flags);
         if (result == 0)
             ++names;
         OutputFile::removeLeftovers(path("")); // as another process that starts
@@ -326,10 +326,10 @@ TEST_F(OutputFileTest, IsNotTakenForALeftoverWhileItReplacesAFile)
 TEST_F(OutputFileTest, IsNotTakenForALeftoverWhereItHasANameWhileItIsWritten)
 {
     refuseUnnamedFiles();
-    support::fileCalls().fdatasync = [&](int descriptor) {
+    support::systemCalls().fdatasync = [&](int descriptor) {
         EXPECT_EQ(fileCount(), 1);
         OutputFile::removeLeftovers(path(""));
-        return support::realFileCalls().fdatasync(descriptor);
+        return support::realSystemCalls().fdatasync(descriptor);
     };
     OutputFile::save(path("a"), bytes("new"), IfExists::Refuse);
     EXPECT_EQ(contents("a"), "new");
@@ -340,10 +340,10 @@ TEST_F(OutputFileTest, BeginsAnewWhereItWasTakenForALeftoverBeforeItWasLocked)
 {
     refuseUnnamedFiles();
     int locks = 0;
-    support::fileCalls().flock = [&](int descriptor, int operation) {
+    support::systemCalls().flock = [&](int descriptor, int operation) {
         if (operation == LOCK_EX && ++locks == 1)
             fs::remove(fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor)));
-        return support::realFileCalls().flock(descriptor, operation);
+        return support::realSystemCalls().flock(descriptor, operation);
     };
     OutputFile::save(path("a"), bytes("new"), IfExists::Refuse);
     EXPECT_EQ(contents("a"), "new");
@@ -367,13 +367,13 @@ TEST_F(OutputFileTest, HoldsSignalsWhileTheFileGetsItsNameAndNotBefore)
     };
     std::vector<int> whileSyncing;
     std::vector<int> whileNaming;
-    support::fileCalls().fdatasync = [&](int descriptor) {
+    support::systemCalls().fdatasync = [&](int descriptor) {
         whileSyncing.push_back(held());
-        return support::realFileCalls().fdatasync(descriptor);
+        return support::realSystemCalls().fdatasync(descriptor);
     };
-    support::fileCalls().linkat = [&](int folder, const char* from, int newFolder, const char* to, int flags) {
+    support::systemCalls().linkat = [&](int folder, const char* from, int newFolder, const char* to, int flags) {
         whileNaming.push_back(held());
-        return support::realFileCalls().linkat(folder, from, newFolder, to, flags);
+        return support::realSystemCalls().linkat(folder, from, newFolder, to, flags);
     };
     OutputFile::save(path("a"), bytes("old"), IfExists::Refuse);
     OutputFile::save(path("a"), bytes("new"), IfExists::Replace);

@@ -1,4 +1,4 @@
-#include "support/FileCalls.h"
+#include "support/SystemCalls.h"
 
 #include <cstdarg>
 #include <fcntl.h>
@@ -11,6 +11,7 @@ int __real_fdatasync(int descriptor);
 int __real_flock(int descriptor, int operation);
 int __real_linkat(int folder, const char* path, int newFolder, const char* newPath, int flags);
 uid_t __real_geteuid();
+int __real_clock_gettime(clockid_t clock, timespec* time);
 
 int __wrap_open(const char* path, int flags, ...);
 ssize_t __wrap_write(int descriptor, const void* bytes, size_t count);
@@ -18,32 +19,34 @@ int __wrap_fdatasync(int descriptor);
 int __wrap_flock(int descriptor, int operation);
 int __wrap_linkat(int folder, const char* path, int newFolder, const char* newPath, int flags);
 uid_t __wrap_geteuid();
+int __wrap_clock_gettime(clockid_t clock, timespec* time);
 }
 
 namespace quillbox {
 
-support::FileCalls& support::fileCalls()
+support::SystemCalls& support::systemCalls()
 {
-    static FileCalls& calls = *new FileCalls; // never destroyed: there are calls until the very end
+    static SystemCalls& calls = *new SystemCalls; // never destroyed: there are calls until the very end
     return calls;
 }
 
-const support::FileCalls& support::realFileCalls()
+const support::SystemCalls& support::realSystemCalls()
 {
-    static const FileCalls& calls = *new FileCalls{
+    static const SystemCalls& calls = *new SystemCalls{
         .open = [](const char* path, int flags, mode_t mode) { return __real_open(path, flags, mode); },
         .write = __real_write,
         .fdatasync = __real_fdatasync,
         .flock = __real_flock,
         .linkat = __real_linkat,
         .geteuid = __real_geteuid,
+        .clock_gettime = __real_clock_gettime,
     };
     return calls;
 }
 
 } // namespace quillbox
 
-using quillbox::support::fileCalls;
+using quillbox::support::systemCalls;
 
 int __wrap_open(const char* path, int flags, ...)
 {
@@ -54,31 +57,36 @@ int __wrap_open(const char* path, int flags, ...)
         mode = va_arg(rest, mode_t);
         va_end(rest);
     }
-    return fileCalls().open ? fileCalls().open(path, flags, mode) : __real_open(path, flags, mode);
+    return systemCalls().open ? systemCalls().open(path, flags, mode) : __real_open(path, flags, mode);
 }
 
 ssize_t __wrap_write(int descriptor, const void* bytes, size_t count)
 {
-    return fileCalls().write ? fileCalls().write(descriptor, bytes, count) : __real_write(descriptor, bytes, count);
+    return systemCalls().write ? systemCalls().write(descriptor, bytes, count) : __real_write(descriptor, bytes, count);
 }
 
 int __wrap_fdatasync(int descriptor)
 {
-    return fileCalls().fdatasync ? fileCalls().fdatasync(descriptor) : __real_fdatasync(descriptor);
+    return systemCalls().fdatasync ? systemCalls().fdatasync(descriptor) : __real_fdatasync(descriptor);
 }
 
 int __wrap_flock(int descriptor, int operation)
 {
-    return fileCalls().flock ? fileCalls().flock(descriptor, operation) : __real_flock(descriptor, operation);
+    return systemCalls().flock ? systemCalls().flock(descriptor, operation) : __real_flock(descriptor, operation);
 }
 
 int __wrap_linkat(int folder, const char* path, int newFolder, const char* newPath, int flags)
 {
-    return fileCalls().linkat ? fileCalls().linkat(folder, path, newFolder, newPath, flags)
-                              : __real_linkat(folder, path, newFolder, newPath, flags);
+    return systemCalls().linkat ? systemCalls().linkat(folder, path, newFolder, newPath, flags)
+                                : __real_linkat(folder, path, newFolder, newPath, flags);
 }
 
 uid_t __wrap_geteuid()
 {
-    return fileCalls().geteuid ? fileCalls().geteuid() : __real_geteuid();
+    return systemCalls().geteuid ? systemCalls().geteuid() : __real_geteuid();
+}
+
+int __wrap_clock_gettime(clockid_t clock, timespec* time)
+{
+    return systemCalls().clock_gettime ? systemCalls().clock_gettime(clock, time) : __real_clock_gettime(clock, time);
 }
