@@ -117,7 +117,10 @@ class KDEDesktopTest(AskingDesktopTest):
             right, bottom = place[0] + place[2], place[1] + place[3]
             return bottom == height - PLASMAS_PANEL - GAP and place[0] < self.clicked[0] < right <= width - GAP
 
-        until(is_beside, "the panel is beside the icon", limit=20)
+        try:
+            until(is_beside, "the panel is beside the icon", limit=20)
+        except AssertionError as error:
+            raise AssertionError(f"{kwin_windows.place('Quillbox')} is beside {self.clicked}") from error
 
     def begin_asked(self):
         """@return the application, while the desktop asks what may be seen"""

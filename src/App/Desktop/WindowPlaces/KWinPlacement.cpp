@@ -8,12 +8,8 @@
 #include <QJsonDocument>
 #include <QStandardPaths>
 
-#include <utility>
-
 namespace quillbox {
 namespace {
-
-const auto scriptName = QStringLiteral(QUILLBOX_APP_ID ".panel");
 
 /// Places as PanelPlacement does, beside where the pointer is when the script is run. Begins with its parameters.
 /// Plasma 5 says "client" where Plasma 6 says "window".
@@ -38,37 +34,39 @@ function place(window) {
     const y = isUpper ? pointer.y + gap : pointer.y - gap - size.height;
     put(window, within(x, size.width, area.x + gap, area.x + area.width - gap),
         within(y, size.height, area.y + gap, area.y + area.height - gap));
-    const placed = window.frameGeometry; // which goes with the window
-    return {x: placed.x, y: placed.y, width: placed.width, height: placed.height};
 }
 
 function follow(window) {
-    let placed = place(window);
-    let isPlacing = false;
-    window.frameGeometryChanged.connect(function () {
+    let isMoved = false; // by the user
+    let width = 0;
+    let height = 0; // of the window when it was placed
+    function placeAnew() {
         const now = window.frameGeometry;
-        if (isPlacing || placed === null)
+        isMoved = isMoved || window.move;
+        if (isMoved || (now.width == width && now.height == height))
             return;
-        if (now.x != placed.x || now.y != placed.y) {
-            placed = null; // the user has moved it
-        } else if (now.width != placed.width || now.height != placed.height) {
-            isPlacing = true;
-            placed = place(window);
-            isPlacing = false;
-        }
-    });
+        width = now.width; // first: to place it is a change of its own
+        height = now.height;
+        place(window);
+    }
+    window.frameGeometryChanged.connect(placeAnew);
+    placeAnew();
 }
 
 const added = workspace.windowAdded === undefined ? workspace.clientAdded : workspace.windowAdded;
+let isFound = false;
 
 function note(window) {
-    if (window.pid == process && window.caption == title) {
+    if (!isFound && window.pid == process && window.caption == title) {
+        isFound = true;
         added.disconnect(note);
         follow(window);
     }
 }
 
 added.connect(note);
+for (const window of workspace.windowList === undefined ? workspace.clientList() : workspace.windowList())
+    note(window); // where it did not wait for this
 )";
 
 /// @param arguments  Of the main object of scripts.
@@ -96,7 +94,8 @@ KWinPlacement::~KWinPlacement()
 
 void KWinPlacement::begin(const QString& title)
 {
-    unload(); // what was there before
+    unload(); // what was there before; KWin gets rid of it later
+    m_name = QStringLiteral(QUILLBOX_APP_ID ".panel%1-%2").arg(QCoreApplication::applicationPid()).arg(++m_count);
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     m_script = std::make_unique<QTemporaryFile>(folder + QStringLiteral("/quillbox-panel-XXXXXX.js"));
     const QByteArray text = scriptFor(title);
@@ -108,8 +107,7 @@ void KWinPlacement::begin(const QString& title)
 
 void KWinPlacement::load()
 {
-    m_isLoaded = true;
-    KWinBus::ask(*this, question(QStringLiteral("loadScript"), {m_script->fileName(), scriptName}), patience,
+    KWinBus::ask(*this, question(QStringLiteral("loadScript"), {m_script->fileName(), m_name}), patience,
         [this](const QDBusMessage& reply) {
             const QString number = reply.arguments().value(0).toString();
             if (reply.signature() == QLatin1String("i") && number.toInt() >= 0)
@@ -136,8 +134,8 @@ void KWinPlacement::run(const QString& path, const QString& otherPath)
 
 void KWinPlacement::unload()
 {
-    if (std::exchange(m_isLoaded, false))
-        KWinBus::ask(*this, question(QStringLiteral("unloadScript"), {scriptName}), patience);
+    if (!m_name.isEmpty())
+        KWinBus::ask(*this, question(QStringLiteral("unloadScript"), {m_name}), patience);
 }
 
 } // namespace quillbox

@@ -26,7 +26,8 @@ private:
     void unload();
 
     std::unique_ptr<QTemporaryFile> m_script; ///< while KWin has not read it
-    bool m_isLoaded = false;
+    int m_count = 0;
+    QString m_name; ///< under which KWin knows the script; empty: none yet
 };
 
 } // namespace quillbox
