@@ -25,6 +25,8 @@ public:
     explicit KeptBytes(std::unique_ptr<const BackingStore> stored);
 
     [[nodiscard]] bool isThere() const { return m_bytes || m_stored; }
+    /// @pre isThere()
+    [[nodiscard]] bool isInMemory() const { return m_bytes != nullptr; }
     /// @pre isThere(). Throws what the store's reading throws.
     [[nodiscard]] std::shared_ptr<const Bytes> read() const;
 

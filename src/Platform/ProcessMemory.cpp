@@ -14,6 +14,13 @@ void preferHugePages() noexcept
     };
 }
 
+void shareOneArena() noexcept
+{
+#ifdef __GLIBC__
+    (void)::mallopt(M_ARENA_MAX, 1); // where it is refused all works as well
+#endif
+}
+
 void returnFreeMemory() noexcept
 {
 #ifdef __GLIBC__

@@ -23,6 +23,7 @@ struct CarryOut {
 
 int CommandLine::run(int argc, const char* const* argv, int (*desktop)())
 {
+    shareOneArena();
     preferHugePages();
     (void)std::signal(SIGXFSZ, SIG_IGN); // a valid signal: what exceeds a limit on files is reported by the write
     Catalogues::use(Catalogues::userLanguage());

@@ -65,6 +65,36 @@ QString saveUnderFreeName(QDateTime date, const std::function<void(const std::st
     }
 }
 
+/// The same bytes in as little memory as may be: what is wanted at a paste, if at all, goes to a file.
+std::vector<KeptBytes> stored(std::vector<KeptBytes> pieces)
+{
+    constexpr std::size_t usualBytes = 1'000'000;
+    ByteSpill spill = usualSpill();
+    std::vector<KeptBytes> result;
+    Bytes gathered;
+    const auto flush = [&] {
+        if (gathered.empty())
+            return;
+        auto inFile = spill.store(gathered);
+        result.push_back(inFile ? KeptBytes(std::move(inFile)) : KeptBytes(std::exchange(gathered, {})));
+        gathered.clear();
+    };
+    for (KeptBytes& piece : pieces) {
+        if (!piece.isInMemory()) {
+            flush();
+            result.push_back(std::move(piece));
+            continue;
+        }
+        const auto bytes = piece.read();
+        piece = {};
+        gathered.insert(gathered.end(), bytes->begin(), bytes->end());
+        if (gathered.size() >= usualBytes)
+            flush();
+    }
+    flush();
+    return result;
+}
+
 /// All pieces as one, which stay where they are.
 ClipboardBytes joined(std::vector<KeptBytes> pieces, std::int64_t byteCount)
 {
@@ -142,7 +172,7 @@ ClipExport::Saved ClipExport::run(
         OutputFile::saveInPieces(QFile::encodeName(saved.path).toStdString(), pieces, OutputFile::IfExists::Replace);
     }
     recording.settle();
-    saved.gif = joined(std::move(pieces), saved.result.byteCount);
+    saved.gif = joined(stored(std::move(pieces)), saved.result.byteCount);
     return saved;
 }
 

@@ -68,6 +68,8 @@ void PixelBand::evict() const
     precondition(m_backing != nullptr, "evicted pixels come back from somewhere");
     if (m_resident)
         m_held = std::exchange(m_resident, nullptr);
+    if (m_held.expired())
+        m_held.reset(); // of pixels that nobody holds not even the count stays
 }
 
 void PixelBand::evict(std::unique_ptr<const BackingStore> backing) const
