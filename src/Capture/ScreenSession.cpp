@@ -27,7 +27,11 @@ QCoro::Task<CastPicture> ScreenSession::openCast()
         auto opening = portal->open();
         const auto cast = co_await opening;
         m_cast->cast = cast;
-        const HiddenPointer withoutPointer; // until the picture has come
+        HiddenPointer withoutPointer; // until the picture has come
+        auto hiding = withoutPointer.hidden();
+        co_await hiding;
+        if (!portal)
+            throw CaptureError::stopped();
         auto looking = firstPicture(*portal, cast);
         auto first = co_await looking;
         m_cast->points = first.points;

@@ -3,6 +3,7 @@
 #include "Platform/Wayland/LayerSurface.h"
 #include "Platform/WindowSystem.h"
 
+#include <QCoro/QCoroSignal>
 #include <QGuiApplication>
 #include <QRect>
 #include <QScreen>
@@ -19,13 +20,24 @@ HiddenPointer::HiddenPointer()
             continue;
         m_covers.push_back(
             std::make_unique<LayerSurface>(output, QRect(QPoint(), output->points()), LayerSurface::Pointer::Hidden));
+        connect(m_covers.back().get(), &LayerSurface::pointerMoved, this, &HiddenPointer::taken);
         m_covers.back()->showNothing();
     }
     m_limit.setSingleShot(true);
-    QObject::connect(&m_limit, &QTimer::timeout, [this] { m_covers.clear(); });
+    connect(&m_limit, &QTimer::timeout, this, [this] { m_covers.clear(); });
     m_limit.start(limit);
 }
 
 HiddenPointer::~HiddenPointer() = default;
 
+QCoro::Task<> HiddenPointer::hidden()
+{
+    if (m_covers.empty())
+        co_return;
+    auto waiting = qCoro(this, &HiddenPointer::taken, patience);
+    co_await waiting;
+}
+
 } // namespace quillbox
+
+#include "moc_HiddenPointer.cpp"

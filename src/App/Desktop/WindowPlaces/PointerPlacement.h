@@ -16,8 +16,8 @@ class PointerPlacement : public QObject {
     Q_OBJECT
 
 public:
-    /// Nobody who clicks waits longer for a compositor that doesn't answer.
-    static constexpr std::chrono::milliseconds patience{300};
+    /// For a compositor that doesn't answer; it would hardly show the window sooner.
+    static constexpr std::chrono::milliseconds patience{2000};
 
     PointerPlacement();
 
