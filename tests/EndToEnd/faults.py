@@ -373,10 +373,9 @@ class Application(Round):
 
     def display_dies(self):
         self.record()
-        moment = time.monotonic()
         os.kill(int(os.environ["XSERVER_PID"]), signal.SIGKILL)
-        self.process.wait(60)  # the toolkit ends it, without a word to the journal
-        return self.lost(clips() or self.recover(), moment - 0.5)
+        self.process.wait(60)  # the toolkit ends it
+        return self.lost(clips() or self.recover())
 
 
 class Command(Round):

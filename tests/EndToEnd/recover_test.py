@@ -83,10 +83,10 @@ class Stage:
 
 
 class RecoverCommandTest(ClipTest):
-    def assert_recovers(self, stage):
+    def assert_recovers(self, stage, *options):
         """The one recording that was cut off gives exactly what was shown."""
         self.assertEqual(len(listed()), 1)
-        done = recover("-o", self.gif, "--json")
+        done = recover("-o", self.gif, "--json", *options)
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         self.assertGreaterEqual(json.loads(done.stdout)["sourceFrameCount"], len(stage.shown))
         self.assert_shows(self.gif, stage.shown)
@@ -259,6 +259,11 @@ class EndedApplicationTest(ApplicationTest, ClipTest):
 
     def test_the_servers_end_keeps_the_recording(self):
         desktop = self.record()
+        for step in (4, 5):  # recorded, and with luck not yet on disk
+            wait = status()["frameCount"] + 3
+            self.stage.screen.show(step)
+            self.stage.shown.append(self.stage.screen.picture(*AREA))
+            desktop.wait_for_frames(wait)
         os.kill(int(os.environ["XSERVER_PID"]), signal.SIGKILL)
         desktop.process.wait(60)
         saved = list(CLIPS.glob("*.gif"))
@@ -266,7 +271,7 @@ class EndedApplicationTest(ApplicationTest, ClipTest):
         if saved:
             self.assert_shows(str(saved[0]), self.stage.shown)
         else:
-            self.assert_recovers(self.stage)
+            self.assert_recovers(self.stage, "--precise", "--preset", "docs")  # also what was shown for a moment only
 
     def test_a_clip_that_is_being_made_is_finished_and_listed(self):
         desktop = self.start()

@@ -1,6 +1,7 @@
 #include "Capture/Journal/RecordingJournal.h"
 
 #include "Capture/FrameTimeline.h"
+#include "Capture/Journal/JournalsAtExit.h"
 #include "Capture/Spill/FrameSpill.h"
 
 #include <algorithm>
@@ -42,10 +43,12 @@ std::optional<RecordingJournal::Options> RecordingJournal::usualOptions()
 RecordingJournal::RecordingJournal(Options options)
     : m_options(std::move(options))
 {
+    JournalsAtExit::add(*this);
 }
 
 RecordingJournal::~RecordingJournal()
 {
+    JournalsAtExit::remove(*this);
     {
         const std::scoped_lock lock(m_mutex);
         m_isEnding = true;
@@ -66,7 +69,12 @@ void RecordingJournal::take(const RGBAFrame& picture, std::int64_t firstFrame)
     m_latestBegin = firstFrame;
     m_latestCame = Clock::now();
     if (!m_thread.joinable())
-        m_thread = std::thread([this] { work(); });
+        m_thread = std::thread([this] {
+            work();
+            const std::scoped_lock ended(m_mutex);
+            m_hasEnded = true;
+            m_changed.notify_all();
+        });
     m_changed.notify_all();
 }
 
@@ -97,6 +105,15 @@ void RecordingJournal::finish(std::int64_t frameCount)
     m_frameCount = frameCount;
     m_isEnding = true;
     m_changed.notify_all();
+}
+
+void RecordingJournal::end(std::chrono::milliseconds limit)
+{
+    std::unique_lock lock(m_mutex);
+    m_isEnding = true;
+    m_changed.notify_all();
+    if (m_thread.joinable())
+        m_changed.wait_for(lock, limit, [this] { return m_hasEnded; });
 }
 
 void RecordingJournal::remove()

@@ -51,6 +51,9 @@ public:
     void resume(std::int64_t firstFrame);
     /// The recording is over: no picture follows. Never waits. A second call does nothing.
     void finish(std::int64_t frameCount);
+    /// The process ends: writes what has been taken, and waits until it is in the file, for `limit` at most. No picture
+    /// is taken any more. Thread: any.
+    void end(std::chrono::milliseconds limit);
     /// The recording is safe elsewhere, or not wanted: the file loses its name at once, or as soon as it has got one if
     /// it is just being made; its pixels stay readable. Never waits for the disk. Thread: any.
     void remove();
@@ -95,6 +98,7 @@ private:
     Clock::time_point m_latestCame;
     std::optional<std::int64_t> m_frameCount; ///< once finished
     bool m_isEnding = false;
+    bool m_hasEnded = false; ///< the thread has done all that it was to do
     bool m_isRemoved = false;
     std::filesystem::path m_path; ///< empty until there is a file
 

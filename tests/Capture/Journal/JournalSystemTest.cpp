@@ -1,5 +1,6 @@
 #include "Capture/Journal/CutOffRecordings.h"
 #include "Capture/Journal/RecordingJournal.h"
+#include "support/ChildProcess.h"
 #include "support/Pictures.h"
 #include "support/SystemCalls.h"
 #include "support/TemporaryFolder.h"
@@ -9,6 +10,7 @@
 #include <atomic>
 #include <cerrno>
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <semaphore>
 #include <string>
@@ -129,6 +131,22 @@ TEST_F(JournalOnASystem, IsOnTheDiskWholeAtTheEnd)
     }
     EXPECT_EQ(frames().size(), 2U);
     EXPECT_EQ(synced.bytes(), static_cast<std::int64_t>(std::filesystem::file_size(found().front().path)));
+}
+
+TEST_F(JournalOnASystem, IsWholeWhereTheProcessCallsExit)
+{
+    (void)support::statusInAProcess([this] {
+        SyncedSize synced;
+        auto slow = options();
+        slow.batchInterval = 1h;
+        auto* const journal = new RecordingJournal(slow); // never destroyed, as when the toolkit ends the program
+        journal->take(picture(1), 0);
+        EXPECT_TRUE(synced.isSyncedAgain()); // and now it rests
+        journal->take(picture(2), 1);
+        std::exit(0);
+        return 0;
+    });
+    EXPECT_EQ(frames(), (std::vector{picture(1), picture(2)}));
 }
 
 TEST_F(JournalOnASystem, SaysOfAStillScreenNoMoreFramesThanAreWanted)
