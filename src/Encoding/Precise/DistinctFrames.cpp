@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <memory>
 #include <utility>
 
 namespace quillbox {
@@ -174,26 +175,36 @@ void DistinctFrames::addPicture(const Change& change)
 {
     const PictureArea& area = change.area;
     const auto number = static_cast<std::uint32_t>(m_pictures.size());
-    Bytes pixels(static_cast<std::size_t>(area.pixelCount() * RGBAFrame::bytesPerPixel));
     std::int64_t changed = 0;
-    std::uint8_t* output = pixels.data();
-    for (std::int64_t y = area.top; y < area.top + area.height; ++y) {
-        for (std::int64_t i = y * m_size.width + area.left; i < y * m_size.width + area.left + area.width; ++i) {
-            const auto place = static_cast<std::size_t>(i);
-            const bool isChanged = m_changedBy[place] == number;
-            const std::uint32_t pixel = (m_screen[place] & colorMask) | (isChanged ? opaque : 0);
-            changed += isChanged ? 1 : 0;
-            std::memcpy(output, &pixel, sizeof pixel);
-            output += sizeof pixel;
+    const auto pixelsOf = [&](std::int64_t firstRow, std::int64_t rows) {
+        Bytes pixels(static_cast<std::size_t>(rows * area.width * RGBAFrame::bytesPerPixel));
+        std::uint8_t* output = pixels.data();
+        for (std::int64_t y = area.top + firstRow; y < area.top + firstRow + rows; ++y) {
+            const auto first = static_cast<std::size_t>(y * m_size.width + area.left);
+            for (std::size_t i = first; i < first + static_cast<std::size_t>(area.width); ++i) {
+                const bool isChanged = m_changedBy[i] == number;
+                const std::uint32_t pixel = (m_screen[i] & colorMask) | (isChanged ? opaque : 0);
+                changed += isChanged ? 1 : 0;
+                std::memcpy(output, &pixel, sizeof pixel);
+                output += sizeof pixel;
+            }
         }
-    }
-    RGBAFrame picture(area.width, area.height, std::move(pixels));
-    if (m_options.onKept) {
-        picture = picture.inBands(std::nullopt);
+        return pixels;
+    };
+    const auto inBands = [&] {
+        std::vector<RGBAFrame::Band> bands;
+        for (std::int64_t row = 0; row < area.height; row += RGBAFrame::rowsPerBand) {
+            const std::int64_t rows = std::min(RGBAFrame::rowsPerBand, area.height - row);
+            bands.push_back(std::make_shared<const PixelBand>(pixelsOf(row, rows)));
+        }
+        return RGBAFrame::ofBands(area.width, area.height, std::move(bands));
+    };
+    const RGBAFrame picture
+        = m_options.onKept ? inBands() : RGBAFrame(area.width, area.height, pixelsOf(0, area.height));
+    if (m_options.onKept)
         m_options.onKept(picture);
-    }
     m_pictures.push_back({.area = area,
-        .pixels = std::move(picture),
+        .pixels = picture,
         .tick = m_frameCount - 1,
         .changedPixels = changed,
         .pixelTicks = 0,

@@ -192,7 +192,7 @@ Bytes Search::Tables::refined(const Attempt& attempt, std::int64_t passes, std::
         return written(parsed(parser, attempt.picture, placement.positions, lookahead), minCodeSize);
     };
     // How much looking ahead must gain to be worth more than learning differs from picture to picture.
-    Bytes best = writtenWith({.pixels = hasFewPasses ? 8U : 5U, .gain = 2});
+    Bytes best = writtenWith({.pixels = hasFewPasses ? 4U : 5U, .gain = 2});
     const auto keepSmaller = [&](Bytes data) {
         if (data.size() < best.size())
             best = std::move(data);
