@@ -35,6 +35,26 @@ TEST(OrderedPipeline, TakesAllResultsInOrderWithAnyNumberOfThreads)
     }
 }
 
+TEST(OrderedPipeline, HoldsResultsBackUntilThoseBeforeThemAreDone)
+{
+    std::vector<std::int64_t> taken;
+    std::atomic<bool> isSecondDone = false;
+    Squares::Steps steps = squaring(20, taken);
+    steps.work = [&](std::int64_t item, int) {
+        if (item == 0)
+            isSecondDone.wait(false);
+        if (item == 2) { // whoever did the second one has handed it over
+            isSecondDone = true;
+            isSecondDone.notify_all();
+        }
+        return item;
+    };
+    Squares(steps, 20).run({2}, 20);
+    ASSERT_EQ(taken.size(), 20U);
+    for (std::size_t i = 0; i < taken.size(); ++i)
+        EXPECT_EQ(taken[i], static_cast<std::int64_t>(i));
+}
+
 TEST(OrderedPipeline, EndsAtOnceWithoutItems)
 {
     std::vector<std::int64_t> taken;
@@ -90,6 +110,32 @@ TEST(OrderedPipeline, GivesWhatAStepThrewToTheCaller)
             };
         EXPECT_THROW(Squares(steps, 4).run({2}, 100), std::runtime_error);
     }
+}
+
+TEST(OrderedPipeline, LeavesNoThreadWaitingForWhatWasNotMade)
+{
+    std::vector<std::int64_t> taken;
+    std::atomic<bool> isBegun = false;
+    std::atomic<bool> hasFailed = false;
+    const auto set = [](std::atomic<bool>& flag) {
+        flag = true;
+        flag.notify_all();
+    };
+    Squares::Steps steps = squaring(2, taken);
+    steps.make = [&, make = steps.make]() -> std::optional<std::int64_t> {
+        auto item = make();
+        if (item == 0)
+            return item;
+        isBegun.wait(false);
+        set(hasFailed);
+        throw std::runtime_error("no more memory");
+    };
+    steps.work = [&](std::int64_t item, int) {
+        set(isBegun);
+        hasFailed.wait(false);
+        return item;
+    };
+    EXPECT_THROW(Squares(steps, 4).run({2}, 2), std::runtime_error);
 }
 
 } // namespace
