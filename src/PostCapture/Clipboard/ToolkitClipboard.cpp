@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QPointer>
 #include <QStringList>
 #include <QVariant>
 #include <QWindow>
@@ -22,6 +23,8 @@ public:
     {
     }
     [[nodiscard]] QStringList formats() const override { return QMimeData::formats() << gifType; }
+    /// Lets go of the picture: something else is on the clipboard.
+    void forget() { m_gif = ClipboardBytes(QByteArray()); }
 
 protected:
     [[nodiscard]] QVariant retrieveData(const QString& mimeType, QMetaType type) const override
@@ -44,6 +47,16 @@ QMimeData* makeMimeData(const QUrl& fileURL, const std::optional<ClipboardBytes>
 
 namespace {
 
+/// On Wayland the toolkit (6.4) never deletes what it was given before.
+void giveToToolkit(QMimeData* content)
+{
+    static QPointer<QMimeData> offered;
+    const QPointer before = std::exchange(offered, content);
+    QGuiApplication::clipboard()->setMimeData(content);
+    if (auto* const clip = dynamic_cast<GIFMimeData*>(before.data()); clip != nullptr && before != offered)
+        clip->forget();
+}
+
 bool toolkitOwnsClipboard()
 {
     return QGuiApplication::clipboard()->ownsClipboard();
@@ -63,7 +76,7 @@ ToolkitClipboard::ToolkitClipboard()
 
 void ToolkitClipboard::setClip(const QUrl& fileURL, const std::optional<ClipboardBytes>& gifData)
 {
-    QGuiApplication::clipboard()->setMimeData(makeMimeData(fileURL, gifData));
+    giveToToolkit(makeMimeData(fileURL, gifData));
     setState(toolkitOwnsClipboard() ? State::Accepted : State::Empty);
 }
 
@@ -111,7 +124,7 @@ void FocusClipboard::offer()
     if (!m_clip || m_isOffered || QGuiApplication::focusWindow() == nullptr)
         return;
     m_isOffering = true;
-    QGuiApplication::clipboard()->setMimeData(makeMimeData(m_clip->fileURL, m_clip->gifData));
+    giveToToolkit(makeMimeData(m_clip->fileURL, m_clip->gifData));
     m_isOffering = false;
     m_isOffered = true;
 }
