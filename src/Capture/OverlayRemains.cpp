@@ -23,8 +23,8 @@ constexpr auto changedLimit = 500ms;
 constexpr auto coveredLimit = 2000ms;
 
 constexpr std::int64_t sampleStep = 4; // pixels, along each axis
-/// The share of the overlay that is left: less can't be seen, more is something else.
-constexpr double minShare = 0.03;
+/// The share of the overlay that is left: less changes no level of a colour, more is something else.
+constexpr double minShare = 0.003;
 constexpr double maxShare = 1.1;
 /// How much of the difference the overlay may leave unexplained.
 constexpr double maxUnexplained = 0.25;

@@ -58,7 +58,7 @@ TEST(OverlayRemains, BeginsAtOnceWhereTheScreenIsAsItWas)
 
 TEST(OverlayRemains, WaitsWhileAnyShareOfTheOverlayIsLeft)
 {
-    for (const double share : {1.0, 0.7, 0.3, 0.05}) {
+    for (const double share : {1.0, 0.7, 0.3, 0.05, 0.02, 0.01}) {
         const auto likeness = remains().likenessOf(withShare(share));
         EXPECT_TRUE(likeness.isCovered) << share;
         EXPECT_EQ(OverlayRemains::answer(likeness, 1999ms, 1999ms), Answer::Wait) << share;

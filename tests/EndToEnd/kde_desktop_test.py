@@ -147,7 +147,7 @@ class KDEDesktopTest(AskingDesktopTest):
         desktop = self.begin_asked()
         self.dialog().cancel()
         desktop.wait_for("idle")
-        self.assertEqual(casts(), 0)
+        until(lambda: casts() == 0, "the cast has ended")
 
     def test_escape_cancels_and_ends_the_cast(self):
         desktop = self.begin_asked()

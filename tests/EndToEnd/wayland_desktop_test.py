@@ -296,7 +296,7 @@ class WaylandDesktopTest(WaylandApplicationTest):
             desktop.begin()
             shown = self.record_and_stop_by_the_button(desktop)
             self.assert_is_the_clip(shown)
-            self.assertEqual(casts(), 0)
+            until(lambda: casts() == 0, "the cast has ended")
 
     def test_says_in_the_panel_why_nothing_can_be_recorded(self):
         desktop = self.start(QUILLBOX_CAPTURE_BACKEND="none")

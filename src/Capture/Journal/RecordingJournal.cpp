@@ -1,7 +1,6 @@
 #include "Capture/Journal/RecordingJournal.h"
 
 #include "Capture/FrameTimeline.h"
-#include "Capture/Journal/JournalsAtExit.h"
 #include "Capture/Spill/FrameSpill.h"
 
 #include <algorithm>
@@ -43,12 +42,12 @@ std::optional<RecordingJournal::Options> RecordingJournal::usualOptions()
 RecordingJournal::RecordingJournal(Options options)
     : m_options(std::move(options))
 {
-    JournalsAtExit::add(*this);
+    m_atExit.emplace([this] { end(std::chrono::seconds(1)); }); // a disk that takes longer has what came before
 }
 
 RecordingJournal::~RecordingJournal()
 {
-    JournalsAtExit::remove(*this);
+    m_atExit.reset();
     {
         const std::scoped_lock lock(m_mutex);
         m_isEnding = true;

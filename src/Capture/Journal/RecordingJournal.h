@@ -3,6 +3,7 @@
 #include "Capture/Journal/JournalFile.h"
 #include "Capture/Journal/JournalWriter.h"
 #include "Encoding/Pixels/PixelTypes.h"
+#include "Platform/AtExit.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -89,6 +90,7 @@ private:
 
     const Options m_options;
     const JournalFormat::WallClock::time_point m_began = JournalFormat::WallClock::now();
+    std::optional<AtExit> m_atExit; ///< until the object goes
 
     std::mutex m_mutex; ///< guards what follows
     std::condition_variable m_changed;
