@@ -1,105 +1,22 @@
-#include "PostCapture/HistoryStore.h"
+#include "HistoryFixture.h"
 
-#include "Platform/FileWorker.h"
 #include "Platform/FolderLock.h"
 #include "PostCapture/HistoryFile.h"
-#include "support/SystemCalls.h"
-#include "support/TemporaryFolder.h"
 
-#include <gtest/gtest.h>
-
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QTimeZone>
 
-#include <atomic>
-#include <chrono>
-#include <filesystem>
-#include <fstream>
-#include <semaphore>
-#include <string>
 #include <sys/stat.h>
-#include <thread>
-#include <utility>
 
 namespace quillbox {
 namespace {
 
 namespace fs = std::filesystem;
-
-ClipEntry clip(int number)
-{
-    return {.date = {QDate(2026, 1, 1), QTime(0, 0, number), QTimeZone::utc()},
-        .format = QStringLiteral("GIF"),
-        .preset = QStringLiteral("GitHub"),
-        .outputPath = QStringLiteral("/clips/%1.gif").arg(number)};
-}
-
-std::vector<ClipEntry> clips(int count)
-{
-    std::vector<ClipEntry> result;
-    for (int i = 0; i < count; ++i)
-        result.push_back(clip(i));
-    return result;
-}
-
-/// The list, once the disk has it, however long it takes.
-class Store : public HistoryStore {
-public:
-    using HistoryStore::HistoryStore;
-
-    void record(ClipEntry entry)
-    {
-        HistoryStore::record(std::move(entry));
-        finish();
-    }
-    void clear()
-    {
-        HistoryStore::clear();
-        finish();
-    }
-    void remove(const QUuid& id)
-    {
-        HistoryStore::remove(id);
-        finish();
-    }
-    void restore(const std::vector<ClipEntry>& older)
-    {
-        HistoryStore::restore(older);
-        finish();
-    }
-
-    void finish()
-    {
-        EXPECT_TRUE(FileWorker::finish(std::chrono::minutes(1)));
-        QCoreApplication::sendPostedEvents(this); // where it took long, what is on file comes by one
-    }
-};
-
-class HistoryStoreTest : public testing::Test {
-protected:
-    void TearDown() override
-    {
-        ASSERT_TRUE(FileWorker::finish(std::chrono::minutes(1)));
-        support::systemCalls() = {};
-    }
-
-    [[nodiscard]] fs::path folder() const { return m_folder.path(); }
-    [[nodiscard]] fs::path file() const { return m_folder.path() / "history.json"; }
-    [[nodiscard]] fs::path corruptFile() const { return m_folder.path() / "history.corrupt.json"; }
-    [[nodiscard]] QString url() const { return QString::fromStdString(file().string()); }
-
-    void write(const QByteArray& bytes) const { std::ofstream(file()) << bytes.toStdString(); }
-    [[nodiscard]] QByteArray written() const { return QByteArray::fromStdString(support::readFile(file())); }
-
-private:
-    int m_argumentCount = 1;
-    std::string m_name = "test";
-    char* m_arguments[2]{m_name.data(), nullptr};
-    QCoreApplication m_application{m_argumentCount, m_arguments}; // has the event loop
-    support::TemporaryFolder m_folder;
-};
+using test::clip;
+using test::clips;
+using test::HistoryStoreTest;
+using test::paths;
+using test::Store;
 
 TEST_F(HistoryStoreTest, StartsEmptyAndWritesNothingWithoutAFile)
 {
@@ -267,14 +184,6 @@ TEST_F(HistoryStoreTest, ReplacesTheFileInOneStep)
     EXPECT_EQ(std::distance(fs::directory_iterator(folder()), {}), 2) << "nothing temporary is left";
 }
 
-std::vector<QString> paths(const std::vector<ClipEntry>& entries)
-{
-    std::vector<QString> result;
-    for (const ClipEntry& entry : entries)
-        result.push_back(*entry.outputPath);
-    return result;
-}
-
 TEST_F(HistoryStoreTest, KeepsWhatAnotherProcessRecordedMeanwhile)
 {
     Store one(url());
@@ -372,84 +281,6 @@ TEST_F(HistoryStoreTest, HasOtherProcessesWaitFromReadingToWriting)
     store.clear();
     EXPECT_EQ(looks, 10);
     EXPECT_TRUE(FolderLock(folder(), std::chrono::milliseconds(0)).isHeld());
-}
-
-/// A disk that answers no fdatasync() until it is told to.
-class HangingDisk {
-public:
-    HangingDisk()
-    {
-        support::systemCalls().fdatasync = [this](int descriptor) {
-            ++m_count;
-            m_isAsked.release();
-            // Where the caller is the one who ends it, it waits in vain.
-            EXPECT_TRUE(m_answers.try_acquire_for(std::chrono::seconds(20))) << "nobody else goes on meanwhile";
-            return support::realSystemCalls().fdatasync(descriptor);
-        };
-    }
-    void awaitCall() { m_isAsked.acquire(); }
-    void answer(int count) { m_answers.release(count); }
-    [[nodiscard]] int count() const { return m_count; }
-
-private:
-    std::counting_semaphore<> m_isAsked{0};
-    std::counting_semaphore<> m_answers{0};
-    std::atomic<int> m_count{0};
-};
-
-TEST_F(HistoryStoreTest, DoesNotHoldUpTheEventLoopWhileTheDiskHangs)
-{
-    HangingDisk disk;
-    HistoryStore store(url());
-    store.record(clip(1));
-    disk.awaitCall();
-    store.record(clip(2));
-    store.remove(store.entries().back().id);
-    store.record(clip(3));
-    EXPECT_EQ(paths(store.entries()), (std::vector<QString>{"/clips/3.gif", "/clips/2.gif"}));
-    EXPECT_FALSE(fs::exists(file()));
-    EXPECT_EQ(disk.count(), 1) << "one behind the other";
-    disk.answer(4);
-    ASSERT_TRUE(FileWorker::finish(std::chrono::minutes(1)));
-    EXPECT_EQ(disk.count(), 4);
-    EXPECT_EQ(HistoryFile::decode(written()), store.entries());
-}
-
-TEST_F(HistoryStoreTest, IsWrittenBeforeTheProgramEnds)
-{
-    HangingDisk disk;
-    std::jthread someTime;
-    {
-        HistoryStore store(url());
-        store.record(clip(1));
-        someTime = std::jthread([&disk] {
-            std::this_thread::sleep_for(std::chrono::milliseconds(50));
-            disk.answer(1);
-        });
-    }
-    EXPECT_EQ(HistoryFile::decode(written()).value().size(), 1U);
-}
-
-TEST_F(HistoryStoreTest, TellsWhatOthersHaveRecordedOnceTheDiskAnswers)
-{
-    HistoryStore store(url());
-    Store(url()).record(clip(1));
-    HangingDisk disk;
-    store.record(clip(2));
-    disk.awaitCall();
-    store.record(clip(3));
-    EXPECT_EQ(paths(store.entries()), (std::vector<QString>{"/clips/3.gif", "/clips/2.gif"}));
-    int changes = 0;
-    QObject::connect(&store, &HistoryStore::entriesChanged, &store, [&] { ++changes; });
-    disk.answer(1);
-    disk.awaitCall(); // the first is written
-    QCoreApplication::sendPostedEvents(&store);
-    EXPECT_EQ(changes, 0);
-    disk.answer(1);
-    ASSERT_TRUE(FileWorker::finish(std::chrono::minutes(1)));
-    QCoreApplication::sendPostedEvents(&store);
-    EXPECT_EQ(paths(store.entries()), (std::vector<QString>{"/clips/3.gif", "/clips/2.gif", "/clips/1.gif"}));
-    EXPECT_EQ(changes, 1);
 }
 
 TEST_F(HistoryStoreTest, DoesNotWaitForAProcessThatHangs)
