@@ -3,8 +3,27 @@
 
 import unittest
 
+from gi.repository import Gio, GLib
+
 from application import until, xdo
 from desktop import Desktop, tray_icon
+
+
+def tool_tip():
+    """The title of the icon's tooltip where the tray follows the StatusNotifierItem protocol; else None."""
+    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+
+    def property_of(to, path, interface, name):
+        return bus.call_sync(to, path, "org.freedesktop.DBus.Properties", "Get", GLib.Variant("(ss)", (interface, name)),
+                             None, Gio.DBusCallFlags.NONE, 5000, None).unpack()[0]
+
+    watcher = "org.kde.StatusNotifierWatcher"
+    if not bus.call_sync("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "NameHasOwner",
+                         GLib.Variant("(s)", (watcher,)), None, Gio.DBusCallFlags.NONE, 5000, None).unpack()[0]:
+        return None
+    item, = property_of(watcher, "/StatusNotifierWatcher", watcher, "RegisteredStatusNotifierItems")
+    name, slash, path = item.partition("/")
+    return property_of(name, slash + path, "org.kde.StatusNotifierItem", "ToolTip")[2]
 
 
 class TrayTest(unittest.TestCase):
@@ -22,8 +41,11 @@ class TrayTest(unittest.TestCase):
             until(tray_icon, "the icon is in the tray")
             place = tray_icon()
             desktop.record(300, 250, 40, 30)
+            if tool_tip() is not None:
+                until(lambda: tool_tip() == "Quillbox — Recording… 0:01", "the tooltip tells the time")
             xdo("mousemove", *place, "click", 2)
             desktop.wait_for("done")
+            self.assertIn(tool_tip(), ("Quillbox", None))
 
 
 if __name__ == "__main__":
