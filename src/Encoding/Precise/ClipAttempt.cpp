@@ -18,6 +18,7 @@ namespace quillbox {
 namespace {
 
 constexpr std::int64_t mostWaiting = 4'000'000; // pixels mapped and not yet compressed
+constexpr double gainPerByte = 150;             // error that a byte must save for a picture to get its own table
 constexpr double atOnce = 0.25;                 // of the bytes for tables of single pictures: the rest comes with time
 
 /// A picture that is mapped and waits to be compressed.
@@ -96,8 +97,7 @@ private:
         const double gain = static_cast<double>(job.mapping.error - mapping.error) * ticks;
         const double passed = static_cast<double>(picture.tick) / static_cast<double>(m_recording.frameCount);
         const double spare = m_plan.spareBytes * (atOnce + (1 - atOnce) * passed);
-        if (gain <= m_plan.gainPerByte * static_cast<double>(more)
-            || static_cast<double>(m_ownTableBytes + more) > spare)
+        if (gain <= gainPerByte * static_cast<double>(more) || static_cast<double>(m_ownTableBytes + more) > spare)
             return;
         m_ownTableBytes += more;
         job.mapping = std::move(mapping);

@@ -19,7 +19,6 @@ struct ClipPlan {
     std::vector<bool> leavesOut;  ///< one for each picture: not shown at all. The first one is shown.
     std::int64_t maxColors = 256; ///< of a picture's own table
     double spareBytes = 0;        ///< about as many more bytes as such tables may cost in all
-    double gainPerByte = 0;       ///< error that a byte must save for a picture to get such a table
     std::int64_t passes = 30;     ///< of the search for codes, as `LZWSearch::Effort`
 };
 

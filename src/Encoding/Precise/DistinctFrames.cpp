@@ -199,12 +199,11 @@ void DistinctFrames::addPicture(const Change& change)
         }
         return RGBAFrame::ofBands(area.width, area.height, std::move(bands));
     };
-    const RGBAFrame picture
-        = m_options.onKept ? inBands() : RGBAFrame(area.width, area.height, pixelsOf(0, area.height));
+    RGBAFrame picture = m_options.onKept ? inBands() : RGBAFrame(area.width, area.height, pixelsOf(0, area.height));
     if (m_options.onKept)
         m_options.onKept(picture);
     m_pictures.push_back({.area = area,
-        .pixels = picture,
+        .pixels = std::move(picture),
         .tick = m_frameCount - 1,
         .changedPixels = changed,
         .pixelTicks = 0,

@@ -12,8 +12,6 @@
 namespace quillbox {
 namespace {
 
-// Squared errors, summed up over channels, pixels and frames.
-constexpr double gainPerByte = 150; // what a table of a picture's own must save at least
 // A table of its own makes the pictures after it larger, too, where noise changes pixels by less than a table for all
 // tells apart: as much again in recordings that have so many colours, hardly in others.
 constexpr std::size_t manyColors = 32768;
@@ -311,7 +309,6 @@ RateControl::Made RateControl::attempt(const Means& means, double spareBytes)
         .leavesOut = leavesOut(means.thinned),
         .maxColors = means.colors,
         .spareBytes = spareBytes,
-        .gainPerByte = gainPerByte,
         .passes = passes(means)};
     const auto pictures = std::ranges::count(plan.leavesOut, false);
     const std::int64_t number = ++m_attemptCount;

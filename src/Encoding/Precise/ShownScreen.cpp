@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace quillbox {
 namespace {
@@ -40,12 +41,15 @@ PackedTable packedTable(std::span<const RGBColor> table)
 }
 
 /// What has changed of `count` pixels, at most `blockSize`, is recorded. @return how much more they differ from `shown`
+/// @param changes  Four bytes a pixel.
 QUILLBOX_MULTIVERSION std::int32_t recordBlock(
-    const std::uint32_t* changes, const std::uint32_t* shown, std::uint32_t* recorded, std::size_t count)
+    const std::uint8_t* changes, const std::uint32_t* shown, std::uint32_t* recorded, std::size_t count)
 {
     std::int32_t more = 0;
     for (std::size_t i = 0; i < count; ++i) {
-        const std::uint32_t after = changes[i] > colorMask ? changes[i] : recorded[i];
+        std::uint32_t change = 0;
+        std::memcpy(&change, changes + i * sizeof change, sizeof change);
+        const std::uint32_t after = change > colorMask ? change : recorded[i];
         more += squaredDifference(after, shown[i]) - squaredDifference(recorded[i], shown[i]);
         recorded[i] = after;
     }
@@ -122,13 +126,13 @@ void ShownScreen::record(const DistinctFrames::Picture& picture)
     std::int64_t row = area.top;
     for (std::int64_t band = 0; band < picture.pixels.bandCount(); ++band) {
         const PixelView pixels = picture.pixels.band(band);
-        const auto* source = reinterpret_cast<const std::uint32_t*>(pixels.data());
+        const std::uint8_t* source = pixels.data();
         for (const std::int64_t end = row + picture.pixels.rowsOfBand(band); row < end; ++row) {
             const auto first = static_cast<std::size_t>(row * m_size.width + area.left);
             inBlocks(static_cast<std::size_t>(area.width), [&](std::size_t begin, std::size_t count) {
-                m_error += recordBlock(source + begin, &m_shown[first + begin], &m_recorded[first + begin], count);
+                m_error += recordBlock(source, &m_shown[first + begin], &m_recorded[first + begin], count);
+                source += count * sizeof(std::uint32_t);
             });
-            source += area.width;
         }
     }
     m_changedArea = m_changedArea.united(area);

@@ -33,7 +33,7 @@ public:
     struct Mapping {
         Bytes indices;  ///< one a pixel, rows top-down
         Bytes freedoms; ///< likewise, an `LZWSearch::Freedom` each: kept where the recording has not changed since
-        std::int64_t error = 0; ///< of the written pixels: squared differences, summed up over channels
+        std::int64_t error = 0; ///< of the changed pixels: squared differences, summed up over channels
     };
     [[nodiscard]] Mapping mapping(NearestColors& table) const;
 
